@@ -1,0 +1,24 @@
+# One way to build every room of the house: the same warnings, the same standard.
+
+add_library(tessera_options INTERFACE)
+target_compile_options(tessera_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor -Wold-style-cast -Werror)
+if(TESSERA_SANITIZE)
+  target_compile_options(tessera_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(tessera_options INTERFACE -fsanitize=address,undefined)
+endif()
+find_program(MOLD mold)
+if(MOLD)
+  target_link_options(tessera_options INTERFACE -fuse-ld=mold)
+endif()
+
+# tessera_room(NAME FILES... FLOORS rooms below that it links)
+function(tessera_room name)
+  cmake_parse_arguments(ROOM "" "" "FLOORS" ${ARGN})
+  add_library(tessera_${name} STATIC ${ROOM_UNPARSED_ARGUMENTS})
+  target_include_directories(tessera_${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)
+  target_link_libraries(tessera_${name} PRIVATE tessera_options)
+  foreach(floor IN LISTS ROOM_FLOORS)
+    target_link_libraries(tessera_${name} PUBLIC tessera_${floor})
+  endforeach()
+endfunction()

@@ -1,0 +1,41 @@
+// The execution engine: walks prepared texts, decides what a line is, calls the program's routines.
+// It knows no window and no command; both are reached by the doors of `Run`.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string_view>
+
+#include "prepare/prepared_text.h"
+#include "values/run.h"
+#include "values/value.h"
+
+namespace tessera {
+
+// Walks `text` from its first statement (0) or from the statement of that number, until the text has no next
+// statement, an end word is met, or a stop flag is up. Failures leave through it to the nearest guard.
+void RunStatements(Run& run, const std::shared_ptr<const PreparedText>& text, std::int32_t startStatement);
+
+// Runs a sub, named with its parentheses. A failure in it ends it without a word.
+void CallSub(Run& run, std::string_view name);
+
+// Runs a function of the program with its raw argument text. A failure shows a box, where Cancel stops the
+// program, and the value is empty.
+Value CallFunction(Run& run, std::string_view name, std::string_view arguments);
+
+// Fills the door `CallFunction`.
+void InstallEngine(Run& run);
+
+// One tick of the 10 ms timer that drives the `Temporizador_` subs: every routine whose interval divides the
+// tick's number is called, in table order. `intervals` may be changed by the program meanwhile.
+class TickTimer {
+ public:
+  explicit TickTimer(Run& run) : run_(run) {}
+  void OnTickTimer();
+
+ private:
+  Run& run_;
+  std::int32_t tick_ = 0;
+};
+
+}  // namespace tessera

@@ -1,0 +1,95 @@
+// What every room may ask of the outside: boxes, input, event dispatch, timers, the clock and chance.
+// Two hosts implement it: one with windows, one in memory. All texts are program text (Windows-1252).
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tessera {
+
+enum class BoxIcon { None, Critical, Warning, Question, Information };
+enum class BoxButtons { Ok, OkCancel, YesNo };
+enum class BoxAnswer { Ok, Cancel, Yes, No };
+
+struct Box {
+  std::string text;
+  std::string title;
+  BoxIcon icon = BoxIcon::None;
+  BoxButtons buttons = BoxButtons::Ok;
+  BoxAnswer defaultAnswer = BoxAnswer::Ok;
+};
+
+// The input form of `EntraTexto`: caption, the prompt above the field, the field's first content.
+struct TextInput {
+  std::string caption;
+  std::string prompt;
+  std::string initial;
+};
+
+enum class InputEnd { Confirmed, Cancelled, ClosedByFrame };
+
+struct TextInputAnswer {
+  InputEnd end;
+  std::string text;  // what the field held; only read when confirmed
+};
+
+class Dialogs {
+ public:
+  virtual ~Dialogs() = default;
+  // Shows the box modally; events of all windows and timers go on below it.
+  virtual BoxAnswer ShowBox(const Box& box) = 0;
+  virtual TextInputAnswer AskText(const TextInput& input) = 0;
+};
+
+// A timer ticks from its making to its end. A tick that yields lets the next one in, on top of it.
+class Timer {
+ public:
+  virtual ~Timer() = default;
+};
+
+class EventDispatch {
+ public:
+  virtual ~EventDispatch() = default;
+
+  // Runs what is pending and returns: the yield of a command that is no wait (`Escreva`, the record
+  // commands).
+  virtual void ProcessEvents() = 0;
+
+  // One step of an `Aguarde`: sleeps, letting no event run, then runs the events of that time. The console
+  // host delivers one event line. False when no event can come any more.
+  virtual bool AwaitEvents(std::chrono::milliseconds sleep) = 0;
+
+  // Calls `tick` every `interval` until the timer is destroyed; ticks run inside a dispatch alone.
+  virtual std::unique_ptr<Timer> StartTimer(std::chrono::milliseconds interval,
+                                            std::function<void()> tick) = 0;
+};
+
+using LocalTime = std::chrono::local_time<std::chrono::milliseconds>;
+
+class Clock {
+ public:
+  virtual ~Clock() = default;
+  // The wall clock of the machine's own time zone.
+  virtual LocalTime Now() = 0;
+};
+
+class Random {
+ public:
+  virtual ~Random() = default;
+  // A number of 0 <= x < 1.
+  virtual double Next() = 0;
+};
+
+// References to the parts of one host; the host outlives every run on it.
+struct Host {
+  Dialogs& dialogs;
+  EventDispatch& events;
+  Clock& clock;
+  Random& random;
+};
+
+}  // namespace tessera

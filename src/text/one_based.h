@@ -1,0 +1,53 @@
+// The vocabulary in which the system's rules speak of text: positions count from 1, 0 means "not found".
+// Case mapping is that of the code page, never of the process's locale; the only blank is character 32.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace tessera {
+
+using Position = std::size_t;  // of a character in a text, from 1; 0 is no position
+
+inline constexpr std::string_view kCrLf = "\r\n";
+
+// First occurrence of `sought` in `text` at or behind `start`. The empty text is found at `start`.
+Position Find(std::string_view text, std::string_view sought, Position start = 1);
+
+// Last occurrence of `sought` that begins at or before `start`.
+Position FindBack(std::string_view text, std::string_view sought, Position start);
+
+// The characters from `start` on, at most `length`; less, or none, where the text ends before.
+std::string_view Mid(std::string_view text, Position start, std::size_t length = std::string_view::npos);
+
+std::string_view Left(std::string_view text, std::size_t length);
+std::string_view Right(std::string_view text, std::size_t length);
+
+// The character at a position, or NUL outside the text.
+char CharAt(std::string_view text, Position position);
+
+bool Contains(std::string_view text, std::string_view sought);
+
+std::string_view Trim(std::string_view text);
+std::string_view TrimLeft(std::string_view text);
+std::string_view TrimRight(std::string_view text);
+
+char Upper(char character);
+char Lower(char character);
+std::string Upper(std::string_view text);
+std::string Lower(std::string_view text);
+
+// Equal when both are upper-cased.
+bool EqualsIgnoringCase(std::string_view a, std::string_view b);
+
+// `text` with every `from` replaced by `to`.
+std::string Replace(std::string_view text, char from, char to);
+
+// Order of two texts by the 16-bit codes of their characters: negative, 0 or positive.
+int CompareText(std::string_view a, std::string_view b);
+
+// A decimal number of at least `width` digits, zero-filled.
+std::string ZeroFilled(long long number, int width);
+
+}  // namespace tessera

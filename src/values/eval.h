@@ -1,0 +1,40 @@
+// Evaluation of expression text: numbers, texts, and the cutting of argument lists.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "values/run.h"
+#include "values/value.h"
+
+namespace tessera {
+
+// The general evaluator. `numericTarget` tells that a number is wanted, and is set when a numeric function
+// was met. A term that is no number, no arithmetic and no variable comes back as its own unquoted text.
+Value EvalNumber(Run& run, std::string_view text, bool& numericTarget);
+Value EvalNumber(Run& run, std::string_view text);
+
+// The evaluator of arguments that must stay text: calls and variables, no arithmetic.
+Value EvalText(Run& run, std::string_view text, bool& numericTarget);
+Value EvalText(Run& run, std::string_view text);
+
+// The text without its outermost double quotes; the form "(abc)" in quotes loses its parentheses as well.
+std::string_view Unquote(std::string_view text);
+
+// The text in double quotes, as commands give texts back to expressions.
+std::string Quote(std::string_view text);
+
+// A list of at most `places` arguments, cut at commas; with `splitAtEqual` at "=" too, which then is an
+// argument of its own. More pieces than places is failure 9. The result always has `places` entries; the
+// list ends at its first empty one.
+std::vector<std::string> SplitArguments(Run& run, std::string_view text, std::size_t places,
+                                        bool splitAtEqual, bool& numericTarget);
+std::vector<std::string> SplitArguments(Run& run, std::string_view text, std::size_t places);
+
+// Declares every variable of a prepared line that opens with `keyword` ("Var" or "Variavel"; an empty keyword
+// stands for "Variavel").
+void VarDeclare(Run& run, std::string_view line, std::string_view keyword);
+
+}  // namespace tessera

@@ -1,0 +1,94 @@
+// The one store of all values of a running program: three pairs of tables, one pair for each type word, and
+// no scopes. A variable is its name; names are found blind to case.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "values/value.h"
+
+namespace tessera {
+
+inline constexpr std::string_view kTypeString = "String";
+inline constexpr std::string_view kTypeInteiro = "Inteiro";
+inline constexpr std::string_view kTypeDecimal = "Decimal";
+
+class VariableStore {
+ public:
+  // `showCritical` shows a message box of critical style.
+  explicit VariableStore(std::function<void(std::string_view)> showCritical);
+
+  // First value index of the variable, or -1. What stands from the first "(" on is no part of the name.
+  // A hit sets `LastVarType`.
+  std::int32_t VarFind(std::string_view name);
+
+  // The value of a variable or of an array's element. An undeclared name shows a box and reads as empty;
+  // a slot outside the value table is failure 9.
+  Value VarRead(std::string_view name);
+
+  // Stores the value converted to the variable's type (failures 13 and 6). An undeclared name is an error
+  // with number 0x80040001 when `mustExist`, else nothing happens.
+  void VarWrite(std::string_view name, const Value& value, bool mustExist);
+
+  // One variable or array of a type word; an existing name or any other word creates nothing.
+  void VarCreateScalar(std::string_view name, std::string_view type);
+  void VarCreateArray(std::string_view nameWithCount, std::string_view type);
+
+  // Removes one variable; a missing name is reported by a box unless `quiet`.
+  void VarRemove(std::string_view name, bool quiet);
+
+  // The type word of the last hit of `VarFind`.
+  std::string_view LastVarType() const;
+
+  // The record of 70 characters by which the store knows variable `row` of a type's table.
+  std::string NameRecord(std::string_view type, std::size_t row) const;
+
+  // The plain form of `VarFind`: scans the records. Tests hold it against the map.
+  std::int32_t VarFindByScan(std::string_view name) const;
+
+ private:
+  static constexpr std::size_t kNameWidth = 50;
+
+  enum Type : std::size_t { String, Inteiro, Decimal, TypeCount };
+
+  struct Record {
+    std::string name;  // upper case, cut at kNameWidth, without padding
+    std::int32_t first;
+    std::int32_t count;
+  };
+
+  struct Place {
+    Type type;
+    std::size_t row;
+  };
+
+  struct TextHash {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>{}(text); }
+  };
+
+  const Place* Lookup(std::string_view name) const;
+  std::int32_t VarIndexValue(std::string_view name);
+  std::int32_t SlotIndex(std::string_view name, std::int32_t first);
+  std::size_t CheckedSlot(Type type, std::int64_t slot) const;
+  std::size_t SlotCount(Type type) const;
+  void ResizeSlots(Type type, std::size_t count);
+  void Create(std::string_view name, std::string_view type, std::int32_t count);
+
+  std::function<void(std::string_view)> showCritical_;
+  Type lastVarType_ = String;
+  std::array<std::vector<Record>, TypeCount> records_;
+  // One slot beyond the next free index each, so that the next free index is the size minus 1.
+  std::vector<std::string> texts_{1};
+  std::vector<std::int32_t> integers_{0};
+  std::vector<double> decimals_{0};
+  // FAST: the first record of each name, beside the tables that the rules scan.
+  std::unordered_map<std::string, Place, TextHash, std::equal_to<>> places_;
+};
+
+}  // namespace tessera
