@@ -1,5 +1,5 @@
-// The execution engine: walks prepared texts, decides what a line is, calls the program's routines.
-// It knows no window and no command; both are reached by the doors of `Run`.
+// The execution engine of one run: walks prepared texts, decides what a line is, calls the program's
+// routines. It knows no window and no command; both are reached by the doors of `Run`.
 #pragma once
 
 #include <cstdint>
@@ -12,30 +12,38 @@
 
 namespace tessera {
 
-// Walks `text` from its first statement (0) or from the statement of that number, until the text has no next
-// statement, an end word is met, or a stop flag is up. Failures leave through it to the nearest guard.
-void RunStatements(Run& run, const std::shared_ptr<const PreparedText>& text, std::int32_t startStatement);
-
-// Runs a sub, named with its parentheses. A failure in it ends it without a word.
-void CallSub(Run& run, std::string_view name);
-
-// Runs a function of the program with its raw argument text. A failure shows a box, where Cancel stops the
-// program, and the value is empty.
-Value CallFunction(Run& run, std::string_view name, std::string_view arguments);
-
-// Fills the door `CallFunction`.
-void InstallEngine(Run& run);
-
-// One tick of the 10 ms timer that drives the `Temporizador_` subs: every routine whose interval divides the
-// tick's number is called, in table order. `intervals` may be changed by the program meanwhile.
-class TickTimer {
+class Engine {
  public:
-  explicit TickTimer(Run& run) : run_(run) {}
+  // Fills the door `CallFunction` of the run. The run outlives the engine.
+  explicit Engine(Run& run);
+  ~Engine();
+  Engine(const Engine&) = delete;
+  Engine& operator=(const Engine&) = delete;
+
+  // Walks `text` from its first statement (0) or from the statement of that number, until the text has no
+  // next statement, an end word is met, or a stop flag is up. Failures leave through it to the nearest guard.
+  void RunStatements(const std::shared_ptr<const PreparedText>& text, std::int32_t startStatement);
+
+  // Runs a sub, named with its parentheses. A failure in it ends it without a word.
+  void CallSub(std::string_view name);
+
+  // Runs a function of the program with its raw argument text. A failure shows a box, where Cancel stops the
+  // program, and the value is empty.
+  Value CallFunction(std::string_view name, std::string_view arguments);
+
+  // One tick of the 10 ms timer that drives the `Temporizador_` subs: each row whose interval divides the
+  // tick's number is called, in table order. A tick may come while another one's sub waits.
   void OnTickTimer();
 
  private:
+  class Routines;
+
+  // The steps of a function's call; failures leave it.
+  Value RunFunction(std::string_view name, std::string_view arguments);
+
   Run& run_;
-  std::int32_t tick_ = 0;
+  std::unique_ptr<Routines> routines_;
+  std::int32_t TimerTick_ = 0;
 };
 
 }  // namespace tessera
