@@ -14,10 +14,10 @@
 #include "image/image_writer.h"
 #include "image/mapped_file.h"
 #include "platform/system_clock.h"
-#include "program_files.h"
 #include "runtime/own_folder.h"
-#include "subcommands.h"
-#include "terminal.h"
+#include "tool/program_files.h"
+#include "tool/subcommands.h"
+#include "tool/terminal.h"
 
 namespace tessera {
 

@@ -5,10 +5,10 @@
 
 #include "prepare/block_report.h"
 #include "prepare/prepare.h"
-#include "program_files.h"
-#include "subcommands.h"
-#include "terminal.h"
 #include "text/code_page.h"
+#include "tool/program_files.h"
+#include "tool/subcommands.h"
+#include "tool/terminal.h"
 
 namespace tessera {
 

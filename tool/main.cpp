@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "platform/stack_limit.h"
-#include "subcommands.h"
-#include "terminal.h"
+#include "tool/subcommands.h"
+#include "tool/terminal.h"
 
 namespace tessera {
 namespace {
@@ -46,6 +46,8 @@ class CommandLine {
  public:
   CommandLine() : app_("Tessera: escreva, verifique, execute e empacote programas.", "tessera") {
     app_.formatter(PortugueseHelp());
+    app_.option_defaults()->group("Opções");
+    app_.allow_extras();
     app_.set_help_flag("-h,--help", "Mostra esta ajuda");
     app_.set_version_flag("--version", "tessera " TESSERA_VERSION, "Mostra a versão");
     app_.footer(
@@ -58,7 +60,7 @@ class CommandLine {
     AddOnProgram("show", "Mostra o texto preparado de um programa", ShowSubcommand);
     CLI::App* created =
         Add("new", "Cria uma pasta com um primeiro programa", [this] { return NewSubcommand(name_); });
-    created->add_option("NOME", name_, "Nome da pasta e do programa")->type_name("");
+    created->add_option("NOME", name_, "Nome da pasta e do programa")->type_name("")->group("Argumentos");
     needed_[created] = {"NOME", &name_};
   }
 
@@ -90,6 +92,7 @@ class CommandLine {
 
   CLI::App* Add(const char* word, const char* description, std::function<int()> action) {
     CLI::App* command = app_.add_subcommand(word, description);
+    command->group("Comandos");
     command->allow_extras();
     actions_[command] = std::move(action);
     return command;
@@ -98,7 +101,7 @@ class CommandLine {
   CLI::App* AddWithProgram(const char* word, const char* description, std::string& program,
                            std::function<int()> action) {
     CLI::App* command = Add(word, description, std::move(action));
-    command->add_option("PROGRAMA", program, kProgramHelp)->type_name("");
+    command->add_option("PROGRAMA", program, kProgramHelp)->type_name("")->group("Argumentos");
     needed_[command] = {"PROGRAMA", &program};
     return command;
   }

@@ -4,8 +4,8 @@
 #include <iostream>
 #include <string>
 
-#include "subcommands.h"
-#include "terminal.h"
+#include "tool/subcommands.h"
+#include "tool/terminal.h"
 
 namespace tessera {
 
@@ -16,8 +16,7 @@ namespace fs = std::filesystem;
 constexpr std::string_view kFirstProgram = R"(' Um primeiro programa: pergunta o nome e conta até cinco.
 Var nome String, n Inteiro
 
-EntraTexto "Primeiro programa", "Qual é o seu nome?"
-nome = Retorno
+nome = EntraTexto("Qual é o seu nome?")
 Se nome = "CANCELADO"
   nome = "visitante"
 FimSe

@@ -1,4 +1,4 @@
-#include "program_files.h"
+#include "tool/program_files.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -8,9 +8,9 @@
 #include <optional>
 #include <vector>
 
-#include "source_text.h"
 #include "text/code_page.h"
 #include "text/one_based.h"
+#include "tool/source_text.h"
 
 namespace tessera {
 

@@ -1,12 +1,12 @@
 // `tessera run`: a program from its sources, with windows or on the terminal.
-#include "program_files.h"
 #include "runtime/console_start.h"
 #include "runtime/display_probe.h"
 #include "runtime/handover.h"
 #include "runtime/own_folder.h"
 #include "runtime/program_start.h"
-#include "subcommands.h"
-#include "terminal.h"
+#include "tool/program_files.h"
+#include "tool/subcommands.h"
+#include "tool/terminal.h"
 
 namespace tessera {
 

@@ -1,4 +1,4 @@
-#include "source_text.h"
+#include "tool/source_text.h"
 
 #include <algorithm>
 #include <cstdio>

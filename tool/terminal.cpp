@@ -1,4 +1,4 @@
-#include "terminal.h"
+#include "tool/terminal.h"
 
 #include <unistd.h>
 

@@ -1,0 +1,51 @@
+#include "runtime/composition.h"
+
+#include <string>
+#include <string_view>
+
+#include "commands/command_table.h"
+#include "commands/system_commands.h"
+#include "engine/engine.h"
+#include "image/image_reader.h"
+#include "values/run.h"
+#include "windows/janela.h"
+#include "windows/window_commands.h"
+
+namespace tessera {
+
+namespace {
+
+// OPEN: the program's folder is kept whole, however long: a path of this system is often longer than the 100
+// characters that a fixed text would keep, and a cut path names no folder.
+void TellProgram(Run& run, const ProgramStart& start) {
+  run.ProgramFileName = start.program.name + ".TSC";
+  run.ProgramFolderText = FolderText(start.folder) + "\\";
+  run.RuntimeFolderText = run.ProgramFolderText;
+  run.CommandLineText = start.commandLine;
+}
+
+void FillDoors(Run& run, CommandTable& commands) {
+  run.doors.CommandCall = [&commands](std::string_view name, std::string_view arguments) {
+    return commands.CommandCall(name, arguments);
+  };
+}
+
+}  // namespace
+
+int RunProgram(const ProgramStart& start, const Host& host, Display& display) {
+  Run run(host);
+  TellProgram(run, start);
+  run.functionTable.Fill(LanguageWords());
+
+  Engine engine(run);
+  Janela janela(run, engine, display);
+  CommandTable commands;
+  FillDoors(run, commands);
+  AddSystemCommands(commands, run);
+  AddWindowCommands(commands, run, janela.windows());
+
+  const ProjectStyle style = ScanProjectStyle(start.program.EditorText);
+  return janela.RunProgram(start.program.EditorText, style.ProjectStyleWord);
+}
+
+}  // namespace tessera
