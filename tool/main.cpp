@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <functional>
 #include <iostream>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -60,8 +61,7 @@ class CommandLine {
     AddOnProgram("show", "Mostra o texto preparado de um programa", ShowSubcommand);
     CLI::App* created =
         Add("new", "Cria uma pasta com um primeiro programa", [this] { return NewSubcommand(name_); });
-    created->add_option("NOME", name_, "Nome da pasta e do programa")->type_name("")->group("Argumentos");
-    needed_[created] = {"NOME", &name_};
+    created->add_option("NOME", name_, "Nome da pasta e do programa")->type_name("")->required();
   }
 
   int Run(int argc, char** argv) {
@@ -76,23 +76,23 @@ class CommandLine {
     } catch (const CLI::CallForVersion&) {
       std::cout << app_.version() << '\n';
       return kDone;
-    } catch (const CLI::ArgumentMismatch& problem) {
+    } catch (const CLI::RequiredError& problem) {
+      // The library's sentence begins with the argument's name.
+      const std::string sentence = problem.what();
+      return Refuse("falta " + sentence.substr(0, sentence.find(' ')));
+    } catch (const CLI::ArgumentMismatch&) {
       return Refuse("falta o valor de uma opção");
-    } catch (const CLI::ParseError& problem) {
+    } catch (const CLI::ParseError&) {
       return Refuse("chamada errada");
     }
     return Dispatch();
   }
 
  private:
-  struct Needed {
-    const char* label;
-    const std::string* value;
-  };
-
   CLI::App* Add(const char* word, const char* description, std::function<int()> action) {
     CLI::App* command = app_.add_subcommand(word, description);
     command->group("Comandos");
+    command->get_help_ptr()->group("Opções");
     command->allow_extras();
     actions_[command] = std::move(action);
     return command;
@@ -101,8 +101,7 @@ class CommandLine {
   CLI::App* AddWithProgram(const char* word, const char* description, std::string& program,
                            std::function<int()> action) {
     CLI::App* command = Add(word, description, std::move(action));
-    command->add_option("PROGRAMA", program, kProgramHelp)->type_name("")->group("Argumentos");
-    needed_[command] = {"PROGRAMA", &program};
+    command->add_option("PROGRAMA", program, kProgramHelp)->type_name("")->required();
     return command;
   }
 
@@ -138,8 +137,6 @@ class CommandLine {
       std::cerr << app_.help();
       return kWrongCall;
     }
-    const Needed& needed = needed_.at(chosen.front());
-    if (needed.value->empty()) return Refuse(std::string("falta ") + needed.label);
     return actions_.at(chosen.front())();
   }
 
@@ -153,7 +150,6 @@ class CommandLine {
 
   CLI::App app_;
   std::map<const CLI::App*, std::function<int()>> actions_;
-  std::map<const CLI::App*, Needed> needed_;
   RunCall run_;
   BuildCall build_;
   std::string name_;
