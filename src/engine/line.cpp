@@ -203,6 +203,9 @@ Jump RunnableText::Alternative(const Line& line) const {
 
 Jump RunnableText::Target(const Line& line) const {
   return Remember(line.target, [&]() -> Jump {
+    // OPEN: a label with a blank in front of it is none; a search would find it behind the blank that ends
+    // every head.
+    if (line.label.starts_with(' ')) return {};
     const Position hit = text_->FindLabel(std::string(line.label) + ":");
     const Position tag = hit == 0 ? 0 : text_->FindTagBack(hit);
     if (tag == 0) return {};
