@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <limits>
 
@@ -54,13 +55,19 @@ BinaryFile::~BinaryFile() {
   close(descriptor_);
 }
 
+// A length that a program made up must not cost more memory than the file has bytes.
+std::size_t BinaryFile::ReadableLength(std::uint64_t position, std::size_t length) const {
+  constexpr std::size_t kHarmless = std::size_t{1} << 16;
+  if (length <= kHarmless) return length;
+  const std::uint64_t size = Size();
+  const std::uint64_t left = position > size ? 0 : size - (position - 1);
+  return static_cast<std::size_t>(std::min<std::uint64_t>(length, left));
+}
+
 std::string BinaryFile::Read(std::uint64_t position, std::size_t length) const {
   if (position == 0 || position > static_cast<std::uint64_t>(std::numeric_limits<off_t>::max()))
     FailArgument();
-  // A length that the program made up must not cost more memory than the file has bytes.
-  const std::uint64_t size = Size();
-  const std::uint64_t left = position > size ? 0 : size - (position - 1);
-  std::string bytes(static_cast<std::size_t>(std::min<std::uint64_t>(length, left)), '\0');
+  std::string bytes(ReadableLength(position, length), '\0');
   std::size_t done = 0;
   while (done < bytes.size()) {
     const ssize_t count =

@@ -42,6 +42,8 @@ class BinaryFile final : public OpenedFile {
   int descriptor() const { return descriptor_; }
 
  private:
+  std::size_t ReadableLength(std::uint64_t position, std::size_t length) const;
+
   explicit BinaryFile(int descriptor) : descriptor_(descriptor) {}
 
   int descriptor_;
