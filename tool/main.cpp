@@ -29,7 +29,7 @@ std::shared_ptr<CLI::Formatter> PortugueseHelp() {
   formatter->label("SUBCOMMANDS", "COMANDO");
   formatter->label("Subcommands", "Comandos");
   formatter->label("TEXT", "TEXTO");
-  formatter->label("REQUIRED", "(obrigatório)");
+  formatter->label("REQUIRED", "");
   formatter->column_width(34);
   return formatter;
 }
