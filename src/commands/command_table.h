@@ -49,7 +49,7 @@ void AddRows(CommandTable& table, Run& run, const CommandRow (&rows)[N]) {
 }
 
 // All words of the language in the order in which expressions search for them.
-const std::vector<std::string_view>& LanguageWords();
+std::vector<std::string> LanguageWords();
 
 // True if `word` may go to the dispatcher: a word of the language, one that begins with a block word, or one
 // that ends in ":", "+" or "-".

@@ -1,5 +1,5 @@
-// The execution engine of one run: walks prepared texts, decides what a line is, calls the program's routines.
-// It knows no window and no command; both are reached by the doors of `Run`.
+// The execution engine of one run: walks prepared texts, decides what a line is, calls the program's
+// routines. It knows no window and no command; both are reached by the doors of `Run`.
 #pragma once
 
 #include <cstdint>
@@ -37,6 +37,10 @@ class Engine {
 
  private:
   class Routines;
+
+  // The steps of a function's call; failures leave it.
+  Value RunFunction(std::string_view name, std::string_view arguments);
+
   Run& run_;
   std::unique_ptr<Routines> routines_;
   std::int32_t TimerTick_ = 0;

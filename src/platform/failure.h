@@ -3,6 +3,9 @@
 #pragma once
 
 #include <exception>
+#include <new>
+#include <optional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -32,5 +35,22 @@ class RunFailure : public std::exception {
 [[noreturn]] void FailDivision();   // 11
 [[noreturn]] void FailType();       // 13
 [[noreturn]] void FailStack();      // 28
+
+// Runs `body`; the failure that ended it, if one did. Memory that the machine has not got is failure 7.
+template <typename Body>
+std::optional<RunFailure> Guard(Body&& body) {
+  try {
+    try {
+      body();
+      return std::nullopt;
+    } catch (const std::bad_alloc&) {
+      FailMemory();
+    } catch (const std::length_error&) {
+      FailMemory();
+    }
+  } catch (const RunFailure& failure) {
+    return failure;
+  }
+}
 
 }  // namespace tessera

@@ -1,15 +1,14 @@
-// A prepared text that a statement loop walks: all of `ProgramText`, or the body of one routine. The text is
-// the program; what stands beside it here is derived from it and gives exactly what a search would.
+// A prepared text that a statement loop walks: all of `ProgramText`, or the body of one routine.
+// The text is the program. The index beside it is derived from it and answers exactly what a search of the
+// text would; the searches themselves are in plain_search.h, and tests hold the one against the other.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
-#include <map>
-#include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "text/one_based.h"
@@ -17,13 +16,15 @@
 namespace tessera {
 
 // Columns of a statement's head, counted from 1.
-inline constexpr std::size_t kTagColumn = 1;          // "&#"
-inline constexpr std::size_t kNumberColumn = 3;       // statement number, five digits
+inline constexpr std::size_t kNumberColumn = 3;       // statement number, five digits behind "&#"
 inline constexpr std::size_t kSourceLineColumn = 10;  // five digits, from 00000
 inline constexpr std::size_t kEditorColumn = 17;      // two digits
 inline constexpr std::size_t kStatementColumn = 20;   // the statement's own text
 
 inline constexpr std::string_view kTag = "&#";
+
+// The key by which a statement is found: "&#" and its number in five digits.
+std::string StatementKey(std::int32_t number);
 
 class PreparedText {
  public:
@@ -31,29 +32,38 @@ class PreparedText {
 
   std::string_view text() const { return text_; }
 
-  // Position of the first "&#" + the number in five digits at or behind `from`; 0 if there is none.
+  // First key of that statement at or behind `from`; 0 if there is none.
   Position FindStatement(std::int32_t number, Position from) const;
 
-  // Position of the last "&#" that begins at or before `from`; 0 if there is none.
+  // First "&#" of the text, and the last one that begins at or before `from`; 0 if there is none.
+  Position FirstTag() const { return tags_.empty() ? 0 : tags_.front(); }
   Position FindTagBack(Position from) const;
 
   // The number in the five characters behind a tag.
   std::int32_t NumberAt(Position tag) const;
 
+  // First CR LF at or behind `from`; 0 if there is none.
+  Position FindLineEnd(Position from) const { return Find(text_, kCrLf, from); }
+
   // First occurrence of word + "[" + depth + "]" at or behind `from`, and the last one at or before it; 0 if
-  // there is none. `word` is one of the block words that end a jump.
+  // there is none. `word` is "Enquanto", "Repita", "FimSe" or "CasoContrario"; `depth` holds no "]".
   Position FindBracket(std::string_view word, std::string_view depth, Position from) const;
   Position FindBracketBack(std::string_view word, std::string_view depth, Position from) const;
 
-  // First occurrence in the whole text of a label with its ":".
+  // First occurrence in the whole text of a label with its ":"; 0 if there is none.
   Position FindLabel(std::string_view labelWithColon) const;
 
  private:
-  const std::vector<Position>* BracketPositions(std::string_view word, std::string_view depth) const;
+  void IndexTags();
+  void IndexBrackets(std::string_view word);
+  void IndexColons();
+  const std::vector<Position>* Brackets(std::string_view word, std::string_view depth) const;
 
   std::string text_;
-  std::vector<Position> tags_;  // of every "&#", literals included
-  std::unordered_map<std::int32_t, std::vector<Position>> tagsOfRepeatedNumber_;
+  std::vector<Position> tags_;                                       // every "&#", literals included
+  std::vector<std::pair<std::int32_t, Position>> statements_;        // number and key, sorted
+  std::unordered_map<std::string, std::vector<Position>> brackets_;  // by the whole bracket word
+  std::unordered_map<std::string, std::vector<Position>> colons_;    // by the two characters in front
 };
 
 }  // namespace tessera

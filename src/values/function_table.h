@@ -1,38 +1,39 @@
-// `FunctionTable`: the words of the language in the order in which expressions search for them, a longer
-// name before a name that it contains.
+// The words that an expression is searched for, in the order of the search: the language's own words, where a
+// longer name stands before a name that it contains, or the names of the program's functions.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 namespace tessera {
 
 class FunctionTable {
  public:
-  // The words in their order; each text outlives the table.
-  void Fill(const std::vector<std::string_view>& words);
+  void Fill(std::vector<std::string> words);
 
-  const std::vector<std::string_view>& words() const { return words_; }
+  const std::vector<std::string>& words() const { return words_; }
 
-  // The word that equals `word` blind to case.
+  // True if a word of the table equals `word` when both are upper-cased.
   bool ContainsIgnoringCase(std::string_view word) const;
 
-  // The first word of the table whose first occurrence in `text` has "(" or a blank behind it.
-  std::optional<std::string_view> FirstCalledIn(std::string_view text) const;
+  // Row of the first word whose first occurrence in `text`, in exact case, has "(" or a blank behind it.
+  std::optional<std::size_t> FirstCalledIn(std::string_view text) const;
 
-  // The plain form of `FirstCalledIn`: one search of the text for each word. Tests compare the two.
-  std::optional<std::string_view> FirstCalledInByScan(std::string_view text) const;
+  // The plain form of `FirstCalledIn`: one search of the text for each word.
+  std::optional<std::size_t> FirstCalledInByScan(std::string_view text) const;
 
  private:
-  std::vector<std::string_view> words_;
-  // FAST: a call ends in "(" or a blank, so a text without them holds none, and only the words that end
-  // where such a character stands can be called. Rows of words by their last character.
-  std::vector<std::vector<std::size_t>> rowsByLastCharacter_;
-  std::unordered_map<std::string, std::size_t> rowByUpperWord_;
+  std::vector<std::string> words_;
+  std::unordered_set<std::string> upperWords_;
+  // FAST: a called word ends where a "(" or a blank stands, so only the words whose last character stands
+  // there need a look. Rows by last character; the empty word, which can end anywhere, has a list of its own.
+  std::array<std::vector<std::size_t>, 256> rowsByLastCharacter_;
+  std::vector<std::size_t> emptyRows_;
 };
 
 }  // namespace tessera

@@ -7,6 +7,11 @@ namespace tessera {
 Run::Run(const Host& runHost)
     : host(runHost), variables([this](std::string_view text) { ShowCritical(*this, text); }) {}
 
+void InstallProgram(Run& run, PreparedProgram program) {
+  run.program = std::move(program);
+  run.programFunctions.Fill(run.program.routines.FunctionNames);
+}
+
 std::string SourcePositionText(const Run& run) {
   return "Editor: " + std::to_string(run.sourcePosition.editor) +
          " Linha: " + std::to_string(run.sourcePosition.line);

@@ -67,7 +67,8 @@ struct Run {
 
   PreparedProgram program;
   VariableStore variables;
-  FunctionTable functionTable;
+  FunctionTable functionTable;     // the language's words
+  FunctionTable programFunctions;  // names of the program's functions
 
   SourcePosition sourcePosition;
 
@@ -75,6 +76,9 @@ struct Run {
   Value ReturnValue;
   std::int32_t FunctionCallCounter = 0;
 };
+
+// Makes a prepared program the one that runs.
+void InstallProgram(Run& run, PreparedProgram program);
 
 // "Editor: n Linha: m" of the running statement.
 std::string SourcePositionText(const Run& run);

@@ -14,6 +14,7 @@ namespace {
 constexpr long kUndeclaredWrite = static_cast<long>(0x80040001);
 // More slots of one type than any program needs; beyond it the memory of the machine would answer.
 constexpr std::size_t kMaxSlots = 50'000'000;
+constexpr std::size_t kMaxTextLength = std::size_t{1} << 29;
 
 std::string_view NameWithoutIndex(std::string_view name) {
   return name.substr(0, name.find('('));
@@ -69,7 +70,7 @@ Value VariableStore::VarRead(std::string_view name) {
     showCritical_(std::string("Não pode ler "_w).append(name).append(": variável não declarada!"_w));
     return {};
   }
-  const std::size_t slot = CheckedSlot(lastVarType_, std::int64_t{first} + SlotIndex(name, first));
+  const std::size_t slot = CheckedSlot(lastVarType_, std::int64_t{first} + SlotIndex(name));
   switch (lastVarType_) {
     case String:
       return texts_[slot];
@@ -88,10 +89,11 @@ void VariableStore::VarWrite(std::string_view name, const Value& value, bool mus
         kUndeclaredWrite,
         std::string("Não pode atribuir valor para "_w).append(name).append(": variável não declarada!"_w));
   }
-  const std::int64_t slot = std::int64_t{first} + SlotIndex(name, first);
+  const std::int64_t slot = std::int64_t{first} + SlotIndex(name);
   switch (lastVarType_) {
     case String: {
       std::string text = value.ToText();
+      if (text.size() > kMaxTextLength) FailMemory();
       texts_[CheckedSlot(String, slot)] = std::move(text);
       break;
     }
@@ -108,7 +110,7 @@ void VariableStore::VarWrite(std::string_view name, const Value& value, bool mus
   }
 }
 
-std::int32_t VariableStore::SlotIndex(std::string_view name, std::int32_t) {
+std::int32_t VariableStore::SlotIndex(std::string_view name) {
   if (name.find('(') == std::string_view::npos) return 0;
   const std::string_view index = IndexText(name);
   if (const auto number = WholeNumber(index)) return RoundToInteger(*number);

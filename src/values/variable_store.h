@@ -74,7 +74,7 @@ class VariableStore {
 
   const Place* Lookup(std::string_view name) const;
   std::int32_t VarIndexValue(std::string_view name);
-  std::int32_t SlotIndex(std::string_view name, std::int32_t first);
+  std::int32_t SlotIndex(std::string_view name);
   std::size_t CheckedSlot(Type type, std::int64_t slot) const;
   std::size_t SlotCount(Type type) const;
   void ResizeSlots(Type type, std::size_t count);

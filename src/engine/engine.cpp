@@ -1,0 +1,57 @@
+#include "engine/engine.h"
+
+#include "engine/routines.h"
+#include "engine/statement_loop.h"
+#include "platform/failure.h"
+#include "text/literal.h"
+
+namespace tessera {
+
+Engine::Engine(Run& run) : run_(run), routines_(std::make_unique<Routines>(run)) {
+  run_.doors.CallFunction = [this](std::string_view name, std::string_view arguments) {
+    return CallFunction(name, arguments);
+  };
+}
+
+Engine::~Engine() = default;
+
+void Engine::RunStatements(const std::shared_ptr<const PreparedText>& text, std::int32_t startStatement) {
+  const RunnableText runnable(run_, text);
+  StatementLoop(*this, run_, runnable).RunFrom(startStatement);
+}
+
+void Engine::CallSub(std::string_view name) {
+  // The guard of a sub is silence: a failure ends the sub, and the calling statement counts as done.
+  Guard([&] {
+    const auto body = routines_->Sub(name);
+    if (!body) {
+      ShowCritical(run_, std::string("Sub-rotina não encontrada: "_w).append(name));
+      FailArgument();
+    }
+    StatementLoop(*this, run_, *body).RunFrom(0);
+  });
+}
+
+Value Engine::CallFunction(std::string_view name, std::string_view arguments) {
+  Value result;
+  const auto failure = Guard([&] { result = RunFunction(name, arguments); });
+  if (!failure) return result;
+  const std::string text = SourcePositionText(run_).append("\r").append(
+      "Erro ao executar a função, certifique-se de ter definido os tipos de argumentos e o tipo de retorno da função!"_w);
+  const BoxAnswer answer = run_.host.dialogs.ShowBox({.text = text,
+                                                      .title = ProgramTitle(run_),
+                                                      .icon = BoxIcon::Critical,
+                                                      .buttons = BoxButtons::OkCancel});
+  if (answer == BoxAnswer::Cancel) run_.StopFlag = true;
+  return {};
+}
+
+void Engine::OnTickTimer() {
+  ++TimerTick_;
+  for (std::size_t i = 0; i < run_.program.routines.TimerNames.size(); ++i) {
+    const std::int16_t interval = run_.program.routines.TimerIntervals[i];
+    if (interval > 0 && TimerTick_ % interval == 0) CallSub(run_.program.routines.TimerNames[i]);
+  }
+}
+
+}  // namespace tessera

@@ -1,0 +1,130 @@
+#include "engine/function_call.h"
+
+#include <array>
+#include <vector>
+
+#include "engine/engine.h"
+#include "engine/routines.h"
+#include "engine/statement_loop.h"
+#include "platform/failure.h"
+#include "text/literal.h"
+#include "values/eval.h"
+
+namespace tessera {
+
+namespace {
+
+constexpr std::size_t kNames = 21;                 // places for parameters, and for locals
+constexpr std::size_t kFirstStatementColumn = 21;  // of a body that begins at the LF in front of a head
+
+struct Names {
+  std::string written;
+  std::string local;
+};
+
+// One "name type" of a parameter list or of the locals' declaration.
+Names DeclareLocal(Run& run, std::string_view part, std::string_view function,
+                   std::vector<std::string>& locals) {
+  const std::size_t blank = part.find(' ');
+  if (blank == std::string_view::npos) FailArgument();
+  Names names{std::string(part.substr(0, blank)), {}};
+  names.local = std::string(function) + std::to_string(run.FunctionCallCounter) + names.written;
+  run.variables.VarCreateScalar(names.local, part.substr(blank + 1));
+  locals.push_back(names.local);
+  return names;
+}
+
+// The names that a function's list declares, at most `kNames`.
+std::vector<Names> DeclareParameters(Run& run, std::string_view body, std::string_view function,
+                                     std::vector<std::string>& locals) {
+  const Position open = Find(body, "(");
+  const Position close = Find(body, ")");
+  if (open == 0 || close < open) FailArgument();
+  std::vector<Names> parameters;
+  for (const std::string& part : SplitArguments(run, Mid(body, open + 1, close - open - 1), kNames)) {
+    if (part.empty()) break;
+    parameters.push_back(DeclareLocal(run, part, function, locals));
+  }
+  return parameters;
+}
+
+// A parameter without an argument keeps its default value, and its name stays in the body, which then sees
+// a global of that name.
+void PassArguments(Run& run, std::string& body, std::string_view arguments,
+                   const std::vector<Names>& parameters) {
+  const auto parts = SplitArguments(run, arguments, kNames);
+  for (std::size_t k = 0; k < parts.size() && !parts[k].empty(); ++k) {
+    const Names names = k < parameters.size() ? parameters[k] : Names{};
+    RenameInBody(body, names.written, names.local);
+    run.variables.VarWrite(names.local, EvalNumber(run, parts[k]), true);
+  }
+}
+
+// Only the first statement of a function declares locals; a later `Var` declares globals.
+// OPEN: the declaring word has to end in a blank, so that a first statement such as `Variante = 1` is no
+// declaration.
+void DeclareLocals(Run& run, std::string& body, std::string_view function, std::vector<std::string>& locals) {
+  for (const std::string_view word : {"Variavel ", "Var "}) {
+    if (Mid(body, kFirstStatementColumn, word.size()) != word) continue;
+    const Position listColumn = kFirstStatementColumn + word.size();
+    const Position lineEnd = Find(body, kCrLf, kFirstStatementColumn);
+    const std::string list(Mid(body, listColumn, lineEnd - listColumn));
+    for (const std::string& part : SplitArguments(run, list, kNames)) {
+      if (part.empty()) break;
+      const Names names = DeclareLocal(run, part, function, locals);
+      RenameInBody(body, names.written, names.local);
+    }
+    const Position next = Find(body, "&#", Find(body, kCrLf, kFirstStatementColumn));
+    if (next == 0) FailArgument();
+    body.erase(0, next - 1);
+    return;
+  }
+}
+
+}  // namespace
+
+void RenameInBody(std::string& body, std::string_view oldName, std::string_view newName) {
+  if (oldName.empty()) return;
+  constexpr std::string_view kBefore = "( \r";
+  constexpr std::string_view kBehind = ",) \r";
+  std::string out;
+  std::size_t copied = 0;
+  for (std::size_t at = body.find(oldName); at != std::string::npos;
+       at = body.find(oldName, at + oldName.size())) {
+    const char before = at == 0 ? '\0' : body[at - 1];
+    const std::size_t end = at + oldName.size();
+    const char behind = end < body.size() ? body[end] : '\0';
+    if (kBefore.find(before) == std::string_view::npos || kBehind.find(behind) == std::string_view::npos)
+      continue;
+    out.append(body, copied, at - copied).append(newName);
+    copied = end;
+  }
+  if (copied == 0) return;
+  body = out.append(body, copied);
+}
+
+// KEPT: the counter moves at the normal end alone, so that a function that calls itself shares its names with
+// its caller (programs/recursao.tsc).
+Value Engine::RunFunction(std::string_view name, std::string_view arguments) {
+  run_.stack.Check();
+  const std::string_view found = routines_->FindFunction(name);
+  if (found.empty()) {
+    ShowCritical(run_, std::string("Função não encontrada: "_w).append(name));
+    FailArgument();
+  }
+  std::string body(found);
+  std::vector<std::string> locals;
+  const std::vector<Names> parameters = DeclareParameters(run_, body, name, locals);
+  // The first line goes, up to the LF of its end.
+  body.erase(0, Find(body, kCrLf));
+  PassArguments(run_, body, arguments, parameters);
+  DeclareLocals(run_, body, name, locals);
+  RunStatements(std::make_shared<const PreparedText>(std::move(body)), 0);
+  const Value result = run_.ReturnValue;
+  // OPEN: names that an inner call of the same function removed already are passed over without a box.
+  for (const std::string& local : locals) run_.variables.VarRemove(local, true);
+  ++run_.FunctionCallCounter;
+  return result;
+}
+
+}  // namespace tessera

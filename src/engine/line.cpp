@@ -1,0 +1,216 @@
+#include "engine/line.h"
+
+#include <algorithm>
+
+#include "commands/command_table.h"
+
+namespace tessera {
+
+namespace {
+
+constexpr std::array<std::string_view, 6> kTextCalls = {"CARACTERE(", "UNIR(",      "CAR(",
+                                                        "FORMATA(",   "DIRETORIO(", "SQL("};
+
+std::int32_t NumberIn(std::string_view text) {
+  return static_cast<std::int32_t>(LeadingNumber(text));
+}
+
+// The word in front of the position `end`: what stands behind the last blank.
+std::string_view WordBefore(std::string_view text, Position end) {
+  const Position blank = FindBack(text, " ", end - 1);
+  return Mid(text, blank + 1, end - blank - 1);
+}
+
+// A compound form "x + = e"; preparation may have left no blank in front of its sign.
+bool ReadCompound(Line& line, char sign) {
+  std::string text(line.text);
+  const std::string tight = {sign, ' ', '=', ' '};
+  const Position at = Find(text, tight);
+  if (at > 1 && CharAt(text, at - 1) != ' ') text.insert(at - 1, 1, ' ');
+  const Position p = Find(text, std::string{' ', sign, ' ', '='});
+  if (p == 0) return false;
+  const std::string_view word = WordBefore(text, p);
+  // The same characters stand in the line itself, in front of the blank that may have been inserted.
+  line.variable = Mid(line.text, p - word.size(), word.size());
+  line.expression = Mid(text, p + 5);
+  return true;
+}
+
+bool ReadStep(Line& line, std::string_view sign) {
+  if (!line.text.ends_with(sign)) return false;
+  line.variable = WordBefore(line.text, Find(line.text, sign));
+  return true;
+}
+
+std::optional<Bracket> ReadBracket(std::string_view text, std::string_view word,
+                                   std::size_t conditionOffset = 0) {
+  const Position at = Find(text, std::string(word) + "[");
+  if (at == 0) return std::nullopt;
+  const Position open = at + word.size();
+  const Position close = Find(text, "]", open);
+  if (close == 0) return std::nullopt;
+  return Bracket{Mid(text, open + 1, close - open - 1), Mid(text, at + conditionOffset), std::nullopt};
+}
+
+void ReadBlocks(Line& line) {
+  constexpr std::size_t kEnquantoCondition = 12;  // behind "Enquanto[0] "
+  constexpr std::size_t kSeCondition = 6;         // behind "Se[0] "
+  line.enquanto = ReadBracket(line.text, "Enquanto", kEnquantoCondition);
+  line.repita = ReadBracket(line.text, "Repita");
+  line.fimSe = ReadBracket(line.text, "FimSe");
+  if (!Contains(line.text, "FimSe[")) line.se = ReadBracket(line.text, "Se", kSeCondition);
+  line.casoContrario = ReadBracket(line.text, "CasoContrario");
+  line.testsClick = line.se && Contains(line.text, "CliqueMouse");
+}
+
+RightSide ReadRightSide(std::string_view text, std::string_view upper) {
+  constexpr std::string_view kJoin = " & ";
+  RightSide right;
+  right.text = Trim(Mid(text, Find(text, "=") + 1));
+  right.isText = std::any_of(kTextCalls.begin(), kTextCalls.end(),
+                             [&](std::string_view call) { return Contains(upper, call); });
+  const std::string upperRight = Upper(right.text);
+  right.readsSql = upperRight.starts_with("SQL(") && !Contains(upperRight, "TOTALREGISTROS");
+  if (!Contains(right.text, kJoin)) return right;
+  Position begin = 1;
+  for (Position at; (at = Find(right.text, kJoin, begin)) != 0; begin = at + kJoin.size()) {
+    right.joined.push_back(Trim(Mid(right.text, begin, at - begin)));
+  }
+  right.joined.push_back(Trim(Mid(right.text, begin)));
+  return right;
+}
+
+Opening ReadOpening(const Run& run, std::string_view text, std::string_view upper) {
+  Opening opening;
+  const Position blank = Find(text, " ", kStatementColumn);
+  opening.word =
+      blank == 0 ? Mid(text, kStatementColumn) : Mid(text, kStatementColumn, blank - kStatementColumn);
+  opening.rest = Mid(text, kStatementColumn + opening.word.size() + 1);
+  const std::string upperWord = Upper(opening.word);
+  opening.declares = upperWord == "VAR" || upperWord == "VARIAVEL";
+  opening.returns = upperWord == "RETORNE";
+  const auto& subs = run.program.routines.SubNames;
+  opening.callsSub = std::find(subs.begin(), subs.end(), opening.word) != subs.end();
+  opening.mayDispatch = IsReservedWord(run.functionTable, opening.word) || upperWord.starts_with("REL.") ||
+                        upperWord.starts_with("IMP.");
+  opening.right = ReadRightSide(text, upper);
+  return opening;
+}
+
+Road ReadRoad(Line& line, std::string_view upper) {
+  constexpr std::string_view kGoTo = "VaPara";
+  // KEPT: the end words count wherever they stand in the line, names and literals included
+  // (programs/fim_em_texto.tsc).
+  if (Contains(upper, "FIMPROGRAMA")) return Road::EndProgram;
+  if (Contains(upper, "FIMFUNCAO")) return Road::EndFunction;
+  if (Contains(upper, "FIMJANELA")) return Road::EndWindow;
+  if (ReadStep(line, "++")) return Road::Increment;
+  if (ReadStep(line, "--")) return Road::Decrement;
+  if (ReadCompound(line, '+')) return Road::Add;
+  if (ReadCompound(line, '-')) return Road::Subtract;
+  if (Contains(upper, "NOVAJANELA")) return Road::NewWindow;
+  if (Mid(line.text, kStatementColumn, 2) == "BD") return Road::Database;
+  if (const Position at = Find(line.text, kGoTo)) {
+    line.label = Mid(line.text, at + kGoTo.size() + 1);
+    return Road::GoTo;
+  }
+  return Road::Blocks;
+}
+
+std::unique_ptr<const Line> ReadLine(const Run& run, const PreparedText& text, Position position) {
+  auto line = std::make_unique<Line>();
+  line->position = position;
+  line->end = text.FindLineEnd(position);
+  line->text = Mid(text.text(), position, line->end == 0 ? std::string_view::npos : line->end - position);
+  line->number = text.NumberAt(position);
+  line->source.editor = NumberIn(Mid(line->text, kEditorColumn, 2));
+  line->source.line = NumberIn(Mid(line->text, kSourceLineColumn, 5)) + 1;
+  const std::string upper = Upper(line->text);
+  line->road = ReadRoad(*line, upper);
+  if (line->road != Road::Blocks) return line;
+  ReadBlocks(*line);
+  line->opening = ReadOpening(run, line->text, upper);
+  return line;
+}
+
+// What a lazily filled place holds, filled by `search` at first use.
+template <typename Result, typename Search>
+const Result& Remember(std::optional<Result>& place, Search search) {
+  if (!place) place = search();
+  return *place;
+}
+
+}  // namespace
+
+RunnableText::RunnableText(const Run& run, std::shared_ptr<const PreparedText> text)
+    : run_(run), text_(std::move(text)) {}
+
+const Line* RunnableText::LineAt(Position position) const {
+  auto& line = lines_[position];
+  if (!line) line = ReadLine(run_, *text_, position);
+  return line.get();
+}
+
+const Line* RunnableText::FindStatement(std::int32_t number, Position from) const {
+  const Position found = text_->FindStatement(number, from);
+  return found == 0 ? nullptr : LineAt(found);
+}
+
+const Line* RunnableText::Next(const Line& line) const {
+  return Remember(line.next, [&] { return FindStatement(line.number + 1, line.position); });
+}
+
+// The line behind the statement that holds a word found at `hit`, searched from `line` on.
+Jump RunnableText::Behind(const Line& line, Position hit) const {
+  if (hit == 0) return {};
+  const std::int32_t number = text_->NumberAt(text_->FindTagBack(hit));
+  return {true, FindStatement(number + 1, line.position)};
+}
+
+Jump RunnableText::LoopEnd(const Line& line) const {
+  return Remember(line.loopEnd, [&] {
+    return Behind(line, text_->FindBracket("Repita", line.enquanto->depth, line.position));
+  });
+}
+
+Jump RunnableText::LoopStart(const Line& line) const {
+  return Remember(line.loopStart, [&]() -> Jump {
+    const Position hit = text_->FindBracketBack("Enquanto", line.repita->depth, line.position);
+    const Position tag = hit == 0 ? 0 : text_->FindTagBack(hit);
+    if (tag == 0) return {};
+    return {true, LineAt(tag)};
+  });
+}
+
+Jump RunnableText::BlockEnd(const Line& line, std::string_view depth) const {
+  return Remember(line.blockEnd,
+                  [&] { return Behind(line, text_->FindBracket("FimSe", depth, line.position)); });
+}
+
+// Depths are not unique: a CasoContrario behind the block's own FimSe belongs to a later block.
+Jump RunnableText::Alternative(const Line& line) const {
+  return Remember(line.alternative, [&]() -> Jump {
+    const auto numberOf = [&](Position hit) {
+      return hit == 0 ? 0 : text_->NumberAt(text_->FindTagBack(hit));
+    };
+    const std::string_view depth = line.se->depth;
+    const std::int32_t blockEnd = numberOf(text_->FindBracket("FimSe", depth, line.position));
+    const Position hit = text_->FindBracket("CasoContrario", depth, line.position);
+    if (hit == 0 || numberOf(hit) >= blockEnd) return {};
+    return Behind(line, hit);
+  });
+}
+
+Jump RunnableText::Target(const Line& line) const {
+  return Remember(line.target, [&]() -> Jump {
+    // OPEN: a label with a blank in front of it is none; a search would find it behind the blank that ends
+    // every head.
+    if (line.label.starts_with(' ')) return {};
+    const Position hit = text_->FindLabel(std::string(line.label) + ":");
+    const Position tag = hit == 0 ? 0 : text_->FindTagBack(hit);
+    if (tag == 0) return {};
+    return {true, LineAt(tag)};
+  });
+}
+
+}  // namespace tessera

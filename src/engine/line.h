@@ -1,0 +1,122 @@
+// What can be told of one statement from its text alone, told once: the engine's memory of a line. A program
+// can't notice it, since the text of a running program never changes and the tables of its words and
+// routines are fixed when it starts.
+#pragma once
+
+#include <array>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "prepare/prepared_text.h"
+#include "values/conditions.h"
+#include "values/run.h"
+
+namespace tessera {
+
+// Which rule of the statement loop settles the line, in the order in which the loop asks.
+enum class Road {
+  EndProgram,   // FimPrograma
+  EndFunction,  // FimFuncao
+  EndWindow,    // FimJanela
+  Increment,    // x++
+  Decrement,    // x--
+  Add,          // x += e
+  Subtract,     // x -= e
+  NewWindow,    // NovaJanela
+  Database,     // BD
+  GoTo,         // VaPara
+  Blocks,       // a bracket word, or none: the last road
+};
+
+// A bracket word in a line: its depth as written, and the text of the condition that it may carry.
+struct Bracket {
+  std::string_view depth;
+  std::string_view conditionText;
+  mutable std::optional<Condition> condition;  // cut at first use, since the cutting can fail
+};
+
+struct Line;
+
+// Where a search leads: `found` tells whether the sought word was there, `next` is the line to go on with,
+// none where the text ends.
+struct Jump {
+  bool found = false;
+  const Line* next = nullptr;
+};
+
+// The right side of an assignment.
+struct RightSide {
+  std::string_view text;
+  bool isText = false;                   // holds one of the calls that make it text
+  bool readsSql = false;                 // a plain read of a SQL field
+  std::vector<std::string_view> joined;  // the terms between " & ", where there are any
+};
+
+// How a line that no rule of the loop settles begins.
+struct Opening {
+  std::string_view word;  // from column 20 to the first blank
+  std::string_view rest;  // behind the word and one blank
+  bool declares = false;
+  bool returns = false;
+  bool callsSub = false;
+  bool mayDispatch = false;  // a command, a label or a block word
+  RightSide right;           // were the word a variable
+};
+
+struct Line {
+  Position position = 0;  // of "&#"
+  Position end = 0;       // of the CR LF behind it
+  std::string_view text;  // head included
+  std::int32_t number = 0;
+  SourcePosition source;
+  Road road = Road::Blocks;
+
+  std::string_view variable;  // of the step and compound forms
+  std::string expression;
+  std::string_view label;  // of VaPara, untrimmed
+  std::optional<Bracket> enquanto, repita, se, fimSe, casoContrario;
+  bool testsClick = false;
+  Opening opening;
+
+  // Filled at first use, each by the search that the rules tell.
+  mutable std::optional<const Line*> next;
+  mutable std::optional<Jump> loopEnd;      // behind the Repita of an Enquanto
+  mutable std::optional<Jump> loopStart;    // the Enquanto of a Repita
+  mutable std::optional<Jump> blockEnd;     // behind the FimSe of this depth
+  mutable std::optional<Jump> alternative;  // behind the CasoContrario of a Se's own block
+  mutable std::optional<Jump> target;       // the line that holds the label
+};
+
+// A text that a loop walks, with its lines remembered.
+class RunnableText {
+ public:
+  RunnableText(const Run& run, std::shared_ptr<const PreparedText> text);
+
+  const PreparedText& text() const { return *text_; }
+
+  // The line of the statement of that number at or behind `from`; none if there is none.
+  const Line* FindStatement(std::int32_t number, Position from) const;
+  // The line whose "&#" stands at `position`.
+  const Line* LineAt(Position position) const;
+
+  // The line behind `line`, and where its searches lead.
+  const Line* Next(const Line& line) const;
+  Jump LoopEnd(const Line& line) const;
+  Jump LoopStart(const Line& line) const;
+  Jump BlockEnd(const Line& line, std::string_view depth) const;
+  Jump Alternative(const Line& line) const;
+  Jump Target(const Line& line) const;
+
+ private:
+  Jump Behind(const Line& line, Position hit) const;
+
+  const Run& run_;
+  std::shared_ptr<const PreparedText> text_;
+  mutable std::unordered_map<Position, std::unique_ptr<const Line>> lines_;
+};
+
+}  // namespace tessera

@@ -1,0 +1,41 @@
+// One instance of the statement loop: walks a text, keeps the outcomes of its open blocks.
+#pragma once
+
+#include <array>
+#include <string_view>
+
+#include "engine/engine.h"
+#include "engine/line.h"
+
+namespace tessera {
+
+class StatementLoop {
+ public:
+  StatementLoop(Engine& engine, Run& run, const RunnableText& text)
+      : engine_(engine), run_(run), text_(text) {}
+
+  // Runs from the statement of that number, or from the first one for 0.
+  void RunFrom(std::int32_t startStatement);
+
+ private:
+  static constexpr std::size_t kDepths = 21;
+
+  // Each settles one line and tells the line to go on with; none leaves the loop.
+  const Line* Step(const Line& line);
+  const Line* EndWindow();
+  const Line* StepVariable(const Line& line, int change);
+  const Line* Compound(const Line& line);
+  const Line* OpenWindow(const Line& line);
+  const Line* DatabaseBlock(const Line& line);
+  const Line* GoTo(const Line& line);
+  const Line* Blocks(const Line& line);
+  bool Holds(const Bracket& bracket);
+  std::string_view& SeResult(std::string_view depth);
+
+  Engine& engine_;
+  Run& run_;
+  const RunnableText& text_;
+  std::array<std::string_view, kDepths> seResult_{};
+};
+
+}  // namespace tessera

@@ -1,0 +1,100 @@
+#include "prepare/linking.h"
+
+#include "text/literal.h"
+#include "text/one_based.h"
+
+namespace tessera {
+
+namespace {
+
+// True when a statement begins at offset i: 4 characters before it stands the "#" of the editor's tag.
+// Everything that is inserted stands behind a word, so the place can be told on the text as it came.
+bool StandsAt(std::string_view text, std::size_t i, std::string_view word) {
+  return i >= 4 && text[i - 4] == '#' && text.compare(i, word.size(), word) == 0;
+}
+
+std::string Bracketed(int depth) {
+  return "[" + std::to_string(depth) + "]";
+}
+
+// Overwrites every occurrence of `word` with "X"s and counts them.
+int CountAndOverwrite(std::string& text, std::string_view word) {
+  int count = 0;
+  for (std::size_t at = text.find(word); at != std::string::npos; at = text.find(word, at + word.size())) {
+    text.replace(at, word.size(), word.size(), 'X');
+    ++count;
+  }
+  return count;
+}
+
+}  // namespace
+
+std::string LinkSeBlocks(std::string_view text) {
+  constexpr std::string_view kElse = "CasoContrario";
+  constexpr std::string_view kEnd = "FimSe";
+  constexpr std::string_view kIf = "Se ";
+  std::string out;
+  out.reserve(text.size() + text.size() / 16);
+  int open = 0;
+  int level = 0;
+  for (std::size_t i = 0; i < text.size();) {
+    if (StandsAt(text, i, kElse)) {
+      out.append(kElse).append(Bracketed(open - 1));
+      i += kElse.size();
+    } else if (StandsAt(text, i, kEnd)) {
+      open -= 1;
+      level = open;
+      out.append(kEnd).append(Bracketed(open));
+      i += kEnd.size();
+    } else if (StandsAt(text, i, kIf)) {
+      out.append("Se").append(Bracketed(level)).append(" ");
+      open += 1;
+      level += 1;
+      i += kIf.size();
+    } else {
+      out.push_back(text[i++]);
+    }
+  }
+  return out;
+}
+
+std::string LinkEnquantoBlocks(std::string_view text) {
+  constexpr std::string_view kRepeat = "Repita";
+  constexpr std::string_view kWhile = "Enquanto";
+  std::string out;
+  out.reserve(text.size() + text.size() / 16);
+  int open = 0;
+  int level = 0;
+  for (std::size_t i = 0; i < text.size();) {
+    if (StandsAt(text, i, kRepeat)) {
+      open -= 1;
+      level = open;
+      out.append(kRepeat).append(Bracketed(open));
+      i += kRepeat.size();
+    } else if (StandsAt(text, i, kWhile)) {
+      out.append(kWhile).append(Bracketed(level));
+      open += 1;
+      level += 1;
+      i += kWhile.size();
+    } else {
+      out.push_back(text[i++]);
+    }
+  }
+  return out;
+}
+
+// KEPT: a bare count on everything in the program, names and literals included
+// (Linking.TheCheckCountsNamesAndLiterals).
+std::string CheckBlocks(std::string_view text) {
+  std::string copy = Upper(text);
+  std::string message;
+  const int ends = CountAndOverwrite(copy, "FIMSE[");
+  if (CountAndOverwrite(copy, "SE[") != ends) message = "Comando Se sem o respectivo FimSe!"_w;
+  const int repeats = CountAndOverwrite(copy, "REPITA[");
+  if (CountAndOverwrite(copy, "ENQUANTO[") != repeats) {
+    message = "Comando Enquanto sem o respectivo Repita!"_w;
+  }
+  return message;
+}
+
+}  // namespace tessera

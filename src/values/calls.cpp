@@ -1,0 +1,125 @@
+#include "values/calls.h"
+
+#include <algorithm>
+#include <array>
+
+#include "platform/failure.h"
+#include "text/one_based.h"
+#include "values/parens.h"
+
+namespace tessera {
+
+namespace {
+
+constexpr std::array<std::string_view, 11> kNumericFunctions = {
+    "VALORINTEIRO", "VALSTR",       "ANTILOGARITMO", "ARCOTANGENTE", "ARREDONDA",    "COSSENO",
+    "PARTEINTEIRA", "RAIZQUADRADA", "SENO",          "TANGENTE",     "VALORABSOLUTO"};
+
+bool IsNumericFunction(std::string_view name) {
+  const std::string upper = Upper(name);
+  return std::find(kNumericFunctions.begin(), kNumericFunctions.end(), upper) != kNumericFunctions.end();
+}
+
+bool IsNameCharacter(char c) {
+  const char lower = Lower(c);
+  return (c >= '0' && c <= '9') || (lower >= '_' && lower <= 'z');
+}
+
+bool IsQuoted(std::string_view text) {
+  return text.starts_with('"') && text.ends_with('"');
+}
+
+// The identifier that begins where `word` first stands, and the text between its parentheses.
+Call LocateCall(std::string_view text, std::string_view word) {
+  const std::string marked = MarkParens(text);
+  const Position begin = Find(marked, word);
+  Position end = begin;
+  while (IsNameCharacter(CharAt(marked, end))) ++end;
+  const Position mark = Find(marked, "]", end);
+  if (mark == 0) FailArgument();
+  const std::string closing = std::string("[") + CharAt(marked, mark - 1);
+  const Position close = Find(marked, closing, mark + 1);
+  if (close == 0) FailArgument();
+  return {
+      std::string(Mid(marked, begin, end - begin)), std::string(Mid(marked, mark + 1, close - mark - 1)), {}};
+}
+
+// The text behind a call's ")" and the character behind that: what stands two characters behind the end of
+// the argument text. OPEN: the argument text is looked for behind the call's own parenthesis; a look from the
+// text's first one would find an earlier like text and never come to an end.
+std::string_view BehindCall(std::string_view text, const Call& call, std::string_view argument) {
+  const Position open = Find(text, "(", Find(text, call.name));
+  const Position found = Find(text, argument, open + 1);
+  return Mid(text, found + argument.size() + 2);
+}
+
+}  // namespace
+
+std::optional<Call> FindFunction(const Run& run, std::string_view text) {
+  if (text.starts_with("Retorno String")) return std::nullopt;
+  text = Trim(text);
+  if (IsQuoted(text)) return std::nullopt;
+  const auto row = run.functionTable.FirstCalledIn(text);
+  if (!row) return std::nullopt;
+  return LocateCall(text, run.functionTable.words()[*row]);
+}
+
+void ApplyFunction(Run& run, std::string& text, const Call& call, bool& numericTarget) {
+  const Position nameAt = Find(text, call.name);
+  const std::string tail(Mid(text, Find(text, ")", nameAt) + 1, 1));
+  std::string built(Left(text, nameAt - 1));
+
+  built += run.doors.CommandCall(call.name, call.arguments).ToText();
+  if (!IsNumericFunction(call.name)) built += tail;
+
+  // KEPT: behind a call whose argument is empty or a variable the rest of the text is lost
+  // (Calls.TheRestIsLostBehindAVariableArgument).
+  const bool restIsLost =
+      !numericTarget && (call.arguments.empty() || run.variables.VarFind(call.arguments) != -1);
+  if (!restIsLost) {
+    built += BehindCall(text, call, StripParens(call.arguments));
+    if (numericTarget) built = Replace(built, ',', '.');
+  }
+  text = std::move(built);
+}
+
+std::optional<Call> FindUserFunction(const Run& run, std::string_view text) {
+  text = Trim(text);
+  if (text.starts_with('"')) return std::nullopt;
+  const auto row = run.programFunctions.FirstCalledIn(text);
+  if (!row) return std::nullopt;
+  Call call = LocateCall(text, run.programFunctions.words()[*row]);
+  call.resultType = run.program.routines.FunctionTypes[*row];
+  return call;
+}
+
+void ApplyUserFunction(Run& run, std::string& text, const Call& call) {
+  std::string built(Left(text, Find(text, call.name) - 1));
+  built += run.doors.CallFunction(call.name, call.arguments).ToText();
+
+  // KEPT: an empty argument text counts as found at position 1, so that a call with empty parentheses can
+  // only stand alone (Calls.ACallWithoutArgumentsStandsAlone).
+  const std::string argument = StripParens(call.arguments);
+  built += argument.empty() ? Mid(text, 3) : BehindCall(text, call, argument);
+
+  if (call.resultType == "Numero") {
+    const std::size_t comma = built.rfind(',');
+    if (comma != std::string::npos) built[comma] = '.';
+  }
+  if (call.resultType == "String" && !built.starts_with('"')) built = '"' + built + '"';
+  text = std::move(built);
+}
+
+void ReplaceFunctions(Run& run, std::string& text, bool& numericTarget) {
+  while (const auto call = FindFunction(run, text)) {
+    run.stack.Check();
+    if (IsNumericFunction(call->name)) numericTarget = true;
+    ApplyFunction(run, text, *call, numericTarget);
+  }
+}
+
+void ReplaceUserFunctions(Run& run, std::string& text) {
+  while (const auto call = FindUserFunction(run, text)) ApplyUserFunction(run, text, *call);
+}
+
+}  // namespace tessera

@@ -1,0 +1,38 @@
+// Conditions of `Se` and `Enquanto`: cut into terms, compared pair by pair, joined from the left.
+// The truth words are the texts "TRUE" and "FALSE"; a condition holds exactly when its final word is "TRUE".
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "values/run.h"
+#include "values/value.h"
+
+namespace tessera {
+
+inline constexpr std::string_view kTrue = "TRUE";
+inline constexpr std::string_view kFalse = "FALSE";
+
+// A condition's text cut into its parts; the lists hold only the entries up to the first empty one.
+struct Condition {
+  std::vector<std::string> terms;
+  std::vector<std::string> operators;
+  std::vector<std::string> connectives;
+};
+
+// Failure 9 for more than 51 terms.
+Condition SplitCondition(std::string_view text);
+
+// "TRUE", "FALSE", or empty for an operator that is none.
+std::string_view CompareTerms(std::string_view comparison, const Value& left, const Value& right);
+
+// The final word of the results, joined by the connectives strictly from the left.
+std::string_view CombineConditions(const std::vector<std::string>& connectives,
+                                   const std::vector<std::string_view>& results);
+
+// Evaluates every comparison, with its side effects, and joins the results. Failure 9 for more than 21
+// comparisons.
+std::string_view EvaluateCondition(Run& run, const Condition& condition);
+
+}  // namespace tessera

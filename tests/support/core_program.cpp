@@ -1,0 +1,67 @@
+#include "support/core_program.h"
+
+#include "platform/failure.h"
+#include "text/code_page.h"
+#include "text/one_based.h"
+#include "values/eval.h"
+
+namespace tessera::test {
+
+BoxAnswer RecordedBoxes::ShowBox(const Box& box) {
+  boxes.push_back(box);
+  return answer;
+}
+
+std::string FromSource(std::string_view utf8) {
+  std::string text;
+  const std::string source = std::get<std::string>(FromUtf8(utf8));
+  for (const char c : source) {
+    if (c == '\n') text.push_back('\r');
+    text.push_back(c);
+  }
+  return text;
+}
+
+CoreProgram::CoreProgram() : run(Host{dialogs, events, clock, random}), engine(run) {
+  run.functionTable.Fill(LanguageWords());
+  run.ProgramFileName = "TESTE.TSC";
+  run.RunningFlag = true;
+  run.doors.CommandCall = [this](std::string_view name, std::string_view arguments) {
+    return commands.CommandCall(name, arguments);
+  };
+  commands.Add("ESCREVA", [this](std::string_view, std::string_view arguments) {
+    for (const std::string& part : SplitArguments(run, arguments, 101)) {
+      if (part.empty()) break;
+      output_ += EvalNumber(run, part).ToText();
+    }
+    output_ += '\n';
+    return Value();
+  });
+}
+
+std::string CoreProgram::Run(std::string_view editor0, const std::vector<std::string_view>& furtherEditors) {
+  EditorTexts editors;
+  editors[0] = FromSource(editor0);
+  for (std::size_t i = 0; i < furtherEditors.size(); ++i) editors[i + 1] = FromSource(furtherEditors[i]);
+  InstallProgram(run, PrepareProgram(editors, [this](std::string_view text) { ShowCritical(run, text); }));
+  output_.clear();
+  const auto failure = Guard([&] { engine.RunStatements(run.program.ProgramText, 0); });
+  if (failure) output_ += "falha " + std::to_string(failure->number()) + "\n";
+  return ToUtf8(output_);
+}
+
+std::vector<std::string> CoreProgram::Boxes() const {
+  std::vector<std::string> texts;
+  for (const Box& box : dialogs.boxes) texts.push_back(ToUtf8(Replace(box.text, '\r', '|')));
+  return texts;
+}
+
+std::string Output(std::string_view source) {
+  return CoreProgram().Run(source);
+}
+
+std::string OutputWithRoutines(std::string_view source, std::string_view routines) {
+  return CoreProgram().Run(source, {routines});
+}
+
+}  // namespace tessera::test
