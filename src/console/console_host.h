@@ -32,8 +32,8 @@ struct ConsoleStreams {
 };
 
 struct ConsoleOptions {
-  std::string programTitle;   // boxes of this title go without it
-  bool answerCancel = false;  // boxes of OK and Cancel are answered Cancel
+  std::string programTitle = {};  // boxes of this title go without it
+  bool answerCancel = false;      // boxes of OK and Cancel are answered Cancel
 };
 
 inline constexpr int kFaultyScriptStatus = 3;

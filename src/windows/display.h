@@ -4,6 +4,7 @@
 // each change. What a person does reaches the logic through `FormEvents`.
 #pragma once
 
+#include <cmath>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -99,8 +100,9 @@ class Form : public Surface {
   }
 
   const Placement& Place() const { return place_; }
+  // A window stands on whole pixels: the place taken is the nearest one.
   void Move(const Placement& place) {
-    place_ = place;
+    place_ = {OnPixels(place.Left), OnPixels(place.Top), OnPixels(place.Width), OnPixels(place.Height)};
     ShowPlace();
   }
 
@@ -129,8 +131,8 @@ class Form : public Surface {
  protected:
   // A client area of that many pixels, as a person or the screen made it.
   void TakeScale(double width, double height) {
-    place_.Width = TwipsOfPixels(width);
-    place_.Height = TwipsOfPixels(height) + kFrameTwips;
+    place_.Width = OnPixels(TwipsOfPixels(width));
+    place_.Height = OnPixels(TwipsOfPixels(height)) + kFrameTwips;
   }
   void TakePosition(double left, double top) {
     place_.Left = left;
@@ -145,6 +147,8 @@ class Form : public Surface {
   virtual void ShowTitlebar() {}
 
  private:
+  static double OnPixels(double twips) { return TwipsOfPixels(std::round(PixelsOfTwips(twips))); }
+
   std::string caption_;
   Placement place_;
   WindowState state_ = WindowState::Normal;

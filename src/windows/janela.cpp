@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "commands/command_table.h"
 #include "platform/failure.h"
 #include "platform/process_end.h"
 #include "prepare/linking.h"
@@ -44,11 +45,6 @@ int Janela::RunProgram(const EditorTexts& editors, std::string_view projectStyle
   return status;
 }
 
-RunOutcome Janela::Start(const EditorTexts& editors, std::string_view projectStyleWord) {
-  Load();
-  return FirstActivation(editors, projectStyleWord);
-}
-
 void Janela::Load() {
   run_.RunningFlag = true;
   run_.StopFlag = false;
@@ -61,27 +57,31 @@ void Janela::Load() {
   form_->Move(place);
 }
 
+RunOutcome Janela::Start(const EditorTexts& editors, std::string_view projectStyleWord) {
+  Load();
+  RunOutcome outcome = RunOutcome::Ended;
+  // The outermost guard: a failure abandons the run without a word of ours, and the window stays.
+  const auto failure = Guard([&] { outcome = FirstActivation(editors, projectStyleWord); });
+  if (!failure) return outcome;
+  display_.TellAbandonedRun(SourcePositionText(run_), failure->description());
+  return RunOutcome::Abandoned;
+}
+
 RunOutcome Janela::FirstActivation(const EditorTexts& editors, std::string_view projectStyleWord) {
-  // The outermost guard: a failure abandons the run without a word, and the window stays.
-  try {
-    form_->SetVisible(false);
-    windows_.Reset(*form_);
-    form_->SetCaption(kMainWindowName);
-    SetLooks();
-    DeclareBuiltins();
-    if (projectStyleWord == kTransparentWord) form_->SetTitlebar(false);
-    if (!Prepare(editors)) return RunOutcome::Refused;
-    WriteGridVariables();
-    if (!Contains(run_.program.ProgramText->text(), kHiddenWord)) {
-      form_->SetState(WindowState::Normal);
-      form_->SetVisible(true);
-    }
-    engine_.RunStatements(run_.program.ProgramText, 0);
-    return RunOutcome::Ended;
-  } catch (const RunFailure& failure) {
-    display_.TellAbandonedRun(SourcePositionText(run_), failure.description());
-    return RunOutcome::Abandoned;
+  form_->SetVisible(false);
+  windows_.Reset(*form_);
+  form_->SetCaption(kMainWindowName);
+  SetLooks();
+  DeclareBuiltins();
+  if (projectStyleWord == kTransparentWord) form_->SetTitlebar(false);
+  if (!Prepare(editors)) return RunOutcome::Refused;
+  WriteGridVariables();
+  if (!Contains(run_.program.ProgramText->text(), kHiddenWord)) {
+    form_->SetState(WindowState::Normal);
+    form_->SetVisible(true);
   }
+  engine_.RunStatements(run_.program.ProgramText, 0);
+  return RunOutcome::Ended;
 }
 
 void Janela::SetLooks() {
@@ -100,6 +100,7 @@ void Janela::DeclareBuiltins() {
 
 // False when the block check refuses the program.
 bool Janela::Prepare(const EditorTexts& editors) {
+  run_.functionTable.Fill(LanguageWords());
   const auto showCritical = [this](std::string_view text) { ShowCritical(run_, text); };
   InstallProgram(run_, PrepareProgram(editors, showCritical));
   if (run_.program.routines.HasTimersFlag) {
@@ -149,12 +150,15 @@ void Janela::OnKeyDown(int keyCode, KeyShift) {
   if (keyCode == kKeyPause || keyCode == kKeyF6) Unload();
 }
 
+// OPEN: an event whose variable the program has removed changes nothing, and is no failure of the statement
+// that lets events through.
+void Janela::TellVariable(std::string_view name, const Value& value) {
+  Guard([&] { run_.variables.VarWrite(name, value, true); });
+}
+
 void Janela::TakePointer(double x, double y) {
-  const auto write = [&](std::string_view name, double cell) {
-    run_.variables.VarWrite(name, std::floor(cell + 0.5), true);
-  };
-  write("LinhaMouse", y / windows_.TamLin);
-  write("ColunaMouse", x / windows_.TamCol);
+  TellVariable("LinhaMouse", std::floor(y / windows_.TamLin + 0.5));
+  TellVariable("ColunaMouse", std::floor(x / windows_.TamCol + 0.5));
 }
 
 void Janela::OnMouseDown(MouseButton, double x, double y) {
@@ -170,12 +174,12 @@ void Janela::OnMouseUp(MouseButton, double x, double y) {
 }
 
 void Janela::OnClick() {
-  run_.variables.VarWrite("CliqueMouse", std::string("CLIQUE"), true);
+  TellVariable("CliqueMouse", std::string("CLIQUE"));
   run_.host.events.Pause(kClickPause);
 }
 
 void Janela::OnDoubleClick() {
-  run_.variables.VarWrite("CliqueMouse", std::string("DUPLOCLIQUE"), true);
+  TellVariable("CliqueMouse", std::string("DUPLOCLIQUE"));
 }
 
 }  // namespace tessera

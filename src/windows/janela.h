@@ -9,7 +9,7 @@
 //   Engine engine(run);
 //   Janela janela(run, engine, host);              // a host is a Display; fills the door UnloadMainWindow
 //   AddWindowCommands(table, run, janela.windows());
-//   ...                                            // other groups, doors, run.functionTable
+//   ...                                            // other groups and doors
 //   return janela.RunProgram(editors, projectStyleWord);
 #pragma once
 
@@ -68,6 +68,7 @@ class Janela final : public FormEvents {
   void DeclareBuiltins();
   bool Prepare(const EditorTexts& editors);
   void WriteGridVariables();
+  void TellVariable(std::string_view name, const Value& value);
   void TakePointer(double x, double y);
   void ClearWindowObjects();
 
