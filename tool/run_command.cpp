@@ -7,6 +7,7 @@
 #include "runtime/handover.h"
 #include "runtime/own_folder.h"
 #include "runtime/program_start.h"
+#include "tool/program_files.h"
 #include "tool/subcommands.h"
 #include "tool/terminal.h"
 

@@ -99,6 +99,7 @@ TEST(Floors, TheRuleRefusesWhatStandsAbove) {
 // The chief header of the display interface is what both hosts stand on, so it stays near the ground.
 TEST(Floors, TheDisplayInterfaceKnowsTheGroundAlone) {
   std::ifstream file(fs::path(TESSERA_SOURCE_DIR) / "src/windows/display.h");
+  ASSERT_TRUE(file);
   for (std::string line; std::getline(file, line);) {
     if (!line.starts_with("#include \"")) continue;
     const std::string include = line.substr(10, line.find('"', 10) - 10);
