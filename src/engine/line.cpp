@@ -63,24 +63,7 @@ void ReadBlocks(Line& line) {
   line.testsClick = line.se && Contains(line.text, "CliqueMouse");
 }
 
-RightSide ReadRightSide(std::string_view text, std::string_view upper) {
-  constexpr std::string_view kJoin = " & ";
-  RightSide right;
-  right.text = Trim(Mid(text, Find(text, "=") + 1));
-  right.isText = std::any_of(kTextCalls.begin(), kTextCalls.end(),
-                             [&](std::string_view call) { return Contains(upper, call); });
-  const std::string upperRight = Upper(right.text);
-  right.readsSql = upperRight.starts_with("SQL(") && !Contains(upperRight, "TOTALREGISTROS");
-  if (!Contains(right.text, kJoin)) return right;
-  Position begin = 1;
-  for (Position at; (at = Find(right.text, kJoin, begin)) != 0; begin = at + kJoin.size()) {
-    right.joined.push_back(Trim(Mid(right.text, begin, at - begin)));
-  }
-  right.joined.push_back(Trim(Mid(right.text, begin)));
-  return right;
-}
-
-Opening ReadOpening(const Run& run, std::string_view text, std::string_view upper) {
+Opening ReadOpening(const Run& run, std::string_view text) {
   Opening opening;
   const Position blank = Find(text, " ", kStatementColumn);
   opening.word =
@@ -93,7 +76,6 @@ Opening ReadOpening(const Run& run, std::string_view text, std::string_view uppe
   opening.callsSub = std::find(subs.begin(), subs.end(), opening.word) != subs.end();
   opening.mayDispatch = IsReservedWord(run.functionTable, opening.word) || upperWord.starts_with("REL.") ||
                         upperWord.starts_with("IMP.");
-  opening.right = ReadRightSide(text, upper);
   return opening;
 }
 
@@ -129,7 +111,7 @@ std::unique_ptr<const Line> ReadLine(const Run& run, const PreparedText& text, P
   line->road = ReadRoad(*line, upper);
   if (line->road != Road::Blocks) return line;
   ReadBlocks(*line);
-  line->opening = ReadOpening(run, line->text, upper);
+  line->opening = ReadOpening(run, line->text);
   return line;
 }
 
@@ -141,6 +123,24 @@ const Result& Remember(std::optional<Result>& place, Search search) {
 }
 
 }  // namespace
+
+RightSide ReadRightSide(std::string_view line) {
+  constexpr std::string_view kJoin = " & ";
+  const std::string upper = Upper(line);
+  RightSide right;
+  right.text = Trim(Mid(line, Find(line, "=") + 1));
+  right.isText = std::any_of(kTextCalls.begin(), kTextCalls.end(),
+                             [&](std::string_view call) { return Contains(upper, call); });
+  const std::string upperRight = Upper(right.text);
+  right.readsSql = upperRight.starts_with("SQL(") && !Contains(upperRight, "TOTALREGISTROS");
+  if (!Contains(right.text, kJoin)) return right;
+  Position begin = 1;
+  for (Position at; (at = Find(right.text, kJoin, begin)) != 0; begin = at + kJoin.size()) {
+    right.joined.push_back(Trim(Mid(right.text, begin, at - begin)));
+  }
+  right.joined.push_back(Trim(Mid(right.text, begin)));
+  return right;
+}
 
 RunnableText::RunnableText(const Run& run, std::shared_ptr<const PreparedText> text)
     : run_(run), text_(std::move(text)) {}

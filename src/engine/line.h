@@ -56,6 +56,9 @@ struct RightSide {
   std::vector<std::string_view> joined;  // the terms between " & ", where there are any
 };
 
+// The right side of an assignment's line.
+RightSide ReadRightSide(std::string_view line);
+
 // How a line that no rule of the loop settles begins.
 struct Opening {
   std::string_view word;  // from column 20 to the first blank
@@ -63,8 +66,8 @@ struct Opening {
   bool declares = false;
   bool returns = false;
   bool callsSub = false;
-  bool mayDispatch = false;  // a command, a label or a block word
-  RightSide right;           // were the word a variable
+  bool mayDispatch = false;                // a command, a label or a block word
+  mutable std::optional<RightSide> right;  // read when the word turns out to be a variable
 };
 
 struct Line {

@@ -27,7 +27,8 @@ void ExecuteStatement(Engine& engine, Run& run, const Line& line) {
   } else if (opening.returns) {
     run.ReturnValue = EvalNumber(run, opening.rest);
   } else if (run.variables.VarFind(opening.word) != -1) {
-    AssignStatement(run, opening.right, opening.word, run.variables.LastVarType() != kTypeString);
+    if (!opening.right) opening.right = ReadRightSide(line.text);
+    AssignStatement(run, *opening.right, opening.word, run.variables.LastVarType() != kTypeString);
   } else if (opening.mayDispatch) {
     run.doors.CommandCall(opening.word, opening.rest);
   } else {

@@ -37,8 +37,6 @@ std::string StatementKey(std::int32_t number) {
 
 PreparedText::PreparedText(std::string text) : text_(std::move(text)) {
   IndexTags();
-  for (const std::string_view word : {"Enquanto", "Repita", "FimSe", "CasoContrario"}) IndexBrackets(word);
-  IndexColons();
 }
 
 void PreparedText::IndexTags() {
@@ -52,17 +50,23 @@ void PreparedText::IndexTags() {
   std::sort(statements_.begin(), statements_.end());
 }
 
-void PreparedText::IndexBrackets(std::string_view word) {
-  ForEach(text_, std::string(word) + "[", [&](Position at) {
-    const Position close = Find(text_, "]", at);
-    if (close != 0) brackets_[std::string(Mid(text_, at, close + 1 - at))].push_back(at);
-  });
+PreparedText::Places PreparedText::IndexBrackets() const {
+  Places places;
+  for (const std::string_view word : {"Enquanto", "Repita", "FimSe", "CasoContrario"}) {
+    ForEach(text_, std::string(word) + "[", [&](Position at) {
+      const Position close = Find(text_, "]", at);
+      if (close != 0) places[std::string(Mid(text_, at, close + 1 - at))].push_back(at);
+    });
+  }
+  return places;
 }
 
-void PreparedText::IndexColons() {
+PreparedText::Places PreparedText::IndexColons() const {
+  Places places;
   ForEach(text_, ":", [&](Position at) {
-    if (at > 2) colons_[std::string(Mid(text_, at - 2, 2))].push_back(at);
+    if (at > 2) places[std::string(Mid(text_, at - 2, 2))].push_back(at);
   });
+  return places;
 }
 
 Position PreparedText::FindStatement(std::int32_t number, Position from) const {
@@ -80,8 +84,9 @@ std::int32_t PreparedText::NumberAt(Position tag) const {
 }
 
 const std::vector<Position>* PreparedText::Brackets(std::string_view word, std::string_view depth) const {
-  const auto found = brackets_.find(plain::BracketWord(word, depth));
-  return found == brackets_.end() ? nullptr : &found->second;
+  if (!brackets_) brackets_ = IndexBrackets();
+  const auto found = brackets_->find(plain::BracketWord(word, depth));
+  return found == brackets_->end() ? nullptr : &found->second;
 }
 
 Position PreparedText::FindBracket(std::string_view word, std::string_view depth, Position from) const {
@@ -100,8 +105,9 @@ Position PreparedText::FindLabel(std::string_view labelWithColon) const {
     return plain::FindLabel(text_, labelWithColon);
   }
   const std::size_t length = labelWithColon.size();
-  const auto found = colons_.find(std::string(labelWithColon.substr(length - 3, 2)));
-  if (found == colons_.end()) return 0;
+  if (!colons_) colons_ = IndexColons();
+  const auto found = colons_->find(std::string(labelWithColon.substr(length - 3, 2)));
+  if (found == colons_->end()) return 0;
   for (const Position colon : found->second) {
     if (colon >= length && Mid(text_, colon + 1 - length, length) == labelWithColon)
       return colon + 1 - length;

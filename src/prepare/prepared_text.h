@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -54,16 +55,19 @@ class PreparedText {
   Position FindLabel(std::string_view labelWithColon) const;
 
  private:
+  using Places = std::unordered_map<std::string, std::vector<Position>>;
+
   void IndexTags();
-  void IndexBrackets(std::string_view word);
-  void IndexColons();
+  Places IndexBrackets() const;
+  Places IndexColons() const;
   const std::vector<Position>* Brackets(std::string_view word, std::string_view depth) const;
 
   std::string text_;
-  std::vector<Position> tags_;                                       // every "&#", literals included
-  std::vector<std::pair<std::int32_t, Position>> statements_;        // number and key, sorted
-  std::unordered_map<std::string, std::vector<Position>> brackets_;  // by the whole bracket word
-  std::unordered_map<std::string, std::vector<Position>> colons_;    // by the two characters in front
+  std::vector<Position> tags_;                                 // every "&#", literals included
+  std::vector<std::pair<std::int32_t, Position>> statements_;  // number and key, sorted
+  // Made at the first search, since most bodies of routines need neither.
+  mutable std::optional<Places> brackets_;  // by the whole bracket word
+  mutable std::optional<Places> colons_;    // by the two characters in front
 };
 
 }  // namespace tessera

@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/binary_file.h"
 #include "platform/host.h"
 #include "platform/stack_limit.h"
 #include "prepare/prepare.h"
@@ -67,6 +68,7 @@ struct Run {
 
   PreparedProgram program;
   VariableStore variables;
+  FileNumbers fileNumbers;  // of every file that the program has open, whatever command opened it
   FunctionTable functionTable;     // the language's words
   FunctionTable programFunctions;  // names of the program's functions
 

@@ -1,0 +1,82 @@
+// Files that a running program has open: each under a number, read and written at byte positions.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace tessera {
+
+// Fails with the run-time failure that stands for a system error number (errno).
+[[noreturn]] void FailSystem(int error);
+
+// Anything that stands behind a file number; closing it is its destruction.
+class OpenedFile {
+ public:
+  virtual ~OpenedFile() = default;
+};
+
+// A file opened for reading and writing at positions, shared with every other process. Positions count bytes
+// from 1. Paths are the system's own, in UTF-8.
+class BinaryFile final : public OpenedFile {
+ public:
+  // Opens the file, and creates it when there is none. Where writing is forbidden it is opened for reading.
+  static std::unique_ptr<BinaryFile> Open(const std::string& path);
+  ~BinaryFile() override;
+  BinaryFile(const BinaryFile&) = delete;
+  BinaryFile& operator=(const BinaryFile&) = delete;
+
+  // The bytes from `position` on; fewer, or none, where the file ends before.
+  std::string Read(std::uint64_t position, std::size_t length) const;
+  // The same, with a blank for every byte behind the file's end.
+  std::string ReadBlankPadded(std::uint64_t position, std::size_t length) const;
+  void Write(std::uint64_t position, std::string_view bytes);
+
+  std::uint64_t Size() const;
+  // Returns when what was written has reached the disk.
+  void Sync();
+
+  int descriptor() const { return descriptor_; }
+
+ private:
+  std::size_t ReadableLength(std::uint64_t position, std::size_t length) const;
+
+  explicit BinaryFile(int descriptor) : descriptor_(descriptor) {}
+
+  int descriptor_;
+};
+
+// The numbers under which a program's files are open, shared by all commands that open files.
+class FileNumbers {
+ public:
+  static constexpr int kFirst = 1;
+  static constexpr int kLast = 511;
+
+  // The lowest number that stands for no open file; failure 67 when there is none.
+  int Free() const;
+
+  // Puts a file under a number that is free (failure 55 otherwise; 52 for a number out of range).
+  void Put(int number, std::unique_ptr<OpenedFile> file);
+
+  // The file of a number; failure 52 when none is open there, 54 when it is of another kind.
+  template <typename File>
+  File& Get(int number) const {
+    if (auto* file = dynamic_cast<File*>(&Find(number))) return *file;
+    FailMode();
+  }
+
+  // Closes one number, or all of them; a number that is not open is passed over.
+  void Close(int number) { files_.erase(number); }
+  void CloseAll() { files_.clear(); }
+
+ private:
+  OpenedFile& Find(int number) const;
+  [[noreturn]] static void FailMode();
+
+  std::map<int, std::unique_ptr<OpenedFile>> files_;
+};
+
+}  // namespace tessera
