@@ -4,7 +4,9 @@
 #include <string_view>
 
 #include "commands/command_table.h"
+#include "commands/number_commands.h"
 #include "commands/system_commands.h"
+#include "commands/text_commands.h"
 #include "engine/engine.h"
 #include "image/image_reader.h"
 #include "values/run.h"
@@ -41,6 +43,8 @@ int RunProgram(const ProgramStart& start, const Host& host, Display& display) {
   Janela janela(run, engine, display);
   CommandTable commands;
   FillDoors(run, commands);
+  AddTextCommands(commands, run);
+  AddNumberCommands(commands, run);
   AddSystemCommands(commands, run);
   AddWindowCommands(commands, run, janela.windows());
 

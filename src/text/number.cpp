@@ -154,6 +154,16 @@ std::string ExactDecimal::ToText() const {
   return {reversed.rbegin(), reversed.rend()};
 }
 
+ExactDecimal ExactDecimal::RoundedTo(int places) const {
+  if (scale_ <= places) return *this;
+  const Coefficient unit = PowerOfTen(scale_ - places);
+  const Coefficient magnitude = coefficient_ < 0 ? -coefficient_ : coefficient_;
+  Coefficient rounded = magnitude / unit;
+  const Coefficient rest = magnitude % unit;
+  if (rest > unit - rest || (rest == unit - rest && rounded % 2 != 0)) ++rounded;
+  return *Normalised(coefficient_ < 0 ? -rounded : rounded, places);
+}
+
 std::optional<ExactDecimal> ExactDecimal::Add(const ExactDecimal& a, const ExactDecimal& b) {
   const ExactDecimal& fine = a.scale_ >= b.scale_ ? a : b;
   const ExactDecimal& coarse = a.scale_ >= b.scale_ ? b : a;

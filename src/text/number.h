@@ -25,6 +25,9 @@ class ExactDecimal {
   // Positional form, without exponent: "-0,00000015".
   std::string ToText() const;
 
+  // Rounded to `places` (0 or more) behind the mark, ties to even.
+  ExactDecimal RoundedTo(int places) const;
+
   // Exact sum; nothing where it leaves the decimals' range.
   static std::optional<ExactDecimal> Add(const ExactDecimal& a, const ExactDecimal& b);
   ExactDecimal Negated() const { return ExactDecimal(-coefficient_, scale_); }

@@ -1,0 +1,158 @@
+#include "commands/number_commands.h"
+
+#include <cmath>
+#include <cstdint>
+#include <limits>
+
+#include "commands/arguments.h"
+#include "platform/failure.h"
+#include "text/number.h"
+#include "text/one_based.h"
+
+namespace tessera {
+
+namespace {
+
+Value OnlyArgument(Run& run, std::string_view text) {
+  return Arguments(run, text, kTwoArguments).Number(0);
+}
+
+// A function of one number; a result that no float holds is failure 6.
+template <double (*Function)(double)>
+Value OfNumber(Run& run, std::string_view text) {
+  const double result = Function(OnlyArgument(run, text).ToDouble());
+  if (!std::isfinite(result)) FailOverflow();
+  return result;
+}
+
+double Absolute(double x) {
+  return std::fabs(x);
+}
+double Truncated(double x) {
+  return std::trunc(x);
+}
+double Sine(double x) {
+  return std::sin(x);
+}
+double Cosine(double x) {
+  return std::cos(x);
+}
+double Tangent(double x) {
+  return std::tan(x);
+}
+double ArcTangent(double x) {
+  return std::atan(x);
+}
+double Exponential(double x) {
+  return std::exp(x);
+}
+double SquareRoot(double x) {
+  if (x < 0) FailArgument();
+  return std::sqrt(x);
+}
+double NaturalLogarithm(double x) {
+  if (x <= 0) FailArgument();
+  return std::log(x);
+}
+
+// Rounds the digits that the number shows, so that 2,675 is a tie; the kind of number stays.
+Value Arredonda(Run& run, std::string_view text) {
+  const Arguments arguments(run, text, kTwoArguments);
+  const Value value = arguments.Number(0);
+  const std::int32_t places = arguments.Number(1).ToInteger();
+  if (places < 0) FailArgument();
+  if (const ExactDecimal* exact = value.AsDecimal()) return exact->RoundedTo(places);
+  const double number = value.ToDouble();
+  const auto exact = ExactDecimal::FromDouble(number);
+  // A float beyond the exact decimals has no places.
+  return exact ? exact->RoundedTo(places).ToDouble() : number;
+}
+
+Value Sinal(Run& run, std::string_view text) {
+  const double number = OnlyArgument(run, text).ToDouble();
+  return std::int32_t{(number > 0) - (number < 0)};
+}
+
+Value ValorInteiro(Run& run, std::string_view text) {
+  return RoundToInteger(std::floor(OnlyArgument(run, text).ToDouble()));
+}
+
+// KEPT: the product is rounded, so that the limit itself may come (NumberCommands.AleatorioReachesItsLimit).
+Value Aleatorio(Run& run, std::string_view text) {
+  const double limit = OnlyArgument(run, text).ToDouble();
+  return RoundToInteger(limit * run.host.random.Next());
+}
+
+Value Rgb(Run& run, std::string_view text) {
+  const Arguments arguments(run, text, kThreeArguments);
+  const double red = arguments.Number(0).ToInteger();
+  const double green = arguments.Number(1).ToInteger();
+  const double blue = arguments.Number(2).ToInteger();
+  return RoundToInteger(red + 256 * green + 65536 * blue);
+}
+
+Value Hexadecimal(Run& run, std::string_view text) {
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
+  // A negative number shows its two's complement.
+  auto rest = static_cast<std::uint32_t>(OnlyArgument(run, text).ToInteger());
+  std::string digits;
+  do {
+    digits.insert(digits.begin(), kDigits[rest % 16]);
+    rest /= 16;
+  } while (rest != 0);
+  return Quote(digits);
+}
+
+// KEPT: a value above 255 has all eight digits set, since each weight is taken once
+// (NumberCommands.BinaryDigitsOfLargeNumbersAreAllOnes).
+Value DecBin(Run& run, std::string_view text) {
+  std::int16_t rest = OnlyArgument(run, text).ToShort();
+  std::string digits;
+  for (std::int16_t weight = 128; weight > 0; weight = static_cast<std::int16_t>(weight / 2)) {
+    const bool one = weight <= rest;
+    digits.push_back(one ? '1' : '0');
+    if (one) rest = static_cast<std::int16_t>(rest - weight);
+  }
+  return digits;
+}
+
+Value BinDec(Run& run, std::string_view text) {
+  const std::string digits = Arguments(run, text, kTwoArguments).Text(0);
+  constexpr std::int32_t kLargest = std::numeric_limits<std::int16_t>::max();
+  std::int32_t sum = 0;
+  std::int32_t weight = 1;
+  for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit) {
+    if (*digit == '1') sum += weight;
+    if (sum > kLargest) FailOverflow();
+    if (weight <= kLargest) weight *= 2;
+  }
+  return sum;
+}
+
+constexpr CommandRow kRows[] = {
+    {"ARREDONDA", Arredonda},
+    {"SINAL", Sinal},
+    {"VALORABSOLUTO", OfNumber<Absolute>},
+    {"VALORINTEIRO", ValorInteiro},
+    {"PARTEINTEIRA", OfNumber<Truncated>},
+    {"RAIZQUADRADA", OfNumber<SquareRoot>},
+    {"SENO", OfNumber<Sine>},
+    {"COSSENO", OfNumber<Cosine>},
+    {"TANGENTE", OfNumber<Tangent>},
+    {"ARCOTANGENTE", OfNumber<ArcTangent>},
+    {"LOGARITMO", OfNumber<NaturalLogarithm>},
+    {"ANTILOGARITMO", OfNumber<Exponential>},
+    {"ALEATORIO", Aleatorio},
+    {"RGB", Rgb},
+    {"HEXADECIMAL", Hexadecimal},
+    {"DECBIN", DecBin},
+    {"BINDEC", BinDec},
+};
+
+}  // namespace
+
+void AddNumberCommands(CommandTable& table, Run& run) {
+  AddRows(table, run, kRows);
+}
+
+}  // namespace tessera

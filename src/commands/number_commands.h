@@ -1,0 +1,10 @@
+// The commands on numbers: rounding, functions of analysis, other bases, chance, colours.
+#pragma once
+
+#include "commands/command_table.h"
+
+namespace tessera {
+
+void AddNumberCommands(CommandTable& table, Run& run);
+
+}  // namespace tessera

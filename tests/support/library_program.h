@@ -1,0 +1,46 @@
+// A run with the command library, for tests of one command at a time: what an expression gives, or the number
+// of the failure that it ends in.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "commands/number_commands.h"
+#include "commands/text_commands.h"
+#include "platform/failure.h"
+#include "support/core_program.h"
+#include "text/code_page.h"
+#include "values/eval.h"
+
+namespace tessera::test {
+
+class LibraryProgram : public CoreProgram {
+ public:
+  LibraryProgram() {
+    AddNumberCommands(commands, run);
+    AddTextCommands(commands, run);
+  }
+
+  // The value of an expression written in UTF-8, in UTF-8, or "falha N".
+  std::string Value(std::string_view expression) {
+    std::string value;
+    const auto failure = Guard([&] { value = ToUtf8(EvalNumber(run, FromSource(expression)).ToText()); });
+    return failure ? "falha " + std::to_string(failure->number()) : value;
+  }
+
+  // What the handler of one command answers, its quotes included.
+  std::string Answer(std::string_view name, std::string_view arguments) {
+    std::string answer;
+    const auto failure =
+        Guard([&] { answer = ToUtf8(commands.CommandCall(name, FromSource(arguments)).ToText()); });
+    return failure ? "falha " + std::to_string(failure->number()) : answer;
+  }
+};
+
+// An expression and its value.
+struct Rule {
+  std::string_view expression;
+  std::string_view value;
+};
+
+}  // namespace tessera::test
