@@ -1,5 +1,7 @@
 #include "runtime/composition.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -30,6 +32,12 @@ void FillDoors(Run& run, CommandTable& commands) {
   run.doors.CommandCall = [&commands](std::string_view name, std::string_view arguments) {
     return commands.CommandCall(name, arguments);
   };
+  // A word without a room behind it does nothing, like every word without a handler.
+  run.doors.NovaJanela = [](std::string_view) {};
+  run.doors.RunDatabaseBlock = [](std::string_view, std::size_t, std::size_t, std::int32_t statement) {
+    return statement;
+  };
+  run.doors.SqlReadField = [](std::string_view, std::string_view, std::string_view) { return Value(); };
 }
 
 }  // namespace
