@@ -6,9 +6,11 @@
 #include <string_view>
 
 #include "commands/command_table.h"
+#include "commands/date_commands.h"
 #include "commands/number_commands.h"
 #include "commands/system_commands.h"
 #include "commands/text_commands.h"
+#include "commands/validation_commands.h"
 #include "engine/engine.h"
 #include "image/image_reader.h"
 #include "values/run.h"
@@ -53,6 +55,8 @@ int RunProgram(const ProgramStart& start, const Host& host, Display& display) {
   FillDoors(run, commands);
   AddTextCommands(commands, run);
   AddNumberCommands(commands, run);
+  AddDateCommands(commands, run);
+  AddValidationCommands(commands, run);
   AddSystemCommands(commands, run);
   AddWindowCommands(commands, run, janela.windows());
 

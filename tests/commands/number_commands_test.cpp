@@ -7,15 +7,8 @@
 namespace tessera {
 namespace {
 
+using test::ExpectAnswers;
 using test::LibraryProgram;
-using test::Rule;
-
-void ExpectAnswers(std::string_view command, std::initializer_list<Rule> rules) {
-  LibraryProgram program;
-  for (const Rule& rule : rules) {
-    EXPECT_EQ(program.Answer(command, rule.expression), rule.value) << command << " " << rule.expression;
-  }
-}
 
 TEST(NumberCommands, ArredondaTakesTiesToEvenInTheDigitsShown) {
   ExpectAnswers("Arredonda", {{"2.5,0", "2"},

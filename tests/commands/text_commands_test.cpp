@@ -7,13 +7,9 @@
 namespace tessera {
 namespace {
 
+using test::ExpectAnswers;
+using test::ExpectValues;
 using test::LibraryProgram;
-using test::Rule;
-
-void ExpectValues(std::initializer_list<Rule> rules) {
-  LibraryProgram program;
-  for (const Rule& rule : rules) EXPECT_EQ(program.Value(rule.expression), rule.value) << rule.expression;
-}
 
 TEST(TextCommands, UnirJoinsValuesUpToTheFirstEmptyOne) {
   ExpectValues({{R"(Unir("a",1,"b"))", "a1b"},
@@ -62,21 +58,19 @@ TEST(TextCommands, SequenciaRepeatsACodeOrTheFirstCharacter) {
 }
 
 TEST(TextCommands, PosIniSearchesForwardOrBack) {
-  LibraryProgram program;
-  for (const Rule& rule : std::initializer_list<Rule>{{R"("abcabc","b")", "2"},
-                                                      {R"("abcabc","b",3)", "5"},
-                                                      {R"("abc","B")", "0"},
-                                                      {R"("abc","c",9)", "0"},
-                                                      {R"("abcabc","b","INVER")", "5"},
-                                                      {R"("abcabc","b","inverso",4)", "2"},
-                                                      {R"("abcabc","bc","INVER",5)", "2"},
-                                                      {R"("abcabc","bc","INVER",6)", "5"},
-                                                      {R"("abcabc","bc","INVER",99)", "5"},
-                                                      {R"("a","abc","INVER")", "0"},
-                                                      {R"("abc","c",0)", "falha 5"},
-                                                      {R"("abc","c","x")", "falha 13"}}) {
-    EXPECT_EQ(program.Answer("PosIni", rule.expression), rule.value) << rule.expression;
-    EXPECT_EQ(program.Answer("POSICAOINICIAL", rule.expression), rule.value) << rule.expression;
+  for (const std::string_view name : {"PosIni", "POSICAOINICIAL"}) {
+    ExpectAnswers(name, {{R"("abcabc","b")", "2"},
+                         {R"("abcabc","b",3)", "5"},
+                         {R"("abc","B")", "0"},
+                         {R"("abc","c",9)", "0"},
+                         {R"("abcabc","b","INVER")", "5"},
+                         {R"("abcabc","b","inverso",4)", "2"},
+                         {R"("abcabc","bc","INVER",5)", "2"},
+                         {R"("abcabc","bc","INVER",6)", "5"},
+                         {R"("abcabc","bc","INVER",99)", "5"},
+                         {R"("a","abc","INVER")", "0"},
+                         {R"("abc","c",0)", "falha 5"},
+                         {R"("abc","c","x")", "falha 13"}});
   }
 }
 

@@ -2,11 +2,16 @@
 // of the failure that it ends in.
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
+#include "commands/date_commands.h"
 #include "commands/number_commands.h"
 #include "commands/text_commands.h"
+#include "commands/validation_commands.h"
 #include "platform/failure.h"
 #include "support/core_program.h"
 #include "text/code_page.h"
@@ -17,8 +22,10 @@ namespace tessera::test {
 class LibraryProgram : public CoreProgram {
  public:
   LibraryProgram() {
+    AddDateCommands(commands, run);
     AddNumberCommands(commands, run);
     AddTextCommands(commands, run);
+    AddValidationCommands(commands, run);
   }
 
   // The value of an expression written in UTF-8, in UTF-8, or "falha N".
@@ -37,10 +44,22 @@ class LibraryProgram : public CoreProgram {
   }
 };
 
-// An expression and its value.
+// An expression, or a command's arguments, and what comes of it.
 struct Rule {
   std::string_view expression;
   std::string_view value;
 };
+
+inline void ExpectValues(std::initializer_list<Rule> rules) {
+  LibraryProgram program;
+  for (const Rule& rule : rules) EXPECT_EQ(program.Value(rule.expression), rule.value) << rule.expression;
+}
+
+inline void ExpectAnswers(std::string_view command, std::initializer_list<Rule> rules) {
+  LibraryProgram program;
+  for (const Rule& rule : rules) {
+    EXPECT_EQ(program.Answer(command, rule.expression), rule.value) << command << " " << rule.expression;
+  }
+}
 
 }  // namespace tessera::test
