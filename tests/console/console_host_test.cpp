@@ -144,7 +144,7 @@ TEST(ConsoleScript, AFaultyLineEndsTheRunWithThree) {
 
 TEST(ConsoleClosing, ClosingEndsTheProgramWhereItWaits) {
   const char* program = "Escreva Espere(1)\nEscreva \"nunca\"\n";
-  const char* routines = "Funcao Espere(x) Numero\nAguarde 0\nRetorne 7\nFimFuncao\n";
+  const char* routines = "Funcao Espere(x Inteiro) Numero\nAguarde 0\nRetorne 7\nFimFuncao\n";
   for (const char* line : {"fecha", "FECHA Pai", "tecla 19", "tecla 117 ctrl", "aperta 19"}) {
     const Transcript t = Play(program, line, routines);
     EXPECT_EQ(t.out, "") << line;

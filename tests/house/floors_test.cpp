@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <map>
 #include <set>
 #include <string>
@@ -117,6 +118,25 @@ TEST(Floors, WindowToolkitHeadersStayInTheirRoom) {
       if (!line.starts_with("#include <Q")) continue;
       const fs::path relative = fs::relative(entry.path(), fs::path(TESSERA_SOURCE_DIR) / "src");
       EXPECT_TRUE(allowed.contains(relative.begin()->string())) << entry.path() << ": " << line;
+    }
+  }
+}
+
+// docs/open-rules.md tells the choices by the files that make them.
+TEST(OpenRules, EachFileWithAChoiceIsListed) {
+  const fs::path root = TESSERA_SOURCE_DIR;
+  std::ifstream page(root / "docs/open-rules.md");
+  const std::string listed{std::istreambuf_iterator<char>(page), std::istreambuf_iterator<char>()};
+  ASSERT_FALSE(listed.empty());
+  for (const char* top : {"src", "tool"}) {
+    for (const auto& entry : fs::recursive_directory_iterator(root / top)) {
+      if (!IsSource(entry.path())) continue;
+      std::ifstream file(entry.path());
+      const std::string text{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+      if (text.find("OPEN:") == std::string::npos) continue;
+      const std::string name = fs::relative(entry.path(), root / top).string();
+      EXPECT_NE(listed.find(name), std::string::npos)
+          << name << " makes a choice that the page does not tell";
     }
   }
 }
