@@ -28,13 +28,14 @@ QWidget* WidgetNamed(const char* name) {
   return nullptr;
 }
 
-// Does `act` with the window of that name as soon as it is shown; the test fails where it never is.
+// Does `act` with the window of that name as soon as it is shown and active; the test fails where it never
+// is.
 class When {
  public:
   When(const char* name, std::function<void(QWidget&)> act) {
     timer_.callOnTimeout([this, name, act = std::move(act)] {
       QWidget* widget = WidgetNamed(name);
-      if (widget == nullptr || done_) return;
+      if (widget == nullptr || !widget->isActiveWindow() || done_) return;
       done_ = true;
       timer_.stop();
       act(*widget);
