@@ -7,6 +7,7 @@
 
 #include "commands/command_table.h"
 #include "commands/date_commands.h"
+#include "commands/file_commands.h"
 #include "commands/number_commands.h"
 #include "commands/system_commands.h"
 #include "commands/text_commands.h"
@@ -51,12 +52,14 @@ int RunProgram(const ProgramStart& start, const Host& host, Display& display) {
 
   Engine engine(run);
   Janela janela(run, engine, display);
+  FileCommands files(run);
   CommandTable commands;
   FillDoors(run, commands);
   AddTextCommands(commands, run);
   AddNumberCommands(commands, run);
   AddDateCommands(commands, run);
   AddValidationCommands(commands, run);
+  files.Register(commands);
   AddSystemCommands(commands, run);
   AddWindowCommands(commands, run, janela.windows());
 

@@ -10,6 +10,7 @@
 
 #include "platform/binary_file.h"
 #include "platform/host.h"
+#include "platform/paths.h"
 #include "platform/stack_limit.h"
 #include "prepare/prepare.h"
 #include "values/function_table.h"
@@ -66,9 +67,12 @@ struct Run {
   std::string RuntimeFolderText;
   std::string CommandLineText;
 
+  // Where the program's file names lead.
+  PathMapping paths;
+
   PreparedProgram program;
   VariableStore variables;
-  FileNumbers fileNumbers;  // of every file that the program has open, whatever command opened it
+  FileNumbers fileNumbers;         // of every file that the program has open, whatever command opened it
   FunctionTable functionTable;     // the language's words
   FunctionTable programFunctions;  // names of the program's functions
 

@@ -1,0 +1,214 @@
+#include "commands/file_commands.h"
+
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <utility>
+
+#include "commands/arguments.h"
+#include "commands/folder_commands.h"
+#include "platform/failure.h"
+#include "platform/file_system.h"
+#include "platform/text_file.h"
+#include "text/literal.h"
+#include "text/one_based.h"
+
+namespace tessera {
+
+namespace {
+
+// A byte position from 1, beyond 32 bits as well.
+std::uint64_t BytePosition(const Value& value) {
+  constexpr double kExact = 9007199254740992.0;  // up to here a float tells each position
+  const double position = RoundHalfEven(value.ToDouble());
+  if (position < 1) FailArgument();
+  if (position > kExact) FailOverflow();
+  return static_cast<std::uint64_t>(position);
+}
+
+std::size_t ByteCount(const Value& value) {
+  const std::int32_t count = value.ToInteger();
+  if (count < 0) FailArgument();
+  return static_cast<std::size_t>(count);
+}
+
+}  // namespace
+
+// The entry of an alias; null, behind a box, for one that is not in the table.
+FileAlias* FileCommands::FindAlias(std::string_view command, const std::string& alias) {
+  FileAlias* entry = alias.empty() ? nullptr : table_.Find(Upper(alias));
+  if (entry == nullptr) {
+    ShowCritical(run_, std::string(command)
+                           .append(" - Apelido de arquivo não encontrado: "_w)
+                           .append(alias)
+                           .append(kCrLf)
+                           .append(SourcePositionText(run_)));
+  }
+  return entry;
+}
+
+// The number of the file, or 0 where the mode opens nothing.
+int FileCommands::Open(const std::string& path, std::string_view mode) {
+  const int number = run_.fileNumbers.Free();
+  if (mode == kModeBinary) {
+    run_.fileNumbers.Put(number, BinaryFile::Open(path));
+  } else if (mode == kModeRead) {
+    run_.fileNumbers.Put(number, TextReader::Open(path));
+  } else if (mode == kModeWrite) {
+    run_.fileNumbers.Put(number, TextWriter::Open(path));
+  } else {
+    return 0;
+  }
+  return number;
+}
+
+// Lines written so far are in their files before one of these is opened another way. What a disk refuses is
+// told by the commands on that file.
+void FileCommands::FlushWriters() {
+  for (const FileAlias& entry : table_) {
+    if (entry.number == 0 || entry.mode != kModeWrite) continue;
+    Guard([&] { run_.fileNumbers.Get<TextWriter>(entry.number).Flush(); });
+  }
+}
+
+// KEPT: with all aliases taken nothing is opened and nothing said (FileCommands.The21stAliasOpensNothing).
+// OPEN: an opening that fails leaves the entry free, so that the program may try again; a file without a name
+// could never be reached, and is failure 52.
+Value FileCommands::AbreArquivo(std::string_view text) {
+  const Arguments arguments(run_, text, kThreeArguments);
+  FileAlias* entry = table_.FirstFree();
+  if (entry == nullptr) return {};
+  const std::string alias = Upper(arguments.Text(0));
+  if (alias.empty()) Fail(52);
+  const std::string path = run_.paths.SystemPath(arguments.Text(1));
+  const std::string mode = Upper(arguments.Text(2));
+  FlushWriters();
+  const int number = Open(path, mode);
+  *entry = {alias, number, mode};
+  return {};
+}
+
+Value FileCommands::FechaArquivo(std::string_view text) {
+  FileAlias* entry = FindAlias("FechaArquivo", Arguments(run_, text, kTwoArguments).Text(0));
+  if (entry == nullptr) return std::int32_t{0};
+  const FileAlias closed = std::exchange(*entry, {});
+  // A disk that refuses the last lines is told, and the file is closed all the same.
+  const auto failure = Guard([&] {
+    if (closed.number != 0 && closed.mode == kModeWrite) {
+      run_.fileNumbers.Get<TextWriter>(closed.number).Flush();
+    }
+  });
+  run_.fileNumbers.Close(closed.number);
+  if (failure) throw RunFailure(*failure);
+  return std::int32_t{0};
+}
+
+Value FileCommands::LeArquivo(std::string_view text) {
+  const Arguments arguments(run_, text, kThreeArguments);
+  const FileAlias* entry = FindAlias("LeArquivo", arguments.Text(0));
+  if (entry == nullptr) return {};
+  if (entry->mode == kModeBinary) {
+    const std::uint64_t position = BytePosition(arguments.Number(1));
+    const std::size_t length = ByteCount(arguments.Number(2));
+    return Quote(run_.fileNumbers.Get<BinaryFile>(entry->number).Read(position, length));
+  }
+  if (entry->mode == kModeRead) {
+    // KEPT: a line that is the word itself looks like the end (FileCommands.ALineEofEndsAReadingLoop).
+    return Quote(run_.fileNumbers.Get<TextReader>(entry->number).ReadLine().value_or("EOF"));
+  }
+  return {};
+}
+
+Value FileCommands::GravaArquivo(std::string_view text) {
+  const Arguments arguments(run_, text, kThreeArguments);
+  const FileAlias* entry = FindAlias("GravaArquivo", arguments.Text(0));
+  if (entry == nullptr) return {};
+  if (entry->mode == kModeBinary) {
+    const std::uint64_t position = BytePosition(arguments.Number(1));
+    run_.fileNumbers.Get<BinaryFile>(entry->number).Write(position, arguments.Text(2));
+  } else if (entry->mode == kModeWrite) {
+    run_.fileNumbers.Get<TextWriter>(entry->number).WriteLine(arguments.Text(1));
+  }
+  return {};
+}
+
+Value FileCommands::TamanhoArquivo(std::string_view text) {
+  const FileAlias* entry = FindAlias("TamanhoArquivo", Arguments(run_, text, kTwoArguments).Text(0));
+  if (entry == nullptr) return std::int32_t{0};
+  const FileNumbers& files = run_.fileNumbers;
+  const std::uint64_t size = entry->mode == kModeRead    ? files.Get<TextReader>(entry->number).Size()
+                             : entry->mode == kModeWrite ? files.Get<TextWriter>(entry->number).Size()
+                                                         : files.Get<BinaryFile>(entry->number).Size();
+  if (size > std::numeric_limits<std::int32_t>::max()) return static_cast<double>(size);
+  return static_cast<std::int32_t>(size);
+}
+
+Value FileCommands::Diretorio(std::string_view text) {
+  const Arguments arguments(run_, text, kTwoArguments);
+  const bool begins = !arguments.IsEmpty(0);
+  if (begins) {
+    const std::string path = arguments.Text(0);
+    std::size_t name = path.size();
+    while (name > 0 && !IsPathSeparator(path[name - 1])) --name;
+    // A pattern without a folder means the program's, one without a name every file.
+    const std::string folder = name == 0 ? "." : path.substr(0, name);
+    found_ = FilesThatFit(run_.paths.SystemPath(folder), name == path.size() ? "*" : path.substr(name));
+    nextFound_ = 0;
+    searching_ = true;
+  } else if (!searching_) {
+    FailArgument();
+  }
+  std::string next;
+  if (nextFound_ < found_.size()) {
+    next = found_[nextFound_++];
+  } else {
+    searching_ = false;
+  }
+  return begins ? Quote(next) : next;
+}
+
+std::string FileCommands::SideFilePath() const {
+  return run_.paths.SystemPath(run_.RuntimeFolderText + "\\TS.arq");
+}
+
+Value FileCommands::LeString(std::string_view text) {
+  const std::string key = Arguments(run_, text, kTwoArguments).Text(0);
+  return Quote(sideFile_.LeString(SideFilePath(), key));
+}
+
+Value FileCommands::SalvaString(std::string_view text) {
+  const Arguments arguments(run_, text, kTwoArguments);
+  const std::string key = arguments.Text(0);
+  sideFile_.SalvaString(SideFilePath(), key, arguments.Text(1));
+  return {};
+}
+
+void FileCommands::CloseAll() {
+  for (FileAlias& entry : table_) run_.fileNumbers.Close(std::exchange(entry, {}).number);
+}
+
+void FileCommands::Register(CommandTable& table) {
+  using Handler = Value (FileCommands::*)(std::string_view);
+  struct Row {
+    std::string_view word;
+    Handler handler;
+  };
+  constexpr Row kRows[] = {
+      {"ABREARQUIVO", &FileCommands::AbreArquivo},
+      {"FECHAARQUIVO", &FileCommands::FechaArquivo},
+      {"LEARQUIVO", &FileCommands::LeArquivo},
+      {"GRAVAARQUIVO", &FileCommands::GravaArquivo},
+      {"TAMANHOARQUIVO", &FileCommands::TamanhoArquivo},
+      {"DIRETORIO", &FileCommands::Diretorio},
+      {"LESTRING", &FileCommands::LeString},
+      {"SALVASTRING", &FileCommands::SalvaString},
+  };
+  for (const Row& row : kRows) {
+    table.Add(row.word, [this, handler = row.handler](std::string_view, std::string_view arguments) {
+      return (this->*handler)(arguments);
+    });
+  }
+  AddFolderCommands(table, run_);
+}
+
+}  // namespace tessera

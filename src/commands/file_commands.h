@@ -1,0 +1,56 @@
+// The commands on files under aliases, the listing of a folder, and the texts of the side file; and, since a
+// program knows them as one library, the commands on whole files and folders.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "commands/command_table.h"
+#include "commands/file_table.h"
+#include "commands/side_file.h"
+#include "values/run.h"
+
+namespace tessera {
+
+class FileCommands {
+ public:
+  // The run and the group live as long as the table that the group is registered in.
+  explicit FileCommands(Run& run) : run_(run) {}
+  ~FileCommands() { CloseAll(); }
+  FileCommands(const FileCommands&) = delete;
+  FileCommands& operator=(const FileCommands&) = delete;
+
+  void Register(CommandTable& table);
+
+  // Closes the files of all aliases and frees the aliases: every way out of the program leads here.
+  void CloseAll();
+
+ private:
+  Value AbreArquivo(std::string_view text);
+  Value FechaArquivo(std::string_view text);
+  Value LeArquivo(std::string_view text);
+  Value GravaArquivo(std::string_view text);
+  Value TamanhoArquivo(std::string_view text);
+  Value Diretorio(std::string_view text);
+  Value LeString(std::string_view text);
+  Value SalvaString(std::string_view text);
+
+  FileAlias* FindAlias(std::string_view command, const std::string& alias);
+  int Open(const std::string& path, std::string_view mode);
+  void FlushWriters();
+  std::string SideFilePath() const;
+
+  Run& run_;
+  FileTable table_;
+  SideFile sideFile_;
+
+  // The running search of `Diretorio`: the names found, and which is the next. At the end the last name has
+  // been given and the empty text is due; behind it no search is running.
+  std::vector<std::string> found_;
+  std::size_t nextFound_ = 0;
+  bool searching_ = false;
+};
+
+}  // namespace tessera

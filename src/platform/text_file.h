@@ -1,0 +1,58 @@
+// Files that a program reads or writes line by line, through a buffer. Both are opened shared: another
+// program may read them meanwhile. Paths are the system's own, in UTF-8.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/binary_file.h"
+#include "platform/descriptor.h"
+
+namespace tessera {
+
+class TextReader final : public OpenedFile {
+ public:
+  // Failures: 53 for a missing file, 76 for a missing folder, 75 for a folder in the file's place.
+  static std::unique_ptr<TextReader> Open(const std::string& path);
+
+  // The next line without its end (CR LF, LF or CR), or nothing at the end of the file. A last line needs no
+  // end.
+  std::optional<std::string> ReadLine();
+
+  std::uint64_t Size() const;
+
+ private:
+  explicit TextReader(Descriptor descriptor) : descriptor_(std::move(descriptor)) {}
+  // False at the end of the file.
+  bool Fill();
+
+  Descriptor descriptor_;
+  std::string buffer_;
+  std::size_t next_ = 0;  // offset in the buffer
+};
+
+class TextWriter final : public OpenedFile {
+ public:
+  // Creates or empties the file. Failures as above, and those of a disk.
+  static std::unique_ptr<TextWriter> Open(const std::string& path);
+  // What the buffer still holds is written; a failure is passed over. `Flush` before tells it.
+  ~TextWriter() override;
+
+  // Adds a line and its end, CR LF. A line that ended in a failure has not been added.
+  void WriteLine(std::string_view line);
+  // Writes what the buffer holds. What the disk refuses stays in the buffer.
+  void Flush();
+
+  std::uint64_t Size() const;
+
+ private:
+  explicit TextWriter(Descriptor descriptor) : descriptor_(std::move(descriptor)) {}
+
+  Descriptor descriptor_;
+  std::string buffer_;
+};
+
+}  // namespace tessera
