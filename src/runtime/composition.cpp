@@ -15,6 +15,7 @@
 #include "engine/engine.h"
 #include "image/image_reader.h"
 #include "values/run.h"
+#include "windows/event_commands.h"
 #include "windows/janela.h"
 #include "windows/window_commands.h"
 
@@ -36,7 +37,6 @@ void FillDoors(Run& run, CommandTable& commands) {
     return commands.CommandCall(name, arguments);
   };
   // A word without a room behind it does nothing, like every word without a handler.
-  run.doors.NovaJanela = [](std::string_view) {};
   run.doors.RunDatabaseBlock = [](std::string_view, std::size_t, std::size_t, std::int32_t statement) {
     return statement;
   };
@@ -61,7 +61,9 @@ int RunProgram(const ProgramStart& start, const Host& host, Display& display) {
   AddValidationCommands(commands, run);
   files.Register(commands);
   AddSystemCommands(commands, run);
+  janela.AddCommand(commands);
   AddWindowCommands(commands, run, janela.windows());
+  AddEventCommands(commands, run, janela.windows());
 
   const ProjectStyle style = ScanProjectStyle(start.program.EditorText);
   return janela.RunProgram(start.program.EditorText, style.ProjectStyleWord);

@@ -2,6 +2,7 @@
 
 #include "commands/system_commands.h"
 #include "support/core_program.h"
+#include "windows/event_commands.h"
 #include "windows/window_commands.h"
 
 namespace tessera::test {
@@ -15,7 +16,9 @@ HostedProgram::HostedProgram(const Host& host, Display& display)
   run.doors.CommandCall = [this](std::string_view name, std::string_view arguments) {
     return commands.CommandCall(name, arguments);
   };
+  janela.AddCommand(commands);
   AddWindowCommands(commands, run, janela.windows());
+  AddEventCommands(commands, run, janela.windows());
   AddSystemCommands(commands, run);
 }
 
