@@ -63,6 +63,9 @@ class EventDispatch {
   // host delivers one event line. False when no event can come any more.
   virtual bool AwaitEvents(std::chrono::milliseconds sleep) = 0;
 
+  // Sleeps, letting no event run.
+  virtual void Pause(std::chrono::milliseconds time) = 0;
+
   // Calls `tick` every `interval` until the timer is destroyed; ticks run inside a dispatch alone.
   virtual std::unique_ptr<Timer> StartTimer(std::chrono::milliseconds interval,
                                             std::function<void()> tick) = 0;

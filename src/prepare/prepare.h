@@ -2,22 +2,15 @@
 // This room never runs anything. Stages: tagging.h, linking.h, routines.h.
 #pragma once
 
-#include <array>
 #include <functional>
 #include <memory>
-#include <string>
 #include <string_view>
 
+#include "platform/editors.h"
 #include "prepare/prepared_text.h"
 #include "prepare/routines.h"
 
 namespace tessera {
-
-inline constexpr std::size_t kEditorPlaces = 11;  // of which only kEditors are ever filled
-inline constexpr std::size_t kEditors = 7;        // editor 0 and six further ones
-
-// Source of each editor in the code page; an empty text is no editor.
-using EditorTexts = std::array<std::string, kEditorPlaces>;
 
 struct PreparedProgram {
   std::shared_ptr<const PreparedText> ProgramText;

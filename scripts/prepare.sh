@@ -1,0 +1,50 @@
+# What ./run and ./test have in common: install what is missing, build the release preset. Sourced by bash from
+# the top folder.
+
+packages=(
+  g++ cmake ninja-build ccache mold          # build
+  libcli11-dev qt6-base-dev libgtest-dev     # libraries
+  fonts-dejavu-core fonts-liberation         # faces for "Courier New" and its like
+  xvfb xauth                                 # tests with a real display
+)
+
+is_installed() {
+  [ "$(dpkg-query -W -f '${Status}' "$1" 2>/dev/null)" = "install ok installed" ]
+}
+
+# Runs a command quietly; where it fails, shows what it said.
+quietly() {
+  local said
+  if ! said=$("$@" 2>&1); then
+    printf '%s\n' "$said" >&2
+    return 1
+  fi
+}
+
+install_missing() {
+  local missing=() package as_root=()
+  for package in "${packages[@]}"; do
+    is_installed "$package" || missing+=("$package")
+  done
+  [ ${#missing[@]} -eq 0 ] && return
+  if [ "$(id -u)" -ne 0 ]; then
+    if ! command -v sudo >/dev/null; then
+      echo "Faltam pacotes: ${missing[*]}. Instale-os como administrador e tente de novo." >&2
+      return 1
+    fi
+    as_root=(sudo)
+  fi
+  echo "Instalando: ${missing[*]}" >&2
+  quietly "${as_root[@]}" apt-get update -qq
+  quietly "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+    apt-get install -y -qq --no-install-recommends "${missing[@]}"
+}
+
+# build_release [TARGET...]: into build/release/bin; without a target, everything.
+build_release() {
+  [ -f build/release/build.ninja ] || quietly cmake --preset release
+  local targets=()
+  [ $# -gt 0 ] && targets=(--target "$@")
+  echo "Compilando..." >&2
+  quietly cmake --build --preset release "${targets[@]}"
+}

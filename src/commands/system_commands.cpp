@@ -1,0 +1,82 @@
+#include "commands/system_commands.h"
+
+#include <algorithm>
+#include <chrono>
+
+#include "text/one_based.h"
+#include "values/eval.h"
+
+namespace tessera {
+
+namespace {
+
+using std::chrono::milliseconds;
+
+constexpr std::size_t kMensagemPlaces = 101;
+constexpr std::size_t kEntraTextoPlaces = 3;
+constexpr std::size_t kAguardePlaces = 3;
+
+constexpr std::string_view kYesNoWord = "OPCAOSIMNAO";
+constexpr std::string_view kCancelled = "CANCELADO";
+
+Value Mensagem(Run& run, std::string_view arguments) {
+  Box box{.text = {}, .title = ProgramTitle(run), .icon = BoxIcon::Information};
+  for (const std::string& argument : SplitArguments(run, arguments, kMensagemPlaces)) {
+    if (argument.empty()) break;
+    const std::string text = EvalNumber(run, argument).ToText();
+    if (Upper(text) == kYesNoWord) {
+      box.icon = BoxIcon::Question;
+      box.buttons = BoxButtons::YesNo;
+      box.defaultAnswer = BoxAnswer::No;
+    } else {
+      box.text += text;
+    }
+  }
+  const BoxAnswer answer = run.host.dialogs.ShowBox(box);
+  if (box.buttons != BoxButtons::YesNo) return {};
+  return std::string(answer == BoxAnswer::Yes ? "SIM" : "NAO");
+}
+
+Value EntraTexto(Run& run, std::string_view arguments) {
+  const auto parts = SplitArguments(run, arguments, kEntraTextoPlaces);
+  const std::string prompt = EvalText(run, parts[0]).ToText();
+  const TextInputAnswer answer = run.host.dialogs.AskText(
+      {.caption = ProgramTitle(run), .prompt = prompt, .initial = EvalText(run, parts[1]).ToText()});
+  switch (answer.end) {
+    case InputEnd::Confirmed:
+      return Quote(answer.text);
+    case InputEnd::Cancelled:
+      return Quote(kCancelled);
+    case InputEnd::ClosedByFrame:
+      break;
+  }
+  // KEPT: the prompt is the answer of a form closed by its frame
+  // (SystemCommands.AnInputFormClosedByItsFrameAnswersThePrompt).
+  return Quote(prompt);
+}
+
+Value Aguarde(Run& run, std::string_view arguments) {
+  const std::string mode = SplitArguments(run, arguments, kAguardePlaces)[0];
+  if (Upper(mode) == "EVENTOS") {
+    run.host.events.AwaitEvents(milliseconds(0));
+    return {};
+  }
+  // OPEN: a negative time is no wait, so that a program may subtract what has gone by already.
+  const std::int32_t time = EvalNumber(run, mode).ToInteger();
+  run.host.events.AwaitEvents(milliseconds(std::max(time, 0)));
+  return {};
+}
+
+constexpr CommandRow kRows[] = {
+    {"MENSAGEM", Mensagem},
+    {"ENTRATEXTO", EntraTexto},
+    {"AGUARDE", Aguarde},
+};
+
+}  // namespace
+
+void AddSystemCommands(CommandTable& table, Run& run) {
+  AddRows(table, run, kRows);
+}
+
+}  // namespace tessera

@@ -1,0 +1,11 @@
+// The commands that reach the person and the clock: `Mensagem`, `EntraTexto`, `Aguarde`.
+#pragma once
+
+#include "commands/command_table.h"
+#include "values/run.h"
+
+namespace tessera {
+
+void AddSystemCommands(CommandTable& table, Run& run);
+
+}  // namespace tessera

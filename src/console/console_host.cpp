@@ -1,0 +1,261 @@
+#include "console/console_host.h"
+
+#include <algorithm>
+#include <array>
+#include <thread>
+
+#include "text/code_page.h"
+#include "text/literal.h"
+#include "text/one_based.h"
+#include "windows/window_model.h"
+
+namespace tessera {
+
+namespace {
+
+constexpr double kScreenWidth = 1920;
+constexpr double kScreenHeight = 1080;
+constexpr double kMainWidth = 640;
+constexpr double kMainHeight = 420;
+
+std::string_view IconWord(BoxIcon icon) {
+  constexpr std::array<std::string_view, 5> kWords = {"caixa", "critico", "aviso", "pergunta", "info"};
+  return kWords[static_cast<std::size_t>(icon)];
+}
+
+// Program text for the terminal: line breaks inside become a line feed and two blanks.
+std::string IndentedUtf8(std::string_view text) {
+  std::string lines;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n') continue;
+    if (text[i] == '\r' || text[i] == '\n') {
+      lines += "\n  ";
+    } else {
+      lines += text[i];
+    }
+  }
+  return ToUtf8(lines);
+}
+
+bool IsYes(std::string_view answer) {
+  return EqualsIgnoringCase(Trim(answer), "s") || EqualsIgnoringCase(Trim(answer), "sim");
+}
+
+}  // namespace
+
+// A window in memory; what is printed on it goes to the output.
+class ConsoleForm final : public Form {
+ public:
+  ConsoleForm(ConsoleHost& host, FormEvents& formEvents) : events(formEvents), host_(host) {
+    TakeScale(kMainWidth, kMainHeight);
+    host_.forms_.push_back(this);
+  }
+  ~ConsoleForm() override { std::erase(host_.forms_, this); }
+  ConsoleForm(const ConsoleForm&) = delete;
+  ConsoleForm& operator=(const ConsoleForm&) = delete;
+
+  void Print(std::string_view text) override { host_.WriteLine(text); }
+  void Cls() override {}
+
+  void ResizeByPerson(double lines, double columns) {
+    TakeScale(PixelsOfTwips(columns * kWindowColumnTwips), PixelsOfTwips(lines * kWindowLineTwips));
+    events.OnResize();
+  }
+
+  FormEvents& events;
+  // The pointer's place, in pixels.
+  double pointerX = 0;
+  double pointerY = 0;
+
+ private:
+  ConsoleHost& host_;
+};
+
+ConsoleHost::ConsoleHost(const ConsoleStreams& streams, ConsoleOptions options)
+    : out_(streams.out),
+      err_(streams.err),
+      input_(streams.in, streams.terminal),
+      options_(std::move(options)),
+      random_(std::random_device{}()) {}
+
+ConsoleHost::~ConsoleHost() = default;
+
+std::unique_ptr<Form> ConsoleHost::NewMainForm(FormEvents& events) {
+  return std::make_unique<ConsoleForm>(*this, events);
+}
+
+ScreenSize ConsoleHost::Screen() {
+  return {TwipsOfPixels(kScreenWidth), TwipsOfPixels(kScreenHeight)};
+}
+
+std::vector<std::string> ConsoleHost::FontNames() {
+  return {"Arial", "Courier New", "Times New Roman"};
+}
+
+void ConsoleHost::TellAbandonedRun(std::string_view position, std::string_view description) {
+  TellError(std::string("[falha] ").append(position).append(": ").append(IndentedUtf8(description)));
+}
+
+void ConsoleHost::WriteLine(std::string_view text) {
+  out_ << ToUtf8(text) << '\n';
+  // A person reads along.
+  if (input_.IsTerminal()) out_.flush();
+}
+
+// What was printed before stands before it, where both streams lead to one place.
+void ConsoleHost::TellError(std::string_view utf8) {
+  out_.flush();
+  err_ << utf8 << std::endl;
+}
+
+// Boxes and forms
+
+BoxAnswer ConsoleHost::ShowBox(const Box& box) {
+  std::string line = "[";
+  line += IconWord(box.icon);
+  if (box.title != options_.programTitle) line.append(": ").append(ToUtf8(box.title));
+  TellError(line.append("] ").append(IndentedUtf8(box.text)));
+  if (box.buttons == BoxButtons::Ok) return BoxAnswer::Ok;
+  if (box.buttons == BoxButtons::OkCancel) return options_.answerCancel ? BoxAnswer::Cancel : BoxAnswer::Ok;
+  const auto answer = input_.NextLine();
+  if (!answer) return box.defaultAnswer;
+  return IsYes(*answer) ? BoxAnswer::Yes : BoxAnswer::No;
+}
+
+TextInputAnswer ConsoleHost::AskText(const TextInput& input) {
+  TellError("[entrada] " + IndentedUtf8(input.prompt));
+  auto text = input_.NextLine();
+  if (!text) return {InputEnd::Cancelled, {}};
+  return {InputEnd::Confirmed, std::move(*text)};
+}
+
+// Dispatch and time
+
+void ConsoleHost::ProcessEvents() {
+  CatchUp();
+}
+
+bool ConsoleHost::AwaitEvents(std::chrono::milliseconds sleep) {
+  out_.flush();
+  std::this_thread::sleep_for(sleep);
+  CatchUp();
+  if (input_.IsTerminal() && !input_.LineWithin(std::chrono::milliseconds(0))) return true;
+  return DeliverNext();
+}
+
+void ConsoleHost::Pause(std::chrono::milliseconds time) {
+  if (input_.IsTerminal()) std::this_thread::sleep_for(time);
+}
+
+std::unique_ptr<Timer> ConsoleHost::StartTimer(std::chrono::milliseconds interval,
+                                               std::function<void()> tick) {
+  CatchUp();
+  return time_.StartTimer(interval, std::move(tick));
+}
+
+void ConsoleHost::ServeEvents() {
+  bool lastLine = false;
+  while (!lastLine) {
+    out_.flush();
+    CatchUp();
+    const auto nextTick = time_.UntilNextTick();
+    if (input_.IsTerminal() && nextTick && !input_.LineWithin(*nextTick)) continue;
+    lastLine = !DeliverNext();
+  }
+  forms_.front()->events.OnClose();
+}
+
+// Where a person sits at the terminal the timers tick by real time; in a script by its own time alone.
+void ConsoleHost::CatchUp() {
+  if (!input_.IsTerminal()) return;
+  const auto now = std::chrono::steady_clock::now();
+  const auto gone = std::chrono::floor<std::chrono::milliseconds>(now - caughtUp_);
+  caughtUp_ += gone;
+  time_.CatchUp(gone);
+}
+
+bool ConsoleHost::DeliverNext() {
+  const auto line = input_.NextEventLine();
+  if (!line) return false;
+  const std::string fault = DoEventLine(*line, *this);
+  if (!fault.empty()) {
+    TellError("[roteiro] linha " + std::to_string(input_.lineNumber()) + ": " + ToUtf8(fault));
+    throw ProcessEnd{kFaultyScriptStatus};
+  }
+  return true;
+}
+
+// What the script's person does
+
+ConsoleForm& ConsoleHost::Current() {
+  return *forms_.back();
+}
+
+PersonObject* ConsoleHost::FindObject(std::string_view) {
+  return nullptr;
+}
+
+void ConsoleHost::Click() {
+  PressButton(MouseButton::Left);
+  ReleaseButton(MouseButton::Left);
+}
+
+void ConsoleHost::DoubleClick() {
+  Click();
+  ConsoleForm& form = Current();
+  form.events.OnDoubleClick();
+  form.events.OnMouseUp(MouseButton::Left, form.pointerX, form.pointerY);
+}
+
+void ConsoleHost::PressButton(MouseButton button) {
+  ConsoleForm& form = Current();
+  form.events.OnMouseDown(button, form.pointerX, form.pointerY);
+}
+
+void ConsoleHost::ReleaseButton(MouseButton button) {
+  ConsoleForm& form = Current();
+  form.events.OnMouseUp(button, form.pointerX, form.pointerY);
+  if (button == MouseButton::Left) form.events.OnClick();
+}
+
+void ConsoleHost::MovePointer(double line, double column) {
+  ConsoleForm& form = Current();
+  const Grid grid = form.events.PlacementGrid();
+  form.pointerX = column * grid.TamCol;
+  form.pointerY = line * grid.TamLin;
+  form.events.OnMouseMove(form.pointerX, form.pointerY);
+}
+
+void ConsoleHost::TypeText(std::string_view text) {
+  for (const char character : text) {
+    // The keys of letters, digits and the blank have the code of their upper-case character.
+    const char key = Upper(character);
+    if (!((key >= 'A' && key <= 'Z') || (key >= '0' && key <= '9') || key == ' ')) continue;
+    PressKey(key, {.shift = character >= 'A' && character <= 'Z'});
+    ReleaseKey(key, {});
+  }
+}
+
+void ConsoleHost::PressKey(int keyCode, KeyShift shift) {
+  Current().events.OnKeyDown(keyCode, shift);
+}
+
+void ConsoleHost::ReleaseKey(int keyCode, KeyShift shift) {
+  Current().events.OnKeyUp(keyCode, shift);
+}
+
+void ConsoleHost::ResizeWindow(double lines, double columns) {
+  Current().ResizeByPerson(lines, columns);
+}
+
+bool ConsoleHost::CloseWindow(std::string_view name) {
+  if (!name.empty() && !EqualsIgnoringCase(name, kMainWindowName)) return false;
+  forms_.front()->events.OnClose();
+  return true;
+}
+
+void ConsoleHost::LetTimePass(std::chrono::milliseconds time) {
+  time_.Pass(time);
+}
+
+}  // namespace tessera

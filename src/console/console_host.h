@@ -1,0 +1,99 @@
+// The console host: windows in memory, prints on the output, boxes on the error stream, answers and events
+// from one script on the input. No display library is reached from here.
+// The script's lines are read in event_script.h; what they do to the windows is told here.
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <istream>
+#include <memory>
+#include <optional>
+#include <ostream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "console/event_script.h"
+#include "console/script_input.h"
+#include "console/script_time.h"
+#include "platform/host.h"
+#include "platform/process_end.h"
+#include "platform/system_clock.h"
+#include "windows/display.h"
+
+namespace tessera {
+
+struct ConsoleStreams {
+  std::istream& in;
+  std::ostream& out;
+  std::ostream& err;
+  // The input is a terminal, on this file descriptor: waits don't block for a line, timers keep real time.
+  std::optional<int> terminal = {};
+};
+
+struct ConsoleOptions {
+  std::string programTitle = {};  // boxes of this title go without it
+  bool answerCancel = false;      // boxes of OK and Cancel are answered Cancel
+};
+
+inline constexpr int kFaultyScriptStatus = 3;
+
+class ConsoleForm;
+
+class ConsoleHost final : public Display, public Dialogs, public EventDispatch, private Person {
+ public:
+  ConsoleHost(const ConsoleStreams& streams, ConsoleOptions options);
+  ~ConsoleHost() override;
+
+  // What a `Run` is made with.
+  Host host() { return {*this, *this, clock_, random_}; }
+
+  std::unique_ptr<Form> NewMainForm(FormEvents& events) override;
+  ScreenSize Screen() override;
+  std::vector<std::string> FontNames() override;
+  void TellAbandonedRun(std::string_view position, std::string_view description) override;
+  void ServeEvents() override;
+
+  BoxAnswer ShowBox(const Box& box) override;
+  TextInputAnswer AskText(const TextInput& input) override;
+
+  void ProcessEvents() override;
+  bool AwaitEvents(std::chrono::milliseconds sleep) override;
+  void Pause(std::chrono::milliseconds time) override;
+  std::unique_ptr<Timer> StartTimer(std::chrono::milliseconds interval, std::function<void()> tick) override;
+
+ private:
+  friend class ConsoleForm;
+
+  void WriteLine(std::string_view text);
+  void TellError(std::string_view utf8);
+  void CatchUp();
+  bool DeliverNext();
+  ConsoleForm& Current();
+
+  PersonObject* FindObject(std::string_view name) override;
+  void Click() override;
+  void DoubleClick() override;
+  void PressButton(MouseButton button) override;
+  void ReleaseButton(MouseButton button) override;
+  void MovePointer(double line, double column) override;
+  void TypeText(std::string_view text) override;
+  void PressKey(int keyCode, KeyShift shift) override;
+  void ReleaseKey(int keyCode, KeyShift shift) override;
+  void ResizeWindow(double lines, double columns) override;
+  bool CloseWindow(std::string_view name) override;
+  void LetTimePass(std::chrono::milliseconds time) override;
+
+  std::ostream& out_;
+  std::ostream& err_;
+  ScriptInput input_;
+  ConsoleOptions options_;
+  ScriptTime time_;
+  SystemClock clock_;
+  SeededRandom random_;
+  std::chrono::steady_clock::time_point caughtUp_ = std::chrono::steady_clock::now();
+  // The open windows, the main one first, the current one last.
+  std::vector<ConsoleForm*> forms_;
+};
+
+}  // namespace tessera

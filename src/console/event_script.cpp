@@ -1,0 +1,262 @@
+#include "console/event_script.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+
+#include "text/literal.h"
+#include "text/number.h"
+#include "text/one_based.h"
+
+namespace tessera {
+
+namespace {
+
+constexpr int kLargestKeyCode = 255;
+
+struct LineFault {
+  std::string reason;
+};
+
+// The words of one line, taken from the left.
+class Words {
+ public:
+  explicit Words(std::string_view line) : rest_(Trim(line)) {}
+
+  bool AtEnd() const { return rest_.empty(); }
+
+  std::string_view Next() {
+    const std::size_t blank = std::min(rest_.find(' '), rest_.size());
+    const std::string_view word = rest_.substr(0, blank);
+    rest_ = rest_.substr(std::min(blank + 1, rest_.size()));
+    skipped_ = rest_;
+    rest_ = TrimLeft(rest_);
+    return word;
+  }
+
+  std::string_view Name() {
+    if (AtEnd()) throw LineFault{std::string("falta o nome"_w)};
+    return Next();
+  }
+
+  double Number() {
+    if (AtEnd()) throw LineFault{std::string("falta um número"_w)};
+    const std::string_view word = Next();
+    const auto number = WholeNumber(word);
+    if (!number) throw LineFault{std::string("não é um número: "_w).append(word)};
+    return *number;
+  }
+
+  int Integer(int lowest, int highest) {
+    const double number = Number();
+    if (number != RoundHalfEven(number) || number < lowest || number > highest) {
+      throw LineFault{std::string("número fora dos limites: "_w).append(NumberText(number))};
+    }
+    return static_cast<int>(number);
+  }
+
+  int Index() { return Integer(0, std::numeric_limits<int>::max()); }
+
+  // All that stands behind the one blank after the last word, blanks included.
+  std::string_view Rest() {
+    rest_ = {};
+    return skipped_;
+  }
+
+  void End() const {
+    if (!AtEnd()) throw LineFault{std::string("sobra texto: "_w).append(rest_)};
+  }
+
+ private:
+  std::string_view rest_;
+  std::string_view skipped_;
+};
+
+PersonObject& ObjectOf(Words& words, Person& person) {
+  const std::string_view name = words.Name();
+  PersonObject* object = person.FindObject(name);
+  if (object == nullptr) throw LineFault{std::string("objeto desconhecido: "_w).append(name)};
+  return *object;
+}
+
+KeyShift ShiftOf(Words& words) {
+  if (words.AtEnd()) return {};
+  const std::string_view word = words.Next();
+  if (EqualsIgnoringCase(word, "shift")) return {.shift = true};
+  if (EqualsIgnoringCase(word, "ctrl")) return {.ctrl = true};
+  throw LineFault{std::string("tecla de apoio desconhecida: "_w).append(word)};
+}
+
+void Clique(Words& words, Person& person) {
+  if (words.AtEnd()) return person.Click();
+  PersonObject& object = ObjectOf(words, person);
+  if (words.AtEnd()) return object.Click();
+  object.ClickTitle(words.Rest());
+}
+
+void DuploClique(Words& words, Person& person) {
+  if (words.AtEnd()) return person.DoubleClick();
+  PersonObject& object = ObjectOf(words, person);
+  words.End();
+  object.DoubleClick();
+}
+
+void Texto(Words& words, Person& person) {
+  PersonObject& object = ObjectOf(words, person);
+  object.ReplaceText(words.Rest());
+}
+
+void Digita(Words& words, Person& person) {
+  person.TypeText(words.Rest());
+}
+
+void Valor(Words& words, Person& person) {
+  PersonObject& object = ObjectOf(words, person);
+  const double value = words.Number();
+  words.End();
+  object.SetValue(value);
+}
+
+void Seta(Words& words, Person& person) {
+  PersonObject& object = ObjectOf(words, person);
+  const std::string_view direction = words.AtEnd() ? std::string_view() : words.Next();
+  if (direction != "+" && direction != "-") throw LineFault{std::string("falta + ou -"_w)};
+  words.End();
+  object.PressArrow(direction == "+");
+}
+
+void Escolhe(Words& words, Person& person) {
+  PersonObject& object = ObjectOf(words, person);
+  const int entry = words.Index();
+  words.End();
+  object.Choose(entry);
+}
+
+void Data(Words& words, Person& person) {
+  PersonObject& object = ObjectOf(words, person);
+  const std::string_view date = words.Name();
+  words.End();
+  object.PickDate(date);
+}
+
+void Linha(Words& words, Person& person) {
+  PersonObject& object = ObjectOf(words, person);
+  const int row = words.Index();
+  words.End();
+  object.ClickRow(row);
+}
+
+void Celula(Words& words, Person& person) {
+  PersonObject& object = ObjectOf(words, person);
+  const int row = words.Index();
+  const int column = words.Index();
+  object.EditCell(row, column, words.Rest());
+}
+
+void Foco(Words& words, Person& person) {
+  PersonObject& object = ObjectOf(words, person);
+  words.End();
+  object.Focus();
+}
+
+struct Key {
+  int code;
+  KeyShift shift;
+};
+
+Key KeyOf(Words& words, bool withShift) {
+  const int code = words.Integer(0, kLargestKeyCode);
+  const KeyShift shift = withShift ? ShiftOf(words) : KeyShift{};
+  words.End();
+  return {code, shift};
+}
+
+void Tecla(Words& words, Person& person) {
+  const Key key = KeyOf(words, true);
+  person.PressKey(key.code, key.shift);
+  person.ReleaseKey(key.code, key.shift);
+}
+
+void Aperta(Words& words, Person& person) {
+  person.PressKey(KeyOf(words, false).code, {});
+}
+
+void Solta(Words& words, Person& person) {
+  person.ReleaseKey(KeyOf(words, false).code, {});
+}
+
+void Mouse(Words& words, Person& person) {
+  const double line = words.Number();
+  const double column = words.Number();
+  words.End();
+  person.MovePointer(line, column);
+}
+
+MouseButton ButtonOf(Words& words) {
+  const int button = words.Integer(1, 2);
+  words.End();
+  return static_cast<MouseButton>(button);
+}
+
+void Pressiona(Words& words, Person& person) {
+  person.PressButton(ButtonOf(words));
+}
+
+void Libera(Words& words, Person& person) {
+  person.ReleaseButton(ButtonOf(words));
+}
+
+void Redim(Words& words, Person& person) {
+  const double lines = words.Number();
+  const double columns = words.Number();
+  words.End();
+  person.ResizeWindow(lines, columns);
+}
+
+void Espera(Words& words, Person& person) {
+  const int time = words.Index();
+  words.End();
+  person.LetTimePass(std::chrono::milliseconds(time));
+}
+
+void Fecha(Words& words, Person& person) {
+  const std::string_view name = words.AtEnd() ? std::string_view() : words.Next();
+  words.End();
+  if (!person.CloseWindow(name)) throw LineFault{std::string("janela desconhecida: "_w).append(name)};
+}
+
+struct WordRow {
+  std::string_view word;
+  void (*act)(Words& words, Person& person);
+};
+
+constexpr std::array kWords = {
+    WordRow{"clique", Clique},   WordRow{"duploclique", DuploClique},
+    WordRow{"texto", Texto},     WordRow{"digita", Digita},
+    WordRow{"valor", Valor},     WordRow{"seta", Seta},
+    WordRow{"escolhe", Escolhe}, WordRow{"data", Data},
+    WordRow{"linha", Linha},     WordRow{"celula", Celula},
+    WordRow{"foco", Foco},       WordRow{"tecla", Tecla},
+    WordRow{"aperta", Aperta},   WordRow{"solta", Solta},
+    WordRow{"mouse", Mouse},     WordRow{"pressiona", Pressiona},
+    WordRow{"libera", Libera},   WordRow{"redim", Redim},
+    WordRow{"espera", Espera},   WordRow{"fecha", Fecha},
+};
+
+}  // namespace
+
+std::string DoEventLine(std::string_view line, Person& person) {
+  Words words(line);
+  const std::string_view word = words.Next();
+  const auto row = std::find_if(kWords.begin(), kWords.end(),
+                                [&](const WordRow& r) { return EqualsIgnoringCase(r.word, word); });
+  if (row == kWords.end()) return std::string("palavra desconhecida: "_w).append(word);
+  try {
+    row->act(words, person);
+  } catch (const LineFault& fault) {
+    return fault.reason;
+  }
+  return {};
+}
+
+}  // namespace tessera

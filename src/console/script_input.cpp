@@ -1,0 +1,36 @@
+#include "console/script_input.h"
+
+#include <poll.h>
+
+#include "text/code_page.h"
+#include "text/one_based.h"
+
+namespace tessera {
+
+std::optional<std::string> ScriptInput::NextLine() {
+  std::string line;
+  if (!std::getline(in_, line)) return std::nullopt;
+  ++lineNumber_;
+  if (line.ends_with('\r')) line.pop_back();
+  auto text = FromUtf8(line);
+  // Bytes that are no UTF-8 are taken for the code page's own.
+  if (const auto* problem = std::get_if<Utf8Problem>(&text)) {
+    return problem->malformed ? line : FromUtf8Lossy(line);
+  }
+  return std::get<std::string>(std::move(text));
+}
+
+std::optional<std::string> ScriptInput::NextEventLine() {
+  while (auto line = NextLine()) {
+    const std::string_view event = Trim(*line);
+    if (!event.empty() && event.front() != '\'') return line;
+  }
+  return std::nullopt;
+}
+
+bool ScriptInput::LineWithin(std::chrono::milliseconds time) const {
+  pollfd input{.fd = *terminal_, .events = POLLIN, .revents = 0};
+  return poll(&input, 1, static_cast<int>(time.count())) > 0;
+}
+
+}  // namespace tessera

@@ -1,0 +1,36 @@
+// The one script on the input: answers and event lines, taken one at a time.
+#pragma once
+
+#include <chrono>
+#include <istream>
+#include <optional>
+#include <string>
+
+namespace tessera {
+
+class ScriptInput {
+ public:
+  // `terminal` is the input's file descriptor where a person types.
+  ScriptInput(std::istream& in, std::optional<int> terminal) : in_(in), terminal_(terminal) {}
+
+  bool IsTerminal() const { return terminal_.has_value(); }
+
+  // The next line as it stands, in the program's code page; nothing at the end of input. Waits on a terminal.
+  std::optional<std::string> NextLine();
+
+  // The next line that is an event: blank lines and remarks are passed over.
+  std::optional<std::string> NextEventLine();
+
+  // True when the terminal has a line, or its end, within that time.
+  bool LineWithin(std::chrono::milliseconds time) const;
+
+  // Number of the line taken last, from 1.
+  int lineNumber() const { return lineNumber_; }
+
+ private:
+  std::istream& in_;
+  std::optional<int> terminal_;
+  int lineNumber_ = 0;
+};
+
+}  // namespace tessera

@@ -1,0 +1,57 @@
+#include "console/script_time.h"
+
+#include <algorithm>
+
+namespace tessera {
+
+class ScriptTime::Handle final : public Timer {
+ public:
+  Handle(ScriptTime& time, Rows::iterator row) : time_(time), row_(row) {}
+  ~Handle() override { time_.rows_.erase(row_); }
+  Handle(const Handle&) = delete;
+  Handle& operator=(const Handle&) = delete;
+
+ private:
+  ScriptTime& time_;
+  Rows::iterator row_;
+};
+
+std::unique_ptr<Timer> ScriptTime::StartTimer(Milliseconds interval, std::function<void()> tick) {
+  rows_.push_back(std::make_shared<Row>(Row{interval, now_ + interval, std::move(tick)}));
+  return std::make_unique<Handle>(*this, std::prev(rows_.end()));
+}
+
+ScriptTime::Rows::const_iterator ScriptTime::NextDue() const {
+  return std::min_element(rows_.begin(), rows_.end(),
+                          [](const auto& a, const auto& b) { return a->due < b->due; });
+}
+
+void ScriptTime::Pass(Milliseconds time) {
+  const Milliseconds end = now_ + time;
+  for (auto next = NextDue(); next != rows_.end() && (*next)->due <= end; next = NextDue()) {
+    now_ = std::max(now_, (*next)->due);
+    Tick(*next, (*next)->due);
+  }
+  now_ = std::max(now_, end);
+}
+
+void ScriptTime::CatchUp(Milliseconds time) {
+  now_ += time;
+  for (auto next = NextDue(); next != rows_.end() && (*next)->due <= now_; next = NextDue()) {
+    Tick(*next, now_);
+  }
+}
+
+// The row is held while its tick runs, for the tick may end the timer.
+void ScriptTime::Tick(std::shared_ptr<Row> row, Milliseconds time) {
+  row->due = time + row->interval;
+  row->tick();
+}
+
+std::optional<ScriptTime::Milliseconds> ScriptTime::UntilNextTick() const {
+  const auto next = NextDue();
+  if (next == rows_.end()) return std::nullopt;
+  return std::max(Milliseconds{0}, (*next)->due - now_);
+}
+
+}  // namespace tessera

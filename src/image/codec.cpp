@@ -1,0 +1,91 @@
+#include "image/codec.h"
+
+#include "image/key_table.h"
+#include "platform/failure.h"
+#include "text/one_based.h"
+
+namespace tessera {
+
+namespace {
+
+constexpr std::size_t kCountLength = 4;
+
+unsigned ValueOf(char character) {
+  return static_cast<unsigned char>(character);
+}
+
+char CharacterOf(unsigned value) {
+  return static_cast<char>(value & 0xFF);
+}
+
+// Steps through a key's characters, again and again.
+// OPEN: the table has an eleventh, empty place that a damaged text can name. Its characters count as 0, so
+// such a text decodes to what it holds: damage gives wrong characters, and only a higher number is a failure.
+class RunningKey {
+ public:
+  explicit RunningKey(std::string_view key) : key_(key) {}
+  unsigned Next() {
+    if (key_.empty()) return 0;
+    const unsigned value = ValueOf(key_[next_]);
+    next_ = next_ + 1 == key_.size() ? 0 : next_ + 1;
+    return value;
+  }
+
+ private:
+  std::string_view key_;
+  std::size_t next_ = 0;
+};
+
+}  // namespace
+
+std::string ComplementText(std::string_view text) {
+  std::string result(text);
+  for (char& character : result) character = CharacterOf(255 - ValueOf(character));
+  return result;
+}
+
+std::string EncodeText(std::string_view plain, Random& random) {
+  return EncodeTextWithKey(plain, static_cast<int>(random.Next() * kKeyCount));
+}
+
+std::string EncodeTextWithKey(std::string_view plain, int key) {
+  std::string scrambled(1, static_cast<char>(key));
+  scrambled.reserve(plain.size() + 1);
+  RunningKey running(kKeys.at(static_cast<std::size_t>(key)));
+  for (const char c : plain) scrambled.push_back(CharacterOf(ValueOf(c) + running.Next()));
+
+  const std::size_t n = plain.size() + 1;
+  std::string count;
+  for (std::size_t i = 0; i < kCountLength; ++i) count.push_back(static_cast<char>((n >> (8 * i)) & 0xFF));
+  return count + ComplementText(scrambled);
+}
+
+std::size_t EncodedCount(std::string_view encoded) {
+  std::size_t n = 0;
+  for (std::size_t i = 0; i < kCountLength && i < encoded.size(); ++i) {
+    n |= std::size_t{ValueOf(encoded[i])} << (8 * i);
+  }
+  return n;
+}
+
+std::optional<std::string> TryDecodeText(std::string_view encoded) {
+  const std::string scrambled = ComplementText(Mid(encoded, kEncodedOverhead, EncodedCount(encoded)));
+  if (scrambled.empty()) return std::nullopt;
+  const unsigned key = ValueOf(scrambled[0]);
+  if (key > kKeyCount) return std::nullopt;
+  RunningKey running(key < kKeys.size() ? kKeys[key] : std::string_view());
+  std::string plain;
+  plain.reserve(scrambled.size() - 1);
+  for (const char c : std::string_view(scrambled).substr(1)) {
+    plain.push_back(CharacterOf(ValueOf(c) - running.Next()));
+  }
+  return plain;
+}
+
+std::string DecodeText(std::string_view encoded) {
+  std::optional<std::string> plain = TryDecodeText(encoded);
+  if (!plain) FailSubscript();
+  return *std::move(plain);
+}
+
+}  // namespace tessera

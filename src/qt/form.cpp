@@ -1,0 +1,252 @@
+#include "qt/form.h"
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QRegion>
+#include <QThread>
+#include <QTimer>
+#include <QWidget>
+#include <QWindow>
+#include <optional>
+#include <utility>
+
+#include "qt/colour.h"
+#include "qt/fonts.h"
+#include "qt/key_codes.h"
+#include "qt/print_surface.h"
+#include "qt/text.h"
+
+namespace tessera {
+
+namespace {
+
+constexpr int kDesignWidth = 640;
+constexpr int kDesignHeight = 420;
+constexpr int kPaintInterval = 16;        // milliseconds
+constexpr int kFirstPaintingLimit = 100;  // milliseconds
+
+std::optional<MouseButton> ButtonOf(const QMouseEvent& event) {
+  if (event.button() == Qt::LeftButton) return MouseButton::Left;
+  if (event.button() == Qt::RightButton) return MouseButton::Right;
+  return std::nullopt;
+}
+
+KeyShift ShiftOf(const QKeyEvent& event) {
+  return {.shift = event.modifiers().testFlag(Qt::ShiftModifier),
+          .ctrl = event.modifiers().testFlag(Qt::ControlModifier)};
+}
+
+}  // namespace
+
+class FormWidget final : public QWidget {
+ public:
+  FormWidget(QtForm& form, const QString& objectName);
+
+  void Print(QPointF at, const QString& lines, const QFont& font, const QColor& colour);
+  void Clear();
+  bool IsPainted() const { return isPainted_; }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void keyReleaseEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+ private:
+  void Touch(const QRect& area);
+
+  QtForm& form_;
+  PrintSurface surface_;
+  // Areas that changed since the last painting, painted no more often than the screen can show.
+  QRegion touched_;
+  QElapsedTimer sincePaint_;
+  QTimer nextPaint_;
+  bool isPainted_ = false;
+  bool afterDoubleClick_ = false;
+};
+
+QtForm::QtForm(const QString& objectName, FormEvents& events, LogicEntry& entry)
+    : events_(events), entry_(entry), widget_(std::make_unique<FormWidget>(*this, objectName)) {
+  TakeScale(kDesignWidth, kDesignHeight);
+  ShowPlace();
+}
+
+QtForm::~QtForm() = default;
+
+QWidget* QtForm::widget() {
+  return widget_.get();
+}
+
+void QtForm::Print(std::string_view text) {
+  widget_->Print(QPointF(CurrentX, CurrentY), ToQLines(text), ToQFont(Font), ToQColor(ForeColor));
+}
+
+void QtForm::Cls() {
+  widget_->Clear();
+}
+
+void QtForm::ShowCaption() {
+  widget_->setWindowTitle(ToQString(Caption()));
+}
+
+void QtForm::ShowPlace() {
+  widget_->move(qRound(PixelsOfTwips(Place().Left)), qRound(PixelsOfTwips(Place().Top)));
+  widget_->resize(qRound(ScaleWidth()), qRound(ScaleHeight()));
+}
+
+void QtForm::ShowVisible() {
+  widget_->setVisible(Visible());
+  if (!Visible()) return;
+  widget_->activateWindow();
+  WaitForFirstPainting();
+}
+
+// The program may compute for long before it lets events through; until then its window should not be a hole
+// in the screen. The wait has an end, for not every window system tells what it shows.
+void QtForm::WaitForFirstPainting() {
+  const LogicEntry::Hold hold(entry_);
+  QElapsedTimer waiting;
+  waiting.start();
+  while (!widget_->IsPainted() && waiting.elapsed() < kFirstPaintingLimit) {
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    QThread::msleep(1);
+  }
+}
+
+void QtForm::ShowState() {
+  widget_->setWindowState(State() == WindowState::Maximised ? Qt::WindowMaximized : Qt::WindowNoState);
+}
+
+void QtForm::ShowTitlebar() {
+  widget_->setWindowFlag(Qt::FramelessWindowHint, !Titlebar());
+  // A change of flags hides a widget.
+  widget_->setVisible(Visible());
+}
+
+void QtForm::ShowBackColor() {
+  widget_->update();
+}
+
+void QtForm::TakeSizeOfWidget() {
+  const QSize now(qRound(ScaleWidth()), qRound(ScaleHeight()));
+  if (widget_->size() != now) TakeScale(widget_->width(), widget_->height());
+}
+
+FormWidget::FormWidget(QtForm& form, const QString& objectName) : form_(form) {
+  setObjectName(objectName);
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  setFocusPolicy(Qt::StrongFocus);
+  setMouseTracking(true);
+  nextPaint_.setSingleShot(true);
+  nextPaint_.setInterval(kPaintInterval);
+  nextPaint_.callOnTimeout(this, [this] { update(std::exchange(touched_, {})); });
+  sincePaint_.start();
+}
+
+void FormWidget::Print(QPointF at, const QString& lines, const QFont& font, const QColor& colour) {
+  surface_.Fit(size(), devicePixelRatioF());
+  Touch(surface_.Print(at, lines, font, colour));
+}
+
+void FormWidget::Clear() {
+  surface_.Clear();
+  Touch(rect());
+}
+
+void FormWidget::Touch(const QRect& area) {
+  touched_ |= area;
+  if (nextPaint_.isActive()) return;
+  if (sincePaint_.elapsed() >= kPaintInterval) {
+    update(std::exchange(touched_, {}));
+  } else {
+    nextPaint_.start();
+  }
+}
+
+void FormWidget::paintEvent(QPaintEvent* event) {
+  QPainter painter(this);
+  for (const QRect& area : event->region()) {
+    painter.fillRect(area, ToQColor(form_.BackColor()));
+    surface_.PaintOn(painter, area);
+  }
+  sincePaint_.restart();
+  isPainted_ = true;
+}
+
+void FormWidget::resizeEvent(QResizeEvent*) {
+  surface_.Fit(size(), devicePixelRatioF());
+  form_.TakeSizeOfWidget();
+  form_.entry_.Enter([this] { form_.events_.OnResize(); });
+}
+
+void FormWidget::moveEvent(QMoveEvent*) {
+  if (isVisible()) form_.TakePosition(TwipsOfPixels(x()), TwipsOfPixels(y()));
+}
+
+void FormWidget::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::WindowStateChange) {
+    form_.TakeState(isMaximized() ? WindowState::Maximised : WindowState::Normal);
+  }
+  if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+    form_.entry_.Enter([this] { form_.events_.OnActivate(); });
+  }
+}
+
+// The logic decides what closing means; the widget stays until then.
+void FormWidget::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  form_.entry_.Enter([this] { form_.events_.OnClose(); });
+}
+
+void FormWidget::keyPressEvent(QKeyEvent* event) {
+  form_.entry_.Enter(
+      [this, code = KeyCodeOf(*event), shift = ShiftOf(*event)] { form_.events_.OnKeyDown(code, shift); });
+}
+
+void FormWidget::keyReleaseEvent(QKeyEvent* event) {
+  form_.entry_.Enter(
+      [this, code = KeyCodeOf(*event), shift = ShiftOf(*event)] { form_.events_.OnKeyUp(code, shift); });
+}
+
+void FormWidget::mousePressEvent(QMouseEvent* event) {
+  const auto button = ButtonOf(*event);
+  if (!button) return;
+  form_.entry_.Enter(
+      [this, button, at = event->position()] { form_.events_.OnMouseDown(*button, at.x(), at.y()); });
+}
+
+void FormWidget::mouseMoveEvent(QMouseEvent* event) {
+  form_.entry_.Enter([this, at = event->position()] { form_.events_.OnMouseMove(at.x(), at.y()); });
+}
+
+void FormWidget::mouseReleaseEvent(QMouseEvent* event) {
+  const auto button = ButtonOf(*event);
+  if (!button) return;
+  const bool isClick = *button == MouseButton::Left && !std::exchange(afterDoubleClick_, false);
+  form_.entry_.Enter([this, button, isClick, at = event->position()] {
+    form_.events_.OnMouseUp(*button, at.x(), at.y());
+    if (isClick) form_.events_.OnClick();
+  });
+}
+
+void FormWidget::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton) return mousePressEvent(event);
+  // The second release of a double click is no click of its own.
+  afterDoubleClick_ = true;
+  form_.entry_.Enter([this] { form_.events_.OnDoubleClick(); });
+}
+
+}  // namespace tessera

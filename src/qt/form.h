@@ -1,0 +1,50 @@
+// A window of a program on the screen: a `Form` over a widget. The widget paints the ground and what was
+// printed, and tells the logic what the person does; nothing is decided here.
+#pragma once
+
+#include <memory>
+#include <string_view>
+
+#include "qt/logic_entry.h"
+#include "windows/display.h"
+
+class QString;
+class QWidget;
+
+namespace tessera {
+
+class FormWidget;
+
+class QtForm final : public Form {
+ public:
+  // `objectName` is the name by which tests and assistive tools find the widget.
+  QtForm(const QString& objectName, FormEvents& events, LogicEntry& entry);
+  ~QtForm() override;
+  QtForm(const QtForm&) = delete;
+  QtForm& operator=(const QtForm&) = delete;
+
+  QWidget* widget();
+
+  void Print(std::string_view text) override;
+  void Cls() override;
+
+ protected:
+  void ShowCaption() override;
+  void ShowPlace() override;
+  void ShowVisible() override;
+  void ShowState() override;
+  void ShowTitlebar() override;
+  void ShowBackColor() override;
+
+ private:
+  friend class FormWidget;
+
+  void TakeSizeOfWidget();
+  void WaitForFirstPainting();
+
+  FormEvents& events_;
+  LogicEntry& entry_;
+  std::unique_ptr<FormWidget> widget_;
+};
+
+}  // namespace tessera

@@ -1,0 +1,11 @@
+// Key codes as programs know them.
+#pragma once
+
+class QKeyEvent;
+
+namespace tessera {
+
+// The code of the key; 0 for a key that has none.
+int KeyCodeOf(const QKeyEvent& event);
+
+}  // namespace tessera

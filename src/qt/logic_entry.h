@@ -1,0 +1,44 @@
+// The one way from an event of the window system into the logic. No exception may cross an event loop, so
+// what the logic throws is kept here and thrown again behind the dispatch that let the event in.
+#pragma once
+
+#include <exception>
+#include <functional>
+#include <utility>
+#include <vector>
+
+namespace tessera {
+
+class LogicEntry {
+ public:
+  // `leaveLoops` ends all event loops that are running, modal ones too.
+  explicit LogicEntry(std::function<void()> leaveLoops) : leaveLoops_(std::move(leaveLoops)) {}
+
+  // Runs `act`, or keeps it for later while entries are held. Behind a throw nothing enters any more.
+  void Enter(std::function<void()> act) noexcept;
+
+  // Throws again what an entry has thrown. Called behind every event loop.
+  void Rethrow();
+
+  // While it lives events may be dispatched, to paint, but none reaches the logic; they follow when it ends.
+  class Hold {
+   public:
+    explicit Hold(LogicEntry& entry) : entry_(entry) { ++entry_.holds_; }
+    ~Hold() { entry_.Release(); }
+    Hold(const Hold&) = delete;
+    Hold& operator=(const Hold&) = delete;
+
+   private:
+    LogicEntry& entry_;
+  };
+
+ private:
+  void Release() noexcept;
+
+  std::function<void()> leaveLoops_;
+  std::exception_ptr thrown_;
+  int holds_ = 0;
+  std::vector<std::function<void()>> held_;
+};
+
+}  // namespace tessera

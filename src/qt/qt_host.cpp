@@ -1,0 +1,186 @@
+#include "qt/qt_host.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QEventLoop>
+#include <QFontDatabase>
+#include <QScreen>
+#include <QTimer>
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <thread>
+
+#include "qt/boxes.h"
+#include "qt/fonts.h"
+#include "qt/form.h"
+#include "qt/text.h"
+
+namespace tessera {
+
+namespace {
+
+// Warnings of the window system that tell a person nothing.
+constexpr std::array kHarmless = {
+    "This plugin does not support propagateSizeHints",
+    "QStandardPaths: XDG_RUNTIME_DIR not set",
+    "QStandardPaths: runtime directory",
+    "QStandardPaths: wrong permissions on runtime directory",
+    "Could not find the Qt platform plugin \"wayland\"",
+};
+
+void HandleMessage(QtMsgType, const QMessageLogContext&, const QString& text) {
+  const bool isHarmless = std::any_of(kHarmless.begin(), kHarmless.end(), [&](const char* start) {
+    return text.startsWith(QLatin1String(start));
+  });
+  if (!isHarmless) std::fprintf(stderr, "%s\n", qPrintable(text));
+}
+
+// A timer whose ticks enter the logic one by one. The tick is posted, not run in the timer's own slot, for a
+// timer is not entered again while its slot runs, and a tick that yields lets the next one in.
+class TickSource final : public Timer {
+ public:
+  TickSource(LogicEntry& entry, std::chrono::milliseconds interval, std::function<void()> tick)
+      : shared_(std::make_shared<Shared>(Shared{entry, std::move(tick)})), timer_(new QTimer) {
+    timer_->setTimerType(Qt::PreciseTimer);
+    timer_->callOnTimeout(timer_, [timer = timer_, shared = shared_] {
+      if (shared->waiting) return;
+      shared->waiting = true;
+      QMetaObject::invokeMethod(
+          timer, [shared] { shared->entry.Enter([shared] { Tick(*shared); }); }, Qt::QueuedConnection);
+    });
+    timer_->start(interval);
+  }
+  // A tick may end its own timer, so the object goes later.
+  ~TickSource() override {
+    shared_->ended = true;
+    timer_->stop();
+    timer_->deleteLater();
+  }
+  TickSource(const TickSource&) = delete;
+  TickSource& operator=(const TickSource&) = delete;
+
+ private:
+  struct Shared {
+    LogicEntry& entry;
+    std::function<void()> tick;
+    bool waiting = false;  // a tick is posted and has not begun: further ones merge into it
+    bool ended = false;
+  };
+
+  static void Tick(Shared& shared) {
+    shared.waiting = false;
+    if (!shared.ended) shared.tick();
+  }
+
+  std::shared_ptr<Shared> shared_;
+  QTimer* timer_;
+};
+
+}  // namespace
+
+// The window system sees the program's name alone: what follows is the program's own command line.
+struct ApplicationArguments {
+  std::array<char, 8> name = {"tessera"};
+  std::array<char*, 2> texts = {name.data(), nullptr};
+  int count = 1;
+};
+
+QtHost::QtHost() : entry_([this] { LeaveLoops(); }), random_(std::random_device{}()) {
+  qInstallMessageHandler(HandleMessage);
+  SubstituteFontNames();
+  if (qApp == nullptr) {
+    arguments_ = std::make_unique<ApplicationArguments>();
+    application_ = std::make_unique<QApplication>(arguments_->count, arguments_->texts.data());
+  }
+  QApplication::setQuitOnLastWindowClosed(false);
+  serving_ = std::make_unique<QEventLoop>();
+}
+
+QtHost::~QtHost() = default;
+
+std::unique_ptr<Form> QtHost::NewMainForm(FormEvents& events) {
+  return std::make_unique<QtForm>("Janela", events, entry_);
+}
+
+ScreenSize QtHost::Screen() {
+  const QSize size = QGuiApplication::primaryScreen()->size();
+  return {TwipsOfPixels(size.width()), TwipsOfPixels(size.height())};
+}
+
+std::vector<std::string> QtHost::FontNames() {
+  std::vector<std::string> names;
+  for (const QString& family : QFontDatabase::families()) names.push_back(FromQString(family));
+  return names;
+}
+
+// With windows an abandoned run is silent.
+void QtHost::TellAbandonedRun(std::string_view, std::string_view) {}
+
+void QtHost::ServeEvents() {
+  serving_->exec();
+  entry_.Rethrow();
+}
+
+BoxAnswer QtHost::ShowBox(const Box& box) {
+  const BoxAnswer answer = ShowMessageBox(box, BoxParent());
+  entry_.Rethrow();
+  return answer;
+}
+
+TextInputAnswer QtHost::AskText(const TextInput& input) {
+  TextInputAnswer answer = ShowEntraTxt(input, BoxParent());
+  entry_.Rethrow();
+  return answer;
+}
+
+QWidget* QtHost::BoxParent() const {
+  if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+  if (QWidget* active = QApplication::activeWindow()) return active;
+  const auto windows = QApplication::topLevelWidgets();
+  const auto shown = std::find_if(windows.begin(), windows.end(), [](QWidget* w) { return w->isVisible(); });
+  return shown == windows.end() ? nullptr : *shown;
+}
+
+void QtHost::ProcessEvents() {
+  QCoreApplication::processEvents();
+  // Ticks that fell due in that pass were posted behind it.
+  QCoreApplication::sendPostedEvents();
+  entry_.Rethrow();
+}
+
+bool QtHost::AwaitEvents(std::chrono::milliseconds sleep) {
+  Pause(sleep);
+  ProcessEvents();
+  return true;
+}
+
+// A short sleep is one; in a long one the windows go on being painted, and nothing reaches the logic.
+void QtHost::Pause(std::chrono::milliseconds time) {
+  using Steady = std::chrono::steady_clock;
+  constexpr std::chrono::milliseconds kShort{50};
+  const auto end = Steady::now() + time;
+  if (time > kShort) {
+    const LogicEntry::Hold hold(entry_);
+    for (auto now = Steady::now(); now < end; now = Steady::now()) {
+      QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+      std::this_thread::sleep_for(std::min<Steady::duration>(end - Steady::now(), kShort));
+    }
+  } else {
+    std::this_thread::sleep_until(end);
+  }
+}
+
+std::unique_ptr<Timer> QtHost::StartTimer(std::chrono::milliseconds interval, std::function<void()> tick) {
+  return std::make_unique<TickSource>(entry_, interval, std::move(tick));
+}
+
+// Ends modal boxes, and the serving loop where it runs.
+void QtHost::LeaveLoops() {
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (auto* dialog = qobject_cast<QDialog*>(window)) dialog->reject();
+  }
+  serving_->quit();
+}
+
+}  // namespace tessera

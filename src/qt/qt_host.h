@@ -1,0 +1,56 @@
+// The host with windows: the window system's application, event dispatch, timers and boxes.
+// A main asks `FindDisplay` (display_probe.h) before it makes one.
+#pragma once
+
+#include <memory>
+
+#include "platform/host.h"
+#include "platform/system_clock.h"
+#include "qt/logic_entry.h"
+#include "windows/display.h"
+
+class QApplication;
+class QEventLoop;
+class QWidget;
+
+namespace tessera {
+
+struct ApplicationArguments;
+
+class QtHost final : public Display, public Dialogs, public EventDispatch {
+ public:
+  // Starts the window system, unless the process has started it already.
+  QtHost();
+  ~QtHost() override;
+
+  // What a `Run` is made with.
+  Host host() { return {*this, *this, clock_, random_}; }
+
+  std::unique_ptr<Form> NewMainForm(FormEvents& events) override;
+  ScreenSize Screen() override;
+  std::vector<std::string> FontNames() override;
+  void TellAbandonedRun(std::string_view position, std::string_view description) override;
+  void ServeEvents() override;
+
+  BoxAnswer ShowBox(const Box& box) override;
+  TextInputAnswer AskText(const TextInput& input) override;
+
+  void ProcessEvents() override;
+  bool AwaitEvents(std::chrono::milliseconds sleep) override;
+  void Pause(std::chrono::milliseconds time) override;
+  std::unique_ptr<Timer> StartTimer(std::chrono::milliseconds interval, std::function<void()> tick) override;
+
+ private:
+  void LeaveLoops();
+  QWidget* BoxParent() const;
+
+  // The window system keeps references into its arguments.
+  std::unique_ptr<ApplicationArguments> arguments_;
+  std::unique_ptr<QApplication> application_;
+  std::unique_ptr<QEventLoop> serving_;
+  LogicEntry entry_;
+  SystemClock clock_;
+  SeededRandom random_;
+};
+
+}  // namespace tessera

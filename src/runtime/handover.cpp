@@ -1,0 +1,70 @@
+#include "runtime/handover.h"
+
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <chrono>
+#include <cstring>
+#include <string_view>
+#include <variant>
+
+#include "image/image_reader.h"
+#include "image/image_writer.h"
+#include "image/mapped_file.h"
+#include "platform/system_clock.h"
+#include "text/code_page.h"
+
+namespace tessera {
+
+namespace {
+
+// The arguments: this word, the number of the open file, the program's folder, its command line.
+constexpr std::string_view kHandoverWord = "--entrega";
+constexpr int kHandoverArguments = 5;
+
+bool WriteAll(int file, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t written = write(file, bytes.data(), bytes.size());
+    if (written < 0 && errno == EINTR) continue;
+    if (written <= 0) return false;
+    bytes.remove_prefix(static_cast<std::size_t>(written));
+  }
+  return true;
+}
+
+}  // namespace
+
+std::string BecomeRuntime(const std::string& runtime, const ProgramStart& start) {
+  SeededRandom random(
+      static_cast<std::uint64_t>(std::chrono::steady_clock::now().time_since_epoch().count()));
+  const std::optional<std::string> image = WriteProgramImage(start.program, random);
+  if (!image) return "um dos editores não pode ser codificado";
+
+  const int file = memfd_create("programa", 0);
+  if (file < 0 || !WriteAll(file, *image)) return std::strerror(errno);
+  std::array<std::string, kHandoverArguments> words = {runtime, std::string(kHandoverWord),
+                                                       std::to_string(file), start.folder.string(),
+                                                       ToUtf8(start.commandLine)};
+  std::array<char*, kHandoverArguments + 1> arguments{};
+  for (std::size_t i = 0; i < words.size(); ++i) arguments[i] = words[i].data();
+  execv(runtime.c_str(), arguments.data());
+  const std::string reason = std::strerror(errno);
+  close(file);
+  return reason;
+}
+
+std::optional<ProgramStart> TakeHandover(int argc, char** argv) {
+  if (argc != kHandoverArguments || argv[1] != kHandoverWord) return std::nullopt;
+  const std::string digits = argv[2];
+  if (digits.empty() || digits.find_first_not_of("0123456789") != std::string::npos) return std::nullopt;
+  const std::optional<MappedFile> left = MappedFile::Open("/proc/self/fd/" + digits);
+  if (!left) return std::nullopt;
+  auto read = ReadProgram(left->bytes());
+  PackedProgram* program = std::get_if<PackedProgram>(&read);
+  if (program == nullptr) return std::nullopt;
+  return ProgramStart{std::move(*program), argv[3], FromUtf8Lossy(argv[4])};
+}
+
+}  // namespace tessera

@@ -1,0 +1,29 @@
+#include "runtime/program_start.h"
+
+#include <algorithm>
+
+#include "text/code_page.h"
+#include "values/eval.h"
+
+namespace tessera {
+
+std::string CommandLineOf(const std::vector<std::string>& arguments) {
+  std::string line;
+  for (const std::string& argument : arguments) {
+    if (!line.empty()) line.push_back(' ');
+    const bool quoted = argument.empty() || argument.find(' ') != std::string::npos;
+    line += quoted ? Quote(argument) : argument;
+  }
+  line = FromUtf8Lossy(line);
+  // OPEN: quotes are taken off only where they enclose the whole line and stand nowhere else in it; a line
+  // with quotes around a part keeps them all, also at its ends.
+  const bool enclosed = line.size() > 1 && line.front() == '"' && line.back() == '"' &&
+                        std::count(line.begin(), line.end(), '"') == 2;
+  return enclosed ? std::string(Unquote(line)) : line;
+}
+
+std::string FolderText(const std::filesystem::path& folder) {
+  return FromUtf8Lossy(folder.string());
+}
+
+}  // namespace tessera

@@ -1,0 +1,26 @@
+// All that a program's start needs to know, wherever the program came from.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "image/packed_program.h"
+
+namespace tessera {
+
+struct ProgramStart {
+  PackedProgram program;
+  std::filesystem::path folder;  // absolute; `PastaPrograma`, `PastaTS` and the side file's place
+  std::string commandLine;       // program text; `LinhaComando`
+};
+
+// The arguments of a process (UTF-8) as one command line in program text: joined by blanks, an argument with
+// a blank in double quotes. A line that is one quoted argument loses its quotes.
+std::string CommandLineOf(const std::vector<std::string>& arguments);
+
+// A folder's path as program text, without a final separator.
+std::string FolderText(const std::filesystem::path& folder);
+
+}  // namespace tessera

@@ -1,0 +1,83 @@
+// The main window, `Janela`: its start, the first activation in which the whole program runs, and its
+// closing, which ends the process.
+//
+// The composition root makes a host, a `Run` on it (file name, folders and command line filled in), an
+// `Engine`, a `Janela`, and lets the command groups fill the command table; then `RunProgram` is the whole
+// life of a program and gives the exit status:
+//
+//   Run run(host.host());
+//   Engine engine(run);
+//   Janela janela(run, engine, host);              // a host is a Display; fills the door UnloadMainWindow
+//   AddWindowCommands(table, run, janela.windows());
+//   ...                                            // other groups and doors
+//   return janela.RunProgram(editors, projectStyleWord);
+#pragma once
+
+#include <memory>
+#include <string_view>
+
+#include "engine/engine.h"
+#include "prepare/prepare.h"
+#include "values/run.h"
+#include "windows/display.h"
+#include "windows/window_model.h"
+
+namespace tessera {
+
+// How the first activation ended.
+enum class RunOutcome {
+  Ended,      // the program's text came to its end
+  Abandoned,  // a failure reached the outermost guard
+  Refused,    // the block check failed: no line ran
+};
+
+class Janela final : public FormEvents {
+ public:
+  // All outlive the window.
+  Janela(Run& run, Engine& engine, Display& display);
+  ~Janela() override;
+  Janela(const Janela&) = delete;
+  Janela& operator=(const Janela&) = delete;
+
+  WindowModel& windows() { return windows_; }
+
+  // Start, then events until the window is closed. The process' exit status: 0, 1 for a program that was
+  // refused or abandoned, or the host's own.
+  int RunProgram(const EditorTexts& editors, std::string_view projectStyleWord);
+
+  // Load and first activation; left by `ProcessEnd` where the program closes its window.
+  RunOutcome Start(const EditorTexts& editors, std::string_view projectStyleWord);
+
+  // Closes the main window: query-close and unload. Never returns, but throws `ProcessEnd`.
+  [[noreturn]] void Unload();
+
+  void OnActivate() override;
+  void OnClose() override;
+  void OnKeyDown(int keyCode, KeyShift shift) override;
+  void OnMouseDown(MouseButton button, double x, double y) override;
+  void OnMouseMove(double x, double y) override;
+  void OnMouseUp(MouseButton button, double x, double y) override;
+  void OnClick() override;
+  void OnDoubleClick() override;
+  Grid PlacementGrid() const override { return {double(windows_.TamLin), double(windows_.TamCol)}; }
+
+ private:
+  void Load();
+  RunOutcome FirstActivation(const EditorTexts& editors, std::string_view projectStyleWord);
+  void SetLooks();
+  void DeclareBuiltins();
+  bool Prepare(const EditorTexts& editors);
+  void WriteGridVariables();
+  void TellVariable(std::string_view name, const Value& value);
+  void TakePointer(double x, double y);
+  void ClearWindowObjects();
+
+  Run& run_;
+  Engine& engine_;
+  Display& display_;
+  WindowModel windows_;
+  std::unique_ptr<Form> form_;
+  std::unique_ptr<Timer> Timer1_;
+};
+
+}  // namespace tessera

@@ -1,0 +1,107 @@
+#include "windows/window_commands.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "text/one_based.h"
+#include "values/eval.h"
+
+namespace tessera {
+
+namespace {
+
+constexpr std::size_t kEscrevaPlaces = 101;
+constexpr std::size_t kPosicionePlaces = 3;
+constexpr std::size_t kFontePlaces = 11;
+
+// OPEN: the cursor's integers stop at the ends of their 16 bits, so that a program that prints thousands of
+// lines goes on, its last ones out of sight below the window.
+std::int16_t CursorInteger(double pixels) {
+  using Limits = std::numeric_limits<std::int16_t>;
+  return static_cast<std::int16_t>(
+      std::trunc(std::clamp(pixels, double(Limits::min()), double(Limits::max()))));
+}
+
+Value Escreva(Run& run, WindowModel& windows, std::string_view arguments) {
+  std::string text;
+  bool isTitle = false;
+  for (const std::string& argument : SplitArguments(run, arguments, kEscrevaPlaces)) {
+    if (argument.empty()) break;
+    if (Upper(argument) == "TITULOJANELA") {
+      isTitle = true;
+    } else if (argument == "Data()" || argument == "Hora()") {
+      text += EvalText(run, argument).ToText();
+    } else {
+      text += EvalNumber(run, argument).ToText();
+    }
+  }
+  Form& form = *windows.CurrentForm;
+  if (isTitle) {
+    form.SetCaption(text);
+  } else {
+    form.Print(text);
+  }
+  form.CurrentX = windows.PrintColumnPixels;
+  form.CurrentY = windows.PrintLinePixels + (isTitle ? 0 : windows.TamLin);
+  windows.PrintColumnPixels = CursorInteger(form.CurrentX);
+  windows.PrintLinePixels = CursorInteger(form.CurrentY);
+  run.host.events.ProcessEvents();
+  return {};
+}
+
+Value Posicione(Run& run, WindowModel& windows, std::string_view arguments) {
+  const auto parts = SplitArguments(run, arguments, kPosicionePlaces);
+  Form& form = *windows.CurrentForm;
+  form.CurrentY = EvalNumber(run, parts[0]).ToDouble() * windows.TamLin;
+  form.CurrentX = EvalNumber(run, parts[1]).ToDouble() * windows.TamCol;
+  windows.PrintLinePixels = CursorInteger(form.CurrentY);
+  windows.PrintColumnPixels = CursorInteger(form.CurrentX);
+  return {};
+}
+
+// OPEN: clearing leaves the print position where it is, on the window as in the cursor's integers, so that
+// the next line stands where it would have stood.
+Value Cls(Run&, WindowModel& windows, std::string_view) {
+  windows.CurrentForm->Cls();
+  return {};
+}
+
+Value Fonte(Run& run, WindowModel& windows, std::string_view arguments) {
+  bool numericTarget = false;
+  auto parts = SplitArguments(run, arguments, kFontePlaces, true, numericTarget);
+  if (!Contains(parts[0], ".")) parts[0] = "PAI." + parts[0];
+  const std::string& property = parts[0];
+  const std::string& value = parts[2];
+  Form* form = windows.FindWindow(Left(property, Find(property, ".") - 1));
+  if (form == nullptr) return {};
+  const auto isOn = [&] { return Upper(EvalNumber(run, value).ToText()) != "NAO"; };
+  if (Contains(property, "Nome")) form->Font.name = EvalText(run, value).ToText();
+  if (Contains(property, "Tamanho")) form->Font.size = EvalNumber(run, value).ToDouble();
+  if (Contains(property, "Cor")) form->ForeColor = EvalNumber(run, value).ToInteger();
+  if (Contains(property, "Negrito")) form->Font.bold = isOn();
+  if (Contains(property, "Italico")) form->Font.italic = isOn();
+  return {};
+}
+
+struct Row {
+  std::string_view word;
+  Value (*handler)(Run& run, WindowModel& windows, std::string_view arguments);
+};
+
+constexpr Row kRows[] = {
+    {"ESCREVA", Escreva}, {"POSICIONE", Posicione}, {"CLS", Cls}, {"LIMPAJANELA", Cls}, {"FONTE", Fonte},
+};
+
+}  // namespace
+
+void AddWindowCommands(CommandTable& table, Run& run, WindowModel& windows) {
+  for (const Row& row : kRows) {
+    table.Add(row.word,
+              [&run, &windows, handler = row.handler](std::string_view, std::string_view arguments) {
+                return handler(run, windows, arguments);
+              });
+  }
+}
+
+}  // namespace tessera

@@ -1,0 +1,187 @@
+#include "console/console_host.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "support/hosted_program.h"
+
+namespace tessera::test {
+
+namespace {
+
+struct Transcript {
+  std::string out;
+  std::string err;
+  int status;
+};
+
+Transcript Play(std::string_view source, const std::string& script = "", std::string_view routines = {},
+                bool cancel = false) {
+  std::istringstream in(script);
+  std::ostringstream out;
+  std::ostringstream err;
+  ConsoleHost host({in, out, err}, {.programTitle = "TESTE", .answerCancel = cancel});
+  HostedProgram program(host.host(), host);
+  const int status = program.Run(source, routines);
+  return {out.str(), err.str(), status};
+}
+
+}  // namespace
+
+TEST(ConsoleOutput, EachEscrevaIsALineInUtf8AndATitleIsNone) {
+  const Transcript t =
+      Play("Escreva \"Olá \", 1+1, \" é\"\nEscreva \"novo\", TituloJanela\nEscreva\nEscreva \"§€\"\n");
+  EXPECT_EQ(t.out, "Olá 2 é\n\n§€\n");
+  EXPECT_EQ(t.err, "");
+  EXPECT_EQ(t.status, 0);
+}
+
+TEST(ConsoleOutput, EscrevaJoinsUpToItsFirstEmptyArgument) {
+  EXPECT_EQ(Play("Var n Decimal\nn = 1,5\nEscreva \"a\", n, , \"c\"\n").out.substr(0, 1), "a");
+}
+
+TEST(ConsoleOutput, AnAbandonedRunIsToldWithItsPlaceAndEndsWithOne) {
+  const Transcript t = Play("Var a(2) Inteiro\nEscreva \"antes\"\na(9) = 1\nEscreva \"depois\"\n");
+  EXPECT_EQ(t.out, "antes\n");
+  EXPECT_EQ(t.err, "[falha] Editor: 0 Linha: 3: Subscrito fora do intervalo\n");
+  EXPECT_EQ(t.status, 1);
+}
+
+TEST(ConsoleOutput, ARefusedProgramShowsItsBoxRunsNoLineAndEndsWithOne) {
+  const Transcript t = Play("Escreva \"nunca\"\nSe 1 = 1\nEscreva \"x\"\n", "espera 10\n");
+  EXPECT_EQ(t.out, "");
+  EXPECT_TRUE(t.err.starts_with("[critico] Comando Se ")) << t.err;
+  EXPECT_EQ(t.status, 1);
+}
+
+TEST(ConsoleBoxes, AnswersComeFromTheScriptInOrder) {
+  const char* program =
+      "Mensagem \"a\", 1, \"b\"\n"
+      "Var r String\n"
+      "r = Mensagem(\"OpcaoSimNao\", \"Salvar?\")\n"
+      "Escreva r\n"
+      "r = EntraTexto(\"Nome\", \"Ana\")\n"
+      "Escreva r\n";
+  struct Row {
+    const char* script;
+    const char* out;
+  };
+  for (const Row& row :
+       {Row{"s\nJosé\n", "SIM\nJosé\n"}, Row{" SIM \n\n", "SIM\n\n"}, Row{"n\nx y\n", "NAO\nx y\n"},
+        Row{"\n'a'\n", "NAO\n'a'\n"}, Row{"", "NAO\nCANCELADO\n"}}) {
+    const Transcript t = Play(program, row.script);
+    EXPECT_EQ(t.out, row.out) << row.script;
+    EXPECT_EQ(t.err, "[info] a1b\n[pergunta] Salvar?\n[entrada] Nome\n") << row.script;
+  }
+}
+
+TEST(ConsoleBoxes, LineBreaksInsideATextAreIndented) {
+  std::istringstream in;
+  std::ostringstream out;
+  std::ostringstream err;
+  ConsoleHost host({in, out, err}, {.programTitle = "TESTE"});
+  host.ShowBox({.text = "a\r\nb\rc\nd", .title = "Aviso", .icon = BoxIcon::Warning});
+  host.ShowBox({.text = "x", .title = "TESTE"});
+  EXPECT_EQ(err.str(), "[aviso: Aviso] a\n  b\n  c\n  d\n[caixa] x\n");
+}
+
+TEST(ConsoleBoxes, OkAndCancelAreAnsweredWithoutALine) {
+  std::istringstream in("s\n");
+  std::ostringstream out;
+  std::ostringstream err;
+  for (const bool cancel : {false, true}) {
+    ConsoleHost host({in, out, err}, {.programTitle = "T", .answerCancel = cancel});
+    EXPECT_EQ(host.ShowBox({.text = "?", .title = "T", .buttons = BoxButtons::OkCancel}),
+              cancel ? BoxAnswer::Cancel : BoxAnswer::Ok);
+    EXPECT_EQ(host.ShowBox({.text = "?", .title = "T", .buttons = BoxButtons::Ok}), BoxAnswer::Ok);
+  }
+  ConsoleHost host({in, out, err}, {});
+  EXPECT_EQ(host.ShowBox({.text = "?", .title = "T", .buttons = BoxButtons::YesNo}), BoxAnswer::Yes)
+      << "the line is still there";
+}
+
+TEST(ConsoleScript, EachAguardeTakesOneEventLineAndBlankLinesAndRemarksAreNone) {
+  const Transcript t = Play(
+      "Aguarde 0\nEscreva LinhaMouse, \" \", ColunaMouse\nAguarde Eventos\nEscreva LinhaMouse, \" \", "
+      "ColunaMouse\n",
+      "\n' um comentário\nmouse 3 10\n   \nMOUSE 4,5 2\n");
+  EXPECT_EQ(t.out, "3 10\n5 2\n");
+  EXPECT_EQ(t.status, 0);
+}
+
+TEST(ConsoleScript, AnswersAndEventsShareTheScript) {
+  const Transcript t = Play("Aguarde 0\nEscreva EntraTexto(\"p\")\nAguarde 0\nEscreva CliqueMouse\n",
+                            "mouse 1 1\nresposta\nclique\n");
+  EXPECT_EQ(t.out, "resposta\nCLIQUE\n");
+}
+
+TEST(ConsoleScript, AFaultyLineEndsTheRunWithThree) {
+  struct Row {
+    const char* script;
+    const char* err;
+  };
+  for (const Row& row : {
+           Row{"pula 3\n", "[roteiro] linha 1: palavra desconhecida: pula\n"},
+           Row{"' nota\n\nclique Gravar\n", "[roteiro] linha 3: objeto desconhecido: Gravar\n"},
+           Row{"texto\n", "[roteiro] linha 1: falta o nome\n"},
+           Row{"mouse 1\n", "[roteiro] linha 1: falta um número\n"},
+           Row{"mouse a 1\n", "[roteiro] linha 1: não é um número: a\n"},
+           Row{"tecla 256\n", "[roteiro] linha 1: número fora dos limites: 256\n"},
+           Row{"tecla 65 alt\n", "[roteiro] linha 1: tecla de apoio desconhecida: alt\n"},
+           Row{"espera -1\n", "[roteiro] linha 1: número fora dos limites: -1\n"},
+           Row{"espera 1 2\n", "[roteiro] linha 1: sobra texto: 2\n"},
+           Row{"libera 3\n", "[roteiro] linha 1: número fora dos limites: 3\n"},
+           Row{"fecha Outra\n", "[roteiro] linha 1: janela desconhecida: Outra\n"},
+           Row{"\xff\xfe\n", "[roteiro] linha 1: palavra desconhecida: ÿþ\n"},
+       }) {
+    const Transcript t = Play("Escreva 1\nAguarde 0\nEscreva 2\n", row.script);
+    EXPECT_EQ(t.err, row.err);
+    EXPECT_EQ(t.out, "1\n") << row.script;
+    EXPECT_EQ(t.status, 3) << row.script;
+  }
+}
+
+TEST(ConsoleClosing, ClosingEndsTheProgramWhereItWaits) {
+  const char* program = "Escreva Espere(1)\nEscreva \"nunca\"\n";
+  const char* routines = "Funcao Espere(x Inteiro) Numero\nAguarde 0\nRetorne 7\nFimFuncao\n";
+  for (const char* line : {"fecha", "FECHA Pai", "tecla 19", "tecla 117 ctrl", "aperta 19"}) {
+    const Transcript t = Play(program, line, routines);
+    EXPECT_EQ(t.out, "") << line;
+    EXPECT_EQ(t.status, 0) << line;
+  }
+  EXPECT_EQ(Play(program, "tecla 65", routines).out, "7\nnunca\n");
+}
+
+TEST(ConsoleClosing, FimJanelaEndsTheProcessAndLeavesTheScriptUnread) {
+  const Transcript t = Play("Escreva 1\nFimJanela\nEscreva 2\n", "pula\n");
+  EXPECT_EQ(t.out, "1\n");
+  EXPECT_EQ(t.status, 0);
+}
+
+TEST(ConsoleClosing, AClosingNeverHidesThatTheRunWasAbandoned) {
+  EXPECT_EQ(Play("Var a(2) Inteiro\na(9) = 1\n", "fecha\n").status, 1);
+}
+
+TEST(ConsoleTimers, TheScriptsTimeAloneLetsThemTickAlsoBehindTheProgramsEnd) {
+  const char* routines = "Sub Temporizador_a(3)\nn = n + 1\nEscreva \"tique \", n\nFimSub\n";
+  const Transcript t = Play("Var n Inteiro\nAguarde 50\nAguarde 0\nEscreva \"meio\"\n",
+                            "mouse 1 1\nespera 65\nespera 25\n", routines);
+  EXPECT_EQ(t.out, "tique 1\ntique 2\nmeio\ntique 3\n");
+}
+
+TEST(ConsoleTimers, ATickThatWaitsLetsTheNextOneIn) {
+  const char* routines = "Sub Temporizador_a(1)\nn = n + 1\nSe n < 4\nAguarde 0\nFimSe\nEscreva n\nFimSub\n";
+  const Transcript t = Play("Var n Inteiro\n", "espera 10\nespera 10\nespera 10\nespera 10\n", routines);
+  // Each of the first three ticks waits below the next one, and all see the last value.
+  EXPECT_EQ(t.out, "4\n4\n4\n4\n");
+}
+
+TEST(ConsoleTimers, ATimersSubThatClosesTheWindowEndsTheProcess) {
+  const Transcript t = Play("Escreva 1\nAguarde 0\nEscreva 2\n", "espera 30\n",
+                            "Sub Temporizador_a(2)\nEscreva \"fim\"\nFimJanela\nEscreva \"nunca\"\nFimSub\n");
+  EXPECT_EQ(t.out, "1\nfim\n");
+  EXPECT_EQ(t.status, 0);
+}
+
+}  // namespace tessera::test

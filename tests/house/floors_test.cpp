@@ -1,0 +1,144 @@
+// Reads the include lines of the source tree and holds them against the table of floors.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// A room's floor; docs/house.md shows the same table.
+const std::map<std::string, int> kFloors = {
+    {"text", 0},   {"platform", 1}, {"image", 2},   {"prepare", 2},  {"values", 3},   {"commands", 4},
+    {"engine", 5}, {"recorddb", 6}, {"sql", 6},     {"controls", 6}, {"windows", 7},  {"reports", 8},
+    {"media", 8},  {"system", 8},   {"console", 9}, {"qt", 9},       {"runtime", 10}, {"tool", 10},
+};
+
+// Doors within one floor: the tool stands on the composition that it shares with the runtime.
+const std::set<std::pair<std::string, std::string>> kSameFloorAllowed = {{"tool", "runtime"}};
+
+struct Include {
+  std::string file;
+  std::string room;
+  std::string target;
+};
+
+// The room that a quoted include names, or nothing for a header of the file's own folder.
+std::string RoomOf(const std::string& include) {
+  const std::size_t slash = include.find('/');
+  return slash == std::string::npos ? std::string() : include.substr(0, slash);
+}
+
+bool IsSource(const fs::path& path) {
+  return path.extension() == ".h" || path.extension() == ".cpp";
+}
+
+std::vector<Include> IncludesUnder(const fs::path& folder, const std::string& room) {
+  std::vector<Include> found;
+  for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+    if (!IsSource(entry.path())) continue;
+    std::ifstream file(entry.path());
+    for (std::string line; std::getline(file, line);) {
+      const std::string opening = "#include \"";
+      if (!line.starts_with(opening)) continue;
+      const std::string include =
+          line.substr(opening.size(), line.find('"', opening.size()) - opening.size());
+      const std::string target = RoomOf(include);
+      if (!target.empty()) found.push_back({entry.path().string(), room, target});
+    }
+  }
+  return found;
+}
+
+std::vector<Include> AllIncludes() {
+  const fs::path root = TESSERA_SOURCE_DIR;
+  std::vector<Include> all = IncludesUnder(root / "tool", "tool");
+  for (const auto& entry : fs::directory_iterator(root / "src")) {
+    if (!entry.is_directory()) continue;
+    for (Include& include : IncludesUnder(entry.path(), entry.path().filename().string())) {
+      all.push_back(std::move(include));
+    }
+  }
+  return all;
+}
+
+bool IsAllowed(const std::string& from, const std::string& to) {
+  return from == to || kFloors.at(to) < kFloors.at(from) || kSameFloorAllowed.contains({from, to});
+}
+
+TEST(Floors, EveryFolderHasItsFloor) {
+  for (const auto& entry : fs::directory_iterator(fs::path(TESSERA_SOURCE_DIR) / "src")) {
+    if (entry.is_directory()) {
+      EXPECT_TRUE(kFloors.contains(entry.path().filename().string())) << entry.path();
+    }
+  }
+}
+
+TEST(Floors, NoRoomIncludesARoomAboveOrBesideIt) {
+  const std::vector<Include> includes = AllIncludes();
+  ASSERT_GT(includes.size(), 50u) << "the include lines were not found";
+  for (const Include& include : includes) {
+    ASSERT_TRUE(kFloors.contains(include.target)) << include.file << " includes " << include.target;
+    EXPECT_TRUE(IsAllowed(include.room, include.target)) << include.file << " includes " << include.target;
+  }
+}
+
+TEST(Floors, TheRuleRefusesWhatStandsAbove) {
+  EXPECT_TRUE(IsAllowed("values", "text"));
+  EXPECT_TRUE(IsAllowed("values", "values"));
+  EXPECT_FALSE(IsAllowed("text", "values"));
+  EXPECT_FALSE(IsAllowed("console", "qt"));
+  EXPECT_FALSE(IsAllowed("prepare", "image"));
+}
+
+// The chief header of the display interface is what both hosts stand on, so it stays near the ground.
+TEST(Floors, TheDisplayInterfaceKnowsTheGroundAlone) {
+  std::ifstream file(fs::path(TESSERA_SOURCE_DIR) / "src/windows/display.h");
+  ASSERT_TRUE(file);
+  for (std::string line; std::getline(file, line);) {
+    if (!line.starts_with("#include \"")) continue;
+    const std::string include = line.substr(10, line.find('"', 10) - 10);
+    EXPECT_LE(kFloors.at(RoomOf(include)), 1) << include;
+  }
+}
+
+TEST(Floors, WindowToolkitHeadersStayInTheirRoom) {
+  const std::set<std::string> allowed = {"qt", "runtime"};
+  for (const auto& entry : fs::recursive_directory_iterator(fs::path(TESSERA_SOURCE_DIR) / "src")) {
+    if (!IsSource(entry.path())) continue;
+    std::ifstream file(entry.path());
+    for (std::string line; std::getline(file, line);) {
+      EXPECT_FALSE(line.starts_with("#include <QtWidgets>")) << entry.path();
+      if (!line.starts_with("#include <Q")) continue;
+      const fs::path relative = fs::relative(entry.path(), fs::path(TESSERA_SOURCE_DIR) / "src");
+      EXPECT_TRUE(allowed.contains(relative.begin()->string())) << entry.path() << ": " << line;
+    }
+  }
+}
+
+// docs/open-rules.md tells the choices by the files that make them.
+TEST(OpenRules, EachFileWithAChoiceIsListed) {
+  const fs::path root = TESSERA_SOURCE_DIR;
+  std::ifstream page(root / "docs/open-rules.md");
+  const std::string listed{std::istreambuf_iterator<char>(page), std::istreambuf_iterator<char>()};
+  ASSERT_FALSE(listed.empty());
+  for (const char* top : {"src", "tool"}) {
+    for (const auto& entry : fs::recursive_directory_iterator(root / top)) {
+      if (!IsSource(entry.path())) continue;
+      std::ifstream file(entry.path());
+      const std::string text{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+      if (text.find("OPEN:") == std::string::npos) continue;
+      const std::string name = fs::relative(entry.path(), root / top).string();
+      EXPECT_NE(listed.find(name), std::string::npos)
+          << name << " makes a choice that the page does not tell";
+    }
+  }
+}
+
+}  // namespace

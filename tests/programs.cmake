@@ -1,0 +1,23 @@
+# The programs of the language that the tests run: each *.tsc file, or folder, of a directory is one test.
+# A program without an expectation file beside it would prove nothing, so it fails the configuration.
+
+# tessera_programs(PREFIX directory of the programs, directory of their expectations)
+function(tessera_programs prefix programs expectations)
+  file(GLOB found CONFIGURE_DEPENDS ${programs}/*)
+  foreach(program IN LISTS found)
+    get_filename_component(name ${program} NAME_WE)
+    if(NOT program MATCHES "\\.tsc$" AND NOT IS_DIRECTORY ${program})
+      continue()
+    endif()
+    file(GLOB expected CONFIGURE_DEPENDS ${expectations}/${name}.out ${expectations}/${name}.err)
+    if(NOT expected)
+      message(FATAL_ERROR "${program} has neither ${name}.out nor ${name}.err in ${expectations}")
+    endif()
+    add_test(NAME ${prefix}.${name}
+      COMMAND ${CMAKE_SOURCE_DIR}/tests/run_program.sh $<TARGET_FILE:tessera> ${program} ${expectations}/${name})
+    set_tests_properties(${prefix}.${name} PROPERTIES TIMEOUT 60)
+  endforeach()
+endfunction()
+
+tessera_programs(programs ${CMAKE_SOURCE_DIR}/tests/programs ${CMAKE_SOURCE_DIR}/tests/programs)
+tessera_programs(examples ${CMAKE_SOURCE_DIR}/examples ${CMAKE_SOURCE_DIR}/tests/examples)

@@ -1,0 +1,273 @@
+#include "qt/qt_host.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+#include <QWindow>
+#include <ctime>
+
+#include "qt/boxes.h"
+#include "support/hosted_program.h"
+
+namespace tessera::test {
+
+namespace {
+
+QWidget* WidgetNamed(const char* name) {
+  for (QWidget* widget : QApplication::topLevelWidgets()) {
+    if (widget->objectName() == QLatin1String(name) && widget->isVisible()) return widget;
+  }
+  return nullptr;
+}
+
+// Does `act` with the window of that name as soon as it is shown; the test fails where it never is.
+class When {
+ public:
+  When(const char* name, std::function<void(QWidget&)> act) {
+    timer_.callOnTimeout([this, name, act = std::move(act)] {
+      QWidget* widget = WidgetNamed(name);
+      if (widget == nullptr || done_) return;
+      done_ = true;
+      timer_.stop();
+      act(*widget);
+    });
+    timer_.start(5);
+  }
+  ~When() { EXPECT_TRUE(done_) << "the window was never shown"; }
+
+ private:
+  QTimer timer_;
+  bool done_ = false;
+};
+
+class QtHostTest : public testing::Test {
+ protected:
+  // What the program left in a variable.
+  std::string Variable(std::string_view name) { return program.run.variables.VarRead(name).ToText(); }
+
+  int Run(std::string_view source, std::string_view routines = {}) { return program.Run(source, routines); }
+
+  QtHost host;
+  HostedProgram program{host.host(), host};
+};
+
+void Close(QWidget& widget) {
+  widget.close();
+}
+
+int DarkPixels(const QImage& picture, const QRect& area) {
+  int dark = 0;
+  for (int y = area.top(); y <= area.bottom(); ++y) {
+    for (int x = area.left(); x <= area.right(); ++x) dark += qGray(picture.pixel(x, y)) < 128;
+  }
+  return dark;
+}
+
+}  // namespace
+
+TEST_F(QtHostTest, TheWindowIsPaintedBeforeTheFirstStatementAndClosingItAfterTheEndEndsTheProcess) {
+  bool wasPainted = false;
+  program.commands.Add("LEPORTA", [&](std::string_view, std::string_view) {
+    QWidget* janela = WidgetNamed("Janela");
+    wasPainted = janela != nullptr && janela->windowHandle()->isExposed();
+    return Value();
+  });
+  QString title;
+  When closing("Janela", [&](QWidget& janela) {
+    title = janela.windowTitle();
+    janela.close();
+  });
+  EXPECT_EQ(Run("LePorta\n"), 0);
+  EXPECT_TRUE(wasPainted);
+  EXPECT_EQ(title, "Tessera - TESTE.TSC");
+  EXPECT_EQ(WidgetNamed("Janela"), nullptr);
+}
+
+TEST_F(QtHostTest, ClosingStopsAProgramThatWaitsInALoop) {
+  When closing("Janela", Close);
+  EXPECT_EQ(Run("Var n Inteiro\nEnquanto 1 = 1\nAguarde 10\nn++\nRepita\n"), 0);
+  EXPECT_FALSE(program.run.RunningFlag);
+}
+
+TEST_F(QtHostTest, PauseAndF6CloseTheWindowAndOtherKeysDoNot) {
+  for (const auto key : {Qt::Key_Pause, Qt::Key_F6}) {
+    QtHost anotherHost;
+    HostedProgram another(anotherHost.host(), anotherHost);
+    When typing("Janela", [&](QWidget& janela) {
+      QTest::keyClick(janela.windowHandle(), Qt::Key_F5);
+      EXPECT_TRUE(another.run.RunningFlag);
+      QTest::keyClick(janela.windowHandle(), key);
+      EXPECT_FALSE(another.run.RunningFlag);
+    });
+    EXPECT_EQ(another.Run("Enquanto 1 = 1\nAguarde Eventos\nRepita\n"), 0);
+  }
+}
+
+TEST_F(QtHostTest, AnAbandonedRunIsSilentAndLeavesTheWindowOpen) {
+  When closing("Janela", Close);
+  EXPECT_EQ(Run("Var a(2) Inteiro\na(9) = 1\n"), 1);
+}
+
+TEST_F(QtHostTest, TicksNestInOneAnother) {
+  When closing("Janela", [](QWidget& janela) { QTimer::singleShot(300, &janela, &QWidget::close); });
+  // Each tick waits, and lets the next one in on top of it.
+  Run("Var fundo Inteiro, maior Inteiro\nAguarde 1\n",
+      "Sub Temporizador_a(1)\nfundo++\nSe fundo > maior\nmaior = fundo\nFimSe\n"
+      "Se fundo < 6\nAguarde 30\nFimSe\nfundo--\nFimSub\n");
+  EXPECT_EQ(Variable("maior"), "6");
+}
+
+TEST_F(QtHostTest, ATimersSubThatClosesTheWindowEndsABoxThatIsOpenBelowIt) {
+  When shown("Mensagem", [](QWidget&) {});
+  EXPECT_EQ(Run("Var depois Inteiro\nMensagem \"espera\"\ndepois = 1\n",
+                "Sub Temporizador_a(20)\nFimJanela\nFimSub\n"),
+            0);
+  EXPECT_EQ(Variable("depois"), "0");
+}
+
+TEST_F(QtHostTest, AMessageHasItsTitleIconTextAndButtons) {
+  When ok("Mensagem", [](QWidget& widget) {
+    auto& box = dynamic_cast<QMessageBox&>(widget);
+    EXPECT_EQ(box.windowTitle(), "TESTE");
+    EXPECT_EQ(box.icon(), QMessageBox::Information);
+    EXPECT_EQ(box.text(), QStringLiteral("Olá <b>1</b>"));
+    EXPECT_EQ(box.buttons().size(), 1);
+    QTest::mouseClick(box.button(QMessageBox::Ok), Qt::LeftButton);
+  });
+  Run("Mensagem \"Olá <b>\", 1, \"</b>\"\nFimJanela\n");
+}
+
+TEST_F(QtHostTest, AYesNoMessageStandsOnNo) {
+  struct Row {
+    Qt::Key key;
+    const char* answer;
+  };
+  for (const Row& row : {Row{Qt::Key_Return, "NAO"}, Row{Qt::Key_Escape, "NAO"}, Row{Qt::Key_S, "SIM"}}) {
+    QtHost anotherHost;
+    HostedProgram another(anotherHost.host(), anotherHost);
+    When asked("Mensagem", [&](QWidget& widget) {
+      auto& box = dynamic_cast<QMessageBox&>(widget);
+      EXPECT_EQ(box.icon(), QMessageBox::Question);
+      EXPECT_EQ(box.button(QMessageBox::Yes)->text(), "&Sim");
+      EXPECT_EQ(box.button(QMessageBox::No)->text(), QStringLiteral("&Não"));
+      EXPECT_EQ(box.defaultButton(), box.button(QMessageBox::No));
+      QTest::keyClick(&box, row.key, row.key == Qt::Key_S ? Qt::AltModifier : Qt::NoModifier);
+    });
+    another.Run("Var r String\nr = Mensagem(\"OPCAOSIMNAO\", \"Apaga?\")\nFimJanela\n");
+    EXPECT_EQ(another.run.variables.VarRead("r").ToText(), row.answer);
+  }
+}
+
+TEST_F(QtHostTest, TheInputFormAnswersItsTextTheCancelWordOrThePrompt) {
+  struct Row {
+    const char* way;
+    const char* answer;
+  };
+  for (const Row& row : {Row{"enter", "Bia"}, Row{"cancelar", "CANCELADO"}, Row{"escape", "CANCELADO"},
+                         Row{"moldura", "Nome"}}) {
+    QtHost anotherHost;
+    HostedProgram another(anotherHost.host(), anotherHost);
+    When asked("EntraTxt", [&](QWidget& form) {
+      auto* texto = form.findChild<QLineEdit*>("TxtTexto");
+      EXPECT_EQ(form.windowTitle(), "TESTE");
+      EXPECT_EQ(form.findChild<QLabel*>("LblRotulo")->text(), "Nome");
+      EXPECT_EQ(texto->text(), "Ana");
+      EXPECT_TRUE(texto->hasFocus());
+      const std::string way = row.way;
+      if (way == "enter") {
+        QTest::keyClicks(texto, "Bia");  // over the selected first content
+        QTest::keyClick(texto, Qt::Key_Return);
+        EXPECT_TRUE(form.findChild<QPushButton*>("BtnOK")->hasFocus());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+      } else if (way == "cancelar") {
+        QTest::mouseClick(form.findChild<QPushButton*>("BtnCancelar"), Qt::LeftButton);
+      } else if (way == "escape") {
+        QTest::keyClick(&form, Qt::Key_Escape);
+      } else {
+        form.close();
+      }
+    });
+    another.Run("Var r String\nr = EntraTexto(\"Nome\", \"Ana\")\nFimJanela\n");
+    EXPECT_EQ(another.run.variables.VarRead("r").ToText(), row.answer) << row.way;
+  }
+}
+
+TEST_F(QtHostTest, PrintsStandAtTheTextCursorAndSurviveASmallerWindow) {
+  QImage before;
+  QImage after;
+  When shown("Janela", [&](QWidget& janela) {
+    QTest::qWait(50);
+    before = janela.grab().toImage();
+    const QSize size = janela.size();
+    janela.resize(40, 20);
+    janela.resize(size);
+    after = janela.grab().toImage();
+    janela.close();
+  });
+  Run("Escreva \"primeira linha\"\nPosicione 5, 10\nEscreva \"outra\"\nFonte Cor = Vermelho\nEscreva "
+      "\"vermelha\"\n");
+  EXPECT_EQ(before.size(), QSize(640, 420));
+  EXPECT_EQ(before.pixel(300, 300), qRgb(240, 240, 240));
+  EXPECT_GT(DarkPixels(before, QRect(0, 0, 112, 14)), 50);
+  EXPECT_EQ(DarkPixels(before, QRect(0, 20, 640, 45)), 0);
+  EXPECT_GT(DarkPixels(before, QRect(80, 70, 40, 14)), 20);
+  EXPECT_EQ(DarkPixels(before, QRect(0, 70, 78, 14)), 0);
+  EXPECT_EQ(before, after);
+}
+
+TEST_F(QtHostTest, ClsErasesAndANewGroundKeepsThePrints) {
+  QImage picture;
+  When shown("Janela", [&](QWidget& janela) {
+    QTest::qWait(50);
+    program.janela.windows().MainWindow->SetBackColor(0x00FFFF);
+    QTest::qWait(50);
+    picture = janela.grab().toImage();
+    janela.close();
+  });
+  Run("Escreva \"apagada\"\nCls\nEscreva \"nova\"\n");
+  EXPECT_EQ(picture.pixel(300, 300), qRgb(255, 255, 0));
+  EXPECT_EQ(DarkPixels(picture, QRect(0, 0, 640, 14)), 0);
+  EXPECT_GT(DarkPixels(picture, QRect(0, 14, 40, 14)), 20);
+}
+
+TEST_F(QtHostTest, AWaitingProgramRestsTheProcessor) {
+  When closing("Janela", [](QWidget& janela) { QTimer::singleShot(400, &janela, &QWidget::close); });
+  const std::clock_t before = std::clock();
+  Run("Enquanto 1 = 1\nAguarde 10\nRepita\n");
+  const double seconds = double(std::clock() - before) / CLOCKS_PER_SEC;
+  EXPECT_LT(seconds, 0.2);
+}
+
+TEST_F(QtHostTest, ThePointerTellsItsLineAndColumnAndItsClicks) {
+  When shown("Janela", [](QWidget& janela) {
+    QTest::mouseMove(janela.windowHandle(), QPoint(80, 42));
+    QTest::mouseClick(janela.windowHandle(), Qt::LeftButton, {}, QPoint(80, 42));
+    QTest::qWait(20);
+    janela.close();
+  });
+  Run("Enquanto 1 = 1\nAguarde 10\nRepita\n");
+  EXPECT_EQ(Variable("LinhaMouse") + " " + Variable("ColunaMouse") + " " + Variable("CliqueMouse"),
+            "3 10 CLIQUE");
+}
+
+TEST_F(QtHostTest, TheNoticeOfABareRuntimeTellsWhatItIs) {
+  When shown("MsgExec", [](QWidget& notice) {
+    EXPECT_EQ(notice.windowTitle(), "Tessera");
+    EXPECT_EQ(notice.findChild<QLabel*>("LblNome")->text(), "Compilador do Tessera");
+    EXPECT_EQ(notice.findChild<QLabel*>("LblDescricao")->text(),
+              QStringLiteral("Utilitário para compilar programas do Tessera"));
+    EXPECT_EQ(notice.findChild<QLabel*>("LblVersao")->text(), QStringLiteral("VERSÃO 1.0.71"));
+    QTest::mouseClick(notice.findChild<QPushButton*>("BtnOK"), Qt::LeftButton);
+  });
+  ShowMsgExec();
+}
+
+}  // namespace tessera::test

@@ -1,0 +1,30 @@
+#include "support/hosted_program.h"
+
+#include "commands/system_commands.h"
+#include "support/core_program.h"
+#include "windows/window_commands.h"
+
+namespace tessera::test {
+
+HostedProgram::HostedProgram(const Host& host, Display& display)
+    : run(host), engine(run), janela(run, engine, display) {
+  run.ProgramFileName = "TESTE.TSC";
+  run.ProgramFolderText = "/programas/teste\\";
+  run.RuntimeFolderText = "/programas\\";
+  run.CommandLineText = "um dois";
+  run.doors.CommandCall = [this](std::string_view name, std::string_view arguments) {
+    return commands.CommandCall(name, arguments);
+  };
+  AddWindowCommands(commands, run, janela.windows());
+  AddSystemCommands(commands, run);
+}
+
+int HostedProgram::Run(std::string_view editor0, std::string_view routines,
+                       std::string_view projectStyleWord) {
+  EditorTexts editors;
+  editors[0] = FromSource(editor0);
+  editors[1] = FromSource(routines);
+  return janela.RunProgram(editors, projectStyleWord);
+}
+
+}  // namespace tessera::test

@@ -1,0 +1,110 @@
+#include "windows/janela.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "console/console_host.h"
+#include "support/hosted_program.h"
+
+namespace tessera::test {
+
+namespace {
+
+// A program on the console host whose window can be looked at.
+class JanelaTest : public testing::Test {
+ protected:
+  Form& Window() { return *program.janela.windows().MainWindow; }
+  WindowModel& Windows() { return program.janela.windows(); }
+  std::string Printed() const { return out.str(); }
+
+  std::istringstream in;
+  std::ostringstream out;
+  std::ostringstream err;
+  ConsoleHost host{{in, out, err}, {.programTitle = "TESTE"}};
+  HostedProgram program{host.host(), host};
+};
+
+}  // namespace
+
+TEST_F(JanelaTest, StandsCentredInItsLooksAndIsShownBeforeTheFirstStatement) {
+  EditorTexts editors;
+  editors[0] = "Escreva 1\r\n";
+  EXPECT_EQ(program.janela.Start(editors, ""), RunOutcome::Ended);
+  EXPECT_EQ(Window().Caption(), "Tessera - TESTE.TSC");
+  EXPECT_TRUE(Window().Visible());
+  EXPECT_TRUE(Window().Titlebar());
+  EXPECT_EQ(Window().Place().Width, 640 * 15);
+  EXPECT_EQ(Window().Place().Height, 420 * 15 + 600);
+  EXPECT_EQ(Window().Place().Left, (1920 * 15 - 9600) / 2);
+  EXPECT_EQ(Window().Place().Top, (1080 * 15 - 6900) / 2);
+  EXPECT_EQ(Window().Font.name, "Courier New");
+  EXPECT_EQ(Windows().CurrentWindowName, "Pai");
+  EXPECT_EQ(Windows().FindWindow("pAI"), &Window());
+  EXPECT_EQ(Windows().FindWindow(""), nullptr);
+}
+
+TEST_F(JanelaTest, BuiltinVariablesAreFilled) {
+  program.Run(
+      "Escreva Azul, \" \", Amarelo, \" \", AzulEscuro, \" \", AmareloEscuro\n"
+      "Escreva TamLin, \" \", TamCol, \" \", AlturaTela, \" \", LarguraTela\n"
+      "Escreva PastaPrograma, \" \", PastaTS, \" \", LinhaComando\n"
+      "Escreva TotalFontes\n"
+      "Var c Inteiro\nc = CorFundoPadrao\nEscreva c\n"
+      "Var Azul Inteiro\nAzul = 5\nEscreva Azul\n");
+  EXPECT_EQ(
+      Printed(),
+      "16711680 65535 7208960 28270\n14 8 77 240\n/programas/teste /programas um dois\n2\n-2147483633\n5\n");
+}
+
+TEST_F(JanelaTest, TheTextCursorMovesALineAtATimeAndPosicioneSetsIt) {
+  EditorTexts editors;
+  editors[0] =
+      "Posicione 2, 2,5\r\nEscreva \"a\"\r\nEscreva \"b\"\r\nEscreva \"t\", TituloJanela\r\nCls\r\n"
+      "Fonte Tamanho = 30\r\n";
+  ASSERT_EQ(program.janela.Start(editors, ""), RunOutcome::Ended);
+  EXPECT_EQ(Windows().PrintLinePixels, 4 * 14);
+  EXPECT_EQ(Windows().PrintColumnPixels, 16) << "the second argument ends at its comma";
+  EXPECT_EQ(Window().CurrentY, 4 * 14);
+  EXPECT_EQ(Window().Caption(), "t");
+  EXPECT_EQ(Window().Font.size, 30);
+}
+
+TEST_F(JanelaTest, ThousandsOfLinesAreNoFailure) {
+  EXPECT_EQ(program.Run("Var i Inteiro\nEnquanto i < 3000\ni++\nEscreva i\nRepita\n"), 0);
+  EXPECT_TRUE(Printed().ends_with("2999\n3000\n"));
+}
+
+TEST_F(JanelaTest, FonteSetsWhatItsFirstArgumentNamesOnTheWindowNamed) {
+  EditorTexts editors;
+  editors[0] =
+      "Fonte Nome = \"Arial\"\r\nFonte pai.Negrito = \"SIM\"\r\nFonte Italico = \"nao\"\r\n"
+      "Fonte Pai.Cor = Vermelho\r\nFonte Outra.Tamanho = 99\r\nFonte tamanho = 50\r\n";
+  ASSERT_EQ(program.janela.Start(editors, ""), RunOutcome::Ended);
+  EXPECT_EQ(Window().Font.name, "Arial");
+  EXPECT_TRUE(Window().Font.bold);
+  EXPECT_FALSE(Window().Font.italic);
+  EXPECT_EQ(Window().ForeColor, 255);
+  EXPECT_EQ(Window().Font.size, 10);
+}
+
+TEST_F(JanelaTest, ThatWordAnywhereInTheProgramKeepsTheWindowHidden) {
+  EditorTexts editors;
+  editors[0] = "Escreva \"IniciaJanelaInvisivel\"\r\n";
+  program.janela.Start(editors, "JanelaTransparente");
+  EXPECT_FALSE(Window().Visible());
+  EXPECT_FALSE(Window().Titlebar());
+}
+
+TEST_F(JanelaTest, AnEventWhoseVariableIsGoneIsNoFailureOfTheWaitingStatement) {
+  in.str("clique\n");
+  program.run.doors.NovaJanela = [](std::string_view) {};
+  program.commands.Add("LEPORTA", [this](std::string_view, std::string_view) {
+    program.run.variables.VarRemove("CliqueMouse", true);
+    return Value();
+  });
+  EXPECT_EQ(program.Run("LePorta\nAguarde 0\nEscreva \"segue\"\n"), 0);
+  EXPECT_EQ(Printed(), "segue\n");
+}
+
+}  // namespace tessera::test

@@ -1,0 +1,164 @@
+// The tool `tessera` of the person who writes programs: reads the call and hands it to a sub-command.
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <functional>
+#include <iostream>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/stack_limit.h"
+#include "tool/subcommands.h"
+#include "tool/terminal.h"
+
+namespace tessera {
+namespace {
+
+constexpr const char* kProgramHelp = "Arquivo Nome.tsc, ou pasta com os editores do programa";
+
+// Help in Portuguese.
+std::shared_ptr<CLI::Formatter> PortugueseHelp() {
+  auto formatter = std::make_shared<CLI::Formatter>();
+  formatter->label("Usage", "Uso");
+  formatter->label("OPTIONS", "OPÇÕES");
+  formatter->label("Positionals", "Argumentos");
+  formatter->label("Options", "Opções");
+  formatter->label("SUBCOMMAND", "COMANDO");
+  formatter->label("SUBCOMMANDS", "COMANDO");
+  formatter->label("Subcommands", "Comandos");
+  formatter->label("TEXT", "TEXTO");
+  formatter->label("REQUIRED", "");
+  formatter->column_width(34);
+  return formatter;
+}
+
+// What stands behind "--" belongs to the program, whatever it looks like.
+std::vector<std::string> TakeProgramArguments(std::vector<std::string>& words) {
+  const auto divider = std::find(words.begin(), words.end(), "--");
+  if (divider == words.end()) return {};
+  std::vector<std::string> behind(divider + 1, words.end());
+  words.erase(divider, words.end());
+  return behind;
+}
+
+class CommandLine {
+ public:
+  CommandLine() : app_("Tessera: escreva, verifique, execute e empacote programas.", "tessera") {
+    app_.formatter(PortugueseHelp());
+    app_.option_defaults()->group("Opções");
+    app_.allow_extras();
+    app_.set_help_flag("-h,--help", "Mostra esta ajuda");
+    app_.set_version_flag("--version", "tessera " TESSERA_VERSION, "Mostra a versão");
+    app_.footer(
+        "Ajuda de um comando: tessera COMANDO --help\n"
+        "Estado de saída: 0 feito; 1 programa recusado ou abandonado; 2 chamada errada ou arquivo "
+        "inadequado;\n                 3 roteiro de eventos com erro");
+    AddRun();
+    AddBuild();
+    AddOnProgram("check", "Verifica um programa sem o executar", CheckSubcommand);
+    AddOnProgram("show", "Mostra o texto preparado de um programa", ShowSubcommand);
+    CLI::App* created =
+        Add("new", "Cria uma pasta com um primeiro programa", [this] { return NewSubcommand(name_); });
+    created->add_option("NOME", name_, "Nome da pasta e do programa")->type_name("")->required();
+  }
+
+  int Run(int argc, char** argv) {
+    std::vector<std::string> words(argv + 1, argv + argc);
+    run_.arguments = TakeProgramArguments(words);
+    std::reverse(words.begin(), words.end());  // the parser takes them from the back
+    try {
+      app_.parse(words);
+    } catch (const CLI::CallForHelp&) {
+      std::cout << app_.help();
+      return kDone;
+    } catch (const CLI::CallForVersion&) {
+      std::cout << app_.version() << '\n';
+      return kDone;
+    } catch (const CLI::RequiredError& problem) {
+      // The library's sentence begins with the argument's name.
+      const std::string sentence = problem.what();
+      return Refuse("falta " + sentence.substr(0, sentence.find(' ')));
+    } catch (const CLI::ArgumentMismatch&) {
+      return Refuse("falta o valor de uma opção");
+    } catch (const CLI::ParseError&) {
+      return Refuse("chamada errada");
+    }
+    return Dispatch();
+  }
+
+ private:
+  CLI::App* Add(const char* word, const char* description, std::function<int()> action) {
+    CLI::App* command = app_.add_subcommand(word, description);
+    command->group("Comandos");
+    command->get_help_ptr()->group("Opções");
+    command->allow_extras();
+    actions_[command] = std::move(action);
+    return command;
+  }
+
+  CLI::App* AddWithProgram(const char* word, const char* description, std::string& program,
+                           std::function<int()> action) {
+    CLI::App* command = Add(word, description, std::move(action));
+    command->add_option("PROGRAMA", program, kProgramHelp)->type_name("")->required();
+    return command;
+  }
+
+  void AddOnProgram(const char* word, const char* description, int (*action)(const std::string&)) {
+    AddWithProgram(word, description, name_, [this, action] { return action(name_); });
+  }
+
+  void AddRun() {
+    CLI::App* run =
+        AddWithProgram("run", "Executa um programa", run_.program, [this] { return RunSubcommand(run_); });
+    run->add_flag("--console", run_.console, "Executa no terminal, sem janelas");
+    run->add_flag("--cancel", run_.answerCancel, "No terminal, responde Cancelar às caixas de OK e Cancelar");
+    run->footer("O que vem depois de -- é a linha de comando do programa (LinhaComando).");
+  }
+
+  void AddBuild() {
+    CLI::App* build = AddWithProgram("build", "Grava um programa como um executável", build_.program,
+                                     [this] { return BuildSubcommand(build_); });
+    build->add_option("-o", build_.output, "Arquivo a gravar; sem ele, o nome do programa na própria pasta")
+        ->type_name("ARQUIVO");
+    build
+        ->add_option("--runtime", build_.runtime,
+                     "Executor a copiar; sem ele, o tessera-runtime ao lado da ferramenta")
+        ->type_name("ARQUIVO");
+  }
+
+  int Dispatch() {
+    if (const std::vector<std::string> extra = app_.remaining(true); !extra.empty()) {
+      return Refuse("não entendo \"" + extra.front() + "\"");
+    }
+    const std::vector<CLI::App*> chosen = app_.get_subcommands();
+    if (chosen.empty()) {
+      std::cerr << app_.help();
+      return kWrongCall;
+    }
+    return actions_.at(chosen.front())();
+  }
+
+  int Refuse(const std::string& problem) const {
+    const std::vector<CLI::App*> chosen = app_.get_subcommands();
+    const std::string help =
+        chosen.empty() ? "tessera --help" : "tessera " + chosen.front()->get_name() + " --help";
+    PrintError(problem + "; veja " + help);
+    return kWrongCall;
+  }
+
+  CLI::App app_;
+  std::map<const CLI::App*, std::function<int()>> actions_;
+  RunCall run_;
+  BuildCall build_;
+  std::string name_;
+};
+
+}  // namespace
+}  // namespace tessera
+
+int main(int argc, char** argv) {
+  tessera::StackLimit::Raise(tessera::StackLimit::kRunStack);
+  return tessera::CommandLine().Run(argc, argv);
+}

@@ -1,0 +1,55 @@
+// `tessera run`: a program from its sources, with windows or on the terminal.
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+
+#include "runtime/console_start.h"
+#include "runtime/handover.h"
+#include "runtime/own_folder.h"
+#include "runtime/program_start.h"
+#include "tool/program_files.h"
+#include "tool/subcommands.h"
+#include "tool/terminal.h"
+
+namespace tessera {
+
+namespace {
+
+// True if the environment speaks of a display at all. Whether one answers is the runtime's to find out, which
+// links the window toolkit and runs the program on the terminal where none does.
+bool DisplayIsNamed() {
+  constexpr std::array kVariables = {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"};
+  return std::any_of(kVariables.begin(), kVariables.end(), [](const char* variable) {
+    const char* value = std::getenv(variable);
+    return value != nullptr && *value != '\0';
+  });
+}
+
+// The tool itself links no window toolkit, so that the terminal stays quick: the runtime shows the windows.
+int RunWithWindows(const ProgramStart& start) {
+  const std::string runtime = SiblingRuntime().string();
+  const std::string reason = BecomeRuntime(runtime, start);
+  PrintError(runtime + ": não foi possível iniciar o executor: " + reason +
+             "; compile o sistema (./run) ou use --console");
+  return kWrongCall;
+}
+
+}  // namespace
+
+int RunSubcommand(const RunCall& call) {
+  auto loaded = LoadProgram(call.program);
+  if (const LoadProblem* problem = std::get_if<LoadProblem>(&loaded)) {
+    PrintError(problem->message);
+    return kWrongCall;
+  }
+  LoadedProgram& program = std::get<LoadedProgram>(loaded);
+  const ProgramStart start{std::move(program.program), std::move(program.folder),
+                           CommandLineOf(call.arguments)};
+  if (!call.console) {
+    if (DisplayIsNamed()) return RunWithWindows(start);
+    PrintRemark("nenhuma tela ao alcance; o programa roda no terminal");
+  }
+  return RunOnConsole(start, call.answerCancel);
+}
+
+}  // namespace tessera

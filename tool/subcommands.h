@@ -1,0 +1,29 @@
+// The sub-commands of the tool; each tells the person what went wrong and returns the exit status.
+// Paths and arguments are as the person gave them, in UTF-8.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace tessera {
+
+struct RunCall {
+  std::string program;
+  std::vector<std::string> arguments;
+  bool console = false;       // without windows
+  bool answerCancel = false;  // boxes of OK and Cancel are answered Cancel on the console host
+};
+int RunSubcommand(const RunCall& call);
+
+struct BuildCall {
+  std::string program;
+  std::string output;   // empty: the program's name in its own folder
+  std::string runtime;  // empty: `tessera-runtime` beside the tool
+};
+int BuildSubcommand(const BuildCall& call);
+
+int CheckSubcommand(const std::string& program);
+int ShowSubcommand(const std::string& program);
+int NewSubcommand(const std::string& folder);
+
+}  // namespace tessera

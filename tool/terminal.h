@@ -1,0 +1,19 @@
+// What the tool tells its user: UTF-8 lines, with colour only where a person reads them on a terminal.
+#pragma once
+
+#include <string_view>
+
+namespace tessera {
+
+// Exit statuses of the tool.
+inline constexpr int kDone = 0;
+inline constexpr int kRefused = 1;    // the program was refused or abandoned
+inline constexpr int kWrongCall = 2;  // wrong call, unreadable or unsuitable file
+
+// "tessera: erro: " and the message, on stderr.
+void PrintError(std::string_view message);
+
+// "tessera: " and a remark that is no error, on stderr.
+void PrintRemark(std::string_view message);
+
+}  // namespace tessera
