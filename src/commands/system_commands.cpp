@@ -51,7 +51,7 @@ Value EntraTexto(Run& run, std::string_view arguments) {
       break;
   }
   // KEPT: the prompt is the answer of a form closed by its frame
-  // (SystemCommands.AnInputFormClosedByItsFrameAnswersThePrompt).
+  // (QtHostTest.TheInputFormAnswersItsTextTheCancelWordOrThePrompt).
   return Quote(prompt);
 }
 

@@ -27,8 +27,11 @@ class PathMapping {
 
  private:
   std::string DriveFolder(char letter) const;
+  bool LiesInProgramFolder(std::string_view path) const;
 
   std::string programFolder_ = ".";
+  // How programs see that folder: a character beyond the code page reads as "?" there, and leads back here.
+  std::string programFolderText_;
   std::string dataFolder_ = ".";
 };
 

@@ -40,6 +40,8 @@ QFont ToQFont(const FontFace& face) {
   font.setPointSizeF(std::clamp(face.size, kSmallestSize, kLargestSize));
   font.setBold(face.bold);
   font.setItalic(face.italic);
+  // Characters of whole pixels: ten points of the default font are a column of the placement grid.
+  font.setHintingPreference(QFont::PreferFullHinting);
   return font;
 }
 

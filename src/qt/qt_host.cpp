@@ -10,6 +10,7 @@
 #include <array>
 #include <cstdio>
 #include <thread>
+#include <utility>
 
 #include "qt/boxes.h"
 #include "qt/fonts.h"
@@ -44,10 +45,9 @@ class TickSource final : public Timer {
       : shared_(std::make_shared<Shared>(Shared{entry, std::move(tick)})), timer_(new QTimer) {
     timer_->setTimerType(Qt::PreciseTimer);
     timer_->callOnTimeout(timer_, [timer = timer_, shared = shared_] {
-      if (shared->waiting) return;
-      shared->waiting = true;
+      if (std::exchange(shared->waiting, true)) return;
       QMetaObject::invokeMethod(
-          timer, [shared] { shared->entry.Enter([shared] { Tick(*shared); }); }, Qt::QueuedConnection);
+          timer, [shared] { Post(shared); }, Qt::QueuedConnection);
     });
     timer_->start(interval);
   }
@@ -67,6 +67,11 @@ class TickSource final : public Timer {
     bool waiting = false;  // a tick is posted and has not begun: further ones merge into it
     bool ended = false;
   };
+
+  // Behind the timer's end the host itself may be gone.
+  static void Post(const std::shared_ptr<Shared>& shared) {
+    if (!shared->ended) shared->entry.Enter([shared] { Tick(*shared); });
+  }
 
   static void Tick(Shared& shared) {
     shared.waiting = false;

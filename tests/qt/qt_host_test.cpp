@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPainter>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -15,6 +16,8 @@
 #include <ctime>
 
 #include "qt/boxes.h"
+#include "qt/fonts.h"
+#include "qt/print_surface.h"
 #include "support/hosted_program.h"
 
 namespace tessera::test {
@@ -28,13 +31,17 @@ QWidget* WidgetNamed(const char* name) {
   return nullptr;
 }
 
-// Does `act` with the window of that name as soon as it is shown; the test fails where it never is.
+// Does `act` with the window of that name as soon as it is shown, active and `ready`; the test fails where it
+// never is.
 class When {
  public:
-  When(const char* name, std::function<void(QWidget&)> act) {
-    timer_.callOnTimeout([this, name, act = std::move(act)] {
+  using Ready = std::function<bool()>;
+
+  When(
+      const char* name, std::function<void(QWidget&)> act, Ready ready = [] { return true; }) {
+    timer_.callOnTimeout([this, name, act = std::move(act), ready = std::move(ready)] {
       QWidget* widget = WidgetNamed(name);
-      if (widget == nullptr || done_) return;
+      if (widget == nullptr || !widget->isActiveWindow() || done_ || !ready()) return;
       done_ = true;
       timer_.stop();
       act(*widget);
@@ -52,6 +59,11 @@ class QtHostTest : public testing::Test {
  protected:
   // What the program left in a variable.
   std::string Variable(std::string_view name) { return program.run.variables.VarRead(name).ToText(); }
+
+  // Whether the program has come to its `FimPrograma`.
+  std::function<bool()> ProgramEnded() {
+    return [this] { return program.run.StopFlag; };
+  }
 
   int Run(std::string_view source, std::string_view routines = {}) { return program.Run(source, routines); }
 
@@ -203,17 +215,17 @@ TEST_F(QtHostTest, TheInputFormAnswersItsTextTheCancelWordOrThePrompt) {
 TEST_F(QtHostTest, PrintsStandAtTheTextCursorAndSurviveASmallerWindow) {
   QImage before;
   QImage after;
-  When shown("Janela", [&](QWidget& janela) {
-    QTest::qWait(50);
+  const auto look = [&](QWidget& janela) {
     before = janela.grab().toImage();
     const QSize size = janela.size();
     janela.resize(40, 20);
     janela.resize(size);
     after = janela.grab().toImage();
     janela.close();
-  });
+  };
+  When shown("Janela", look, ProgramEnded());
   Run("Escreva \"primeira linha\"\nPosicione 5, 10\nEscreva \"outra\"\nFonte Cor = Vermelho\nEscreva "
-      "\"vermelha\"\n");
+      "\"vermelha\"\nFimPrograma\n");
   EXPECT_EQ(before.size(), QSize(640, 420));
   EXPECT_EQ(before.pixel(300, 300), qRgb(240, 240, 240));
   EXPECT_GT(DarkPixels(before, QRect(0, 0, 112, 14)), 50);
@@ -225,17 +237,41 @@ TEST_F(QtHostTest, PrintsStandAtTheTextCursorAndSurviveASmallerWindow) {
 
 TEST_F(QtHostTest, ClsErasesAndANewGroundKeepsThePrints) {
   QImage picture;
-  When shown("Janela", [&](QWidget& janela) {
-    QTest::qWait(50);
+  const auto look = [&](QWidget& janela) {
     program.janela.windows().MainWindow->SetBackColor(0x00FFFF);
     QTest::qWait(50);
     picture = janela.grab().toImage();
     janela.close();
-  });
-  Run("Escreva \"apagada\"\nCls\nEscreva \"nova\"\n");
+  };
+  When shown("Janela", look, ProgramEnded());
+  Run("Escreva \"apagada\"\nCls\nEscreva \"nova\"\nFimPrograma\n");
   EXPECT_EQ(picture.pixel(300, 300), qRgb(255, 255, 0));
   EXPECT_EQ(DarkPixels(picture, QRect(0, 0, 640, 14)), 0);
   EXPECT_GT(DarkPixels(picture, QRect(0, 14, 40, 14)), 20);
+}
+
+TEST(PrintSurface, OnAFineScreenCharactersAreFineAndStandInTheSamePlaces) {
+  const auto picture = [](double ratio) {
+    PrintSurface surface;
+    surface.Fit(QSize(100, 20), ratio);
+    surface.Print(QPointF(8, 0), "Olá", ToQFont({}), Qt::black);
+    QImage screen(QSize(100, 20) * ratio, QImage::Format_RGB32);
+    screen.setDevicePixelRatio(ratio);
+    screen.fill(Qt::white);
+    QPainter painter(&screen);
+    surface.PaintOn(painter, QRect(0, 0, 100, 20));
+    return screen;
+  };
+  const QImage coarse = picture(1);
+  QImage fine = picture(2);
+  fine.setDevicePixelRatio(1);
+  for (const int ratio : {1, 2}) {
+    const QImage& screen = ratio == 1 ? coarse : fine;
+    EXPECT_EQ(DarkPixels(screen, QRect(0, 0, 8 * ratio, 20 * ratio)), 0);
+    EXPECT_GT(DarkPixels(screen, QRect(8 * ratio, 0, 24 * ratio, 14 * ratio)), 30 * ratio);
+    EXPECT_EQ(DarkPixels(screen, QRect(33 * ratio, 0, 60 * ratio, 20 * ratio)), 0);
+  }
+  EXPECT_NE(fine, coarse.scaled(fine.size())) << "drawn anew, not stretched";
 }
 
 TEST_F(QtHostTest, AWaitingProgramRestsTheProcessor) {

@@ -1,0 +1,168 @@
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <random>
+#include <sstream>
+
+#include "console/console_host.h"
+#include "console/event_script.h"
+#include "console/script_time.h"
+#include "text/number.h"
+
+namespace tessera::test {
+
+namespace {
+
+using std::chrono::milliseconds;
+
+// Writes down what it is made to do.
+class RecordedPerson final : public Person, private PersonObject {
+ public:
+  PersonObject* FindObject(std::string_view name) override { return name == "B" ? this : nullptr; }
+  void Click() override { log += "clique "; }
+  void DoubleClick() override { log += "duplo "; }
+  void ClickTitle(std::string_view title) override { Note("titulo", title); }
+  void ReplaceText(std::string_view text) override { Note("texto", text); }
+  void SetValue(double value) override { Note("valor", NumberText(value)); }
+  void PressArrow(bool up) override { Note("seta", up ? "+" : "-"); }
+  void Choose(int entry) override { Note("escolhe", NumberText(entry)); }
+  void PickDate(std::string_view date) override { Note("data", date); }
+  void ClickRow(int row) override { Note("linha", NumberText(row)); }
+  void EditCell(int row, int column, std::string_view text) override {
+    Note("celula", NumberText(row) + "," + NumberText(column) + "," + std::string(text));
+  }
+  void Focus() override { log += "foco "; }
+  void PressButton(MouseButton button) override { Note("pressiona", NumberText(static_cast<int>(button))); }
+  void ReleaseButton(MouseButton button) override { Note("libera", NumberText(static_cast<int>(button))); }
+  void MovePointer(double line, double column) override {
+    Note("mouse", NumberText(line) + ";" + NumberText(column));
+  }
+  void TypeText(std::string_view text) override { Note("digita", text); }
+  void PressKey(int code, KeyShift shift) override {
+    Note("aperta", NumberText(code) + (shift.shift ? "S" : "") + (shift.ctrl ? "C" : ""));
+  }
+  void ReleaseKey(int code, KeyShift) override { Note("solta", NumberText(code)); }
+  void ResizeWindow(double lines, double columns) override {
+    Note("redim", NumberText(lines) + ";" + NumberText(columns));
+  }
+  bool CloseWindow(std::string_view name) override {
+    Note("fecha", name);
+    return name != "Outra";
+  }
+  void LetTimePass(milliseconds time) override { Note("espera", std::to_string(time.count())); }
+
+  std::string log;
+
+ private:
+  void Note(std::string_view word, std::string_view what) {
+    log.append(word).append("[").append(what).append("] ");
+  }
+};
+
+}  // namespace
+
+TEST(EventScript, EachLineIsOneAct) {
+  struct Row {
+    const char* line;
+    const char* log;
+  };
+  for (const Row& row : {
+           Row{"clique", "clique "},
+           Row{"  CLIQUE B  ", "clique "},
+           Row{"clique B Nome do cliente", "titulo[Nome do cliente] "},
+           Row{"duploclique B", "duplo "},
+           Row{"texto B  dois  blancos", "texto[ dois  blancos] "},
+           Row{"texto B", "texto[] "},
+           Row{"digita a b", "digita[a b] "},
+           Row{"valor B -1,5", "valor[-1,5] "},
+           Row{"seta B -", "seta[-] "},
+           Row{"escolhe B 0", "escolhe[0] "},
+           Row{"data B 31/12/2024", "data[31/12/2024] "},
+           Row{"linha B 2", "linha[2] "},
+           Row{"celula B 1 2 x y", "celula[1,2,x y] "},
+           Row{"foco B", "foco "},
+           Row{"tecla 65 shift", "aperta[65S] solta[65] "},
+           Row{"aperta 37", "aperta[37] "},
+           Row{"mouse 1,5 2", "mouse[1,5;2] "},
+           Row{"pressiona 2", "pressiona[2] "},
+           Row{"redim 20 60", "redim[20;60] "},
+           Row{"espera 0", "espera[0] "},
+           Row{"fecha", "fecha[] "},
+       }) {
+    RecordedPerson person;
+    EXPECT_EQ(DoEventLine(row.line, person), "") << row.line;
+    EXPECT_EQ(person.log, row.log) << row.line;
+  }
+}
+
+TEST(EventScript, AFaultyLineDoesNothing) {
+  for (const char* line :
+       {"x", "texto Z a", "seta B", "seta B x", "escolhe B -1", "escolhe B 1,5", "linha B", "celula B 1",
+        "tecla", "tecla 1e9", "mouse 1 2 3", "espera 9999999999", "pressiona 0", "duploclique B B"}) {
+    RecordedPerson person;
+    EXPECT_NE(DoEventLine(line, person), "") << line;
+    EXPECT_EQ(person.log, "") << line;
+  }
+}
+
+TEST(EventScript, AnyBytesAreALineOrAFault) {
+  std::mt19937 random(7);
+  const std::string_view words[] = {"clique", "texto", "celula", "tecla", "espera",
+                                    "B",      "1",     "-",      "\xA7",  ""};
+  for (int i = 0; i < 2000; ++i) {
+    std::string line;
+    for (auto n = random() % 5; n > 0; --n)
+      line.append(words[random() % std::size(words)]).append(random() % 2 + 1, ' ');
+    if (random() % 3 == 0) line += static_cast<char>(random() % 256);
+    RecordedPerson person;
+    if (!DoEventLine(line, person).empty()) {
+      EXPECT_EQ(person.log, "") << line;
+    }
+  }
+}
+
+TEST(ScriptTime, TicksFallDueInOrderAndATimerMayEndInItsOwnTick) {
+  ScriptTime time;
+  std::string log;
+  auto slow = time.StartTimer(milliseconds(30), [&] { log += "s"; });
+  std::unique_ptr<Timer> once;
+  once = time.StartTimer(milliseconds(20), [&] {
+    log += "o";
+    once.reset();
+  });
+  auto fast = time.StartTimer(milliseconds(10), [&] { log += "f"; });
+  time.Pass(milliseconds(35));
+  // Of two that are due at once the one that was started first comes first.
+  EXPECT_EQ(log, "fofsf");
+  EXPECT_EQ(*time.UntilNextTick(), milliseconds(5));
+  time.Pass(milliseconds(5));
+  EXPECT_EQ(log, "fofsff");
+}
+
+TEST(ScriptTime, MissedTicksOfRealTimeAreOne) {
+  ScriptTime time;
+  int ticks = 0;
+  auto timer = time.StartTimer(milliseconds(10), [&] { ++ticks; });
+  time.CatchUp(milliseconds(1000));
+  EXPECT_EQ(ticks, 1);
+  time.CatchUp(milliseconds(10));
+  EXPECT_EQ(ticks, 2);
+}
+
+TEST(ConsoleTerminal, AWaitDoesNotBlockForALineAndTimersKeepRealTime) {
+  int ends[2];
+  ASSERT_EQ(pipe(ends), 0);
+  std::istringstream in("mouse 1 1\n");
+  std::ostringstream out;
+  std::ostringstream err;
+  ConsoleHost host({in, out, err, ends[0]}, {});
+  int ticks = 0;
+  const auto timer = host.StartTimer(milliseconds(5), [&] { ++ticks; });
+  EXPECT_TRUE(host.AwaitEvents(milliseconds(20)));
+  EXPECT_GE(ticks, 1);
+  EXPECT_EQ(in.tellg(), 0) << "the line is still there";
+  close(ends[0]);
+  close(ends[1]);
+}
+
+}  // namespace tessera::test
