@@ -15,6 +15,7 @@
 #include "commands/validation_commands.h"
 #include "engine/engine.h"
 #include "image/image_reader.h"
+#include "recorddb/record_database.h"
 #include "values/run.h"
 #include "windows/janela.h"
 #include "windows/window_commands.h"
@@ -40,9 +41,6 @@ void FillDoors(Run& run, CommandTable& commands) {
   };
   // A word without a room behind it does nothing, like every word without a handler.
   run.doors.NovaJanela = [](std::string_view) {};
-  run.doors.RunDatabaseBlock = [](std::string_view, std::size_t, std::size_t, std::int32_t statement) {
-    return statement;
-  };
   run.doors.SqlReadField = [](std::string_view, std::string_view, std::string_view) { return Value(); };
 }
 
@@ -57,6 +55,7 @@ int RunProgram(const ProgramStart& start, const Host& host, Display& display) {
   Janela janela(run, engine, display);
   FileCommands files(run);
   CommandTable commands;
+  const RecordDatabase database(run, commands);
   FillDoors(run, commands);
   AddTextCommands(commands, run);
   AddNumberCommands(commands, run);
