@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <string>
 #include <string_view>
 
@@ -14,6 +15,7 @@
 #include "commands/validation_commands.h"
 #include "engine/engine.h"
 #include "image/image_reader.h"
+#include "recorddb/record_database.h"
 #include "values/run.h"
 #include "windows/event_commands.h"
 #include "windows/janela.h"
@@ -30,6 +32,8 @@ void TellProgram(Run& run, const ProgramStart& start) {
   run.ProgramFolderText = FolderText(start.folder) + "\\";
   run.RuntimeFolderText = run.ProgramFolderText;
   run.CommandLineText = start.commandLine;
+  run.paths =
+      PathMapping(start.folder.string(), SystemDataFolder(std::getenv("XDG_DATA_HOME"), std::getenv("HOME")));
 }
 
 void FillDoors(Run& run, CommandTable& commands) {
@@ -37,9 +41,13 @@ void FillDoors(Run& run, CommandTable& commands) {
     return commands.CommandCall(name, arguments);
   };
   // A word without a room behind it does nothing, like every word without a handler.
+<<<<<<< HEAD
   run.doors.RunDatabaseBlock = [](std::string_view, std::size_t, std::size_t, std::int32_t statement) {
     return statement;
   };
+=======
+  run.doors.NovaJanela = [](std::string_view) {};
+>>>>>>> main
   run.doors.SqlReadField = [](std::string_view, std::string_view, std::string_view) { return Value(); };
 }
 
@@ -54,6 +62,7 @@ int RunProgram(const ProgramStart& start, const Host& host, Display& display) {
   Janela janela(run, engine, display);
   FileCommands files(run);
   CommandTable commands;
+  const RecordDatabase database(run, commands);
   FillDoors(run, commands);
   AddTextCommands(commands, run);
   AddNumberCommands(commands, run);
