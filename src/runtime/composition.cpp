@@ -41,13 +41,6 @@ void FillDoors(Run& run, CommandTable& commands) {
     return commands.CommandCall(name, arguments);
   };
   // A word without a room behind it does nothing, like every word without a handler.
-<<<<<<< HEAD
-  run.doors.RunDatabaseBlock = [](std::string_view, std::size_t, std::size_t, std::int32_t statement) {
-    return statement;
-  };
-=======
-  run.doors.NovaJanela = [](std::string_view) {};
->>>>>>> main
   run.doors.SqlReadField = [](std::string_view, std::string_view, std::string_view) { return Value(); };
 }
 
