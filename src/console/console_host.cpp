@@ -55,7 +55,6 @@ class ConsoleForm final : public Form {
   ConsoleForm& operator=(const ConsoleForm&) = delete;
 
   void Print(std::string_view text) override { host_.WriteLine(text); }
-  void Cls() override {}
 
   void ResizeByPerson(double lines, double columns) {
     TakeScale(PixelsOfTwips(columns * kWindowColumnTwips), PixelsOfTwips(lines * kWindowLineTwips));

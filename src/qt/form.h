@@ -26,15 +26,18 @@ class QtForm final : public Form {
   QWidget* widget();
 
   void Print(std::string_view text) override;
-  void Cls() override;
 
  protected:
+  PictureRef WithPixels(PictureRef picture) override;
+  void ShowGround() override;
+  void ShowErased() override;
+  void ShowDrawn(const Spans& spans, Pixel pixel) override;
+  void ShowPainted(const PictureRef& picture, PixelPoint at) override;
   void ShowCaption() override;
   void ShowPlace() override;
   void ShowVisible() override;
   void ShowState() override;
   void ShowTitlebar() override;
-  void ShowBackColor() override;
 
  private:
   friend class FormWidget;

@@ -15,6 +15,7 @@
 #include "engine/engine.h"
 #include "image/image_reader.h"
 #include "values/run.h"
+#include "windows/drawing_commands.h"
 #include "windows/janela.h"
 #include "windows/window_commands.h"
 
@@ -62,6 +63,7 @@ int RunProgram(const ProgramStart& start, const Host& host, Display& display) {
   files.Register(commands);
   AddSystemCommands(commands, run);
   AddWindowCommands(commands, run, janela.windows());
+  AddDrawingCommands(commands, run, janela.windows());
 
   const ProjectStyle style = ScanProjectStyle(start.program.EditorText);
   return janela.RunProgram(start.program.EditorText, style.ProjectStyleWord);

@@ -5,12 +5,14 @@
 #pragma once
 
 #include <cmath>
-#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
+
+#include "windows/gradient.h"
+#include "windows/surface.h"
 
 namespace tessera {
 
@@ -30,57 +32,6 @@ constexpr double TwipsOfPixels(double pixels) {
   return pixels * kTwipsPerPixel;
 }
 
-// Blue, green and red from the high byte down, or 0x80000000 plus the number of a system colour.
-using Colour = std::int32_t;
-inline constexpr Colour kButtonFaceColour = static_cast<Colour>(0x8000000FU);
-inline constexpr Colour kButtonTextColour = static_cast<Colour>(0x80000012U);
-
-struct FontFace {
-  std::string name = "Courier New";
-  double size = 10;  // points, at 96 dots an inch
-  bool bold = false;
-  bool italic = false;
-};
-
-// What a program prints and draws on. Sizes and positions in pixels of its client area.
-class Surface {
- public:
-  Surface() = default;
-  Surface(const Surface&) = delete;
-  Surface& operator=(const Surface&) = delete;
-  virtual ~Surface() = default;
-
-  // The print position.
-  double CurrentX = 0;
-  double CurrentY = 0;
-  // Width of lines and points.
-  std::int32_t DrawWidth = 1;
-
-  virtual double ScaleWidth() const = 0;
-  virtual double ScaleHeight() const = 0;
-
-  Colour BackColor() const { return backColor_; }
-  void SetBackColor(Colour colour) {
-    backColor_ = colour;
-    ShowBackColor();
-  }
-
-  // Colour and font of the prints to come; what is printed already stays.
-  Colour ForeColor = kButtonTextColour;
-  FontFace Font;
-
-  // Prints a text with its upper left corner at the print position.
-  virtual void Print(std::string_view text) = 0;
-  // Erases printed text and drawings; the print position stays.
-  virtual void Cls() = 0;
-
- protected:
-  virtual void ShowBackColor() {}
-
- private:
-  Colour backColor_ = kButtonFaceColour;
-};
-
 // Outer placement of a window, in twips of the screen.
 struct Placement {
   double Left = 0;
@@ -93,6 +44,10 @@ enum class WindowState { Normal = 0, Maximised = 2 };
 
 class Form : public Surface {
  public:
+  // The hidden control that paints the window's gradient, and whether each resize repaints it.
+  Gradiente Grd;
+  bool GrdAtivo = false;
+
   const std::string& Caption() const { return caption_; }
   void SetCaption(std::string_view text) {
     caption_ = text;

@@ -2,6 +2,7 @@
 
 #include "commands/system_commands.h"
 #include "support/core_program.h"
+#include "windows/drawing_commands.h"
 #include "windows/window_commands.h"
 
 namespace tessera::test {
@@ -16,6 +17,7 @@ HostedProgram::HostedProgram(const Host& host, Display& display)
     return commands.CommandCall(name, arguments);
   };
   AddWindowCommands(commands, run, janela.windows());
+  AddDrawingCommands(commands, run, janela.windows());
   AddSystemCommands(commands, run);
 }
 
