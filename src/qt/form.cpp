@@ -2,11 +2,14 @@
 
 #include <QCloseEvent>
 #include <QCoreApplication>
+#include <QCursor>
 #include <QElapsedTimer>
+#include <QIcon>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QPixmap>
 #include <QRegion>
 #include <QThread>
 #include <QTimer>
@@ -106,6 +109,20 @@ PictureRef QtForm::WithPixels(PictureRef picture) {
 
 void QtForm::ShowGround() {
   widget_->TakeGround();
+}
+
+// A picture names no point of its own to point with: it is the upper left corner.
+void QtForm::ShowMouseIcon() {
+  if (MouseIcon()) {
+    widget_->setCursor(
+        QCursor(QPixmap::fromImage(ToQImage(*MouseIcon(), widget_->devicePixelRatioF())), 0, 0));
+  } else {
+    widget_->unsetCursor();
+  }
+}
+
+void QtForm::ShowIcon() {
+  widget_->setWindowIcon(Icon() ? QIcon(QPixmap::fromImage(ToQImage(*Icon(), 1))) : QIcon());
 }
 
 void QtForm::ShowErased() {

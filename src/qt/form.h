@@ -30,6 +30,8 @@ class QtForm final : public Form {
  protected:
   PictureRef WithPixels(PictureRef picture) override;
   void ShowGround() override;
+  void ShowMouseIcon() override;
+  void ShowIcon() override;
   void ShowErased() override;
   void ShowDrawn(const Spans& spans, Pixel pixel) override;
   void ShowPainted(const PictureRef& picture, PixelPoint at) override;

@@ -17,6 +17,7 @@
 #include "values/run.h"
 #include "windows/drawing_commands.h"
 #include "windows/janela.h"
+#include "windows/picture_commands.h"
 #include "windows/window_commands.h"
 
 namespace tessera {
@@ -64,6 +65,7 @@ int RunProgram(const ProgramStart& start, const Host& host, Display& display) {
   AddSystemCommands(commands, run);
   AddWindowCommands(commands, run, janela.windows());
   AddDrawingCommands(commands, run, janela.windows());
+  AddPictureCommands(commands, run, janela.windows());
 
   const ProjectStyle style = ScanProjectStyle(start.program.EditorText);
   return janela.RunProgram(start.program.EditorText, style.ProjectStyleWord);

@@ -54,6 +54,13 @@ class Form : public Surface {
     ShowCaption();
   }
 
+  // The picture that stands for the window; a window without one is allowed.
+  const PictureRef& Icon() const { return icon_; }
+  void SetIcon(PictureRef picture) {
+    icon_ = std::move(picture);
+    ShowIcon();
+  }
+
   const Placement& Place() const { return place_; }
   // A window stands on whole pixels: the place taken is the nearest one.
   void Move(const Placement& place) {
@@ -96,6 +103,7 @@ class Form : public Surface {
   void TakeState(WindowState state) { state_ = state; }
 
   virtual void ShowCaption() {}
+  virtual void ShowIcon() {}
   virtual void ShowPlace() {}
   virtual void ShowVisible() {}
   virtual void ShowState() {}
@@ -105,6 +113,7 @@ class Form : public Surface {
   static double OnPixels(double twips) { return TwipsOfPixels(std::round(PixelsOfTwips(twips))); }
 
   std::string caption_;
+  PictureRef icon_;
   Placement place_;
   WindowState state_ = WindowState::Normal;
   bool visible_ = false;

@@ -2,6 +2,7 @@
 
 #include "commands/arguments.h"
 #include "windows/gradient.h"
+#include "windows/window_command_row.h"
 
 namespace tessera {
 
@@ -99,12 +100,7 @@ Value PaintGradiente(Run& run, WindowModel& windows, std::string_view text) {
   return {};
 }
 
-struct Row {
-  std::string_view word;
-  Value (*handler)(Run& run, WindowModel& windows, std::string_view arguments);
-};
-
-constexpr Row kRows[] = {
+constexpr WindowCommandRow kRows[] = {
     {"CIRCULO", Circulo}, {"RETANGULO", Retangulo}, {"LINHARETA", LinhaReta},      {"PONTO", Ponto},
     {"LEPONTO", LePonto}, {"PINTE", Pinte},         {"GRADIENTE", PaintGradiente},
 };
@@ -112,12 +108,7 @@ constexpr Row kRows[] = {
 }  // namespace
 
 void AddDrawingCommands(CommandTable& table, Run& run, WindowModel& windows) {
-  for (const Row& row : kRows) {
-    table.Add(row.word,
-              [&run, &windows, handler = row.handler](std::string_view, std::string_view arguments) {
-                return handler(run, windows, arguments);
-              });
-  }
+  AddRows(table, run, windows, kRows);
 }
 
 }  // namespace tessera

@@ -66,6 +66,13 @@ class Surface {
     ShowGround();
   }
 
+  // The pointer over the surface; none is the arrow.
+  const PictureRef& MouseIcon() const { return mouseIcon_; }
+  void SetMouseIcon(PictureRef picture) {
+    mouseIcon_ = std::move(picture);
+    ShowMouseIcon();
+  }
+
   // Colour and font of the prints to come; what is printed already stays.
   Colour ForeColor = kButtonTextColour;
   FontFace Font;
@@ -100,6 +107,7 @@ class Surface {
   virtual PictureRef WithPixels(PictureRef picture) { return picture; }
 
   virtual void ShowGround() {}
+  virtual void ShowMouseIcon() {}
   virtual void ShowErased() {}
   virtual void ShowDrawn(const Spans& /*spans*/, Pixel /*pixel*/) {}
   virtual void ShowPainted(const PictureRef& /*picture*/, PixelPoint /*at*/) {}
@@ -116,6 +124,7 @@ class Surface {
 
   Colour backColor_ = kButtonFaceColour;
   PictureRef background_;
+  PictureRef mouseIcon_;
 };
 
 }  // namespace tessera

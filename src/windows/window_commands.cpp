@@ -6,6 +6,7 @@
 
 #include "text/one_based.h"
 #include "values/eval.h"
+#include "windows/window_command_row.h"
 
 namespace tessera {
 
@@ -84,24 +85,14 @@ Value Fonte(Run& run, WindowModel& windows, std::string_view arguments) {
   return {};
 }
 
-struct Row {
-  std::string_view word;
-  Value (*handler)(Run& run, WindowModel& windows, std::string_view arguments);
-};
-
-constexpr Row kRows[] = {
+constexpr WindowCommandRow kRows[] = {
     {"ESCREVA", Escreva}, {"POSICIONE", Posicione}, {"CLS", Cls}, {"LIMPAJANELA", Cls}, {"FONTE", Fonte},
 };
 
 }  // namespace
 
 void AddWindowCommands(CommandTable& table, Run& run, WindowModel& windows) {
-  for (const Row& row : kRows) {
-    table.Add(row.word,
-              [&run, &windows, handler = row.handler](std::string_view, std::string_view arguments) {
-                return handler(run, windows, arguments);
-              });
-  }
+  AddRows(table, run, windows, kRows);
 }
 
 }  // namespace tessera

@@ -3,6 +3,7 @@
 #include "commands/system_commands.h"
 #include "support/core_program.h"
 #include "windows/drawing_commands.h"
+#include "windows/picture_commands.h"
 #include "windows/window_commands.h"
 
 namespace tessera::test {
@@ -18,6 +19,7 @@ HostedProgram::HostedProgram(const Host& host, Display& display)
   };
   AddWindowCommands(commands, run, janela.windows());
   AddDrawingCommands(commands, run, janela.windows());
+  AddPictureCommands(commands, run, janela.windows());
   AddSystemCommands(commands, run);
 }
 

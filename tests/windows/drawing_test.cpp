@@ -1,12 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <sstream>
 #include <utility>
 
-#include "console/console_host.h"
-#include "platform/failure.h"
-#include "support/core_program.h"
-#include "support/hosted_program.h"
+#include "support/console_window.h"
 
 namespace tessera::test {
 
@@ -16,22 +12,7 @@ constexpr Colour kGround = 15790320;
 constexpr Colour kRed = 255;
 constexpr Colour kBlue = 16711680;
 
-// A program on the console host, whose drawing is looked at when it has ended.
-class DrawingTest : public testing::Test {
- protected:
-  void Draw(std::string_view source) {
-    EditorTexts editors;
-    editors[0] = FromSource(source);
-    ASSERT_EQ(program.janela.Start(editors, ""), RunOutcome::Ended) << err.str();
-  }
-  Colour At(int x, int y) { return program.janela.windows().MainWindow->Point({x, y}); }
-
-  std::istringstream in;
-  std::ostringstream out;
-  std::ostringstream err;
-  ConsoleHost host{{in, out, err}, {.programTitle = "TESTE"}};
-  HostedProgram program{host.host(), host};
-};
+using DrawingTest = ConsoleWindowTest;
 
 }  // namespace
 
@@ -89,7 +70,7 @@ TEST_F(DrawingTest, APointIsAsWideAsThePen) {
   Draw("Ponto 1, 1, Vermelho\n");
   EXPECT_EQ(At(8, 14), kRed);
   EXPECT_EQ(At(9, 14), kGround);
-  program.janela.windows().MainWindow->DrawWidth = 3;
+  Window().DrawWidth = 3;
   program.commands.CommandCall("Ponto", "5, 5, 255");
   EXPECT_EQ(At(39, 69), kRed);
   EXPECT_EQ(At(41, 71), kRed);
@@ -105,7 +86,7 @@ TEST_F(DrawingTest, ReadingAPointRoundsLineAndColumnFirst) {
 
 TEST_F(DrawingTest, ClearingErasesDrawingsAndALargerWindowKeepsThem) {
   Draw("LinhaReta 0, 0, 0, 79, Azul\n");
-  Form& window = *program.janela.windows().MainWindow;
+  Form& window = Window();
   window.Move({0, 0, 12000, 9000});
   program.commands.CommandCall("LinhaReta", "1, 0, 1, 99, 255");
   EXPECT_EQ(At(600, 0), kBlue);
@@ -142,7 +123,7 @@ TEST_F(DrawingTest, AGradientRunsFromTheFirstColourToTheSecondAndIsRepainted) {
     EXPECT_GE(grey & 0xFF, last);
     last = grey & 0xFF;
   }
-  Form& window = *program.janela.windows().MainWindow;
+  Form& window = Window();
   EXPECT_TRUE(window.GrdAtivo);
   window.Cls();
   program.commands.CommandCall("GRADIENTE", "");
