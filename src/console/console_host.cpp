@@ -63,7 +63,6 @@ class ConsoleForm final : public Form {
   }
 
   void Print(std::string_view text) override { host_.WriteLine(text); }
-  void Cls() override {}
 
   void ResizeByPerson(double lines, double columns) {
     TakeScale(PixelsOfTwips(columns * kWindowColumnTwips), PixelsOfTwips(lines * kWindowLineTwips));

@@ -2,12 +2,15 @@
 
 #include <QCloseEvent>
 #include <QCoreApplication>
+#include <QCursor>
 #include <QElapsedTimer>
 #include <QGuiApplication>
+#include <QIcon>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QPixmap>
 #include <QRegion>
 #include <QScreen>
 #include <QThread>
@@ -21,6 +24,7 @@
 #include "qt/colour.h"
 #include "qt/fonts.h"
 #include "qt/key_codes.h"
+#include "qt/pictures.h"
 #include "qt/print_surface.h"
 #include "qt/text.h"
 #include "windows/event_state.h"
@@ -29,7 +33,8 @@ namespace tessera {
 
 namespace {
 
-constexpr int kPaintInterval = 16;        // milliseconds
+constexpr int kPaintInterval = 16;  // milliseconds
+constexpr int kTouchedAreas = 16;
 constexpr int kFirstPaintingLimit = 100;  // milliseconds
 
 std::optional<MouseButton> ButtonOf(const QMouseEvent& event) {
@@ -50,7 +55,10 @@ class FormWidget final : public QWidget {
   FormWidget(QtForm& form, const QString& objectName);
 
   void Print(QPointF at, const QString& lines, const QFont& font, const QColor& colour);
+  void Draw(const Spans& spans, Pixel pixel);
+  void Paint(const PictureRef& picture, QPoint at);
   void Clear();
+  void TakeGround();
   bool IsPainted() const { return isPainted_; }
   void FocusNext() { focusNextChild(); }
 
@@ -69,9 +77,11 @@ class FormWidget final : public QWidget {
 
  private:
   void Touch(const QRect& area);
+  void Refresh(const QRect& area);
 
   QtForm& form_;
   PrintSurface surface_;
+  QImage background_;
   // Areas that changed since the last painting, painted no more often than the screen can show.
   QRegion touched_;
   QElapsedTimer sincePaint_;
@@ -102,8 +112,38 @@ void QtForm::Print(std::string_view text) {
   widget_->Print(QPointF(CurrentX, CurrentY), ToQLines(text), ToQFont(Font), ToQColor(ForeColor));
 }
 
-void QtForm::Cls() {
+PictureRef QtForm::WithPixels(PictureRef picture) {
+  return PaintedVector(std::move(picture));
+}
+
+void QtForm::ShowGround() {
+  widget_->TakeGround();
+}
+
+// A picture names no point of its own to point with: it is the upper left corner.
+void QtForm::ShowMouseIcon() {
+  if (MouseIcon()) {
+    widget_->setCursor(
+        QCursor(QPixmap::fromImage(ToQImage(*MouseIcon(), widget_->devicePixelRatioF())), 0, 0));
+  } else {
+    widget_->unsetCursor();
+  }
+}
+
+void QtForm::ShowIcon() {
+  widget_->setWindowIcon(Icon() ? QIcon(QPixmap::fromImage(ToQImage(*Icon(), 1))) : QIcon());
+}
+
+void QtForm::ShowErased() {
   widget_->Clear();
+}
+
+void QtForm::ShowDrawn(const Spans& spans, Pixel pixel) {
+  widget_->Draw(spans, pixel);
+}
+
+void QtForm::ShowPainted(const PictureRef& picture, PixelPoint at) {
+  widget_->Paint(picture, {at.x, at.y});
 }
 
 void QtForm::ShowCaption() {
@@ -213,16 +253,12 @@ void QtForm::ShapeMe(Colour colour) {
   }
 }
 
-void QtForm::ShowBackColor() {
-  widget_->update();
-}
-
 void QtForm::TakeSizeOfWidget() {
   const QSize now(qRound(ScaleWidth()), qRound(ScaleHeight()));
   if (widget_->size() != now) TakeScale(widget_->width(), widget_->height());
 }
 
-FormWidget::FormWidget(QtForm& form, const QString& objectName) : form_(form) {
+FormWidget::FormWidget(QtForm& form, const QString& objectName) : form_(form), surface_(form.raster_) {
   setObjectName(objectName);
   setAttribute(Qt::WA_OpaquePaintEvent);
   setFocusPolicy(Qt::StrongFocus);
@@ -238,13 +274,30 @@ void FormWidget::Print(QPointF at, const QString& lines, const QFont& font, cons
   Touch(surface_.Print(at, lines, font, colour));
 }
 
+void FormWidget::Draw(const Spans& spans, Pixel pixel) {
+  surface_.Fit(size(), devicePixelRatioF());
+  Refresh(surface_.Draw(spans, pixel));
+}
+
+void FormWidget::Paint(const PictureRef& picture, QPoint at) {
+  surface_.Fit(size(), devicePixelRatioF());
+  Refresh(surface_.Paint(ToQImage(*picture, devicePixelRatioF()), at));
+}
+
 void FormWidget::Clear() {
   surface_.Clear();
   Touch(rect());
 }
 
+void FormWidget::TakeGround() {
+  const PictureRef& picture = form_.Background();
+  background_ = picture ? ToQImage(*picture, devicePixelRatioF()) : QImage();
+  Touch(rect());
+}
+
 void FormWidget::Touch(const QRect& area) {
-  touched_ |= area;
+  // Many small areas cost more to tell apart than to paint as one.
+  touched_ = touched_.rectCount() > kTouchedAreas ? QRegion(touched_.boundingRect() | area) : touched_ | area;
   if (nextPaint_.isActive()) return;
   if (sincePaint_.elapsed() >= kPaintInterval) {
     update(std::exchange(touched_, {}));
@@ -253,10 +306,19 @@ void FormWidget::Touch(const QRect& area) {
   }
 }
 
+// A drawing shows at once, though the program lets no event through, but not oftener than the screen does.
+void FormWidget::Refresh(const QRect& area) {
+  if (sincePaint_.elapsed() < kPaintInterval) return Touch(area);
+  sincePaint_.restart();
+  repaint(std::exchange(touched_, {}) | area);
+}
+
 void FormWidget::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   for (const QRect& area : event->region()) {
     painter.fillRect(area, ToQColor(form_.BackColor()));
+    painter.setClipRect(area);
+    painter.drawImage(QPoint(0, 0), background_);
     surface_.PaintOn(painter, area);
   }
   sincePaint_.restart();

@@ -28,12 +28,18 @@ class QtForm final : public Form {
   QWidget* widget();
 
   void Print(std::string_view text) override;
-  void Cls() override;
   void FocusKeySink() override;
   void FocusNext() override;
   void ShapeMe(Colour colour) override;
 
  protected:
+  PictureRef WithPixels(PictureRef picture) override;
+  void ShowGround() override;
+  void ShowMouseIcon() override;
+  void ShowIcon() override;
+  void ShowErased() override;
+  void ShowDrawn(const Spans& spans, Pixel pixel) override;
+  void ShowPainted(const PictureRef& picture, PixelPoint at) override;
   void ShowCaption() override;
   void ShowPlace() override;
   void ShowVisible() override;
@@ -41,7 +47,6 @@ class QtForm final : public Form {
   void ShowStyle() override;
   void PrepareModal(Form& opener) override;
   void ServeModal() override;
-  void ShowBackColor() override;
 
  private:
   friend class FormWidget;

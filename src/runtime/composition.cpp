@@ -17,8 +17,10 @@
 #include "image/image_reader.h"
 #include "recorddb/record_database.h"
 #include "values/run.h"
+#include "windows/drawing_commands.h"
 #include "windows/event_commands.h"
 #include "windows/janela.h"
+#include "windows/picture_commands.h"
 #include "windows/window_commands.h"
 
 namespace tessera {
@@ -66,6 +68,8 @@ int RunProgram(const ProgramStart& start, const Host& host, Display& display) {
   janela.AddCommand(commands);
   AddWindowCommands(commands, run, janela.windows());
   AddEventCommands(commands, run, janela.windows());
+  AddDrawingCommands(commands, run, janela.windows());
+  AddPictureCommands(commands, run, janela.windows());
 
   const ProjectStyle style = ScanProjectStyle(start.program.EditorText);
   return janela.RunProgram(start.program.EditorText, style.ProjectStyleWord);

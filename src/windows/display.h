@@ -5,12 +5,14 @@
 #pragma once
 
 #include <cmath>
-#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
+
+#include "windows/gradient.h"
+#include "windows/surface.h"
 
 namespace tessera {
 
@@ -29,57 +31,6 @@ constexpr double PixelsOfTwips(double twips) {
 constexpr double TwipsOfPixels(double pixels) {
   return pixels * kTwipsPerPixel;
 }
-
-// Blue, green and red from the high byte down, or 0x80000000 plus the number of a system colour.
-using Colour = std::int32_t;
-inline constexpr Colour kButtonFaceColour = static_cast<Colour>(0x8000000FU);
-inline constexpr Colour kButtonTextColour = static_cast<Colour>(0x80000012U);
-
-struct FontFace {
-  std::string name = "Courier New";
-  double size = 10;  // points, at 96 dots an inch
-  bool bold = false;
-  bool italic = false;
-};
-
-// What a program prints and draws on. Sizes and positions in pixels of its client area.
-class Surface {
- public:
-  Surface() = default;
-  Surface(const Surface&) = delete;
-  Surface& operator=(const Surface&) = delete;
-  virtual ~Surface() = default;
-
-  // The print position.
-  double CurrentX = 0;
-  double CurrentY = 0;
-  // Width of lines and points.
-  std::int32_t DrawWidth = 1;
-
-  virtual double ScaleWidth() const = 0;
-  virtual double ScaleHeight() const = 0;
-
-  Colour BackColor() const { return backColor_; }
-  void SetBackColor(Colour colour) {
-    backColor_ = colour;
-    ShowBackColor();
-  }
-
-  // Colour and font of the prints to come; what is printed already stays.
-  Colour ForeColor = kButtonTextColour;
-  FontFace Font;
-
-  // Prints a text with its upper left corner at the print position.
-  virtual void Print(std::string_view text) = 0;
-  // Erases printed text and drawings; the print position stays.
-  virtual void Cls() = 0;
-
- protected:
-  virtual void ShowBackColor() {}
-
- private:
-  Colour backColor_ = kButtonFaceColour;
-};
 
 // Outer placement of a window, in twips of the screen.
 struct Placement {
@@ -150,10 +101,21 @@ class Form : public Surface {
 
   FormEvents& Events() const { return events_; }
 
+  // The hidden control that paints the window's gradient, and whether each resize repaints it.
+  Gradiente Grd;
+  bool GrdAtivo = false;
+
   const std::string& Caption() const { return caption_; }
   void SetCaption(std::string_view text) {
     caption_ = text;
     ShowCaption();
+  }
+
+  // The picture that stands for the window; a window without one is allowed.
+  const PictureRef& Icon() const { return icon_; }
+  void SetIcon(PictureRef picture) {
+    icon_ = std::move(picture);
+    ShowIcon();
   }
 
   const Placement& Place() const { return place_; }
@@ -222,6 +184,7 @@ class Form : public Surface {
   void TakeState(WindowState state) { state_ = state; }
 
   virtual void ShowCaption() {}
+  virtual void ShowIcon() {}
   virtual void ShowPlace() {}
   virtual void ShowVisible() {}
   virtual void ShowState() {}
@@ -236,6 +199,7 @@ class Form : public Surface {
 
   FormEvents& events_;
   std::string caption_;
+  PictureRef icon_;
   Placement place_;
   WindowState state_ = WindowState::Normal;
   WindowStyle style_;

@@ -6,6 +6,7 @@
 #include "commands/arguments.h"
 #include "text/one_based.h"
 #include "values/eval.h"
+#include "windows/window_command_row.h"
 
 namespace tessera {
 
@@ -106,12 +107,7 @@ Value Temporizador(Run& run, WindowModel&, std::string_view arguments) {
   return std::int32_t{period};
 }
 
-struct Row {
-  std::string_view word;
-  Value (*handler)(Run& run, WindowModel& windows, std::string_view arguments);
-};
-
-constexpr Row kRows[] = {
+constexpr WindowCommandRow kRows[] = {
     {"AGUARDE", Aguarde},
     {"EVENTO", Evento},
     {"TESTATECLA", TestaTecla},
@@ -124,12 +120,7 @@ constexpr Row kRows[] = {
 }  // namespace
 
 void AddEventCommands(CommandTable& table, Run& run, WindowModel& windows) {
-  for (const Row& row : kRows) {
-    table.Add(row.word,
-              [&run, &windows, handler = row.handler](std::string_view, std::string_view arguments) {
-                return handler(run, windows, arguments);
-              });
-  }
+  AddRows(table, run, windows, kRows);
 }
 
 }  // namespace tessera

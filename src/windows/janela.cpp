@@ -33,7 +33,7 @@ Janela::Janela(Run& run, Engine& engine, Display& display)
       engine_(engine),
       display_(display),
       command_(run, display, windows_),
-      overlaid_(run, engine, display, windows_, command_.pictures) {
+      overlaid_(run, engine, display, windows_) {
   run_.doors.UnloadMainWindow = [this] { Unload(); };
 }
 

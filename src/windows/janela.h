@@ -49,9 +49,6 @@ class Janela final : private OwnedWindows, public ProgramWindow {
 
   WindowModel& windows() { return windows_; }
 
-  // What pictures do to windows.
-  PictureKeywords& pictures() { return command_.pictures; }
-
   // The command `Janela`.
   void AddCommand(CommandTable& table);
 

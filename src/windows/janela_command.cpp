@@ -100,7 +100,7 @@ void JanelaCommand::OnTimer3() {
 }
 
 void JanelaCommand::MouseIcone(const Settings& settings, std::size_t place) {
-  if (pictures.MouseIcone) pictures.MouseIcone(*windows_.CurrentForm, settings.Raw(place));
+  SetMouseIcone(run_, windows_, settings.Raw(place));
 }
 
 void JanelaCommand::Resolucao(const Settings& settings, std::size_t place) {
@@ -116,9 +116,7 @@ void JanelaCommand::Posicao(const Settings& settings, std::size_t place) {
 }
 
 void JanelaCommand::Fundo(const Settings& settings, std::size_t place) {
-  if (!pictures.Fundo) return;
-  pictures.Fundo(*windows_.CurrentForm, settings.Raw(place), settings.Raw(place + 1), settings.Raw(place + 2),
-                 true);
+  SetFundo(run_, windows_, *windows_.CurrentForm, FundoOf(settings, place), StockNames::Known);
 }
 
 void JanelaCommand::ResVideo(const Settings& settings, std::size_t place) {
@@ -138,6 +136,10 @@ void JanelaCommand::ResVideo(const Settings& settings, std::size_t place) {
 
 void JanelaCommand::Borda(const Settings& settings, std::size_t place) {
   SetBorder(*windows_.MainWindow, settings.Word(place) != kNo);
+}
+
+FundoArguments FundoOf(const Settings& settings, std::size_t place) {
+  return {.value = settings.Raw(place), .line = settings.Raw(place + 1), .column = settings.Raw(place + 2)};
 }
 
 void SetBorder(Form& form, bool border) {

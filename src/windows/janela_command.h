@@ -1,36 +1,23 @@
 // The command `Janela`: keywords and values, several on a line, that set the main window.
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <string_view>
 
 #include "platform/host.h"
 #include "values/run.h"
 #include "windows/display.h"
+#include "windows/picture_commands.h"
 #include "windows/window_model.h"
 #include "windows/window_settings.h"
 
 namespace tessera {
-
-// What pictures do to windows. Filled by the room that loads them; a keyword without it does nothing.
-struct PictureKeywords {
-  // "FUNDO" of a window: picture, line and column as the program wrote them; `withStock` tells whether the
-  // names of stock pictures count.
-  std::function<void(Form& form, std::string_view picture, std::string_view line, std::string_view column,
-                     bool withStock)>
-      Fundo;
-  // "MOUSEICONE": the path as the program wrote it.
-  std::function<void(Form& form, std::string_view path)> MouseIcone;
-};
 
 class JanelaCommand {
  public:
   // All outlive the command.
   JanelaCommand(Run& run, Display& display, WindowModel& windows)
       : run_(run), display_(display), windows_(windows) {}
-
-  PictureKeywords pictures;
 
   // The raw argument text behind the word `Janela`.
   void Do(std::string_view arguments);
@@ -67,6 +54,9 @@ class JanelaCommand {
   bool mouseGeral_ = false;
   std::unique_ptr<Timer> Timer3_;
 };
+
+// The values of "FUNDO" as the program wrote them.
+FundoArguments FundoOf(const Settings& settings, std::size_t place);
 
 // "BORDA": no frame at all, or a title and a frame that keeps its size.
 void SetBorder(Form& form, bool border);

@@ -53,9 +53,8 @@ void OverlaidWindow::Unload() {
   closing_ = false;
 }
 
-OverlaidWindows::OverlaidWindows(Run& run, Engine& engine, Display& display, WindowModel& windows,
-                                 const PictureKeywords& pictures)
-    : run_(run), engine_(engine), display_(display), windows_(windows), pictures_(pictures) {
+OverlaidWindows::OverlaidWindows(Run& run, Engine& engine, Display& display, WindowModel& windows)
+    : run_(run), engine_(engine), display_(display), windows_(windows) {
   run_.doors.NovaJanela = [this](std::string_view arguments) { NovaJanela(arguments); };
 }
 
@@ -98,9 +97,7 @@ void OverlaidWindows::DoSuffix(WindowSlot& slot, std::string_view suffix, const 
     // OPEN: the suffix computes its numbers; only the keyword of `Janela` takes them as they are written.
     SetPosition(form, display_.Screen(), settings, kValue, PositionNumbers::Computed);
   }
-  if (suffix == ".FUNDO" && pictures_.Fundo) {
-    pictures_.Fundo(form, settings.Raw(kValue), settings.Raw(kValue + 1), settings.Raw(kValue + 2), false);
-  }
+  if (suffix == ".FUNDO") SetFundo(run_, windows_, form, FundoOf(settings, kValue), StockNames::Unknown);
   if (suffix == ".BORDA") SetBorder(form, settings.Word(kValue) != "NAO");
   if (suffix == ".VISIVEL") {
     if (settings.Word(kValue) == "NAO") {

@@ -41,8 +41,7 @@ class OverlaidWindow final : public ProgramWindow {
 class OverlaidWindows {
  public:
   // All outlive it.
-  OverlaidWindows(Run& run, Engine& engine, Display& display, WindowModel& windows,
-                  const PictureKeywords& pictures);
+  OverlaidWindows(Run& run, Engine& engine, Display& display, WindowModel& windows);
 
   // `arguments` is the text behind the word `NovaJanela`.
   void NovaJanela(std::string_view arguments);
@@ -75,7 +74,6 @@ class OverlaidWindows {
   Engine& engine_;
   Display& display_;
   WindowModel& windows_;
-  const PictureKeywords& pictures_;
 
   // The windows that are defined, and those given up that something may still hold.
   std::vector<std::unique_ptr<OverlaidWindow>> all_;

@@ -7,6 +7,7 @@
 #include "platform/failure.h"
 #include "text/one_based.h"
 #include "values/eval.h"
+#include "windows/window_command_row.h"
 
 namespace tessera {
 
@@ -99,12 +100,7 @@ Value LarguraJanela(Run&, WindowModel& windows, std::string_view) {
   return GridCount(windows.CurrentForm->ScaleWidth(), windows.TamCol);
 }
 
-struct Row {
-  std::string_view word;
-  Value (*handler)(Run& run, WindowModel& windows, std::string_view arguments);
-};
-
-constexpr Row kRows[] = {
+constexpr WindowCommandRow kRows[] = {
     {"ESCREVA", Escreva},
     {"POSICIONE", Posicione},
     {"CLS", Cls},
@@ -117,12 +113,7 @@ constexpr Row kRows[] = {
 }  // namespace
 
 void AddWindowCommands(CommandTable& table, Run& run, WindowModel& windows) {
-  for (const Row& row : kRows) {
-    table.Add(row.word,
-              [&run, &windows, handler = row.handler](std::string_view, std::string_view arguments) {
-                return handler(run, windows, arguments);
-              });
-  }
+  AddRows(table, run, windows, kRows);
 }
 
 }  // namespace tessera

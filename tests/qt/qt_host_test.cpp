@@ -252,7 +252,8 @@ TEST_F(QtHostTest, ClsErasesAndANewGroundKeepsThePrints) {
 
 TEST(PrintSurface, OnAFineScreenCharactersAreFineAndStandInTheSamePlaces) {
   const auto picture = [](double ratio) {
-    PrintSurface surface;
+    Raster raster;
+    PrintSurface surface(raster);
     surface.Fit(QSize(100, 20), ratio);
     surface.Print(QPointF(8, 0), "Olá", ToQFont({}), Qt::black);
     QImage screen(QSize(100, 20) * ratio, QImage::Format_RGB32);

@@ -2,7 +2,9 @@
 
 #include "commands/system_commands.h"
 #include "support/core_program.h"
+#include "windows/drawing_commands.h"
 #include "windows/event_commands.h"
+#include "windows/picture_commands.h"
 #include "windows/window_commands.h"
 
 namespace tessera::test {
@@ -19,6 +21,8 @@ HostedProgram::HostedProgram(const Host& host, Display& display)
   janela.AddCommand(commands);
   AddWindowCommands(commands, run, janela.windows());
   AddEventCommands(commands, run, janela.windows());
+  AddDrawingCommands(commands, run, janela.windows());
+  AddPictureCommands(commands, run, janela.windows());
   AddSystemCommands(commands, run);
 }
 

@@ -2,28 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include <sstream>
-
-#include "console/console_host.h"
-#include "support/hosted_program.h"
+#include "support/console_window.h"
 
 namespace tessera::test {
 
 namespace {
 
-// A program on the console host whose window can be looked at.
-class JanelaTest : public testing::Test {
- protected:
-  Form& Window() { return *program.janela.windows().MainWindow; }
-  WindowModel& Windows() { return program.janela.windows(); }
-  std::string Printed() const { return out.str(); }
-
-  std::istringstream in;
-  std::ostringstream out;
-  std::ostringstream err;
-  ConsoleHost host{{in, out, err}, {.programTitle = "TESTE"}};
-  HostedProgram program{host.host(), host};
-};
+using JanelaTest = ConsoleWindowTest;
 
 }  // namespace
 
