@@ -184,9 +184,11 @@ void QtForm::PrepareModal(Form& opener) {
 
 // Waits on the window system itself, so that a waiting window costs nothing.
 void QtForm::ServeModal() {
+  isServing_ = true;
   while (Visible() && !entry_.HasThrown()) {
     QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
   }
+  isServing_ = false;
   widget_->windowHandle()->setTransientParent(nullptr);
   widget_->setWindowModality(Qt::NonModal);
   entry_.Rethrow();

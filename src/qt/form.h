@@ -27,6 +27,9 @@ class QtForm final : public Form {
 
   QWidget* widget();
 
+  // True while it delivers events as a modal window.
+  bool IsServing() const { return isServing_; }
+
   void Print(std::string_view text) override;
   void FocusKeySink() override;
   void FocusNext() override;
@@ -55,6 +58,7 @@ class QtForm final : public Form {
   void FitSizable();
   void WaitForFirstPainting();
 
+  bool isServing_ = false;
   LogicEntry& entry_;
   std::unique_ptr<FormWidget> widget_;
 };

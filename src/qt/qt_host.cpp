@@ -30,6 +30,7 @@ constexpr QSize kFormDesign(480, 300);
 // Warnings of the window system that tell a person nothing.
 constexpr std::array kHarmless = {
     "This plugin does not support propagateSizeHints",
+    "This plugin does not support raise()",
     "QStandardPaths: XDG_RUNTIME_DIR not set",
     "QStandardPaths: runtime directory",
     "QStandardPaths: wrong permissions on runtime directory",
@@ -147,18 +148,22 @@ std::vector<std::string> QtHost::FontNames() {
 // With windows an abandoned run is silent.
 void QtHost::TellAbandonedRun(std::string_view, std::string_view) {}
 
+// An entry that was held until now may have thrown already.
 void QtHost::ServeEvents() {
+  entry_.Rethrow();
   serving_->exec();
   entry_.Rethrow();
 }
 
 BoxAnswer QtHost::ShowBox(const Box& box) {
+  entry_.Rethrow();
   const BoxAnswer answer = ShowMessageBox(box, BoxParent());
   entry_.Rethrow();
   return answer;
 }
 
 TextInputAnswer QtHost::AskText(const TextInput& input) {
+  entry_.Rethrow();
   TextInputAnswer answer = ShowEntraTxt(input, BoxParent());
   entry_.Rethrow();
   return answer;
@@ -187,6 +192,7 @@ bool QtHost::AwaitEvents(std::chrono::milliseconds sleep) {
 
 // Rests in the window system, and costs nothing until it wakes.
 bool QtHost::AwaitNextEvents() {
+  entry_.Rethrow();
   QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
   QCoreApplication::sendPostedEvents();
   entry_.Rethrow();
