@@ -113,11 +113,11 @@ QtHost::~QtHost() = default;
 
 // Where a person clicks the window system finds the window by itself.
 std::unique_ptr<Form> QtHost::NewMainForm(FormEvents& events, const WindowDirectory&) {
-  return std::make_unique<QtForm>("Janela", kMainDesign, events, entry_);
+  return std::make_unique<QtForm>("Janela", kMainDesign, events, entry_, front_);
 }
 
 std::unique_ptr<Form> QtHost::NewForm(std::string_view name, FormEvents& events) {
-  return std::make_unique<QtForm>(ToQString(name), kFormDesign, events, entry_);
+  return std::make_unique<QtForm>(ToQString(name), kFormDesign, events, entry_, front_);
 }
 
 void QtHost::ShowPointer(bool visible) {
