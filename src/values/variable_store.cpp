@@ -81,7 +81,7 @@ Value VariableStore::VarRead(std::string_view name) {
   }
 }
 
-void VariableStore::VarWrite(std::string_view name, const Value& value, bool mustExist) {
+void VariableStore::VarWrite(std::string_view name, Value value, bool mustExist) {
   const std::int32_t first = VarFind(name);
   if (first == -1) {
     if (!mustExist) return;
@@ -92,7 +92,7 @@ void VariableStore::VarWrite(std::string_view name, const Value& value, bool mus
   const std::int64_t slot = std::int64_t{first} + SlotIndex(name);
   switch (lastVarType_) {
     case String: {
-      std::string text = value.ToText();
+      std::string text = std::move(value).ToText();
       if (text.size() > kMaxTextLength) FailMemory();
       texts_[CheckedSlot(String, slot)] = std::move(text);
       break;
@@ -108,6 +108,15 @@ void VariableStore::VarWrite(std::string_view name, const Value& value, bool mus
       break;
     }
   }
+}
+
+bool VariableStore::AppendText(std::string_view name, std::string_view suffix) {
+  const std::int32_t first = VarFind(name);
+  if (first == -1 || lastVarType_ != String) return false;
+  std::string& text = texts_[CheckedSlot(String, std::int64_t{first} + SlotIndex(name))];
+  if (text.size() + suffix.size() > kMaxTextLength) FailMemory();
+  text += suffix;
+  return true;
 }
 
 std::int32_t VariableStore::SlotIndex(std::string_view name) {

@@ -33,7 +33,11 @@ class VariableStore {
 
   // Stores the value converted to the variable's type (failures 13 and 6). An undeclared name is an error
   // with number 0x80040001 when `mustExist`, else nothing happens.
-  void VarWrite(std::string_view name, const Value& value, bool mustExist);
+  void VarWrite(std::string_view name, Value value, bool mustExist);
+
+  // Adds to the end of a "String" variable's text: what writing its text joined with `suffix` would store.
+  // False, and nothing done, for any other variable.
+  bool AppendText(std::string_view name, std::string_view suffix);
 
   // One variable or array of a type word; an existing name or any other word creates nothing.
   void VarCreateScalar(std::string_view name, std::string_view type);
