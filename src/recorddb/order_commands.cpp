@@ -111,7 +111,7 @@ class Rebuild {
     if (IsDeleted(slot, record)) return EnterDeleted(k);
     text_ = '"';
     for (const DatabaseField& field : slot.fields) {
-      const std::size_t end = text_.size() + static_cast<std::size_t>(std::max<std::int16_t>(field.width, 0));
+      const std::size_t end = text_.size() + field.Slot().width;
       if (IsCut(field)) text_ += FieldValue(field.type, DecodeText(SlotOf(record, field.Slot()))).ToText();
       text_.resize(end, ' ');
     }
