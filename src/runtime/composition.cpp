@@ -7,7 +7,9 @@
 
 #include "commands/command_table.h"
 #include "commands/date_commands.h"
+#include "commands/dialog_commands.h"
 #include "commands/file_commands.h"
+#include "commands/machine_commands.h"
 #include "commands/number_commands.h"
 #include "commands/system_commands.h"
 #include "commands/text_commands.h"
@@ -16,6 +18,7 @@
 #include "image/image_reader.h"
 #include "values/run.h"
 #include "windows/drawing_commands.h"
+#include "windows/font_commands.h"
 #include "windows/janela.h"
 #include "windows/picture_commands.h"
 #include "windows/window_commands.h"
@@ -55,6 +58,7 @@ int RunProgram(const ProgramStart& start, const Host& host, Display& display) {
   Engine engine(run);
   Janela janela(run, engine, display);
   FileCommands files(run);
+  MachineCommands machine(run, MachineCommands::UserPlaces());
   CommandTable commands;
   FillDoors(run, commands);
   AddTextCommands(commands, run);
@@ -62,10 +66,13 @@ int RunProgram(const ProgramStart& start, const Host& host, Display& display) {
   AddDateCommands(commands, run);
   AddValidationCommands(commands, run);
   files.Register(commands);
+  machine.Register(commands);
+  AddDialogCommands(commands, run);
   AddSystemCommands(commands, run);
   AddWindowCommands(commands, run, janela.windows());
   AddDrawingCommands(commands, run, janela.windows());
   AddPictureCommands(commands, run, janela.windows());
+  AddFontCommands(commands, run, display);
 
   const ProjectStyle style = ScanProjectStyle(start.program.EditorText);
   return janela.RunProgram(start.program.EditorText, style.ProjectStyleWord);

@@ -1,6 +1,7 @@
 // Reads the include lines of the source tree and holds them against the table of floors.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -99,12 +100,20 @@ TEST(Floors, TheRuleRefusesWhatStandsAbove) {
 
 // The chief header of the display interface is what both hosts stand on, so it stays near the ground.
 TEST(Floors, TheDisplayInterfaceKnowsTheGroundAlone) {
-  std::ifstream file(fs::path(TESSERA_SOURCE_DIR) / "src/windows/display.h");
-  ASSERT_TRUE(file);
-  for (std::string line; std::getline(file, line);) {
-    if (!line.starts_with("#include \"")) continue;
-    const std::string include = line.substr(10, line.find('"', 10) - 10);
-    EXPECT_LE(kFloors.at(RoomOf(include)), 1) << include;
+  // Its own parts stand in headers beside it.
+  std::vector<std::string> headers = {"windows/display.h"};
+  for (std::size_t i = 0; i < headers.size(); ++i) {
+    std::ifstream file(fs::path(TESSERA_SOURCE_DIR) / "src" / headers[i]);
+    ASSERT_TRUE(file) << headers[i];
+    for (std::string line; std::getline(file, line);) {
+      if (!line.starts_with("#include \"")) continue;
+      const std::string include = line.substr(10, line.find('"', 10) - 10);
+      if (RoomOf(include) != "windows") {
+        EXPECT_LE(kFloors.at(RoomOf(include)), 1) << headers[i] << " includes " << include;
+      } else if (std::find(headers.begin(), headers.end(), include) == headers.end()) {
+        headers.push_back(include);
+      }
+    }
   }
 }
 
