@@ -3,9 +3,9 @@
 
 packages=(
   g++ cmake ninja-build ccache mold          # build
-  libcli11-dev qt6-base-dev libgtest-dev     # libraries
+  libcli11-dev qt6-base-dev libgtest-dev libsqlite3-dev  # libraries
   fonts-dejavu-core fonts-liberation         # faces for "Courier New" and its like
-  xvfb xauth                                 # tests with a real display
+  xvfb xauth sqlite3                         # tests with a real display, and a look at what was exported
 )
 
 is_installed() {

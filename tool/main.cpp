@@ -62,6 +62,7 @@ class CommandLine {
     CLI::App* created =
         Add("new", "Cria uma pasta com um primeiro programa", [this] { return NewSubcommand(name_); });
     created->add_option("NOME", name_, "Nome da pasta e do programa")->type_name("")->required();
+    AddBd();
   }
 
   int Run(int argc, char** argv) {
@@ -90,7 +91,12 @@ class CommandLine {
 
  private:
   CLI::App* Add(const char* word, const char* description, std::function<int()> action) {
-    CLI::App* command = app_.add_subcommand(word, description);
+    return AddBelow(app_, word, description, std::move(action));
+  }
+
+  CLI::App* AddBelow(CLI::App& parent, const char* word, const char* description,
+                     std::function<int()> action) {
+    CLI::App* command = parent.add_subcommand(word, description);
     command->group("Comandos");
     command->get_help_ptr()->group("Opções");
     command->allow_extras();
@@ -128,23 +134,55 @@ class CommandLine {
         ->type_name("ARQUIVO");
   }
 
+  void AddBd() {
+    CLI::App* bd =
+        Add("bd", "Examina um arquivo de banco de dados (.Tsa)", [this] { return Refuse("falta COMANDO"); });
+    const auto add = [&](const char* word, const char* description, std::string& file,
+                         std::function<int()> action) {
+      CLI::App* command = AddBelow(*bd, word, description, std::move(action));
+      command->add_option("ARQUIVO", file, "Arquivo .Tsa")->type_name("")->required();
+      return command;
+    };
+    add("info", "Mostra o cabeçalho, a contagem e os campos", name_,
+        [this] { return BdInfoSubcommand(name_); });
+    add("check", "Percorre todos os registros e nomeia os que não se leem", name_,
+        [this] { return BdCheckSubcommand(name_); });
+    add("unlock", "Libera um arquivo que ficou marcado como ocupado", name_,
+        [this] { return BdUnlockSubcommand(name_); });
+    CLI::App* exported = add("export", "Grava os registros em outro formato", export_.file,
+                             [this] { return BdExportSubcommand(export_); });
+    exported->add_option("--csv", export_.csv, "Texto com ponto e vírgula entre os campos")
+        ->type_name("SAÍDA");
+    exported->add_option("--sqlite", export_.sqlite, "Banco de dados SQLite")->type_name("SAÍDA");
+    exported->add_option("--senha", export_.password, "Senha do banco de dados")->type_name("SENHA");
+  }
+
+  // The command chosen at the lowest level.
+  const CLI::App* Chosen() const {
+    const CLI::App* chosen = &app_;
+    for (auto next = chosen->get_subcommands(); !next.empty(); next = chosen->get_subcommands())
+      chosen = next.front();
+    return chosen;
+  }
+
   int Dispatch() {
     if (const std::vector<std::string> extra = app_.remaining(true); !extra.empty()) {
       return Refuse("não entendo \"" + extra.front() + "\"");
     }
-    const std::vector<CLI::App*> chosen = app_.get_subcommands();
-    if (chosen.empty()) {
+    const CLI::App* chosen = Chosen();
+    if (chosen == &app_) {
       std::cerr << app_.help();
       return kWrongCall;
     }
-    return actions_.at(chosen.front())();
+    return actions_.at(chosen)();
   }
 
   int Refuse(const std::string& problem) const {
-    const std::vector<CLI::App*> chosen = app_.get_subcommands();
-    const std::string help =
-        chosen.empty() ? "tessera --help" : "tessera " + chosen.front()->get_name() + " --help";
-    PrintError(problem + "; veja " + help);
+    std::string words;
+    for (const CLI::App* command = Chosen(); command != nullptr; command = command->get_parent()) {
+      words = command->get_name() + " " + words;
+    }
+    PrintError(problem + "; veja " + words + "--help");
     return kWrongCall;
   }
 
@@ -152,6 +190,7 @@ class CommandLine {
   std::map<const CLI::App*, std::function<int()>> actions_;
   RunCall run_;
   BuildCall build_;
+  BdExportCall export_;
   std::string name_;
 };
 

@@ -26,4 +26,17 @@ int CheckSubcommand(const std::string& program);
 int ShowSubcommand(const std::string& program);
 int NewSubcommand(const std::string& folder);
 
+// The sub-commands of `tessera bd`, on a record file.
+int BdInfoSubcommand(const std::string& file);
+int BdCheckSubcommand(const std::string& file);
+int BdUnlockSubcommand(const std::string& file);
+
+struct BdExportCall {
+  std::string file;
+  std::string csv;     // the text file to write, or
+  std::string sqlite;  // the SQLite file to write
+  std::string password;
+};
+int BdExportSubcommand(const BdExportCall& call);
+
 }  // namespace tessera

@@ -55,7 +55,8 @@ double NaturalLogarithm(double x) {
   return std::log(x);
 }
 
-// Rounds the digits that the number shows, so that 2,675 is a tie; the kind of number stays.
+// OPEN: it rounds the digits that the number shows, so that 2,675 is a tie, as a person sees it; the kind of
+// number stays.
 Value Arredonda(Run& run, std::string_view text) {
   const Arguments arguments(run, text, kTwoArguments);
   const Value value = arguments.Number(0);

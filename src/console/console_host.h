@@ -48,7 +48,11 @@ class ConsoleHost final : public Display, public Dialogs, public EventDispatch, 
   // What a `Run` is made with.
   Host host() { return {*this, *this, clock_, random_}; }
 
-  std::unique_ptr<Form> NewMainForm(FormEvents& events) override;
+  std::unique_ptr<Form> NewMainForm(FormEvents& events, const WindowDirectory& windows) override;
+  std::unique_ptr<Form> NewForm(std::string_view name, FormEvents& events) override;
+  void ShowPointer(bool) override {}
+  ScreenPoint PointerPlace() override;
+  std::string SetVideoMode(const VideoMode& mode) override;
   ScreenSize Screen() override;
   std::vector<std::string> FontNames() override;
   void TellAbandonedRun(std::string_view position, std::string_view description) override;
@@ -63,6 +67,7 @@ class ConsoleHost final : public Display, public Dialogs, public EventDispatch, 
 
   void ProcessEvents() override;
   bool AwaitEvents(std::chrono::milliseconds sleep) override;
+  bool AwaitNextEvents() override;
   void Pause(std::chrono::milliseconds time) override;
   std::unique_ptr<Timer> StartTimer(std::chrono::milliseconds interval, std::function<void()> tick) override;
 
@@ -74,8 +79,10 @@ class ConsoleHost final : public Display, public Dialogs, public EventDispatch, 
   std::optional<std::string> AskDialog(std::string_view mode, std::string_view title);
   void TellError(std::string_view utf8);
   void CatchUp();
+  void Dispatch();
   bool DeliverNext();
-  ConsoleForm& Current();
+  ConsoleForm& InHand() const;
+  ConsoleForm& BringInHand();
 
   PersonObject* FindObject(std::string_view name) override;
   void Click() override;
@@ -98,8 +105,8 @@ class ConsoleHost final : public Display, public Dialogs, public EventDispatch, 
   SystemClock clock_;
   SeededRandom random_;
   std::chrono::steady_clock::time_point caughtUp_ = std::chrono::steady_clock::now();
-  // The open windows, the main one first, the current one last.
-  std::vector<ConsoleForm*> forms_;
+  ConsoleForm* mainForm_ = nullptr;
+  const WindowDirectory* windows_ = nullptr;
 };
 
 }  // namespace tessera

@@ -104,7 +104,7 @@ void RenameInBody(std::string& body, std::string_view oldName, std::string_view 
 }
 
 // KEPT: the counter moves at the normal end alone, so that a function that calls itself shares its names with
-// its caller (programs/recursao.tsc).
+// its caller (programs/recursion_shares_its_names).
 Value Engine::RunFunction(std::string_view name, std::string_view arguments) {
   run_.stack.Check();
   const std::string_view found = routines_->FindFunction(name);

@@ -68,24 +68,23 @@ std::size_t EncodedCount(std::string_view encoded) {
   return n;
 }
 
-std::optional<std::string> TryDecodeText(std::string_view encoded) {
-  const std::string scrambled = ComplementText(Mid(encoded, kEncodedOverhead, EncodedCount(encoded)));
-  if (scrambled.empty()) return std::nullopt;
-  const unsigned key = ValueOf(scrambled[0]);
-  if (key > kKeyCount) return std::nullopt;
+std::string DecodeText(std::string_view encoded) {
+  const std::size_t n = EncodedCount(encoded);
+  const std::string_view body = Mid(encoded, kEncodedOverhead, n);
+  if (body.empty()) FailSubscript();
+  const unsigned key = 255 - ValueOf(body[0]);
+  if (key > kKeyCount) FailSubscript();
+  if (body.size() < n) FailArgument();
   RunningKey running(key < kKeys.size() ? kKeys[key] : std::string_view());
-  std::string plain;
-  plain.reserve(scrambled.size() - 1);
-  for (const char c : std::string_view(scrambled).substr(1)) {
-    plain.push_back(CharacterOf(ValueOf(c) - running.Next()));
-  }
+  std::string plain(n - 1, '\0');
+  for (std::size_t i = 1; i < n; ++i) plain[i - 1] = CharacterOf(255 - ValueOf(body[i]) - running.Next());
   return plain;
 }
 
-std::string DecodeText(std::string_view encoded) {
-  std::optional<std::string> plain = TryDecodeText(encoded);
-  if (!plain) FailSubscript();
-  return *std::move(plain);
+std::optional<std::string> TryDecodeText(std::string_view encoded) {
+  std::string plain;
+  if (Guard([&] { plain = DecodeText(encoded); })) return std::nullopt;
+  return plain;
 }
 
 }  // namespace tessera

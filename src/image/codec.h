@@ -24,8 +24,8 @@ std::string EncodeText(std::string_view plain, Random& random);
 // The plain text encoded with the key of that number, 0 to kKeyCount - 1.
 std::string EncodeTextWithKey(std::string_view plain, int key);
 
-// The plain text; failure 9 where the key number is above 10 or missing. There is no check value: other
-// damage yields wrong characters. A count beyond the text's end takes what is there.
+// The plain text; failure 9 where the key number is above 10 or missing, 5 where the text ends before its
+// count. There is no check value: other damage yields wrong characters.
 std::string DecodeText(std::string_view encoded);
 
 // The same for readers that run before any program: nothing in place of the failure.

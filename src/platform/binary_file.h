@@ -68,6 +68,16 @@ class FileNumbers {
     FailMode();
   }
 
+  // True if some open file of a kind fulfils the predicate.
+  template <typename File, typename Predicate>
+  bool AnyOf(Predicate predicate) const {
+    for (const auto& [number, file] : files_) {
+      const auto* kind = dynamic_cast<const File*>(file.get());
+      if (kind != nullptr && predicate(*kind)) return true;
+    }
+    return false;
+  }
+
   // Closes one number, or all of them; a number that is not open is passed over.
   void Close(int number) { files_.erase(number); }
   void CloseAll() { files_.clear(); }

@@ -88,10 +88,15 @@ class EventDispatch {
   // host delivers one event line. False when no event can come any more.
   virtual bool AwaitEvents(std::chrono::milliseconds sleep) = 0;
 
+  // One step of a wait that ends with an event and with no time: rests until something happens, then runs it.
+  // The console host delivers one event line. False when no event can come any more.
+  virtual bool AwaitNextEvents() = 0;
+
   // Sleeps, letting no event run.
   virtual void Pause(std::chrono::milliseconds time) = 0;
 
-  // Calls `tick` every `interval` until the timer is destroyed; ticks run inside a dispatch alone.
+  // Calls `tick` every `interval` until the timer is destroyed; ticks run inside a dispatch alone. A timer
+  // without an interval ticks in every dispatch, in a script's own time too.
   virtual std::unique_ptr<Timer> StartTimer(std::chrono::milliseconds interval,
                                             std::function<void()> tick) = 0;
 };

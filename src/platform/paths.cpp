@@ -39,7 +39,9 @@ bool IsPathSeparator(char c) {
 }
 
 PathMapping::PathMapping(std::string programFolder, std::string dataFolder)
-    : programFolder_(std::move(programFolder)), dataFolder_(std::move(dataFolder)) {}
+    : programFolder_(std::move(programFolder)),
+      programFolderText_(FromUtf8Lossy(programFolder_)),
+      dataFolder_(std::move(dataFolder)) {}
 
 std::string PathMapping::DriveFolder(char letter) const {
   std::string folder = dataFolder_ + '/' + letter;
@@ -47,6 +49,11 @@ std::string PathMapping::DriveFolder(char letter) const {
   std::error_code error;
   fs::create_directories(folder, error);
   return folder;
+}
+
+bool PathMapping::LiesInProgramFolder(std::string_view path) const {
+  if (programFolderText_.empty() || !path.starts_with(programFolderText_)) return false;
+  return path.size() == programFolderText_.size() || IsPathSeparator(path[programFolderText_.size()]);
 }
 
 std::string PathMapping::SystemPath(std::string_view path) const {
@@ -59,6 +66,8 @@ std::string PathMapping::SystemPath(std::string_view path) const {
   if (CharAt(path, 2) == ':' && letter >= 'A' && letter <= 'Z') {
     system = DriveFolder(letter);
     path.remove_prefix(2);
+  } else if (LiesInProgramFolder(path)) {
+    path.remove_prefix(programFolderText_.size());
   } else if (IsPathSeparator(path.front())) {
     system.clear();
   }

@@ -2,8 +2,9 @@
 //
 // A program's path separates by "\" or "/". One that begins with a drive letter lies under the user's data
 // folder, which has a folder for each letter; one that begins with a separator begins at the system's root;
-// any other lies in the program's folder. A component that does not exist as it is spelled is looked up blind
-// to case. Program paths are program text, the system's are UTF-8.
+// any other lies in the program's folder (OPEN: wherever the process was
+// started from, a program finds its own files). A component that does not exist as it is spelled is looked up
+// blind to case. Program paths are program text, the system's are UTF-8.
 #pragma once
 
 #include <string>
@@ -26,8 +27,11 @@ class PathMapping {
 
  private:
   std::string DriveFolder(char letter) const;
+  bool LiesInProgramFolder(std::string_view path) const;
 
   std::string programFolder_ = ".";
+  // How programs see that folder: a character beyond the code page reads as "?" there, and leads back here.
+  std::string programFolderText_;
   std::string dataFolder_ = ".";
 };
 

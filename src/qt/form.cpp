@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QCursor>
 #include <QElapsedTimer>
+#include <QGuiApplication>
 #include <QIcon>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -11,10 +12,12 @@
 #include <QPainter>
 #include <QPixmap>
 #include <QRegion>
+#include <QScreen>
 #include <QThread>
 #include <QTimer>
 #include <QWidget>
 #include <QWindow>
+#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -24,13 +27,12 @@
 #include "qt/pictures.h"
 #include "qt/print_surface.h"
 #include "qt/text.h"
+#include "windows/event_state.h"
 
 namespace tessera {
 
 namespace {
 
-constexpr int kDesignWidth = 640;
-constexpr int kDesignHeight = 420;
 constexpr int kPaintInterval = 16;  // milliseconds
 constexpr int kTouchedAreas = 16;
 constexpr int kFirstPaintingLimit = 100;  // milliseconds
@@ -58,6 +60,7 @@ class FormWidget final : public QWidget {
   void Clear();
   void TakeGround();
   bool IsPainted() const { return isPainted_; }
+  void FocusNext() { focusNextChild(); }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -87,9 +90,15 @@ class FormWidget final : public QWidget {
   bool afterDoubleClick_ = false;
 };
 
-QtForm::QtForm(const QString& objectName, FormEvents& events, LogicEntry& entry)
-    : events_(events), entry_(entry), widget_(std::make_unique<FormWidget>(*this, objectName)) {
-  TakeScale(kDesignWidth, kDesignHeight);
+QtForm::QtForm(const QString& objectName, QSize design, FormEvents& events, LogicEntry& entry)
+    : Form(events), entry_(entry), widget_(std::make_unique<FormWidget>(*this, objectName)) {
+  const double width = TwipsOfPixels(design.width());
+  const double height = TwipsOfPixels(design.height()) + kFrameTwips;
+  const QSize screen = QGuiApplication::primaryScreen()->size();
+  TakeDesign({.Left = (TwipsOfPixels(screen.width()) - width) / 2,
+              .Top = (TwipsOfPixels(screen.height()) - height) / 2,
+              .Width = width,
+              .Height = height});
   ShowPlace();
 }
 
@@ -143,14 +152,44 @@ void QtForm::ShowCaption() {
 
 void QtForm::ShowPlace() {
   widget_->move(qRound(PixelsOfTwips(Place().Left)), qRound(PixelsOfTwips(Place().Top)));
+  FitSizable();
   widget_->resize(qRound(ScaleWidth()), qRound(ScaleHeight()));
+}
+
+void QtForm::FitSizable() {
+  if (Style().Sizable) {
+    widget_->setMinimumSize(0, 0);
+    widget_->setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+  } else {
+    widget_->setFixedSize(qRound(ScaleWidth()), qRound(ScaleHeight()));
+  }
 }
 
 void QtForm::ShowVisible() {
   widget_->setVisible(Visible());
   if (!Visible()) return;
+  widget_->raise();
   widget_->activateWindow();
   WaitForFirstPainting();
+}
+
+// The window system gives the front back to the window of which it is the child. The windows of this host are
+// all of this kind.
+void QtForm::PrepareModal(Form& opener) {
+  widget_->setWindowModality(Qt::ApplicationModal);
+  widget_->winId();
+  static_cast<QtForm&>(opener).widget_->winId();
+  widget_->windowHandle()->setTransientParent(static_cast<QtForm&>(opener).widget_->windowHandle());
+}
+
+// Waits on the window system itself, so that a waiting window costs nothing.
+void QtForm::ServeModal() {
+  while (Visible() && !entry_.HasThrown()) {
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  }
+  widget_->windowHandle()->setTransientParent(nullptr);
+  widget_->setWindowModality(Qt::NonModal);
+  entry_.Rethrow();
 }
 
 // The program may compute for long before it lets events through; until then its window should not be a hole
@@ -169,10 +208,49 @@ void QtForm::ShowState() {
   widget_->setWindowState(State() == WindowState::Maximised ? Qt::WindowMaximized : Qt::WindowNoState);
 }
 
-void QtForm::ShowTitlebar() {
-  widget_->setWindowFlag(Qt::FramelessWindowHint, !Titlebar());
+void QtForm::ShowStyle() {
+  const WindowStyle& style = Style();
+  Qt::WindowFlags flags = style.ToolWindow ? Qt::Tool : Qt::Window;
+  flags |= Qt::CustomizeWindowHint;
+  flags.setFlag(Qt::FramelessWindowHint, !style.Titlebar);
+  flags.setFlag(Qt::WindowTitleHint, style.Titlebar);
+  flags.setFlag(Qt::WindowSystemMenuHint, style.ControlBox);
+  flags.setFlag(Qt::WindowCloseButtonHint, style.ControlBox);
+  flags.setFlag(Qt::WindowMinimizeButtonHint, style.ControlBox && style.MinButton);
+  flags.setFlag(Qt::WindowMaximizeButtonHint, style.ControlBox && style.MaxButton && style.Sizable);
+  flags.setFlag(Qt::WindowStaysOnTopHint, style.TopMost);
+  FitSizable();
+  if (flags == widget_->windowFlags()) return;
+  widget_->setWindowFlags(flags);
   // A change of flags hides a widget.
   widget_->setVisible(Visible());
+}
+
+void QtForm::FocusKeySink() {
+  widget_->setFocus();
+}
+
+void QtForm::FocusNext() {
+  widget_->FocusNext();
+}
+
+void QtForm::ShapeMe(Colour colour) {
+  const QImage picture = widget_->grab().toImage().scaled(widget_->size());
+  const QRgb cut = ToQColor(colour).rgb();
+  QRegion shape(widget_->rect());
+  for (int y = 0; y < picture.height(); ++y) {
+    for (int x = 0; x < picture.width();) {
+      int end = x;
+      while (end < picture.width() && picture.pixel(end, y) == cut) ++end;
+      if (end > x) shape -= QRect(x, y, end - x, 1);
+      x = std::max(end, x + 1);
+    }
+  }
+  if (shape == QRegion(widget_->rect())) {
+    widget_->clearMask();
+  } else {
+    widget_->setMask(shape);
+  }
 }
 
 void QtForm::TakeSizeOfWidget() {
@@ -247,10 +325,10 @@ void FormWidget::paintEvent(QPaintEvent* event) {
   isPainted_ = true;
 }
 
+// Only a size that the program did not give is news to the logic.
 void FormWidget::resizeEvent(QResizeEvent*) {
   surface_.Fit(size(), devicePixelRatioF());
-  form_.TakeSizeOfWidget();
-  form_.entry_.Enter([this] { form_.events_.OnResize(); });
+  form_.entry_.Enter([this] { form_.TakeSizeOfWidget(); });
 }
 
 void FormWidget::moveEvent(QMoveEvent*) {
@@ -263,35 +341,40 @@ void FormWidget::changeEvent(QEvent* event) {
     form_.TakeState(isMaximized() ? WindowState::Maximised : WindowState::Normal);
   }
   if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
-    form_.entry_.Enter([this] { form_.events_.OnActivate(); });
+    form_.entry_.Enter([this] { form_.Events().OnActivate(); });
   }
 }
 
 // The logic decides what closing means; the widget stays until then.
 void FormWidget::closeEvent(QCloseEvent* event) {
   event->ignore();
-  form_.entry_.Enter([this] { form_.events_.OnClose(); });
+  form_.entry_.Enter([this] { form_.Events().OnClose(); });
 }
 
 void FormWidget::keyPressEvent(QKeyEvent* event) {
-  form_.entry_.Enter(
-      [this, code = KeyCodeOf(*event), shift = ShiftOf(*event)] { form_.events_.OnKeyDown(code, shift); });
+  form_.entry_.Enter([this, code = KeyCodeOf(*event), shift = ShiftOf(*event)] {
+    form_.Events().OnKeyDown(code, shift);
+    if (code == kKeyEnter) form_.Events().OnKeyPress(static_cast<char>(kKeyEnter));
+  });
 }
 
+// A key that repeats itself stays down.
 void FormWidget::keyReleaseEvent(QKeyEvent* event) {
+  if (event->isAutoRepeat()) return;
   form_.entry_.Enter(
-      [this, code = KeyCodeOf(*event), shift = ShiftOf(*event)] { form_.events_.OnKeyUp(code, shift); });
+      [this, code = KeyCodeOf(*event), shift = ShiftOf(*event)] { form_.Events().OnKeyUp(code, shift); });
 }
 
 void FormWidget::mousePressEvent(QMouseEvent* event) {
   const auto button = ButtonOf(*event);
   if (!button) return;
+  if (button == MouseButton::Left && form_.Style().AutoDrag && windowHandle()->startSystemMove()) return;
   form_.entry_.Enter(
-      [this, button, at = event->position()] { form_.events_.OnMouseDown(*button, at.x(), at.y()); });
+      [this, button, at = event->position()] { form_.Events().OnMouseDown(*button, at.x(), at.y()); });
 }
 
 void FormWidget::mouseMoveEvent(QMouseEvent* event) {
-  form_.entry_.Enter([this, at = event->position()] { form_.events_.OnMouseMove(at.x(), at.y()); });
+  form_.entry_.Enter([this, at = event->position()] { form_.Events().OnMouseMove(at.x(), at.y()); });
 }
 
 void FormWidget::mouseReleaseEvent(QMouseEvent* event) {
@@ -299,8 +382,8 @@ void FormWidget::mouseReleaseEvent(QMouseEvent* event) {
   if (!button) return;
   const bool isClick = *button == MouseButton::Left && !std::exchange(afterDoubleClick_, false);
   form_.entry_.Enter([this, button, isClick, at = event->position()] {
-    form_.events_.OnMouseUp(*button, at.x(), at.y());
-    if (isClick) form_.events_.OnClick();
+    form_.Events().OnMouseUp(*button, at.x(), at.y());
+    if (isClick) form_.Events().OnClick();
   });
 }
 
@@ -308,7 +391,7 @@ void FormWidget::mouseDoubleClickEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return mousePressEvent(event);
   // The second release of a double click is no click of its own.
   afterDoubleClick_ = true;
-  form_.entry_.Enter([this] { form_.events_.OnDoubleClick(); });
+  form_.entry_.Enter([this] { form_.Events().OnDoubleClick(); });
 }
 
 }  // namespace tessera

@@ -2,6 +2,7 @@
 // printed, and tells the logic what the person does; nothing is decided here.
 #pragma once
 
+#include <QSize>
 #include <memory>
 #include <string_view>
 
@@ -18,7 +19,8 @@ class FormWidget;
 class QtForm final : public Form {
  public:
   // `objectName` is the name by which tests and assistive tools find the widget.
-  QtForm(const QString& objectName, FormEvents& events, LogicEntry& entry);
+  // `design` is its first client size, in pixels; it stands in the middle of the screen.
+  QtForm(const QString& objectName, QSize design, FormEvents& events, LogicEntry& entry);
   ~QtForm() override;
   QtForm(const QtForm&) = delete;
   QtForm& operator=(const QtForm&) = delete;
@@ -26,6 +28,9 @@ class QtForm final : public Form {
   QWidget* widget();
 
   void Print(std::string_view text) override;
+  void FocusKeySink() override;
+  void FocusNext() override;
+  void ShapeMe(Colour colour) override;
 
  protected:
   PictureRef WithPixels(PictureRef picture) override;
@@ -39,15 +44,17 @@ class QtForm final : public Form {
   void ShowPlace() override;
   void ShowVisible() override;
   void ShowState() override;
-  void ShowTitlebar() override;
+  void ShowStyle() override;
+  void PrepareModal(Form& opener) override;
+  void ServeModal() override;
 
  private:
   friend class FormWidget;
 
   void TakeSizeOfWidget();
+  void FitSizable();
   void WaitForFirstPainting();
 
-  FormEvents& events_;
   LogicEntry& entry_;
   std::unique_ptr<FormWidget> widget_;
 };

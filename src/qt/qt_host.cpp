@@ -1,6 +1,7 @@
 #include "qt/qt_host.h"
 
 #include <QApplication>
+#include <QCursor>
 #include <QDialog>
 #include <QEventLoop>
 #include <QFontDatabase>
@@ -16,11 +17,16 @@
 #include "qt/desktop_dialogs.h"
 #include "qt/fonts.h"
 #include "qt/form.h"
+#include "qt/screen_mode.h"
 #include "qt/text.h"
 
 namespace tessera {
 
 namespace {
+
+// Client sizes that windows start with, in pixels.
+constexpr QSize kMainDesign(640, 420);
+constexpr QSize kFormDesign(480, 300);
 
 // Warnings of the window system that tell a person nothing.
 constexpr std::array kHarmless = {
@@ -105,8 +111,27 @@ QtHost::QtHost() : entry_([this] { LeaveLoops(); }), random_(std::random_device{
 
 QtHost::~QtHost() = default;
 
-std::unique_ptr<Form> QtHost::NewMainForm(FormEvents& events) {
-  return std::make_unique<QtForm>("Janela", events, entry_);
+// Where a person clicks the window system finds the window by itself.
+std::unique_ptr<Form> QtHost::NewMainForm(FormEvents& events, const WindowDirectory&) {
+  return std::make_unique<QtForm>("Janela", kMainDesign, events, entry_);
+}
+
+std::unique_ptr<Form> QtHost::NewForm(std::string_view name, FormEvents& events) {
+  return std::make_unique<QtForm>(ToQString(name), kFormDesign, events, entry_);
+}
+
+void QtHost::ShowPointer(bool visible) {
+  QGuiApplication::restoreOverrideCursor();
+  if (!visible) QGuiApplication::setOverrideCursor(Qt::BlankCursor);
+}
+
+ScreenPoint QtHost::PointerPlace() {
+  const QPoint at = QCursor::pos();
+  return {double(at.x()), double(at.y())};
+}
+
+std::string QtHost::SetVideoMode(const VideoMode& mode) {
+  return SetScreenMode(mode);
 }
 
 ScreenSize QtHost::Screen() {
@@ -182,6 +207,14 @@ void QtHost::ProcessEvents() {
 bool QtHost::AwaitEvents(std::chrono::milliseconds sleep) {
   Pause(sleep);
   ProcessEvents();
+  return true;
+}
+
+// Rests in the window system, and costs nothing until it wakes.
+bool QtHost::AwaitNextEvents() {
+  QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  QCoreApplication::sendPostedEvents();
+  entry_.Rethrow();
   return true;
 }
 

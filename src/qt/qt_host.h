@@ -26,7 +26,11 @@ class QtHost final : public Display, public Dialogs, public EventDispatch {
   // What a `Run` is made with.
   Host host() { return {*this, *this, clock_, random_}; }
 
-  std::unique_ptr<Form> NewMainForm(FormEvents& events) override;
+  std::unique_ptr<Form> NewMainForm(FormEvents& events, const WindowDirectory& windows) override;
+  std::unique_ptr<Form> NewForm(std::string_view name, FormEvents& events) override;
+  void ShowPointer(bool visible) override;
+  ScreenPoint PointerPlace() override;
+  std::string SetVideoMode(const VideoMode& mode) override;
   ScreenSize Screen() override;
   std::vector<std::string> FontNames() override;
   void TellAbandonedRun(std::string_view position, std::string_view description) override;
@@ -41,6 +45,7 @@ class QtHost final : public Display, public Dialogs, public EventDispatch {
 
   void ProcessEvents() override;
   bool AwaitEvents(std::chrono::milliseconds sleep) override;
+  bool AwaitNextEvents() override;
   void Pause(std::chrono::milliseconds time) override;
   std::unique_ptr<Timer> StartTimer(std::chrono::milliseconds interval, std::function<void()> tick) override;
 

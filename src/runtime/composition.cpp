@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <string>
 #include <string_view>
 
@@ -16,8 +17,10 @@
 #include "commands/validation_commands.h"
 #include "engine/engine.h"
 #include "image/image_reader.h"
+#include "recorddb/record_database.h"
 #include "values/run.h"
 #include "windows/drawing_commands.h"
+#include "windows/event_commands.h"
 #include "windows/font_commands.h"
 #include "windows/janela.h"
 #include "windows/picture_commands.h"
@@ -34,6 +37,8 @@ void TellProgram(Run& run, const ProgramStart& start) {
   run.ProgramFolderText = FolderText(start.folder) + "\\";
   run.RuntimeFolderText = run.ProgramFolderText;
   run.CommandLineText = start.commandLine;
+  run.paths =
+      PathMapping(start.folder.string(), SystemDataFolder(std::getenv("XDG_DATA_HOME"), std::getenv("HOME")));
 }
 
 void FillDoors(Run& run, CommandTable& commands) {
@@ -41,10 +46,6 @@ void FillDoors(Run& run, CommandTable& commands) {
     return commands.CommandCall(name, arguments);
   };
   // A word without a room behind it does nothing, like every word without a handler.
-  run.doors.NovaJanela = [](std::string_view) {};
-  run.doors.RunDatabaseBlock = [](std::string_view, std::size_t, std::size_t, std::int32_t statement) {
-    return statement;
-  };
   run.doors.SqlReadField = [](std::string_view, std::string_view, std::string_view) { return Value(); };
 }
 
@@ -60,6 +61,7 @@ int RunProgram(const ProgramStart& start, const Host& host, Display& display) {
   FileCommands files(run);
   MachineCommands machine(run, MachineCommands::UserPlaces());
   CommandTable commands;
+  const RecordDatabase database(run, commands);
   FillDoors(run, commands);
   AddTextCommands(commands, run);
   AddNumberCommands(commands, run);
@@ -69,7 +71,9 @@ int RunProgram(const ProgramStart& start, const Host& host, Display& display) {
   machine.Register(commands);
   AddDialogCommands(commands, run);
   AddSystemCommands(commands, run);
+  janela.AddCommand(commands);
   AddWindowCommands(commands, run, janela.windows());
+  AddEventCommands(commands, run, janela.windows());
   AddDrawingCommands(commands, run, janela.windows());
   AddPictureCommands(commands, run, janela.windows());
   AddFontCommands(commands, run, display);

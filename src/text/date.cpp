@@ -153,7 +153,7 @@ double SerialOfDate(DateTime date) {
 }
 
 std::optional<DateTime> AddMonths(DateTime date, std::int64_t months) {
-  constexpr std::int64_t kFarthest = 12 * kLastYear;
+  constexpr std::int64_t kFarthest = std::int64_t{12} * kLastYear;
   if (months > kFarthest || months < -kFarthest) return std::nullopt;
   const auto dayPart = std::chrono::floor<days>(date);
   const year_month_day calendar{dayPart};

@@ -44,13 +44,13 @@ Call LocateCall(std::string_view text, std::string_view word) {
       std::string(Mid(marked, begin, end - begin)), std::string(Mid(marked, mark + 1, close - mark - 1)), {}};
 }
 
-// The text behind a call's ")" and the character behind that: what stands two characters behind the end of
-// the argument text. OPEN: the argument text is looked for behind the call's own parenthesis; a look from the
-// text's first one would find an earlier like text and never come to an end.
-std::string_view BehindCall(std::string_view text, const Call& call, std::string_view argument) {
+// Where a call's argument text ends: the position of its ")".
+// OPEN: the argument text is looked for behind the call's own parenthesis; a look from the text's first one
+// would find an earlier like text and never come to an end. And the ")" is the call's own, not the first one
+// behind the name, so that nested calls give what they say.
+Position ClosingParen(std::string_view text, const Call& call, std::string_view argument) {
   const Position open = Find(text, "(", Find(text, call.name));
-  const Position found = Find(text, argument, open + 1);
-  return Mid(text, found + argument.size() + 2);
+  return Find(text, argument, open + 1) + argument.size();
 }
 
 }  // namespace
@@ -65,19 +65,18 @@ std::optional<Call> FindFunction(const Run& run, std::string_view text) {
 }
 
 void ApplyFunction(Run& run, std::string& text, const Call& call, bool& numericTarget) {
-  const Position nameAt = Find(text, call.name);
-  const std::string tail(Mid(text, Find(text, ")", nameAt) + 1, 1));
-  std::string built(Left(text, nameAt - 1));
+  const Position closing = ClosingParen(text, call, StripParens(call.arguments));
+  std::string built(Left(text, Find(text, call.name) - 1));
 
   built += run.doors.CommandCall(call.name, call.arguments).ToText();
-  if (!IsNumericFunction(call.name)) built += tail;
+  if (!IsNumericFunction(call.name)) built += Mid(text, closing + 1, 1);
 
   // KEPT: behind a call whose argument is empty or a variable the rest of the text is lost
-  // (Calls.TheRestIsLostBehindAVariableArgument).
+  // (programs/calls_in_expressions.tsc).
   const bool restIsLost =
       !numericTarget && (call.arguments.empty() || run.variables.VarFind(call.arguments) != -1);
   if (!restIsLost) {
-    built += BehindCall(text, call, StripParens(call.arguments));
+    built += Mid(text, closing + 2);
     if (numericTarget) built = Replace(built, ',', '.');
   }
   text = std::move(built);
@@ -98,9 +97,9 @@ void ApplyUserFunction(Run& run, std::string& text, const Call& call) {
   built += run.doors.CallFunction(call.name, call.arguments).ToText();
 
   // KEPT: an empty argument text counts as found at position 1, so that a call with empty parentheses can
-  // only stand alone (Calls.ACallWithoutArgumentsStandsAlone).
+  // only stand alone (programs/calls_in_expressions.tsc).
   const std::string argument = StripParens(call.arguments);
-  built += argument.empty() ? Mid(text, 3) : BehindCall(text, call, argument);
+  built += Mid(text, argument.empty() ? 3 : ClosingParen(text, call, argument) + 2);
 
   if (call.resultType == "Numero") {
     const std::size_t comma = built.rfind(',');

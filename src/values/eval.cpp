@@ -109,7 +109,7 @@ Value EvalNumber(Run& run, std::string_view source, bool& numericTarget) {
   ReplaceFunctions(run, text, numericTarget);
   ReplaceUserFunctions(run, text);
   // KEPT: a decimal comma makes the text numeric, and the conversion stops in front of it
-  // (EvalNumber.ADecimalCommaCutsALiteral).
+  // (programs/numbers.tsc).
   if (IsNumeric(text)) return LeadingNumber(text);
   if (IsArithmeticText(text)) {
     Substituted substituted = SubstituteVariables(run, text);

@@ -126,7 +126,7 @@ std::int32_t VariableStore::VarIndexValue(std::string_view name) {
     return 0;
   }
   // KEPT: the "Inteiro" table is read whatever table the name was found in
-  // (VariableStore.AnIndexIsReadFromTheIntegerTable).
+  // (VariableStoreTest.AnIndexIsReadFromTheIntegerTable).
   return integers_[CheckedSlot(Inteiro, first)];
 }
 

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <limits>
 
+#include "platform/failure.h"
 #include "text/one_based.h"
 #include "values/eval.h"
 #include "windows/window_command_row.h"
@@ -85,8 +86,28 @@ Value Fonte(Run& run, WindowModel& windows, std::string_view arguments) {
   return {};
 }
 
+// The current window's size in lines or columns of the grid.
+Value GridCount(double scale, std::int16_t pixels) {
+  if (pixels == 0) FailDivision();
+  return RoundToInteger(scale / pixels + 0.5);
+}
+
+Value AlturaJanela(Run&, WindowModel& windows, std::string_view) {
+  return GridCount(windows.CurrentForm->ScaleHeight(), windows.TamLin);
+}
+
+Value LarguraJanela(Run&, WindowModel& windows, std::string_view) {
+  return GridCount(windows.CurrentForm->ScaleWidth(), windows.TamCol);
+}
+
 constexpr WindowCommandRow kRows[] = {
-    {"ESCREVA", Escreva}, {"POSICIONE", Posicione}, {"CLS", Cls}, {"LIMPAJANELA", Cls}, {"FONTE", Fonte},
+    {"ESCREVA", Escreva},
+    {"POSICIONE", Posicione},
+    {"CLS", Cls},
+    {"LIMPAJANELA", Cls},
+    {"FONTE", Fonte},
+    {"ALTURAJANELA", AlturaJanela},
+    {"LARGURAJANELA", LarguraJanela},
 };
 
 }  // namespace

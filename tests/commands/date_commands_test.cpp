@@ -8,6 +8,7 @@ namespace tessera {
 namespace {
 
 using test::ExpectAnswers;
+using test::ExpectValues;
 using test::LibraryProgram;
 
 TEST(DateCommands, TodayAndNowComeFromTheClock) {
@@ -110,10 +111,10 @@ TEST(DateCommands, ConverteDataKnowsASingleLetterInFrontOfASlashAlone) {
 }
 
 TEST(DateCommands, InverteDataGoesBothWays) {
-  ExpectAnswers("InverteData", {{"\"05/03/2009\"", "\"20090305\""},
-                                {"\"20090305\"", "\"05/03/2009\""},
-                                {"\"\"", "\"\""},
-                                {"InverteData(\"05/03/2009\")", "\"05/03/2009\""}});
+  ExpectValues({{R"(InverteData("05/03/2009"))", "20090305"},
+                {R"(InverteData("20090305"))", "05/03/2009"},
+                {R"(InverteData(""))", ""},
+                {R"(InverteData(InverteData("05/03/2009")))", "05/03/2009"}});
 }
 
 }  // namespace

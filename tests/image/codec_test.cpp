@@ -54,7 +54,7 @@ TEST(Codec, ChanceChoosesAmongAllKeys) {
   for (const bool used : seen) EXPECT_TRUE(used);
 }
 
-TEST(Codec, DamageFailsAtTheKeyNumberAlone) {
+TEST(Codec, DamageFailsAtTheKeyNumberAndBehindTheTextsEnd) {
   const auto failure = [](std::string_view encoded) {
     try {
       DecodeText(encoded);
@@ -69,7 +69,8 @@ TEST(Codec, DamageFailsAtTheKeyNumberAlone) {
   EXPECT_EQ(failure("\x02\x00\x00"s), 9);
   EXPECT_EQ(failure("\x00\x00\x00\x00\xFF"s), 9) << "a count of 0 leaves no key number";
   EXPECT_EQ(DecodeText("\x02\x00\x00\x00\xF5\x9E"s), "a") << "key 10 is empty and changes nothing";
-  EXPECT_EQ(DecodeText("\xFF\xFF\xFF\xFF\xFF\xBA\x4D"s), "Oi") << "a huge count takes what is there";
+  EXPECT_EQ(failure("\xFF\xFF\xFF\xFF\xFF\xBA\x4D"s), 5) << "a huge count";
+  EXPECT_EQ(failure(EncodeTextWithKey("Oi", 3).substr(0, 6)), 5) << "a lost tail";
 }
 
 }  // namespace

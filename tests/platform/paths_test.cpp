@@ -5,6 +5,7 @@
 #include "platform/failure.h"
 #include "platform/file_system.h"
 #include "support/temp_folder.h"
+#include "text/code_page.h"
 #include "text/literal.h"
 
 namespace tessera {
@@ -28,6 +29,15 @@ TEST(PathMapping, AProgramMayAppendToAFolderWithItsBackslash) {
   const PathMapping paths("/nowhere", "/nowhere");
   EXPECT_EQ(paths.SystemPath(folder.path() + "\\\\x.txt"), folder / "x.txt");
   EXPECT_EQ(paths.SystemPath("\\"), "/");
+}
+
+TEST(PathMapping, AProgramsFolderMayHaveAnyName) {
+  const TempFolder folder;
+  folder.Write("日本/x.txt", "");
+  const PathMapping paths(folder / "日本", folder / "data");
+  const std::string asSeen = FromUtf8Lossy(folder / "日本");
+  EXPECT_EQ(paths.SystemPath(asSeen + "\\X.txt"), folder / "日本/x.txt");
+  EXPECT_EQ(paths.SystemPath(asSeen + "x"), asSeen + "x");
 }
 
 TEST(PathMapping, DriveLettersAreFoldersMadeOnFirstUse) {

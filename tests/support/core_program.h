@@ -31,6 +31,7 @@ class NoEvents final : public EventDispatch {
  public:
   void ProcessEvents() override {}
   bool AwaitEvents(std::chrono::milliseconds) override { return false; }
+  bool AwaitNextEvents() override { return false; }
   void Pause(std::chrono::milliseconds) override {}
   std::unique_ptr<Timer> StartTimer(std::chrono::milliseconds, std::function<void()>) override {
     return nullptr;

@@ -18,7 +18,7 @@ TEST_F(JanelaTest, StandsCentredInItsLooksAndIsShownBeforeTheFirstStatement) {
   EXPECT_EQ(program.janela.Start(editors, ""), RunOutcome::Ended);
   EXPECT_EQ(Window().Caption(), "Tessera - TESTE.TSC");
   EXPECT_TRUE(Window().Visible());
-  EXPECT_TRUE(Window().Titlebar());
+  EXPECT_TRUE(Window().Style().Titlebar);
   EXPECT_EQ(Window().Place().Width, 640 * 15);
   EXPECT_EQ(Window().Place().Height, 420 * 15 + 600);
   EXPECT_EQ(Window().Place().Left, (1920 * 15 - 9600) / 2);
@@ -78,7 +78,7 @@ TEST_F(JanelaTest, ThatWordAnywhereInTheProgramKeepsTheWindowHidden) {
   editors[0] = "Escreva \"IniciaJanelaInvisivel\"\r\n";
   program.janela.Start(editors, "JanelaTransparente");
   EXPECT_FALSE(Window().Visible());
-  EXPECT_FALSE(Window().Titlebar());
+  EXPECT_FALSE(Window().Style().Titlebar);
 }
 
 TEST_F(JanelaTest, AnEventWhoseVariableIsGoneIsNoFailureOfTheWaitingStatement) {

@@ -1,0 +1,125 @@
+#include "recorddb/cleaning.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+
+#include "image/codec.h"
+#include "platform/failure.h"
+#include "recorddb/header_lock.h"
+#include "recorddb/record_commands.h"
+#include "recorddb/slots.h"
+#include "text/literal.h"
+#include "values/eval.h"
+
+namespace tessera {
+
+namespace {
+
+// Copies the live records, the first field renumbered where it is an AutoInc, and returns how many there are.
+std::int32_t CopyLiveRecords(RecordContext& context, const DatabaseSlot& slot, const BinaryFile& from,
+                             BinaryFile& to) {
+  const std::string header = from.ReadBlankPadded(1, tsa::kHeaderLength);
+  to.Write(1, header);
+  const std::int32_t count = DecodeDigits(SlotOf(header, tsa::kCount));
+  const std::int32_t length = DecodeDigits(Trim(SlotOf(header, tsa::kRecordLength)));
+  const std::string type = Upper(DecodeTrimmed(header, tsa::FieldType(0)));
+  if (length < 0) FailArgument();
+  std::int32_t written = 0;
+  for (std::int32_t p = 0; p < count; ++p) {
+    const auto place = [&](std::int32_t record) {
+      return tsa::RecordPosition(static_cast<std::uint64_t>(length), static_cast<std::uint64_t>(record));
+    };
+    std::string record = from.ReadBlankPadded(place(p), static_cast<std::size_t>(length));
+    if (IsDeleted(slot, record)) continue;
+    if (type == "AUTOINC") {
+      SlotWrite(record, slot.fields.front().Slot(), EncodeText(BytesOf(written), context.run.host.random));
+    }
+    to.Write(place(written), record);
+    ++written;
+  }
+  return written;
+}
+
+// KEPT: the header is written back with all the bytes that were read, so that its last one, which belongs to
+// the first record as well, comes from the old file (Cleaning.TheHeadersLastByteComesFromTheOldFile).
+void WriteCleanHeader(RecordContext& context, const BinaryFile& from, BinaryFile& to, std::int32_t written) {
+  std::string header = from.ReadBlankPadded(1, tsa::kHeaderLength);
+  SlotWrite(header, tsa::kCount, std::string(tsa::kCount.width, tsa::kBlank));
+  SlotWrite(header, tsa::kCount, EncodeText(std::to_string(written), context.run.host.random));
+  to.Write(1, header);
+}
+
+// Puts the temporary file in the database file's place in one step, so that at no moment both are gone.
+// Failure 70 while this program still has the database file open.
+void TakePlace(RecordContext& context, const std::string& temporary, const std::string& database) {
+  struct stat wanted {};
+  stat(database.c_str(), &wanted);
+  const bool stillOpen = context.run.fileNumbers.AnyOf<BinaryFile>([&](const BinaryFile& file) {
+    struct stat status {};
+    return fstat(file.descriptor(), &status) == 0 && status.st_dev == wanted.st_dev &&
+           status.st_ino == wanted.st_ino;
+  });
+  if (stillOpen) Fail(70);
+  if (rename(temporary.c_str(), database.c_str()) != 0) FailSystem(errno);
+  const std::string folder = database.substr(0, database.rfind('/') + 1);
+  const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (descriptor < 0) return;
+  fsync(descriptor);
+  close(descriptor);
+}
+
+void CleanInto(RecordContext& context, const DatabaseSlot& slot, const std::string& temporary,
+               const std::string& database) {
+  const auto from = BinaryFile::Open(database);
+  const auto to = BinaryFile::Open(temporary);
+  const FileLock lock(*from, context.run.host.events);
+  const std::int32_t written = CopyLiveRecords(context, slot, *from, *to);
+  WriteCleanHeader(context, *from, *to, written);
+  to->Sync();
+  TakePlace(context, temporary, database);
+}
+
+Value LimpaBD(RecordContext& context, std::string_view arguments) {
+  constexpr std::size_t kPlaces = 3;
+  Run& run = context.run;
+  const std::string name = EvalText(run, SplitArguments(run, arguments, kPlaces)[0]).ToText();
+  const std::int16_t number = FindDatabase(context, name);
+  const DatabaseSlot& slot = context.Slot(number);
+  const bool whole = EqualsIgnoringCase(Right(name, 3), "TSA");
+  const std::string database = context.run.paths.SystemPath(slot.folder + name + (whole ? "" : ".Tsa"));
+  const std::string temporary = context.run.paths.SystemPath(slot.folder + "Temp.Tsa");
+
+  // KEPT: the slot's number is taken for the file number (Cleaning.ClosesTheFileWhoseNumberIsTheSlots).
+  run.fileNumbers.Close(number);
+  if (access(temporary.c_str(), F_OK) == 0) {
+    ShowCritical(run, std::string("Há outro usuário efetuando a rotina de limpeza !\r"
+                                  "Se tiver certeza que não há nenhum usuário efetuando esta rotina,\r"
+                                  "apague o arquivo "_w)
+                          .append(slot.folder)
+                          .append("Temp.Tsa"));
+    return {};
+  }
+  if (access(database.c_str(), F_OK) != 0) FailSystem(errno);
+  // OPEN: a cleaning that fails takes its temporary file with it; the old file is whole, and a file that
+  // stays would forbid every later cleaning.
+  if (const auto failure = Guard([&] { CleanInto(context, slot, temporary, database); })) {
+    unlink(temporary.c_str());
+    throw *failure;
+  }
+  // OPEN: there is no file number 0, so the database of the first slot is left closed.
+  if (number >= FileNumbers::kFirst) run.fileNumbers.Put(number, BinaryFile::Open(database));
+  return {};
+}
+
+}  // namespace
+
+void AddCleaningCommand(CommandTable& commands, RecordContext& context) {
+  commands.Add("LIMPABD",
+               [&](std::string_view, std::string_view arguments) { return LimpaBD(context, arguments); });
+}
+
+}  // namespace tessera

@@ -1,0 +1,207 @@
+#include "recorddb/descriptor.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+
+#include "image/codec.h"
+#include "platform/failure.h"
+#include "prepare/prepared_text.h"
+#include "recorddb/header_lock.h"
+#include "recorddb/slots.h"
+#include "text/literal.h"
+#include "values/eval.h"
+
+namespace tessera {
+
+namespace {
+
+constexpr std::size_t kPlaces = 11;
+
+// A descriptor on its way: the slot that it fills and what is needed until its end.
+struct Reading {
+  DatabaseSlot& slot;
+  std::string password;
+  std::string_view variableType;  // of the field before, which a field of an unknown type takes over
+  std::int32_t next = 1;
+};
+
+std::int16_t Short(std::int32_t number) {
+  return Value(number).ToShort();
+}
+
+void ReadHeaderLine(RecordContext& context, Reading& reading, const std::vector<std::string>& parts) {
+  constexpr Position kNameColumn = 4;  // behind "BD "
+  Run& run = context.run;
+  reading.slot.name = Mid(EvalText(run, parts[0]).ToText(), kNameColumn);
+  reading.slot.folder = EvalText(run, parts[1]).ToText();
+  if (!reading.slot.folder.ends_with('\\')) reading.slot.folder += '\\';
+  reading.password = EvalText(run, parts[2]).ToText();
+  // Only the last level is made, and a failure shows itself when the file is opened.
+  constexpr mode_t kAnyone = 0777;
+  mkdir(context.run.paths.SystemPath(reading.slot.folder.substr(0, reading.slot.folder.size() - 1)).c_str(),
+        kAnyone);
+}
+
+std::int32_t WidthOf(Run& run, const std::string& type, const std::string& size) {
+  if (type == kTypeString) {
+    const Value declared = EvalNumber(run, size);
+    const double number = declared.IsText() ? LeadingNumber(*declared.AsText()) : declared.ToDouble();
+    return RoundToInteger(number + static_cast<double>(kEncodedOverhead));
+  }
+  if (type == kTypeInteiro || type == kTypeAutoInc) return 9;
+  if (type == kTypeDecimal) return 13;
+  return 0;
+}
+
+void ReadFieldLine(RecordContext& context, Reading& reading, const std::vector<std::string>& parts) {
+  Run& run = context.run;
+  if (reading.slot.fields.size() == kFieldRows) FailSubscript();
+  DatabaseField field;
+  field.variable = reading.slot.name + "." + EvalText(run, parts[0]).ToText();
+  field.type = EvalText(run, parts[1]).ToText();
+  field.width = Short(WidthOf(run, field.type, parts[2]));
+  field.position = Short(reading.next);
+  reading.next += field.width;
+  if (field.type == kTypeAutoInc) {
+    reading.variableType = kTypeInteiro;
+  } else if (field.type == kTypeString || field.type == kTypeInteiro || field.type == kTypeDecimal) {
+    reading.variableType = field.type == kTypeString    ? kTypeString
+                           : field.type == kTypeInteiro ? kTypeInteiro
+                                                        : kTypeDecimal;
+  }
+  run.variables.VarCreateScalar(field.variable, reading.variableType);
+  reading.slot.fields.push_back(std::move(field));
+}
+
+std::string DateAndTime(Clock& clock) {
+  using namespace std::chrono;
+  const auto now = clock.Now();
+  const auto today = floor<days>(now);
+  const year_month_day date(today);
+  const hh_mm_ss time(floor<seconds>(now - today));
+  return ZeroFilled(static_cast<unsigned>(date.day()), 2) + "/" +
+         ZeroFilled(static_cast<unsigned>(date.month()), 2) + "/" +
+         ZeroFilled(static_cast<int>(date.year()), 4) + " " + ZeroFilled(time.hours().count(), 2) + ":" +
+         ZeroFilled(time.minutes().count(), 2) + ":" + ZeroFilled(time.seconds().count(), 2);
+}
+
+// Makes the file appear whole: written beside its place and linked there, so that neither another process nor
+// a sudden end ever shows a part of a header. False when the file is there meanwhile.
+bool CreateWhole(const std::string& path, const std::string& bytes) {
+  std::string draft = path + ".XXXXXX";
+  const int descriptor = mkstemp(draft.data());
+  if (descriptor < 0) FailSystem(errno);
+  close(descriptor);
+  const auto failure = Guard([&] { BinaryFile::Open(draft)->Write(1, bytes); });
+  constexpr mode_t kEveryone = 0666;
+  const mode_t mask = umask(0);
+  umask(mask);
+  chmod(draft.c_str(), kEveryone & ~mask);
+  const bool linked = !failure && link(draft.c_str(), path.c_str()) == 0;
+  const int reason = errno;
+  unlink(draft.c_str());
+  if (failure) throw *failure;
+  if (!linked && reason != EEXIST) FailSystem(reason);
+  return linked;
+}
+
+void TellChangedLength(RecordContext& context, const std::string& name) {
+  ShowCritical(context.run, std::string("Erro ("_w)
+                                .append(name)
+                                .append("): O tamanho dos campos do arquivo foram alterados.\r"
+                                        "Volte os campos para a estrutura original, ou apague o arquivo\r"
+                                        "para que seja criado um novo, com a nova estrutura.\r"
+                                        "Atenção: se o arquivo for apagado, os registros já gravados no\r"
+                                        "Banco de Dados não poderão ser recuperados !"_w));
+}
+
+// True when the file has records of the slot's length; then the date of this run stands in its header.
+bool EnterExistingFile(RecordContext& context, DatabaseSlot& slot, const std::string& path) {
+  Run& run = context.run;
+  slot.fileNumber = run.fileNumbers.Free();
+  run.fileNumbers.Put(slot.fileNumber, BinaryFile::Open(path));
+  BinaryFile& file = run.fileNumbers.Get<BinaryFile>(slot.fileNumber);
+  std::string header = file.ReadBlankPadded(1, tsa::kHeaderLength);
+  const double length = LeadingNumber(DecodeTrimmed(header, tsa::kRecordLength));
+  if (length != slot.recordLength) {
+    TellChangedLength(context, slot.name);
+    return false;
+  }
+  // FAST: of the whole header only these bytes change; the others, which a process beside us may be changing,
+  // are not written back.
+  SlotWrite(header, tsa::kLastRun, EncodeText(DateAndTime(run.host.clock), run.host.random));
+  const FileLock lock(file, run.host.events);
+  file.Write(tsa::kLastRun.position, SlotOf(header, tsa::kLastRun));
+  return true;
+}
+
+void FinishDescriptor(RecordContext& context, Reading& reading) {
+  DatabaseSlot& slot = reading.slot;
+  slot.recordLength = Short(reading.next - 1);
+  const std::string path = context.run.paths.SystemPath(slot.folder + slot.name + ".Tsa");
+  const bool created =
+      access(path.c_str(), F_OK) != 0 && CreateWhole(path, NewHeader(context, slot, reading.password));
+  if (!created) {
+    if (!EnterExistingFile(context, slot, path)) return;
+    context.run.fileNumbers.Close(slot.fileNumber);
+  }
+  ++context.DatabaseCount;
+}
+
+}  // namespace
+
+std::string NewHeader(RecordContext& context, const DatabaseSlot& slot, std::string_view password) {
+  Random& random = context.run.host.random;
+  std::string header(tsa::kHeaderLength, tsa::kBlank);
+  const auto write = [&](tsa::Slot place, std::string_view plain) {
+    SlotWrite(header, place, EncodeTrimmable(plain, random));
+  };
+  const std::string now = DateAndTime(context.run.host.clock);
+  SlotWrite(header, tsa::kLockByte, {&tsa::kFree, 1});
+  write(tsa::kCount, "0");
+  write(tsa::kName, slot.name);
+  write(tsa::kRecordLength, std::to_string(slot.recordLength));
+  write(tsa::kCreated, now);
+  write(tsa::kLastRun, now);
+  for (std::size_t i = 0; i < slot.fields.size(); ++i) {
+    const DatabaseField& field = slot.fields[i];
+    write(tsa::FieldName(i), field.Name());
+    write(tsa::FieldSize(i), std::to_string(field.width - static_cast<int>(kEncodedOverhead)));
+    write(tsa::FieldType(i), field.type);
+  }
+  write(tsa::FieldName(slot.fields.size()), "#Fim");
+  write(tsa::kPassword, password);
+  return header;
+}
+
+std::int32_t RunDatabaseBlock(RecordContext& context, std::string_view text, Position position,
+                              Position lineEnd, std::int32_t statement) {
+  Reading reading{.slot = context.Slot(context.DatabaseCount), .password = {}, .variableType = {}};
+  reading.slot.fields.clear();
+  for (;;) {
+    const std::string_view line = Mid(text, position, lineEnd - position);
+    const std::string_view content = Mid(line, kStatementColumn);
+    if (content.starts_with("FimBD")) break;
+    const auto parts = SplitArguments(context.run, content, kPlaces);
+    if (parts[0].starts_with("BD")) {
+      ReadHeaderLine(context, reading, parts);
+    } else {
+      ReadFieldLine(context, reading, parts);
+    }
+    ++statement;
+    position = Find(text, StatementKey(statement), position);
+    if (position == 0) {
+      statement = 0;
+      break;
+    }
+    lineEnd = Find(text, kCrLf, position);
+  }
+  FinishDescriptor(context, reading);
+  return statement;
+}
+
+}  // namespace tessera

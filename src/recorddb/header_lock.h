@@ -1,0 +1,55 @@
+// The lock byte of a record file, and the lock of the system that makes each step of its protocol atomic
+// among this system's own processes.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "platform/binary_file.h"
+#include "platform/host.h"
+
+namespace tessera {
+
+// Exclusion among our own processes: an open-file-description lock on one byte far behind any data, so that
+// no reader is ever stopped. It ends with the object, and with the process.
+class FileLock {
+ public:
+  // Waits for the lock, letting events run meanwhile.
+  FileLock(const BinaryFile& file, EventDispatch& events);
+  ~FileLock();
+  FileLock(const FileLock&) = delete;
+  FileLock& operator=(const FileLock&) = delete;
+
+ private:
+  int descriptor_;
+};
+
+// One step of the protocol: holds the file's lock with the lock byte found free. While another maker's
+// program has the byte set, the wait lets events run and has no end.
+class HeaderStep {
+ public:
+  HeaderStep(BinaryFile& file, EventDispatch& events);
+  HeaderStep(const HeaderStep&) = delete;
+  HeaderStep& operator=(const HeaderStep&) = delete;
+
+  // The record count that the header tells. Failures of a slot that does not decode.
+  std::int32_t Count() const;
+
+  // Sets the lock byte and writes the header's beginning back.
+  void SetBusy();
+  // Clears it again; with a new count the count's slot is rewritten on the way.
+  void SetFree();
+  void SetFree(std::int32_t newCount, Random& random);
+
+ private:
+  void Acquire(EventDispatch& events);
+
+  BinaryFile& file_;
+  std::optional<FileLock> lock_;
+  std::string area_;  // the header up to the holder's mark
+};
+
+// Clears a lock byte that was left set, with the holder's mark. False when it was free.
+bool Unlock(BinaryFile& file, EventDispatch& events);
+
+}  // namespace tessera

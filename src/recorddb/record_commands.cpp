@@ -1,0 +1,296 @@
+#include "recorddb/record_commands.h"
+
+#include <unistd.h>
+
+#include "image/codec.h"
+#include "platform/failure.h"
+#include "recorddb/header_lock.h"
+#include "recorddb/order_commands.h"
+#include "recorddb/slots.h"
+#include "text/literal.h"
+#include "values/eval.h"
+
+namespace tessera {
+
+namespace {
+
+constexpr std::size_t kPlaces = 11;
+
+// A command's database and, where it has one, its record position.
+struct RecordArguments {
+  RecordArguments(RecordContext& context, std::string_view arguments)
+      : run(context.run), parts(SplitArguments(context.run, arguments, kPlaces)) {
+    name = EvalText(run, parts[0]).ToText();
+    slot = FindDatabase(context, name);
+  }
+  std::int32_t Position() { return EvalNumber(run, parts[1]).ToInteger(); }
+
+  Run& run;
+  std::vector<std::string> parts;
+  std::string name;
+  std::int16_t slot;
+};
+
+void ShowAtStatement(RecordContext& context, std::string_view text) {
+  ShowCritical(context.run, SourcePositionText(context.run).append("\r").append(text));
+}
+
+std::uint64_t PositionOf(const DatabaseSlot& slot, std::int32_t record) {
+  return tsa::RecordPosition(static_cast<std::uint64_t>(slot.recordLength),
+                             static_cast<std::uint64_t>(record));
+}
+
+// The physical position in the last six characters of a list entry; failure 13 where they are no number.
+std::int32_t PhysicalPosition(RecordContext& context, std::int16_t slot, std::int32_t place) {
+  const auto entry = context.ListOf(slot).At(static_cast<std::size_t>(place));
+  return Value(Right(entry, kPositionDigits)).ToInteger();
+}
+
+// A record of the values in the field variables. `autoInc` gives the value of an AutoInc field.
+template <typename AutoInc>
+std::string EncodeRecord(RecordContext& context, std::int16_t number, std::string_view command,
+                         AutoInc autoInc) {
+  Run& run = context.run;
+  const DatabaseSlot& slot = context.Slot(number);
+  std::string record(static_cast<std::size_t>(slot.recordLength), tsa::kBlank);
+  for (const DatabaseField& field : slot.fields) {
+    std::string plain;
+    if (field.type == kTypeAutoInc) {
+      plain = BytesOf(std::int32_t{autoInc()});
+    } else if (field.type == kTypeInteiro) {
+      plain = BytesOf(run.variables.VarRead(field.variable).ToInteger());
+    } else if (field.type == kTypeDecimal) {
+      plain = BytesOf(run.variables.VarRead(field.variable).ToDouble());
+    } else if (field.type == kTypeString) {
+      plain = run.variables.VarRead(field.variable).ToText();
+      if (plain.size() + kEncodedOverhead > static_cast<std::size_t>(field.width)) {
+        ShowAtStatement(context, std::string(command)
+                                     .append(": o tamanho do campo '"_w)
+                                     .append(field.variable)
+                                     .append("'\ré menor do que o tamanho dos dados atribuídos ao mesmo!"_w));
+        continue;
+      }
+    } else {
+      continue;
+    }
+    SlotWrite(record, field.Slot(), EncodeText(plain, run.host.random));
+  }
+  return record;
+}
+
+Value AbreBD(RecordContext& context, std::string_view arguments) {
+  Run& run = context.run;
+  const RecordArguments given(context, arguments);
+  if (given.slot == -1) return {};
+  DatabaseSlot& slot = context.Slot(given.slot);
+  const std::string name = slot.folder + given.name + ".Tsa";
+  const std::string path = context.run.paths.SystemPath(name);
+  if (access(path.c_str(), F_OK) != 0) {
+    ShowCritical(run, std::string("Erro AbreBD - Arquivo não existente: "_w).append(name));
+    return {};
+  }
+  slot.fileNumber = run.fileNumbers.Free();
+  run.fileNumbers.Put(slot.fileNumber, BinaryFile::Open(path));
+  const std::string header = context.FileOf(given.slot).ReadBlankPadded(1, tsa::kHeaderLength);
+  const std::string password = EvalText(run, given.parts[1]).ToText();
+  if (DecodeTrimmed(header, tsa::kPassword) != password) {
+    ShowAtStatement(context, std::string("Erro na abertura do banco de dados '"_w)
+                                 .append(given.name)
+                                 .append("': Senha incorreta!"_w));
+    run.fileNumbers.Close(slot.fileNumber);
+  }
+  return {};
+}
+
+Value FechaBD(RecordContext& context, std::string_view arguments) {
+  const RecordArguments given(context, arguments);
+  context.run.fileNumbers.Close(context.Slot(given.slot).fileNumber);
+  return {};
+}
+
+Value AdicionaRegistro(RecordContext& context, std::string_view arguments) {
+  const RecordArguments given(context, arguments);
+  if (given.slot == -1) return {};
+  const DatabaseSlot& slot = context.Slot(given.slot);
+  const bool ordered = context.PositionsAreOrdered(given.slot);
+  BinaryFile& file = context.FileOf(given.slot);
+  const std::string record =
+      EncodeRecord(context, given.slot, "AdicionaRegistro", [&] { return RecordCount(context, given.slot); });
+  std::int32_t count = 0;
+  {
+    HeaderStep step(file, context.run.host.events);
+    count = step.Count();
+    // The record's place is blank before the count tells of it, so that a sudden end leaves a blank record.
+    file.Write(PositionOf(slot, count), std::string(record.size(), tsa::kBlank));
+    step.SetBusy();
+    step.SetFree(count + 1, context.run.host.random);
+  }
+  if (ordered) UpdateOrderList(context, count, record, given.slot, ListChange::Add);
+  file.Write(PositionOf(slot, count), record);
+  return {};
+}
+
+// The count of the file, found with its lock byte free.
+std::int32_t WaitForCount(RecordContext& context, std::int16_t slot) {
+  const HeaderStep step(context.FileOf(slot), context.run.host.events);
+  return step.Count();
+}
+
+// A position equal to the count passes.
+bool IsPosition(std::int32_t position, std::int32_t count) {
+  return position >= 0 && position <= count;
+}
+
+// Writes a record over the one at `position`, once the lock byte is free. Under an order the entry at one of
+// the list's places is replaced: at the count, or at the position.
+enum class ReplacedPlace { Count, Position };
+void Overwrite(RecordContext& context, std::int16_t number, std::int32_t position, std::string_view record,
+               ReplacedPlace replaced, std::string_view refusal) {
+  const bool ordered = context.PositionsAreOrdered(number);
+  const std::int32_t count = WaitForCount(context, number);
+  if (!IsPosition(position, count)) {
+    ShowCritical(context.run, refusal);
+    return;
+  }
+  std::int32_t physical = position;
+  if (ordered) {
+    physical = PhysicalPosition(context, number, position);
+    UpdateOrderList(context, replaced == ReplacedPlace::Count ? count : position, record, number,
+                    ListChange::Replace);
+  }
+  context.FileOf(number).Write(PositionOf(context.Slot(number), physical), record);
+}
+
+Value AtualizaRegistro(RecordContext& context, std::string_view arguments) {
+  RecordArguments given(context, arguments);
+  context.Slot(given.slot);
+  const std::int32_t position = given.Position();
+  const std::string record = EncodeRecord(context, given.slot, "AtualizaRegistro", [&] { return position; });
+  // KEPT: the count, and not the position, is taken for the list's place
+  // (RecordOrder.UpdatingTakesTheCountForItsPlaceInTheList).
+  Overwrite(context, given.slot, position, record, ReplacedPlace::Count,
+            "Não pode atualizar registro: posição inválida !"_w);
+  return {};
+}
+
+Value ExcluiRegistro(RecordContext& context, std::string_view arguments) {
+  RecordArguments given(context, arguments);
+  context.Slot(given.slot);
+  const std::int32_t position = given.Position();
+  Overwrite(context, given.slot, position, DeletedRecord(context, given.slot), ReplacedPlace::Position,
+            "Não pode excluir registro: posição inválida !"_w);
+  return {};
+}
+
+Value LeRegistroCommand(RecordContext& context, std::string_view arguments) {
+  RecordArguments given(context, arguments);
+  context.Slot(given.slot);
+  return LeRegistro(context, given.slot, given.Position());
+}
+
+Value TotalRegistrosBD(RecordContext& context, std::string_view arguments) {
+  const RecordArguments given(context, arguments);
+  if (given.slot == -1) return {};
+  return RecordCount(context, given.slot);
+}
+
+}  // namespace
+
+void ClearVariables(RecordContext& context, const DatabaseSlot& slot) {
+  for (const DatabaseField& field : slot.fields) {
+    context.run.variables.VarWrite(field.variable, field.type == kTypeString ? Value(""_w) : Value(0), true);
+  }
+}
+
+Value FieldValue(std::string_view type, std::string plain) {
+  if (type == kTypeString) return plain;
+  if (type == kTypeDecimal) return DoubleOf(plain);
+  return IntegerOf(plain);
+}
+
+std::string DecodeRecord(RecordContext& context, const DatabaseSlot& slot, std::string_view record) {
+  VariableStore& variables = context.run.variables;
+  std::string text;
+  for (const DatabaseField& field : slot.fields) {
+    variables.VarWrite(field.variable, FieldValue(field.type, DecodeText(SlotOf(record, field.Slot()))),
+                       true);
+    std::string column = variables.VarRead(field.variable).ToText();
+    column.resize(static_cast<std::size_t>(std::max<std::int16_t>(field.width, 0)), ' ');
+    text += column;
+  }
+  return text;
+}
+
+std::string DeletedRecord(RecordContext& context, std::int16_t number) {
+  const DatabaseSlot& slot = context.Slot(number);
+  std::string record(static_cast<std::size_t>(slot.recordLength), tsa::kBlank);
+  if (slot.fields.empty()) FailSubscript();
+  SlotWrite(record, slot.fields.front().Slot(), EncodeText(kDeletedMark, context.run.host.random));
+  return record;
+}
+
+bool IsDeleted(const DatabaseSlot& slot, std::string_view record) {
+  if (slot.fields.empty()) FailSubscript();
+  return DecodeText(SlotOf(record, slot.fields.front().Slot())) == kDeletedMark;
+}
+
+std::string LeRegistro(RecordContext& context, std::int16_t number, std::int32_t position) {
+  const DatabaseSlot& slot = context.Slot(number);
+  const bool ordered = context.PositionsAreOrdered(number);
+  BinaryFile& file = context.FileOf(number);
+  std::int32_t count = 0;
+  {
+    HeaderStep step(file, context.run.host.events);
+    count = step.Count();
+    step.SetBusy();
+    step.SetFree();
+  }
+  if (!IsPosition(position, count)) {
+    ShowAtStatement(context, "Não pode ler registro: posição inválida !"_w);
+    return {};
+  }
+  std::int32_t physical = position;
+  if (ordered) {
+    const auto failure = Guard([&] { physical = PhysicalPosition(context, number, position); });
+    if (failure) {
+      const auto entry = context.ListOf(number).At(static_cast<std::size_t>(position));
+      const std::string shown = NumberText(LeadingNumber(Right(entry, kPositionDigits)));
+      ShowAtStatement(
+          context, std::string("Posição inválida:"_w)
+                       .append(shown.starts_with('-') ? "" : " ")
+                       .append(shown)
+                       .append("\rPosições variam de 0 (zero) ao total de registros do arquivo menos um."_w));
+      return {};
+    }
+  }
+  const std::string record =
+      file.ReadBlankPadded(PositionOf(slot, physical), static_cast<std::size_t>(slot.recordLength));
+  if (IsDeleted(slot, record)) {
+    ClearVariables(context, slot);
+    return {};
+  }
+  return Quote(DecodeRecord(context, slot, record));
+}
+
+void AddRecordCommands(CommandTable& commands, RecordContext& context) {
+  struct Row {
+    std::string_view word;
+    Value (*handler)(RecordContext& context, std::string_view arguments);
+  };
+  constexpr Row kRows[] = {
+      {"ABREBD", AbreBD},
+      {"FECHABD", FechaBD},
+      {"ADICIONAREGISTRO", AdicionaRegistro},
+      {"ATUALIZAREGISTRO", AtualizaRegistro},
+      {"EXCLUIREGISTRO", ExcluiRegistro},
+      {"LEREGISTRO", LeRegistroCommand},
+      {"TOTALREGISTROSBD", TotalRegistrosBD},
+  };
+  for (const Row& row : kRows) {
+    commands.Add(row.word, [&context, handler = row.handler](std::string_view, std::string_view arguments) {
+      return handler(context, arguments);
+    });
+  }
+}
+
+}  // namespace tessera

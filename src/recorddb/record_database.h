@@ -1,0 +1,22 @@
+// The record database of one run: the table, its commands and the `BD` block. What the composition root
+// needs.
+#pragma once
+
+#include "commands/command_table.h"
+#include "recorddb/database_table.h"
+
+namespace tessera {
+
+class RecordDatabase {
+ public:
+  // Adds the commands and fills the door `RunDatabaseBlock`. Tests turn `quickOrders` off to compare with the
+  // plain form.
+  RecordDatabase(Run& run, CommandTable& commands, bool quickOrders = true);
+  RecordDatabase(const RecordDatabase&) = delete;
+  RecordDatabase& operator=(const RecordDatabase&) = delete;
+
+ private:
+  RecordContext context_;
+};
+
+}  // namespace tessera

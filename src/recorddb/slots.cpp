@@ -1,0 +1,68 @@
+#include "recorddb/slots.h"
+
+#include <algorithm>
+#include <bit>
+
+#include "image/codec.h"
+#include "values/value.h"
+
+namespace tessera {
+
+namespace {
+
+std::string LittleEndian(std::uint64_t number, std::size_t width) {
+  std::string bytes;
+  for (std::size_t i = 0; i < width; ++i) bytes.push_back(static_cast<char>((number >> (8 * i)) & 0xFF));
+  return bytes;
+}
+
+std::uint64_t FromLittleEndian(std::string_view bytes, std::size_t width) {
+  std::uint64_t number = 0;
+  for (std::size_t i = 0; i < std::min(width, bytes.size()); ++i) {
+    number |= std::uint64_t{static_cast<unsigned char>(bytes[i])} << (8 * i);
+  }
+  return number;
+}
+
+}  // namespace
+
+void SlotWrite(std::string& buffer, tsa::Slot slot, std::string_view value) {
+  value = value.substr(0, slot.width);
+  std::copy(value.begin(), value.end(), buffer.begin() + static_cast<std::ptrdiff_t>(slot.position - 1));
+}
+
+std::string_view SlotOf(std::string_view buffer, tsa::Slot slot) {
+  return Mid(buffer, slot.position, slot.width);
+}
+
+std::string EncodeTrimmable(std::string_view plain, Random& random) {
+  std::string encoded = EncodeText(plain, random);
+  for (int key = 0; encoded.ends_with(' ') && key < kKeyCount; ++key) encoded = EncodeTextWithKey(plain, key);
+  return encoded;
+}
+
+std::string DecodeTrimmed(std::string_view buffer, tsa::Slot slot) {
+  return DecodeText(Trim(SlotOf(buffer, slot)));
+}
+
+std::int32_t DecodeDigits(std::string_view encoded) {
+  return Value(DecodeText(encoded)).ToInteger();
+}
+
+std::string BytesOf(std::int32_t number) {
+  return LittleEndian(static_cast<std::uint32_t>(number), 4);
+}
+
+std::string BytesOf(double number) {
+  return LittleEndian(std::bit_cast<std::uint64_t>(number), 8);
+}
+
+std::int32_t IntegerOf(std::string_view bytes) {
+  return static_cast<std::int32_t>(static_cast<std::uint32_t>(FromLittleEndian(bytes, 4)));
+}
+
+double DoubleOf(std::string_view bytes) {
+  return std::bit_cast<double>(FromLittleEndian(bytes, 8));
+}
+
+}  // namespace tessera

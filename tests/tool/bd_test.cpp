@@ -1,0 +1,102 @@
+// `tessera bd` on files that a program wrote.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "support/process.h"
+#include "tool/terminal.h"
+
+namespace tessera {
+namespace {
+
+class ToolBd : public testing::Test {
+ protected:
+  void SetUp() override {
+    const std::string program = folder_.Write(
+        "p.tsc",
+        "BD Gente, dados, segredo\nNome, String, 20\nIdade, Inteiro\nPeso, Decimal\nFimBD\n"
+        "AbreBD Gente, segredo\n"
+        "Gente.Nome = \"Ana; a \" & Car(34) & \"boa\" & Car(34)\nGente.Idade = 30\nGente.Peso = 60.5\n"
+        "AdicionaRegistro Gente\nGente.Nome = \"José\"\nAdicionaRegistro Gente\n"
+        "Gente.Nome = \"Sai\"\nAdicionaRegistro Gente\nExcluiRegistro Gente, 2\nFimJanela\n");
+    const ProcessResult made = Call({"run", "--console", program});
+    ASSERT_EQ(made.status, 0) << made.err;
+    file_ = folder_ / "dados/Gente.Tsa";
+  }
+
+  ProcessResult Call(std::vector<std::string> words) {
+    words.insert(words.begin(), TESSERA_TOOL);
+    return RunProcess({.words = std::move(words), .environment = {"DISPLAY", "QT_QPA_PLATFORM"}});
+  }
+  std::string Read(const std::string& path) const {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+  }
+  void Overwrite(std::size_t offset, std::string_view bytes) {
+    std::fstream out(file_, std::ios::binary | std::ios::in | std::ios::out);
+    out.seekp(static_cast<std::streamoff>(offset));
+    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  }
+
+  TemporaryFolder folder_;
+  std::string file_;
+};
+
+TEST_F(ToolBd, InfoTellsTheHeader) {
+  const ProcessResult info = Call({"bd", "info", file_});
+  EXPECT_EQ(info.status, kDone);
+  for (const char* line :
+       {"Banco de dados: Gente\n", "Senha: pede\n", "Ocupado: não\n", "Registros: 3\n", "Excluídos: 1\n",
+        "Tamanho do registro: 47\n", "Campos: 3\n  Nome, String, 20\n  Idade, Inteiro\n  Peso, Decimal\n"}) {
+    EXPECT_NE(info.out.find(line), std::string::npos) << info.out;
+  }
+}
+
+TEST_F(ToolBd, ExportWritesTheLiveRecords) {
+  const std::string csv = folder_ / "gente.csv";
+  EXPECT_EQ(Call({"bd", "export", file_, "--csv", csv}).status, kWrongCall);
+  EXPECT_EQ(Call({"bd", "export", file_, "--csv", csv, "--senha", "segredo"}).status, kDone);
+  EXPECT_EQ(Read(csv), "Nome;Idade;Peso\r\n\"Ana; a \"\"boa\"\"\";30;60,5\r\nJosé;30;60,5\r\n");
+  EXPECT_EQ(Call({"bd", "export", file_, "--csv", csv, "--senha", "segredo"}).status, kWrongCall)
+      << "an output is not overwritten";
+
+  const std::string database = folder_ / "gente.db";
+  EXPECT_EQ(Call({"bd", "export", file_, "--sqlite", database, "--senha", "segredo"}).status, kDone);
+  const ProcessResult rows =
+      RunProcess({.words = {"/usr/bin/env", "sqlite3", database,
+                            "select Nome, Idade, Peso, typeof(Peso) from Gente order by Nome desc"}});
+  EXPECT_EQ(rows.out, "José|30|60.5|real\nAna; a \"boa\"|30|60.5|real\n");
+}
+
+TEST_F(ToolBd, CheckNamesWhatDoesNotDecode) {
+  EXPECT_EQ(Call({"bd", "check", file_}).status, kDone);
+  Overwrite(19999 + 47 + 25, std::string(9, ' '));
+  const ProcessResult check = Call({"bd", "check", file_});
+  EXPECT_EQ(check.status, kRefused);
+  EXPECT_EQ(check.out,
+            "registro 1: o campo Idade não se decodifica\n1 registros bons, 1 excluídos, 1 com defeito\n");
+}
+
+TEST_F(ToolBd, UnlockFreesABusyFile) {
+  Overwrite(0, "1");
+  EXPECT_EQ(Call({"bd", "unlock", file_}).out, "O arquivo foi liberado.\n");
+  EXPECT_EQ(Read(file_)[0], '0');
+  EXPECT_EQ(Call({"bd", "unlock", file_}).out, "O arquivo não estava ocupado.\n");
+}
+
+TEST_F(ToolBd, UnsuitableFilesAreRefusedAndLeftAlone) {
+  EXPECT_EQ(Call({"bd", "info", folder_ / "nada.Tsa"}).status, kWrongCall);
+  EXPECT_FALSE(std::filesystem::exists(folder_ / "nada.Tsa"));
+  const std::string text = folder_.Write("texto.Tsa", "isto é um texto");
+  EXPECT_NE(Call({"bd", "check", text}).err.find("menor que o cabeçalho"), std::string::npos);
+  EXPECT_EQ(Call({"bd", "unlock", text}).status, kWrongCall);
+  EXPECT_EQ(Read(text), "isto é um texto");
+  Overwrite(37, std::string(12, ' '));
+  EXPECT_NE(Call({"bd", "info", file_}).err.find("não se decodifica"), std::string::npos);
+  EXPECT_EQ(Call({"bd"}).status, kWrongCall);
+}
+
+}  // namespace
+}  // namespace tessera
