@@ -2,10 +2,13 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <thread>
 
+#include "commands/dialog_commands.h"
 #include "text/code_page.h"
 #include "text/literal.h"
+#include "text/number.h"
 #include "text/one_based.h"
 #include "windows/window_model.h"
 
@@ -156,6 +159,35 @@ TextInputAnswer ConsoleHost::AskText(const TextInput& input) {
   auto text = input_.NextLine();
   if (!text) return {InputEnd::Cancelled, {}};
   return {InputEnd::Confirmed, std::move(*text)};
+}
+
+std::optional<std::string> ConsoleHost::AskDialog(std::string_view mode, std::string_view title) {
+  TellError(std::string("[dialogo] ").append(mode).append(" ").append(IndentedUtf8(title)));
+  auto answer = input_.NextLine();
+  if (!answer || answer->empty()) return std::nullopt;
+  return answer;
+}
+
+std::optional<std::string> ConsoleHost::AskFile(const FileRequest& request) {
+  return AskDialog(request.save ? "SALVAR" : "ABRIR", request.title);
+}
+
+// A line that is no number is no colour, and Cancel.
+std::optional<std::int32_t> ConsoleHost::AskColour(std::string_view title) {
+  const auto answer = AskDialog("COR", title);
+  const auto number = answer ? WholeNumber(*answer) : std::nullopt;
+  if (!number || std::abs(*number) > 0x7FFFFFFF) return std::nullopt;
+  return static_cast<std::int32_t>(*number);
+}
+
+std::optional<ChosenFont> ConsoleHost::AskFont(std::string_view title) {
+  const auto answer = AskDialog("FONTE", title);
+  if (!answer) return std::nullopt;
+  return FontOfRecord(*answer);
+}
+
+std::optional<std::string> ConsoleHost::AskPrinter(std::string_view title) {
+  return AskDialog("IMPRESSORA", title);
 }
 
 // Dispatch and time

@@ -60,6 +60,10 @@ class ConsoleHost final : public Display, public Dialogs, public EventDispatch, 
 
   BoxAnswer ShowBox(const Box& box) override;
   TextInputAnswer AskText(const TextInput& input) override;
+  std::optional<std::string> AskFile(const FileRequest& request) override;
+  std::optional<std::int32_t> AskColour(std::string_view title) override;
+  std::optional<ChosenFont> AskFont(std::string_view title) override;
+  std::optional<std::string> AskPrinter(std::string_view title) override;
 
   void ProcessEvents() override;
   bool AwaitEvents(std::chrono::milliseconds sleep) override;
@@ -71,6 +75,8 @@ class ConsoleHost final : public Display, public Dialogs, public EventDispatch, 
   friend class ConsoleForm;
 
   void WriteLine(std::string_view text);
+  // A dialog's answer from the script: nothing for an empty line and at the end of input.
+  std::optional<std::string> AskDialog(std::string_view mode, std::string_view title);
   void TellError(std::string_view utf8);
   void CatchUp();
   void Dispatch();

@@ -14,6 +14,7 @@
 #include <utility>
 
 #include "qt/boxes.h"
+#include "qt/desktop_dialogs.h"
 #include "qt/fonts.h"
 #include "qt/form.h"
 #include "qt/screen_mode.h"
@@ -167,6 +168,30 @@ TextInputAnswer QtHost::AskText(const TextInput& input) {
   TextInputAnswer answer = ShowEntraTxt(input, BoxParent());
   entry_.Rethrow();
   return answer;
+}
+
+std::optional<std::string> QtHost::AskFile(const FileRequest& request) {
+  auto path = ShowFileDialog(request, BoxParent());
+  entry_.Rethrow();
+  return path;
+}
+
+std::optional<std::int32_t> QtHost::AskColour(std::string_view title) {
+  const auto colour = ShowColourDialog(title, BoxParent());
+  entry_.Rethrow();
+  return colour;
+}
+
+std::optional<ChosenFont> QtHost::AskFont(std::string_view title) {
+  auto font = ShowFontDialog(title, BoxParent());
+  entry_.Rethrow();
+  return font;
+}
+
+std::optional<std::string> QtHost::AskPrinter(std::string_view title) {
+  auto printer = ShowPrinterDialog(title, BoxParent());
+  entry_.Rethrow();
+  return printer;
 }
 
 QWidget* QtHost::BoxParent() const {

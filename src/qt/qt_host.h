@@ -39,6 +39,10 @@ class QtHost final : public Display, public Dialogs, public EventDispatch {
 
   BoxAnswer ShowBox(const Box& box) override;
   TextInputAnswer AskText(const TextInput& input) override;
+  std::optional<std::string> AskFile(const FileRequest& request) override;
+  std::optional<std::int32_t> AskColour(std::string_view title) override;
+  std::optional<ChosenFont> AskFont(std::string_view title) override;
+  std::optional<std::string> AskPrinter(std::string_view title) override;
 
   void ProcessEvents() override;
   bool AwaitEvents(std::chrono::milliseconds sleep) override;

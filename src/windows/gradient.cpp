@@ -19,6 +19,11 @@ Channels ChannelsOf(Colour colour) {
   return {rgb % 256, rgb / 256 % 256, rgb / 256 / 256 % 256};
 }
 
+Size SizeOf(const Surface& window) {
+  return {static_cast<int>(std::lround(window.ScaleWidth())),
+          static_cast<int>(std::lround(window.ScaleHeight()))};
+}
+
 Colour Mixed(const Channels& from, const Channels& to, int step, int steps) {
   Colour mixed = 0;
   for (std::size_t i = from.size(); i-- > 0;) {
@@ -30,6 +35,10 @@ Colour Mixed(const Channels& from, const Channels& to, int step, int steps) {
 
 }  // namespace
 
+void Gradiente::Repaint(Surface& window) {
+  if (SizeOf(window) != painted_) FormGradiente(window);
+}
+
 int Gradiente::ValorMaior() const {
   const Channels from = ChannelsOf(CorInicial);
   const Channels to = ChannelsOf(CorFinal);
@@ -40,13 +49,15 @@ int Gradiente::ValorMaior() const {
 
 // OPEN: the colours run from the top down, as a window's light does; step 0 is the first colour, the last one
 // the second, and each step is a bar of the same height as far as whole pixels allow.
-void Gradiente::FormGradiente(Surface& window) const {
+void Gradiente::FormGradiente(Surface& window) {
+  painted_ = SizeOf(window);
+  const int width = painted_.width;
   const int steps = ValorMaior();
-  const auto height = static_cast<int>(std::lround(window.ScaleHeight()));
-  const auto width = static_cast<int>(std::lround(window.ScaleWidth()));
   const Channels from = ChannelsOf(CorInicial);
   const Channels to = ChannelsOf(CorFinal);
-  const auto topOf = [&](int step) { return static_cast<int>(std::int64_t{height} * step / (steps + 1)); };
+  const auto topOf = [steps, height = painted_.height](int step) {
+    return static_cast<int>(std::int64_t{height} * step / (steps + 1));
+  };
   for (int step = 0; step <= steps; ++step) {
     const int bottom = topOf(step + 1) - 1;
     if (topOf(step) > bottom) continue;

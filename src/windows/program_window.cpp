@@ -55,7 +55,7 @@ void ProgramWindow::Activated() {
 
 void ProgramWindow::OnResize() {
   windows_.events.EventoRedim = "REDIMENSIONOU " + Upper(Name());
-  if (form_->GrdAtivo) form_->Grd.FormGradiente(*form_);
+  if (form_->GrdAtivo) form_->Grd.Repaint(*form_);
 }
 
 void ProgramWindow::OnKeyDown(int keyCode, KeyShift shift) {

@@ -1,9 +1,11 @@
 #include "support/hosted_program.h"
 
+#include "commands/dialog_commands.h"
 #include "commands/system_commands.h"
 #include "support/core_program.h"
 #include "windows/drawing_commands.h"
 #include "windows/event_commands.h"
+#include "windows/font_commands.h"
 #include "windows/picture_commands.h"
 #include "windows/window_commands.h"
 
@@ -23,6 +25,8 @@ HostedProgram::HostedProgram(const Host& host, Display& display)
   AddEventCommands(commands, run, janela.windows());
   AddDrawingCommands(commands, run, janela.windows());
   AddPictureCommands(commands, run, janela.windows());
+  AddFontCommands(commands, run, display);
+  AddDialogCommands(commands, run);
   AddSystemCommands(commands, run);
 }
 

@@ -132,4 +132,15 @@ TEST_F(DrawingTest, AGradientRunsFromTheFirstColourToTheSecondAndIsRepainted) {
   EXPECT_EQ(At(639, 200), kRed) << "two like colours are one bar";
 }
 
+TEST_F(DrawingTest, AResizeRepaintsTheGradientAndAnEventWithoutOneKeepsWhatIsDrawn) {
+  in.str("redim 28 80\nredim 40 90\n");
+  Draw("Gradiente Preto, Branco\nLinhaReta 0, 0, 0, 79, Azul\nAguarde 0\n");
+  EXPECT_NE(At(100, 0), kBlue);
+  const int height = static_cast<int>(Window().ScaleHeight());
+  EXPECT_EQ(At(5, height - 1), 16777215);
+  program.commands.CommandCall("LinhaReta", "0, 0, 0, 79, 16711680");
+  Window().Grd.Repaint(Window());
+  EXPECT_EQ(At(100, 0), kBlue);
+}
+
 }  // namespace tessera::test
