@@ -221,7 +221,8 @@ void QtForm::ShowState() {
 void QtForm::ShowStyle() {
   const WindowStyle& style = Style();
   Qt::WindowFlags flags = style.ToolWindow ? Qt::Tool : Qt::Window;
-  flags |= Qt::CustomizeWindowHint;
+  // A frame's parts are chosen one by one where there is a frame; the two hints exclude each other.
+  flags.setFlag(Qt::CustomizeWindowHint, style.Titlebar);
   flags.setFlag(Qt::FramelessWindowHint, !style.Titlebar);
   flags.setFlag(Qt::WindowTitleHint, style.Titlebar);
   flags.setFlag(Qt::WindowSystemMenuHint, style.ControlBox);
