@@ -113,6 +113,20 @@ class Bench {
               RunInScratch("package.tsc"));
   }
 
+  void Drawing() {
+    std::printf("\n%-40s %8s %12s\n", "drawing", "ms", "each second");
+    const fs::path program = programs_ / "drawing.tsc";
+    PerSecond("lines, circles, points on the console", CountOf(program),
+              Run({tessera_, "run", "--console", program.string()}));
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    for (const char* scale : {"1", "2"}) {
+      setenv("QT_SCALE_FACTOR", scale, 1);
+      PerSecond((std::string("the same on a window at scale ") + scale).c_str(), CountOf(program),
+                Run({tessera_, "run", program.string()}));
+    }
+    unsetenv("QT_SCALE_FACTOR");
+  }
+
   void StartUp() {
     const fs::path ten = scratch_ / "ten.tsc";
     std::ofstream(ten) << "Escreva 1\nEscreva 2\nEscreva 3\nEscreva 4\nEscreva 5\nEscreva 6\nEscreva 7\n"
@@ -190,6 +204,7 @@ int main(int argc, char** argv) {
   Bench bench(argv[1], argv[2]);
   bench.Statements();
   bench.Files();
+  bench.Drawing();
   bench.StartUp();
   return 0;
 }
