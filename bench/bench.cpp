@@ -13,6 +13,8 @@
 #include <string>
 #include <vector>
 
+#include "sqlite_records.h"
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -127,6 +129,19 @@ class Bench {
     unsetenv("QT_SCALE_FACTOR");
   }
 
+  // Each program goes on with the file that the ones before it left; start-up is part of the figure.
+  void Records() {
+    std::printf("\n%-40s %8s %12s %14s\n", "records", "ms", "each second", "SQLite, a sec.");
+    fs::copy(programs_ / "records", scratch_ / "records");
+    const tessera::bench::SqliteTimes sqlite =
+        tessera::bench::MeasureSqlite((scratch_ / "gente.db").string());
+    Record("insert", "inserts", sqlite.insert);
+    Record("read", "reads", sqlite.read);
+    Record("order", "records put in order", sqlite.order);
+    Record("find", "look-ups, with the ordering before", sqlite.order + sqlite.find);
+    Record("update", "updates", sqlite.update);
+  }
+
   void StartUp() {
     const fs::path ten = scratch_ / "ten.tsc";
     std::ofstream(ten) << "Escreva 1\nEscreva 2\nEscreva 3\nEscreva 4\nEscreva 5\nEscreva 6\nEscreva 7\n"
@@ -152,6 +167,15 @@ class Bench {
                 measured.milliseconds, each, static_cast<double>(measured.peakKilobytes) / 1024);
     std::fflush(stdout);
     return each;
+  }
+
+  void Record(const std::string& name, const char* what, double sqliteMilliseconds) {
+    const fs::path program = scratch_ / "records" / (name + ".tsc");
+    const double count = CountOf(program);
+    const Measured measured = RunOnce({tessera_, "run", "--console", program.string()});
+    std::printf("%-40s %8.1f %12.0f %14.0f\n", what, measured.milliseconds,
+                count / measured.milliseconds * 1000, count / sqliteMilliseconds * 1000);
+    std::fflush(stdout);
   }
 
   // A program that writes files beside itself, each round anew.
@@ -205,6 +229,7 @@ int main(int argc, char** argv) {
   bench.Statements();
   bench.Files();
   bench.Drawing();
+  bench.Records();
   bench.StartUp();
   return 0;
 }

@@ -327,8 +327,9 @@ void ConsoleHost::ReleaseKey(int keyCode, KeyShift shift) {
   InHand().Events().OnKeyUp(keyCode, shift);
 }
 
+// The frame of a fixed window can't be taken.
 void ConsoleHost::ResizeWindow(double lines, double columns) {
-  InHand().ResizeByPerson(lines, columns);
+  if (InHand().Style().Sizable) InHand().ResizeByPerson(lines, columns);
 }
 
 // What is hidden, or lies below a modal window, can't be closed.

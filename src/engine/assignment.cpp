@@ -44,6 +44,19 @@ std::string JoinedTerm(Run& run, std::string_view term) {
   return {};
 }
 
+// FAST: `t = t & ...` of literals and variables alone, none of which can change anything, adds to the text
+// where it stands. False where the plain way has to be taken.
+bool AppendInPlace(Run& run, const RightSide& right, std::string_view name) {
+  if (!EqualsIgnoringCase(right.joined.front(), name)) return false;
+  std::string suffix;
+  for (std::size_t i = 1; i < right.joined.size(); ++i) {
+    const std::string_view term = right.joined[i];
+    if (!term.starts_with('"') && run.variables.VarFind(term) == -1) return false;
+    suffix += JoinedTerm(run, term);
+  }
+  return run.variables.AppendText(name, suffix);
+}
+
 // The values of all parts of a right side without " & ", one behind the other.
 Value JoinParts(Run& run, std::string_view text, bool numericTarget) {
   constexpr std::size_t kPlaces = 11;
@@ -66,6 +79,7 @@ void AssignStatement(Run& run, const RightSide& right, std::string_view name, bo
     return;
   }
   if (!right.joined.empty()) {
+    if (AppendInPlace(run, right, name)) return;
     std::string joined;
     for (const std::string_view term : right.joined) joined += JoinedTerm(run, term);
     run.variables.VarWrite(name, std::move(joined), true);

@@ -68,6 +68,12 @@ std::size_t EncodedCount(std::string_view encoded) {
   return n;
 }
 
+bool IsDecodable(std::string_view encoded) {
+  const std::size_t n = EncodedCount(encoded);
+  const std::string_view body = Mid(encoded, kEncodedOverhead, n);
+  return !body.empty() && 255 - ValueOf(body[0]) <= kKeyCount && body.size() == n;
+}
+
 std::string DecodeText(std::string_view encoded) {
   const std::size_t n = EncodedCount(encoded);
   const std::string_view body = Mid(encoded, kEncodedOverhead, n);
@@ -82,9 +88,8 @@ std::string DecodeText(std::string_view encoded) {
 }
 
 std::optional<std::string> TryDecodeText(std::string_view encoded) {
-  std::string plain;
-  if (Guard([&] { plain = DecodeText(encoded); })) return std::nullopt;
-  return plain;
+  if (!IsDecodable(encoded)) return std::nullopt;
+  return DecodeText(encoded);
 }
 
 }  // namespace tessera

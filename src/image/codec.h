@@ -31,6 +31,9 @@ std::string DecodeText(std::string_view encoded);
 // The same for readers that run before any program: nothing in place of the failure.
 std::optional<std::string> TryDecodeText(std::string_view encoded);
 
+// Whether DecodeText has no failure for the text.
+bool IsDecodable(std::string_view encoded);
+
 // The count in the first four characters; missing ones read as 0.
 std::size_t EncodedCount(std::string_view encoded);
 

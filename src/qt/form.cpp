@@ -90,8 +90,9 @@ class FormWidget final : public QWidget {
   bool afterDoubleClick_ = false;
 };
 
-QtForm::QtForm(const QString& objectName, QSize design, FormEvents& events, LogicEntry& entry)
-    : Form(events), entry_(entry), widget_(std::make_unique<FormWidget>(*this, objectName)) {
+QtForm::QtForm(const QString& objectName, QSize design, FormEvents& events, LogicEntry& entry,
+               FrontWatch& front)
+    : Form(events), entry_(entry), front_(front), widget_(std::make_unique<FormWidget>(*this, objectName)) {
   const double width = TwipsOfPixels(design.width());
   const double height = TwipsOfPixels(design.height()) + kFrameTwips;
   const QSize screen = QGuiApplication::primaryScreen()->size();
@@ -102,7 +103,14 @@ QtForm::QtForm(const QString& objectName, QSize design, FormEvents& events, Logi
   ShowPlace();
 }
 
-QtForm::~QtForm() = default;
+QtForm::~QtForm() {
+  if (front_.expected == this) front_.expected = nullptr;
+}
+
+void QtForm::Activate() {
+  front_.expected = this;
+  widget_->activateWindow();
+}
 
 QWidget* QtForm::widget() {
   return widget_.get();
@@ -169,7 +177,7 @@ void QtForm::ShowVisible() {
   widget_->setVisible(Visible());
   if (!Visible()) return;
   widget_->raise();
-  widget_->activateWindow();
+  Activate();
   WaitForFirstPainting();
 }
 
@@ -184,9 +192,11 @@ void QtForm::PrepareModal(Form& opener) {
 
 // Waits on the window system itself, so that a waiting window costs nothing.
 void QtForm::ServeModal() {
+  isServing_ = true;
   while (Visible() && !entry_.HasThrown()) {
     QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
   }
+  isServing_ = false;
   widget_->windowHandle()->setTransientParent(nullptr);
   widget_->setWindowModality(Qt::NonModal);
   entry_.Rethrow();
@@ -251,6 +261,12 @@ void QtForm::ShapeMe(Colour colour) {
   } else {
     widget_->setMask(shape);
   }
+}
+
+void QtForm::TakeFront() {
+  if (front_.expected != nullptr && front_.expected != this) return;
+  front_.expected = nullptr;
+  entry_.Enter([this] { Events().OnActivate(); });
 }
 
 void QtForm::TakeSizeOfWidget() {
@@ -341,7 +357,7 @@ void FormWidget::changeEvent(QEvent* event) {
     form_.TakeState(isMaximized() ? WindowState::Maximised : WindowState::Normal);
   }
   if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
-    form_.entry_.Enter([this] { form_.Events().OnActivate(); });
+    form_.TakeFront();
   }
 }
 
@@ -368,6 +384,8 @@ void FormWidget::keyReleaseEvent(QKeyEvent* event) {
 void FormWidget::mousePressEvent(QMouseEvent* event) {
   const auto button = ButtonOf(*event);
   if (!button) return;
+  form_.front_.expected = nullptr;
+  form_.TakeFront();
   if (button == MouseButton::Left && form_.Style().AutoDrag && windowHandle()->startSystemMove()) return;
   form_.entry_.Enter(
       [this, button, at = event->position()] { form_.Events().OnMouseDown(*button, at.x(), at.y()); });

@@ -16,18 +16,28 @@ namespace tessera {
 
 class FormWidget;
 
+// The window that the program itself brought to the front. Until the screen has followed, what it tells of
+// other windows coming to the front on the way is no act of a person.
+struct FrontWatch {
+  const void* expected = nullptr;
+};
+
 class QtForm final : public Form {
  public:
   // `objectName` is the name by which tests and assistive tools find the widget.
   // `design` is its first client size, in pixels; it stands in the middle of the screen.
-  QtForm(const QString& objectName, QSize design, FormEvents& events, LogicEntry& entry);
+  QtForm(const QString& objectName, QSize design, FormEvents& events, LogicEntry& entry, FrontWatch& front);
   ~QtForm() override;
   QtForm(const QtForm&) = delete;
   QtForm& operator=(const QtForm&) = delete;
 
   QWidget* widget();
 
+  // True while it delivers events as a modal window.
+  bool IsServing() const { return isServing_; }
+
   void Print(std::string_view text) override;
+  void Activate() override;
   void FocusKeySink() override;
   void FocusNext() override;
   void ShapeMe(Colour colour) override;
@@ -52,10 +62,13 @@ class QtForm final : public Form {
   friend class FormWidget;
 
   void TakeSizeOfWidget();
+  void TakeFront();
   void FitSizable();
   void WaitForFirstPainting();
 
+  bool isServing_ = false;
   LogicEntry& entry_;
+  FrontWatch& front_;
   std::unique_ptr<FormWidget> widget_;
 };
 

@@ -31,6 +31,7 @@ constexpr QSize kFormDesign(480, 300);
 // Warnings of the window system that tell a person nothing.
 constexpr std::array kHarmless = {
     "This plugin does not support propagateSizeHints",
+    "This plugin does not support raise()",
     "QStandardPaths: XDG_RUNTIME_DIR not set",
     "QStandardPaths: runtime directory",
     "QStandardPaths: wrong permissions on runtime directory",
@@ -113,11 +114,11 @@ QtHost::~QtHost() = default;
 
 // Where a person clicks the window system finds the window by itself.
 std::unique_ptr<Form> QtHost::NewMainForm(FormEvents& events, const WindowDirectory&) {
-  return std::make_unique<QtForm>("Janela", kMainDesign, events, entry_);
+  return std::make_unique<QtForm>("Janela", kMainDesign, events, entry_, front_);
 }
 
 std::unique_ptr<Form> QtHost::NewForm(std::string_view name, FormEvents& events) {
-  return std::make_unique<QtForm>(ToQString(name), kFormDesign, events, entry_);
+  return std::make_unique<QtForm>(ToQString(name), kFormDesign, events, entry_, front_);
 }
 
 void QtHost::ShowPointer(bool visible) {
@@ -148,18 +149,22 @@ std::vector<std::string> QtHost::FontNames() {
 // With windows an abandoned run is silent.
 void QtHost::TellAbandonedRun(std::string_view, std::string_view) {}
 
+// An entry that was held until now may have thrown already.
 void QtHost::ServeEvents() {
+  entry_.Rethrow();
   serving_->exec();
   entry_.Rethrow();
 }
 
 BoxAnswer QtHost::ShowBox(const Box& box) {
+  entry_.Rethrow();
   const BoxAnswer answer = ShowMessageBox(box, BoxParent());
   entry_.Rethrow();
   return answer;
 }
 
 TextInputAnswer QtHost::AskText(const TextInput& input) {
+  entry_.Rethrow();
   TextInputAnswer answer = ShowEntraTxt(input, BoxParent());
   entry_.Rethrow();
   return answer;
@@ -212,6 +217,7 @@ bool QtHost::AwaitEvents(std::chrono::milliseconds sleep) {
 
 // Rests in the window system, and costs nothing until it wakes.
 bool QtHost::AwaitNextEvents() {
+  entry_.Rethrow();
   QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
   QCoreApplication::sendPostedEvents();
   entry_.Rethrow();

@@ -6,6 +6,7 @@
 
 #include "platform/host.h"
 #include "platform/system_clock.h"
+#include "qt/form.h"
 #include "qt/logic_entry.h"
 #include "windows/display.h"
 
@@ -58,6 +59,7 @@ class QtHost final : public Display, public Dialogs, public EventDispatch {
   std::unique_ptr<QApplication> application_;
   std::unique_ptr<QEventLoop> serving_;
   LogicEntry entry_;
+  FrontWatch front_;
   SystemClock clock_;
   SeededRandom random_;
 };

@@ -2,6 +2,7 @@
 // freed. A field's value lives in the program variable `<Database>.<Field>`.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <string>
@@ -30,7 +31,11 @@ struct DatabaseField {
   std::int16_t position = 1;  // in a record, from 1
 
   std::string_view Name() const;  // behind the first "."
-  tsa::Slot Slot() const { return {static_cast<Position>(position), static_cast<std::size_t>(width)}; }
+  // A declared size may be negative; such a field has no slot.
+  tsa::Slot Slot() const {
+    return {static_cast<Position>(std::max<std::int16_t>(position, 0)),
+            static_cast<std::size_t>(std::max<std::int16_t>(width, 0))};
+  }
 };
 
 struct DatabaseSlot {

@@ -1,5 +1,6 @@
 #include "recorddb/order_commands.h"
 
+#include <algorithm>
 #include <optional>
 
 #include "image/codec.h"
@@ -14,6 +15,7 @@ namespace tessera {
 
 namespace {
 
+constexpr std::int32_t kMostRecords = 999'999;  // that the count's slot can hold
 constexpr std::size_t kOrderPlaces = 21;
 constexpr std::size_t kSearchPlaces = 51;
 
@@ -41,12 +43,14 @@ std::optional<std::vector<DatabaseField>> ResolveIndexFields(RecordContext& cont
 // KEPT: the cut is made in whatever text is handed over. Behind `OrdemBD` that is the plain text with its
 // opening quote, so that every key begins one character to the left of its field; behind the other record
 // commands it is the stored record (RecordOrder.KeysBeginOneCharacterToTheLeft).
-std::string KeyOf(const std::vector<DatabaseField>& fields, std::string_view record) {
-  std::string key;
-  for (const DatabaseField& field : fields) {
-    key += Mid(record, static_cast<Position>(field.position), static_cast<std::size_t>(field.width));
-  }
-  return key;
+std::string EntryOf(const std::vector<DatabaseField>& fields, std::string_view record,
+                    std::int32_t physical) {
+  std::size_t length = kPositionDigits;
+  for (const DatabaseField& field : fields) length += field.Slot().width;
+  std::string entry;
+  entry.reserve(length);
+  for (const DatabaseField& field : fields) entry += SlotOf(record, field.Slot());
+  return entry.append(PositionDigits(physical));
 }
 
 // The rebuilding of one list: an entry for each record, the field variables left with the last one read.
@@ -56,6 +60,7 @@ class Rebuild {
       : context_(context), slot_(slot), indexFields_(indexFields), count_(RecordCount(context, slot)) {}
 
   void Run() {
+    entries_.reserve(static_cast<std::size_t>(std::clamp(count_, 0, kMostRecords)));
     const std::int32_t next = context_.quickOrders && VariablesHaveTheirTypes() ? ReadInPieces() : 0;
     const auto failure = Guard([&] { ReadPlainly(next); });
     context_.ListOf(slot_).Fill(std::move(entries_));
@@ -96,20 +101,35 @@ class Rebuild {
     return good - 1;
   }
 
+  // False for a record that does not decode. Fields that no key is cut from are only looked at for that.
   bool EnterQuickly(const DatabaseSlot& slot, std::string_view record, std::int32_t k) {
-    return !Guard([&] {
-      text_.clear();
-      if (!IsDeleted(slot, record)) {
-        text_ += '"';
-        for (const DatabaseField& field : slot.fields) {
-          const std::size_t end =
-              text_.size() + static_cast<std::size_t>(std::max<std::int16_t>(field.width, 0));
-          text_ += FieldValue(field.type, DecodeText(SlotOf(record, field.Slot()))).ToText();
-          text_.resize(end, ' ');
-        }
-        text_ += '"';
-      }
-      Enter(text_, k);
+    for (const DatabaseField& field : slot.fields) {
+      if (!IsDecodable(SlotOf(record, field.Slot())))
+        return IsDecodable(SlotOf(record, slot.fields[0].Slot())) && IsDeleted(slot, record) &&
+               EnterDeleted(k);
+    }
+    if (IsDeleted(slot, record)) return EnterDeleted(k);
+    text_ = '"';
+    for (const DatabaseField& field : slot.fields) {
+      const std::size_t end = text_.size() + field.Slot().width;
+      if (IsCut(field)) text_ += FieldValue(field.type, DecodeText(SlotOf(record, field.Slot()))).ToText();
+      text_.resize(end, ' ');
+    }
+    text_ += '"';
+    Enter(text_, k);
+    return true;
+  }
+
+  bool EnterDeleted(std::int32_t k) {
+    Enter({}, k);
+    return true;
+  }
+
+  // True when a key takes characters of the field's text, which stands one behind its position.
+  bool IsCut(const DatabaseField& field) const {
+    return std::any_of(indexFields_.begin(), indexFields_.end(), [&](const DatabaseField& index) {
+      return index.position <= field.position + field.width &&
+             field.position + 1 < index.position + index.width;
     });
   }
 
@@ -124,9 +144,7 @@ class Rebuild {
     return true;
   }
 
-  void Enter(std::string_view text, std::int32_t k) {
-    entries_.push_back(KeyOf(indexFields_, text) + PositionDigits(k));
-  }
+  void Enter(std::string_view text, std::int32_t k) { entries_.push_back(EntryOf(indexFields_, text, k)); }
 
   RecordContext& context_;
   std::int16_t slot_;
@@ -240,7 +258,7 @@ void UpdateOrderList(RecordContext& context, std::int32_t position, std::string_
   }
   const auto fields = ResolveIndexFields(context, slot);
   if (!fields) return;
-  list.Add(KeyOf(*fields, record) + PositionDigits(physical));
+  list.Add(EntryOf(*fields, record, physical));
 }
 
 void AddOrderCommands(CommandTable& commands, RecordContext& context) {

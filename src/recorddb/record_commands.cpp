@@ -215,7 +215,7 @@ std::string DecodeRecord(RecordContext& context, const DatabaseSlot& slot, std::
     variables.VarWrite(field.variable, FieldValue(field.type, DecodeText(SlotOf(record, field.Slot()))),
                        true);
     std::string column = variables.VarRead(field.variable).ToText();
-    column.resize(static_cast<std::size_t>(std::max<std::int16_t>(field.width, 0)), ' ');
+    column.resize(field.Slot().width, ' ');
     text += column;
   }
   return text;

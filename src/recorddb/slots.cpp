@@ -27,7 +27,8 @@ std::uint64_t FromLittleEndian(std::string_view bytes, std::size_t width) {
 }  // namespace
 
 void SlotWrite(std::string& buffer, tsa::Slot slot, std::string_view value) {
-  value = value.substr(0, slot.width);
+  if (slot.position == 0 || slot.position > buffer.size()) return;
+  value = value.substr(0, std::min(slot.width, buffer.size() - (slot.position - 1)));
   std::copy(value.begin(), value.end(), buffer.begin() + static_cast<std::ptrdiff_t>(slot.position - 1));
 }
 

@@ -10,8 +10,8 @@
 
 namespace tessera {
 
-// Replaces the bytes at the slot's position by `value`: at most as many as the slot is long. A longer value
-// loses its tail, a shorter one leaves the slot's other bytes.
+// Replaces the bytes at the slot's position by `value`: at most as many as the slot is long, and none outside
+// the buffer. A longer value loses its tail, a shorter one leaves the slot's other bytes.
 void SlotWrite(std::string& buffer, tsa::Slot slot, std::string_view value);
 
 std::string_view SlotOf(std::string_view buffer, tsa::Slot slot);

@@ -144,6 +144,9 @@ class Form : public Surface {
     ServeModal();
   }
 
+  // Brings a shown window to the front.
+  virtual void Activate() {}
+
   WindowState State() const { return state_; }
   void SetState(WindowState state) {
     state_ = state;

@@ -163,7 +163,7 @@ void OverlaidWindows::ActivateDynamic(WindowSlot& slot) {
 }
 
 // KEPT: the limit is on the slot, not on how many windows are open, and the timer is enabled before it is
-// looked at (OverlaidWindows.OnlySlotsBelowFiveOpenStatically).
+// looked at (programs.window_table_takes_twenty_and_static_ones_from_five_slots).
 void OverlaidWindows::ActivateStatic(WindowSlot& slot) {
   const std::string name = slot.BareName();
   ProgramWindow& opener = windows_.CurrentOwner();
@@ -197,7 +197,7 @@ void OverlaidWindows::OnWindowCodeTimer(std::size_t index) {
     windows_.slots[0].owner->BecomeCurrent(kMainWindowName);
   } else {
     // KEPT: the name is that of the slot by the timer's number, whatever window stands there
-    // (OverlaidWindows.BehindANestedRoutineTheNameIsThatOfASlot).
+    // (WindowsTest.BehindANestedRoutineTheNameIsThatOfASlot).
     windows_.CurrentForm = WindowStack_[index - 1];
     windows_.CurrentWindowName = Upper(windows_.slots[index - 1].BareName());
   }

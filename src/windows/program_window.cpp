@@ -37,7 +37,9 @@ void ProgramWindow::Hide() {
   windows_.activation.Remove(*this);
   form_->SetVisible(false);
   ProgramWindow* below = windows_.activation.Active();
-  if (wasActive && below != nullptr) below->Activated();
+  if (!wasActive || below == nullptr) return;
+  below->form_->Activate();
+  below->Activated();
 }
 
 // A host may tell of the same activation again, later than the program saw it.

@@ -126,6 +126,13 @@ TEST_F(RecordFile, ATextThatIsTooLongLeavesItsFieldBlank) {
   EXPECT_EQ(ReadFile(File()).substr(19999, 15), std::string(15, ' '));
 }
 
+TEST_F(RecordFile, ASizeBelowZeroTakesNoBytesFromItsNeighbours) {
+  program.emplace(folder.path());
+  program->Run(
+      "BD N, d\nA, String, 100\nB, String, -60\nFimBD\nAbreBD N\nN.A = \"texto\";AdicionaRegistro N");
+  EXPECT_EQ(ReadFile(folder.path() / "d" / "N.Tsa").size(), 19999u + 50);
+}
+
 TEST_F(RecordFile, AutoIncIsTheCountBeforeAndThePositionGiven) {
   program.emplace(folder.path());
   EXPECT_EQ(program->Run("BD N, d\nId, AutoInc\nT, String, 3\nFimBD\nAbreBD N\nN.Id = 9;AdicionaRegistro "
