@@ -97,8 +97,8 @@ Value MachineCommands::Chame(std::string_view text) {
 }
 
 // OPEN: no program of this system can set the window of another one. The window's form goes to the new
-// process in the variable TESSERA_JANELA, by its number, and its window follows it if it is one of this
-// system's.
+// process in the variable TESSERA_JANELA, by its number, for a program that follows it; others open their
+// windows as they please.
 int MachineCommands::Start(const std::string& line, std::string_view form) {
   ForgetEnded(processes_);
   std::vector<std::string> words = CommandWords(line);

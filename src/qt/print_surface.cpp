@@ -92,13 +92,25 @@ QRect PrintSurface::Print(QPointF at, const QString& lines, const QFont& font, c
   return touched.toAlignedRect().adjusted(-2, -2, 2, 2);
 }
 
-QRect PrintSurface::Draw(const Spans& spans, Pixel pixel) {
-  if (!fine_.isNull()) {
-    QPainter painter(&fine_);
-    for (const Span& span : spans) {
-      painter.fillRect(QRectF(span.left, span.y, span.right - span.left + 1, 1), QColor::fromRgb(pixel));
+// Each pixel of the raster is a block of the finer ones, and neighbours leave no gap at any ratio.
+void PrintSurface::DrawFine(const Spans& spans, Pixel pixel) {
+  const double ratio = fine_.devicePixelRatio();
+  const auto fineOf = [ratio](int place, int limit) {
+    return std::min(static_cast<int>(place * ratio), limit);
+  };
+  for (const Span& span : spans) {
+    const int left = fineOf(span.left, fine_.width());
+    const int right = fineOf(span.right + 1, fine_.width());
+    const int bottom = fineOf(span.y + 1, fine_.height());
+    for (int y = fineOf(span.y, fine_.height()); y < bottom; ++y) {
+      auto* row = reinterpret_cast<Pixel*>(fine_.scanLine(y));
+      std::fill(row + left, row + right, pixel);
     }
   }
+}
+
+QRect PrintSurface::Draw(const Spans& spans, Pixel pixel) {
+  if (!fine_.isNull()) DrawFine(spans, pixel);
   return BoundsOf(spans);
 }
 

@@ -40,6 +40,7 @@ class PrintSurface {
 
  private:
   QImage RasterImage();
+  void DrawFine(const Spans& spans, Pixel pixel);
 
   Raster& raster_;
   // At the screen's resolution; none where that is the raster's own.
