@@ -1,6 +1,7 @@
 #include "controls/novo_box.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "controls/key_code.h"
 #include "text/one_based.h"

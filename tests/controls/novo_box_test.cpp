@@ -201,21 +201,26 @@ TEST_F(NovoBoxTest, NumericColumnsTakeBothMarksForTheDecimalOne) {
 }
 
 TEST_F(NovoBoxTest, SortsTextsAsTheyCompare) {
-  std::mt19937 random(11);
-  std::vector<std::string> texts;
-  for (int row = 0; row < 500; ++row) {
-    std::string text(random() % 12, 'a');
-    for (char& c : text) c = static_cast<char>("ab\x80\x9F\xE3\0 Z"[random() % 8]);
-    texts.push_back(text);
-    box.Add(text);
-    box.BoxNew();
-  }
-  box.ClickTitle(0);
-  std::stable_sort(texts.begin(), texts.end(),
-                   [](const std::string& a, const std::string& b) { return CompareText(a, b) < 0; });
-  for (std::int32_t row = 0; row < 500; ++row) {
-    EXPECT_EQ(box.LeVetor(row, 0), texts[static_cast<std::size_t>(row)]);
-    EXPECT_EQ(box.List(row), box.LeVetor(row, 0));
+  for (const std::string beginning : {"", "Cliente "}) {
+    box.Clear();
+    std::mt19937 random(11);
+    std::vector<std::string> texts;
+    for (int row = 0; row < 500; ++row) {
+      std::string text(random() % 12, 'a');
+      for (char& c : text) c = static_cast<char>("ab\x80\x9F\xE3\0 Z"[random() % 8]);
+      text.insert(0, beginning);
+      texts.push_back(text);
+      box.Add(text);
+      box.BoxNew();
+    }
+    box.ClickTitle(0);
+    std::stable_sort(texts.begin(), texts.end(),
+                     [](const std::string& a, const std::string& b) { return CompareText(a, b) < 0; });
+    for (std::int32_t row = 0; row < 500; ++row) {
+      EXPECT_EQ(box.LeVetor(row, 0), texts[static_cast<std::size_t>(row)]);
+      EXPECT_EQ(box.List(row), box.LeVetor(row, 0));
+    }
+    box.ClickTitle(1);  // so that the next list sorts upwards too
   }
 }
 
