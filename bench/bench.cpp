@@ -115,6 +115,20 @@ class Bench {
               RunInScratch("package.tsc"));
   }
 
+  void Drawing() {
+    std::printf("\n%-40s %8s %12s\n", "drawing", "ms", "each second");
+    const fs::path program = programs_ / "drawing.tsc";
+    PerSecond("lines, circles, points on the console", CountOf(program),
+              Run({tessera_, "run", "--console", program.string()}));
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    for (const char* scale : {"1", "2"}) {
+      setenv("QT_SCALE_FACTOR", scale, 1);
+      PerSecond((std::string("the same on a window at scale ") + scale).c_str(), CountOf(program),
+                Run({tessera_, "run", program.string()}));
+    }
+    unsetenv("QT_SCALE_FACTOR");
+  }
+
   // Each program goes on with the file that the ones before it left; start-up is part of the figure.
   void Records() {
     std::printf("\n%-40s %8s %12s %14s\n", "records", "ms", "each second", "SQLite, a sec.");
@@ -214,6 +228,7 @@ int main(int argc, char** argv) {
   Bench bench(argv[1], argv[2]);
   bench.Statements();
   bench.Files();
+  bench.Drawing();
   bench.Records();
   bench.StartUp();
   return 0;

@@ -20,6 +20,7 @@ class Idle final : public EventDispatch {
  public:
   void ProcessEvents() override {}
   bool AwaitEvents(std::chrono::milliseconds) override { return false; }
+  bool AwaitNextEvents() override { return false; }
   void Pause(std::chrono::milliseconds) override {}
   std::unique_ptr<Timer> StartTimer(std::chrono::milliseconds, std::function<void()>) override {
     return nullptr;

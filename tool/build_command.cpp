@@ -5,7 +5,6 @@
 #include <cerrno>
 #include <chrono>
 #include <cstdio>
-#include <cstring>
 #include <filesystem>
 #include <iostream>
 #include <optional>
@@ -14,6 +13,7 @@
 #include "image/image_writer.h"
 #include "image/mapped_file.h"
 #include "platform/system_clock.h"
+#include "platform/system_reason.h"
 #include "runtime/own_folder.h"
 #include "tool/program_files.h"
 #include "tool/subcommands.h"
@@ -110,7 +110,7 @@ int Refuse(const std::string& message) {
 int Write(const fs::path& output, std::string_view runtime, std::string_view image,
           const PackedProgram& program) {
   const auto failed = [&] {
-    return Refuse(output.string() + ": não foi possível gravar: " + std::strerror(errno));
+    return Refuse(output.string() + ": não foi possível gravar: " + SystemReason(errno));
   };
   NewFile file(output);
   if (!file.Append(runtime) || !file.Append(image) || !file.Finish()) return failed();

@@ -4,6 +4,7 @@
 #include <iostream>
 #include <string>
 
+#include "platform/system_reason.h"
 #include "tool/subcommands.h"
 #include "tool/terminal.h"
 
@@ -41,7 +42,7 @@ int NewSubcommand(const std::string& folder) {
     return kWrongCall;
   }
   if (!fs::create_directory(place, error)) {
-    PrintError(folder + ": não foi possível criar a pasta: " + error.message());
+    PrintError(folder + ": não foi possível criar a pasta: " + SystemReason(error.value()));
     return kWrongCall;
   }
   const fs::path file = place / (place.filename().string() + ".tsc");

@@ -1,8 +1,8 @@
+#include "platform/system_reason.h"
 #include "tool/program_files.h"
 
 #include <algorithm>
 #include <cerrno>
-#include <cstring>
 #include <fstream>
 #include <iterator>
 #include <optional>
@@ -54,7 +54,7 @@ Choice ChooseInFolder(const fs::path& folder, const std::string& folderName) {
   for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
     if (IsProgramFile(entry->path()) && entry->is_regular_file(error)) files.push_back(entry->path());
   }
-  if (error) return LoadProblem{folder.string() + ": não foi possível ler a pasta: " + error.message()};
+  if (error) return LoadProblem{folder.string() + ": não foi possível ler a pasta: " + SystemReason(error.value())};
   std::sort(files.begin(), files.end());
 
   if (files.empty()) return LoadProblem{folder.string() + ": a pasta não tem nenhum arquivo .tsc"};
@@ -80,7 +80,7 @@ std::variant<std::string, LoadProblem> ReadSource(const fs::path& file) {
   std::ifstream stream(file, std::ios::binary);
   const std::string bytes{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
   if (!stream.is_open() || stream.bad()) {
-    return LoadProblem{file.string() + ": não foi possível ler o arquivo: " + std::strerror(errno)};
+    return LoadProblem{file.string() + ": não foi possível ler o arquivo: " + SystemReason(errno)};
   }
   auto text = SourceTextFromBytes(bytes);
   if (const SourceProblem* problem = std::get_if<SourceProblem>(&text)) {
@@ -110,7 +110,7 @@ std::variant<LoadedProgram, LoadProblem> LoadProgram(const std::string& path) {
   if (!fs::exists(status)) return LoadProblem{path + ": programa não encontrado"};
 
   const fs::path whole = fs::canonical(given, error);
-  if (error) return LoadProblem{path + ": " + error.message()};
+  if (error) return LoadProblem{path + ": " + SystemReason(error.value())};
   LoadedProgram loaded;
   Choice choice;
   if (fs::is_directory(status)) {

@@ -1,8 +1,5 @@
 #include "commands/system_commands.h"
 
-#include <algorithm>
-#include <chrono>
-
 #include "text/one_based.h"
 #include "values/eval.h"
 
@@ -10,11 +7,8 @@ namespace tessera {
 
 namespace {
 
-using std::chrono::milliseconds;
-
 constexpr std::size_t kMensagemPlaces = 101;
 constexpr std::size_t kEntraTextoPlaces = 3;
-constexpr std::size_t kAguardePlaces = 3;
 
 constexpr std::string_view kYesNoWord = "OPCAOSIMNAO";
 constexpr std::string_view kCancelled = "CANCELADO";
@@ -55,22 +49,9 @@ Value EntraTexto(Run& run, std::string_view arguments) {
   return Quote(prompt);
 }
 
-Value Aguarde(Run& run, std::string_view arguments) {
-  const std::string mode = SplitArguments(run, arguments, kAguardePlaces)[0];
-  if (Upper(mode) == "EVENTOS") {
-    run.host.events.AwaitEvents(milliseconds(0));
-    return {};
-  }
-  // OPEN: a negative time is no wait, so that a program may subtract what has gone by already.
-  const std::int32_t time = EvalNumber(run, mode).ToInteger();
-  run.host.events.AwaitEvents(milliseconds(std::max(time, 0)));
-  return {};
-}
-
 constexpr CommandRow kRows[] = {
     {"MENSAGEM", Mensagem},
     {"ENTRATEXTO", EntraTexto},
-    {"AGUARDE", Aguarde},
 };
 
 }  // namespace

@@ -2,10 +2,13 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <thread>
 
+#include "commands/dialog_commands.h"
 #include "text/code_page.h"
 #include "text/literal.h"
+#include "text/number.h"
 #include "text/one_based.h"
 #include "windows/window_model.h"
 
@@ -17,6 +20,18 @@ constexpr double kScreenWidth = 1920;
 constexpr double kScreenHeight = 1080;
 constexpr double kMainWidth = 640;
 constexpr double kMainHeight = 420;
+constexpr double kFormWidth = 480;
+constexpr double kFormHeight = 300;
+
+// A client area of that many pixels, in the middle of the screen.
+Placement Centred(double width, double height) {
+  const double outerWidth = TwipsOfPixels(width);
+  const double outerHeight = TwipsOfPixels(height) + kFrameTwips;
+  return {.Left = (TwipsOfPixels(kScreenWidth) - outerWidth) / 2,
+          .Top = (TwipsOfPixels(kScreenHeight) - outerHeight) / 2,
+          .Width = outerWidth,
+          .Height = outerHeight};
+}
 
 std::string_view IconWord(BoxIcon icon) {
   constexpr std::array<std::string_view, 5> kWords = {"caixa", "critico", "aviso", "pergunta", "info"};
@@ -46,26 +61,27 @@ bool IsYes(std::string_view answer) {
 // A window in memory; what is printed on it goes to the output.
 class ConsoleForm final : public Form {
  public:
-  ConsoleForm(ConsoleHost& host, FormEvents& formEvents) : events(formEvents), host_(host) {
-    TakeScale(kMainWidth, kMainHeight);
-    host_.forms_.push_back(this);
+  ConsoleForm(ConsoleHost& host, FormEvents& events, const Placement& design) : Form(events), host_(host) {
+    TakeDesign(design);
   }
-  ~ConsoleForm() override { std::erase(host_.forms_, this); }
-  ConsoleForm(const ConsoleForm&) = delete;
-  ConsoleForm& operator=(const ConsoleForm&) = delete;
 
   void Print(std::string_view text) override { host_.WriteLine(text); }
-  void Cls() override {}
 
   void ResizeByPerson(double lines, double columns) {
     TakeScale(PixelsOfTwips(columns * kWindowColumnTwips), PixelsOfTwips(lines * kWindowLineTwips));
-    events.OnResize();
   }
 
-  FormEvents& events;
   // The pointer's place, in pixels.
   double pointerX = 0;
   double pointerY = 0;
+
+ protected:
+  void ServeModal() override {
+    while (Visible()) {
+      host_.Dispatch();
+      if (Visible() && !host_.AwaitNextEvents()) Events().OnClose();
+    }
+  }
 
  private:
   ConsoleHost& host_;
@@ -80,8 +96,24 @@ ConsoleHost::ConsoleHost(const ConsoleStreams& streams, ConsoleOptions options)
 
 ConsoleHost::~ConsoleHost() = default;
 
-std::unique_ptr<Form> ConsoleHost::NewMainForm(FormEvents& events) {
-  return std::make_unique<ConsoleForm>(*this, events);
+std::unique_ptr<Form> ConsoleHost::NewMainForm(FormEvents& events, const WindowDirectory& windows) {
+  auto form = std::make_unique<ConsoleForm>(*this, events, Centred(kMainWidth, kMainHeight));
+  mainForm_ = form.get();
+  windows_ = &windows;
+  return form;
+}
+
+std::unique_ptr<Form> ConsoleHost::NewForm(std::string_view, FormEvents& events) {
+  return std::make_unique<ConsoleForm>(*this, events, Centred(kFormWidth, kFormHeight));
+}
+
+ScreenPoint ConsoleHost::PointerPlace() {
+  const ConsoleForm& form = InHand();
+  return {PixelsOfTwips(form.Place().Left) + form.pointerX, PixelsOfTwips(form.Place().Top) + form.pointerY};
+}
+
+std::string ConsoleHost::SetVideoMode(const VideoMode&) {
+  return std::string("o console não tem vídeo"_w);
 }
 
 ScreenSize ConsoleHost::Screen() {
@@ -129,17 +161,61 @@ TextInputAnswer ConsoleHost::AskText(const TextInput& input) {
   return {InputEnd::Confirmed, std::move(*text)};
 }
 
+std::optional<std::string> ConsoleHost::AskDialog(std::string_view mode, std::string_view title) {
+  TellError(std::string("[dialogo] ").append(mode).append(" ").append(IndentedUtf8(title)));
+  auto answer = input_.NextLine();
+  if (!answer || answer->empty()) return std::nullopt;
+  return answer;
+}
+
+std::optional<std::string> ConsoleHost::AskFile(const FileRequest& request) {
+  return AskDialog(request.save ? "SALVAR" : "ABRIR", request.title);
+}
+
+// A line that is no number is no colour, and Cancel.
+std::optional<std::int32_t> ConsoleHost::AskColour(std::string_view title) {
+  const auto answer = AskDialog("COR", title);
+  const auto number = answer ? WholeNumber(*answer) : std::nullopt;
+  if (!number || std::abs(*number) > 0x7FFFFFFF) return std::nullopt;
+  return static_cast<std::int32_t>(*number);
+}
+
+std::optional<ChosenFont> ConsoleHost::AskFont(std::string_view title) {
+  const auto answer = AskDialog("FONTE", title);
+  if (!answer) return std::nullopt;
+  return FontOfRecord(*answer);
+}
+
+std::optional<std::string> ConsoleHost::AskPrinter(std::string_view title) {
+  return AskDialog("IMPRESSORA", title);
+}
+
 // Dispatch and time
 
 void ConsoleHost::ProcessEvents() {
+  Dispatch();
+}
+
+// Runs what needs no line of the script.
+void ConsoleHost::Dispatch() {
   CatchUp();
+  time_.TickWaiting();
 }
 
 bool ConsoleHost::AwaitEvents(std::chrono::milliseconds sleep) {
   out_.flush();
   std::this_thread::sleep_for(sleep);
-  CatchUp();
+  Dispatch();
   if (input_.IsTerminal() && !input_.LineWithin(std::chrono::milliseconds(0))) return true;
+  return DeliverNext();
+}
+
+// On a terminal the timers go on while the person thinks.
+bool ConsoleHost::AwaitNextEvents() {
+  out_.flush();
+  Dispatch();
+  const auto nextTick = time_.UntilNextTick();
+  if (input_.IsTerminal() && nextTick && !input_.LineWithin(*nextTick)) return true;
   return DeliverNext();
 }
 
@@ -154,15 +230,8 @@ std::unique_ptr<Timer> ConsoleHost::StartTimer(std::chrono::milliseconds interva
 }
 
 void ConsoleHost::ServeEvents() {
-  bool lastLine = false;
-  while (!lastLine) {
-    out_.flush();
-    CatchUp();
-    const auto nextTick = time_.UntilNextTick();
-    if (input_.IsTerminal() && nextTick && !input_.LineWithin(*nextTick)) continue;
-    lastLine = !DeliverNext();
-  }
-  forms_.front()->events.OnClose();
+  while (AwaitNextEvents()) continue;
+  mainForm_->Events().OnClose();
 }
 
 // Where a person sits at the terminal the timers tick by real time; in a script by its own time alone.
@@ -187,8 +256,16 @@ bool ConsoleHost::DeliverNext() {
 
 // What the script's person does
 
-ConsoleForm& ConsoleHost::Current() {
-  return *forms_.back();
+// The windows of this host are all of this kind.
+ConsoleForm& ConsoleHost::InHand() const {
+  return static_cast<ConsoleForm&>(*windows_->WindowInHand());
+}
+
+// Whoever acts on a window has it in front.
+ConsoleForm& ConsoleHost::BringInHand() {
+  ConsoleForm& form = InHand();
+  form.Events().OnActivate();
+  return form;
 }
 
 PersonObject* ConsoleHost::FindObject(std::string_view) {
@@ -202,28 +279,32 @@ void ConsoleHost::Click() {
 
 void ConsoleHost::DoubleClick() {
   Click();
-  ConsoleForm& form = Current();
-  form.events.OnDoubleClick();
-  form.events.OnMouseUp(MouseButton::Left, form.pointerX, form.pointerY);
+  ConsoleForm& form = InHand();
+  form.Events().OnDoubleClick();
+  form.Events().OnMouseUp(MouseButton::Left, form.pointerX, form.pointerY);
 }
 
 void ConsoleHost::PressButton(MouseButton button) {
-  ConsoleForm& form = Current();
-  form.events.OnMouseDown(button, form.pointerX, form.pointerY);
+  ConsoleForm& form = BringInHand();
+  form.Events().OnMouseDown(button, form.pointerX, form.pointerY);
 }
 
 void ConsoleHost::ReleaseButton(MouseButton button) {
-  ConsoleForm& form = Current();
-  form.events.OnMouseUp(button, form.pointerX, form.pointerY);
-  if (button == MouseButton::Left) form.events.OnClick();
+  ConsoleForm& form = InHand();
+  form.Events().OnMouseUp(button, form.pointerX, form.pointerY);
+  if (button == MouseButton::Left) form.Events().OnClick();
 }
 
 void ConsoleHost::MovePointer(double line, double column) {
-  ConsoleForm& form = Current();
-  const Grid grid = form.events.PlacementGrid();
+  ConsoleForm& form = InHand();
+  const Grid grid = form.Events().PlacementGrid();
   form.pointerX = column * grid.TamCol;
   form.pointerY = line * grid.TamLin;
-  form.events.OnMouseMove(form.pointerX, form.pointerY);
+  const Placement before = form.Place();
+  form.Events().OnMouseMove(form.pointerX, form.pointerY);
+  // A window that moves slides along below the pointer.
+  form.pointerX -= PixelsOfTwips(form.Place().Left - before.Left);
+  form.pointerY -= PixelsOfTwips(form.Place().Top - before.Top);
 }
 
 void ConsoleHost::TypeText(std::string_view text) {
@@ -237,20 +318,26 @@ void ConsoleHost::TypeText(std::string_view text) {
 }
 
 void ConsoleHost::PressKey(int keyCode, KeyShift shift) {
-  Current().events.OnKeyDown(keyCode, shift);
+  ConsoleForm& form = BringInHand();
+  form.Events().OnKeyDown(keyCode, shift);
+  if (keyCode == kKeyEnter) form.Events().OnKeyPress(static_cast<char>(kKeyEnter));
 }
 
 void ConsoleHost::ReleaseKey(int keyCode, KeyShift shift) {
-  Current().events.OnKeyUp(keyCode, shift);
+  InHand().Events().OnKeyUp(keyCode, shift);
 }
 
+// The frame of a fixed window can't be taken.
 void ConsoleHost::ResizeWindow(double lines, double columns) {
-  Current().ResizeByPerson(lines, columns);
+  if (InHand().Style().Sizable) InHand().ResizeByPerson(lines, columns);
 }
 
+// What is hidden, or lies below a modal window, can't be closed.
 bool ConsoleHost::CloseWindow(std::string_view name) {
-  if (!name.empty() && !EqualsIgnoringCase(name, kMainWindowName)) return false;
-  forms_.front()->events.OnClose();
+  Form* form = name.empty() ? windows_->WindowInHand() : windows_->FindWindow(name);
+  if (form == nullptr) return false;
+  const bool isMain = form == mainForm_;
+  if ((isMain || form->Visible()) && windows_->CanBeReached(*form)) form->Events().OnClose();
   return true;
 }
 

@@ -48,7 +48,11 @@ class ConsoleHost final : public Display, public Dialogs, public EventDispatch, 
   // What a `Run` is made with.
   Host host() { return {*this, *this, clock_, random_}; }
 
-  std::unique_ptr<Form> NewMainForm(FormEvents& events) override;
+  std::unique_ptr<Form> NewMainForm(FormEvents& events, const WindowDirectory& windows) override;
+  std::unique_ptr<Form> NewForm(std::string_view name, FormEvents& events) override;
+  void ShowPointer(bool) override {}
+  ScreenPoint PointerPlace() override;
+  std::string SetVideoMode(const VideoMode& mode) override;
   ScreenSize Screen() override;
   std::vector<std::string> FontNames() override;
   void TellAbandonedRun(std::string_view position, std::string_view description) override;
@@ -56,9 +60,14 @@ class ConsoleHost final : public Display, public Dialogs, public EventDispatch, 
 
   BoxAnswer ShowBox(const Box& box) override;
   TextInputAnswer AskText(const TextInput& input) override;
+  std::optional<std::string> AskFile(const FileRequest& request) override;
+  std::optional<std::int32_t> AskColour(std::string_view title) override;
+  std::optional<ChosenFont> AskFont(std::string_view title) override;
+  std::optional<std::string> AskPrinter(std::string_view title) override;
 
   void ProcessEvents() override;
   bool AwaitEvents(std::chrono::milliseconds sleep) override;
+  bool AwaitNextEvents() override;
   void Pause(std::chrono::milliseconds time) override;
   std::unique_ptr<Timer> StartTimer(std::chrono::milliseconds interval, std::function<void()> tick) override;
 
@@ -66,10 +75,14 @@ class ConsoleHost final : public Display, public Dialogs, public EventDispatch, 
   friend class ConsoleForm;
 
   void WriteLine(std::string_view text);
+  // A dialog's answer from the script: nothing for an empty line and at the end of input.
+  std::optional<std::string> AskDialog(std::string_view mode, std::string_view title);
   void TellError(std::string_view utf8);
   void CatchUp();
+  void Dispatch();
   bool DeliverNext();
-  ConsoleForm& Current();
+  ConsoleForm& InHand() const;
+  ConsoleForm& BringInHand();
 
   PersonObject* FindObject(std::string_view name) override;
   void Click() override;
@@ -92,8 +105,8 @@ class ConsoleHost final : public Display, public Dialogs, public EventDispatch, 
   SystemClock clock_;
   SeededRandom random_;
   std::chrono::steady_clock::time_point caughtUp_ = std::chrono::steady_clock::now();
-  // The open windows, the main one first, the current one last.
-  std::vector<ConsoleForm*> forms_;
+  ConsoleForm* mainForm_ = nullptr;
+  const WindowDirectory* windows_ = nullptr;
 };
 
 }  // namespace tessera

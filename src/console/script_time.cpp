@@ -1,6 +1,8 @@
 #include "console/script_time.h"
 
 #include <algorithm>
+#include <iterator>
+#include <vector>
 
 namespace tessera {
 
@@ -22,8 +24,13 @@ std::unique_ptr<Timer> ScriptTime::StartTimer(Milliseconds interval, std::functi
 }
 
 ScriptTime::Rows::const_iterator ScriptTime::NextDue() const {
-  return std::min_element(rows_.begin(), rows_.end(),
-                          [](const auto& a, const auto& b) { return a->due < b->due; });
+  // Those without an interval are ticked by every dispatch, and by no time.
+  const auto isTimed = [](const auto& row) { return row->interval > Milliseconds{0}; };
+  auto next = std::find_if(rows_.begin(), rows_.end(), isTimed);
+  for (auto row = next; row != rows_.end(); ++row) {
+    if (isTimed(*row) && (*row)->due < (*next)->due) next = row;
+  }
+  return next;
 }
 
 void ScriptTime::Pass(Milliseconds time) {
@@ -39,6 +46,16 @@ void ScriptTime::CatchUp(Milliseconds time) {
   now_ += time;
   for (auto next = NextDue(); next != rows_.end() && (*next)->due <= now_; next = NextDue()) {
     Tick(*next, now_);
+  }
+}
+
+void ScriptTime::TickWaiting() {
+  std::vector<std::shared_ptr<Row>> waiting;
+  std::copy_if(rows_.begin(), rows_.end(), std::back_inserter(waiting),
+               [](const auto& row) { return row->interval == Milliseconds{0}; });
+  for (const auto& row : waiting) {
+    // A tick may have ended the timers behind it.
+    if (std::find(rows_.begin(), rows_.end(), row) != rows_.end()) row->tick();
   }
 }
 

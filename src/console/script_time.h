@@ -25,6 +25,9 @@ class ScriptTime {
   // The same for time that went by unattended: several missed ticks of a timer are one.
   void CatchUp(Milliseconds time);
 
+  // Ticks, once each, the timers that have no interval.
+  void TickWaiting();
+
   // How long until the next tick is due; nothing without timers.
   std::optional<Milliseconds> UntilNextTick() const;
 

@@ -23,6 +23,7 @@ std::string_view WordBefore(std::string_view text, Position end) {
 
 // A compound form "x + = e"; preparation may have left no blank in front of its sign.
 bool ReadCompound(Line& line, char sign) {
+  if (!Contains(line.text, std::string{sign, ' ', '='})) return false;
   std::string text(line.text);
   const std::string tight = {sign, ' ', '=', ' '};
   const Position at = Find(text, tight);
@@ -52,15 +53,18 @@ std::optional<Bracket> ReadBracket(std::string_view text, std::string_view word,
   return Bracket{Mid(text, open + 1, close - open - 1), Mid(text, at + conditionOffset), std::nullopt};
 }
 
-void ReadBlocks(Line& line) {
+std::unique_ptr<const Blocks> ReadBlocks(std::string_view text) {
   constexpr std::size_t kEnquantoCondition = 12;  // behind "Enquanto[0] "
   constexpr std::size_t kSeCondition = 6;         // behind "Se[0] "
-  line.enquanto = ReadBracket(line.text, "Enquanto", kEnquantoCondition);
-  line.repita = ReadBracket(line.text, "Repita");
-  line.fimSe = ReadBracket(line.text, "FimSe");
-  if (!Contains(line.text, "FimSe[")) line.se = ReadBracket(line.text, "Se", kSeCondition);
-  line.casoContrario = ReadBracket(line.text, "CasoContrario");
-  line.testsClick = line.se && Contains(line.text, "CliqueMouse");
+  if (!Contains(text, "[")) return nullptr;
+  auto blocks = std::make_unique<Blocks>();
+  blocks->enquanto = ReadBracket(text, "Enquanto", kEnquantoCondition);
+  blocks->repita = ReadBracket(text, "Repita");
+  blocks->fimSe = ReadBracket(text, "FimSe");
+  if (!Contains(text, "FimSe[")) blocks->se = ReadBracket(text, "Se", kSeCondition);
+  blocks->casoContrario = ReadBracket(text, "CasoContrario");
+  blocks->testsClick = blocks->se && Contains(text, "CliqueMouse");
+  return blocks;
 }
 
 Opening ReadOpening(const Run& run, std::string_view text) {
@@ -110,7 +114,7 @@ std::unique_ptr<const Line> ReadLine(const Run& run, const PreparedText& text, P
   const std::string upper = Upper(line->text);
   line->road = ReadRoad(*line, upper);
   if (line->road != Road::Blocks) return line;
-  ReadBlocks(*line);
+  line->blocks = ReadBlocks(line->text);
   line->opening = ReadOpening(run, line->text);
   return line;
 }
@@ -168,14 +172,14 @@ Jump RunnableText::Behind(const Line& line, Position hit) const {
 }
 
 Jump RunnableText::LoopEnd(const Line& line) const {
-  return Remember(line.loopEnd, [&] {
-    return Behind(line, text_->FindBracket("Repita", line.enquanto->depth, line.position));
+  return Remember(line.blocks->loopEnd, [&] {
+    return Behind(line, text_->FindBracket("Repita", line.blocks->enquanto->depth, line.position));
   });
 }
 
 Jump RunnableText::LoopStart(const Line& line) const {
-  return Remember(line.loopStart, [&]() -> Jump {
-    const Position hit = text_->FindBracketBack("Enquanto", line.repita->depth, line.position);
+  return Remember(line.blocks->loopStart, [&]() -> Jump {
+    const Position hit = text_->FindBracketBack("Enquanto", line.blocks->repita->depth, line.position);
     const Position tag = hit == 0 ? 0 : text_->FindTagBack(hit);
     if (tag == 0) return {};
     return {true, LineAt(tag)};
@@ -183,17 +187,17 @@ Jump RunnableText::LoopStart(const Line& line) const {
 }
 
 Jump RunnableText::BlockEnd(const Line& line, std::string_view depth) const {
-  return Remember(line.blockEnd,
+  return Remember(line.blocks->blockEnd,
                   [&] { return Behind(line, text_->FindBracket("FimSe", depth, line.position)); });
 }
 
 // Depths are not unique: a CasoContrario behind the block's own FimSe belongs to a later block.
 Jump RunnableText::Alternative(const Line& line) const {
-  return Remember(line.alternative, [&]() -> Jump {
+  return Remember(line.blocks->alternative, [&]() -> Jump {
     const auto numberOf = [&](Position hit) {
       return hit == 0 ? 0 : text_->NumberAt(text_->FindTagBack(hit));
     };
-    const std::string_view depth = line.se->depth;
+    const std::string_view depth = line.blocks->se->depth;
     const std::int32_t blockEnd = numberOf(text_->FindBracket("FimSe", depth, line.position));
     const Position hit = text_->FindBracket("CasoContrario", depth, line.position);
     if (hit == 0 || numberOf(hit) >= blockEnd) return {};

@@ -48,6 +48,18 @@ struct Jump {
   const Line* next = nullptr;
 };
 
+// The bracket words of a line, and where their searches lead: filled at first use, each by the search that
+// the rules tell.
+struct Blocks {
+  std::optional<Bracket> enquanto, repita, se, fimSe, casoContrario;
+  bool testsClick = false;  // a `Se` that asks for a click
+
+  mutable std::optional<Jump> loopEnd;      // behind the Repita of an Enquanto
+  mutable std::optional<Jump> loopStart;    // the Enquanto of a Repita
+  mutable std::optional<Jump> blockEnd;     // behind the FimSe of this depth
+  mutable std::optional<Jump> alternative;  // behind the CasoContrario of a Se's own block
+};
+
 // The right side of an assignment.
 struct RightSide {
   std::string_view text;
@@ -80,18 +92,13 @@ struct Line {
 
   std::string_view variable;  // of the step and compound forms
   std::string expression;
-  std::string_view label;  // of VaPara, untrimmed
-  std::optional<Bracket> enquanto, repita, se, fimSe, casoContrario;
-  bool testsClick = false;
+  std::string_view label;                // of VaPara, untrimmed
+  std::unique_ptr<const Blocks> blocks;  // none in a line without a "["
   Opening opening;
 
-  // Filled at first use, each by the search that the rules tell.
+  // Filled at first use.
   mutable std::optional<const Line*> next;
-  mutable std::optional<Jump> loopEnd;      // behind the Repita of an Enquanto
-  mutable std::optional<Jump> loopStart;    // the Enquanto of a Repita
-  mutable std::optional<Jump> blockEnd;     // behind the FimSe of this depth
-  mutable std::optional<Jump> alternative;  // behind the CasoContrario of a Se's own block
-  mutable std::optional<Jump> target;       // the line that holds the label
+  mutable std::optional<Jump> target;  // the line that holds the label
 };
 
 // A text that a loop walks, with its lines remembered.
@@ -106,7 +113,7 @@ class RunnableText {
   // The line whose "&#" stands at `position`.
   const Line* LineAt(Position position) const;
 
-  // The line behind `line`, and where its searches lead.
+  // The line behind `line`, and where its searches lead. Those of blocks want the bracket word in the line.
   const Line* Next(const Line& line) const;
   Jump LoopEnd(const Line& line) const;
   Jump LoopStart(const Line& line) const;

@@ -46,7 +46,7 @@ const Line* StatementLoop::Step(const Line& line) {
     case Road::Blocks:
       break;
   }
-  return Blocks(line);
+  return line.blocks ? BracketWords(line) : Execute(line);
 }
 
 const Line* StatementLoop::EndWindow() {
@@ -111,37 +111,41 @@ std::string_view& StatementLoop::SeResult(std::string_view depth) {
 
 // The bracket words, each asked for in its turn: a word whose search finds nothing lets the line go on to the
 // next test, and in the end to its plain execution.
-const Line* StatementLoop::Blocks(const Line& line) {
-  if (line.enquanto) {
-    if (Holds(*line.enquanto)) return text_.Next(line);
+const Line* StatementLoop::BracketWords(const Line& line) {
+  const Blocks& blocks = *line.blocks;
+  if (blocks.enquanto) {
+    if (Holds(*blocks.enquanto)) return text_.Next(line);
     if (const Jump end = text_.LoopEnd(line); end.found) return end.next;
   }
-  if (line.repita) {
+  if (blocks.repita) {
     if (const Jump start = text_.LoopStart(line); start.found) return start.next;
   }
-  if (line.se) {
-    const bool holds = Holds(*line.se);
-    std::string_view& result = SeResult(line.se->depth);
+  if (blocks.se) {
+    const bool holds = Holds(*blocks.se);
+    std::string_view& result = SeResult(blocks.se->depth);
     result = holds ? kTrue : kFalse;
     // Testing a click consumes it.
-    if (line.testsClick) run_.variables.VarWrite("CliqueMouse", "NAO"_w, true);
+    if (blocks.testsClick) run_.variables.VarWrite("CliqueMouse", "NAO"_w, true);
     if (holds) return text_.Next(line);
     if (const Jump alternative = text_.Alternative(line); alternative.found) return alternative.next;
-    if (const Jump end = text_.BlockEnd(line, line.se->depth); end.found) {
+    if (const Jump end = text_.BlockEnd(line, blocks.se->depth); end.found) {
       result = {};
       return end.next;
     }
   }
-  if (line.fimSe) SeResult(line.fimSe->depth) = {};
-  if (line.casoContrario) {
-    const std::string_view depth = line.casoContrario->depth;
-    std::string_view& result = SeResult(depth);
+  if (blocks.fimSe) SeResult(blocks.fimSe->depth) = {};
+  if (blocks.casoContrario) {
+    std::string_view& result = SeResult(blocks.casoContrario->depth);
     if (result == kFalse) return text_.Next(line);
-    if (const Jump end = text_.BlockEnd(line, depth); end.found) {
+    if (const Jump end = text_.BlockEnd(line, blocks.casoContrario->depth); end.found) {
       result = {};
       return end.next;
     }
   }
+  return Execute(line);
+}
+
+const Line* StatementLoop::Execute(const Line& line) {
   ExecuteStatement(engine_, run_, line);
   return text_.Next(line);
 }

@@ -28,7 +28,8 @@ class StatementLoop {
   const Line* OpenWindow(const Line& line);
   const Line* DatabaseBlock(const Line& line);
   const Line* GoTo(const Line& line);
-  const Line* Blocks(const Line& line);
+  const Line* BracketWords(const Line& line);
+  const Line* Execute(const Line& line);
   bool Holds(const Bracket& bracket);
   std::string_view& SeResult(std::string_view depth);
 

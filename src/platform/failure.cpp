@@ -35,6 +35,7 @@ constexpr std::array kDescriptions = {
     Description{76, "Caminho não encontrado"_w},
     Description{91, "Variável de objeto não definida"_w},
     Description{340, "Elemento de matriz de controles inexistente"_w},
+    Description{481, "Figura inválida"_w},
 };
 
 }  // namespace

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -37,12 +38,36 @@ struct TextInputAnswer {
   std::string text;  // what the field held; only read when confirmed
 };
 
+// The file dialog of `CaixaDialogo`. `pattern` names files, as "*.txt;*.csv".
+struct FileRequest {
+  bool save = false;
+  std::string title;
+  std::string description;
+  std::string pattern;
+  std::string proposed;
+};
+
+struct ChosenFont {
+  std::string name;
+  double size = 0;  // points
+  bool bold = false;
+  bool italic = false;
+};
+
 class Dialogs {
  public:
   virtual ~Dialogs() = default;
   // Shows the box modally; events of all windows and timers go on below it.
   virtual BoxAnswer ShowBox(const Box& box) = 0;
   virtual TextInputAnswer AskText(const TextInput& input) = 0;
+
+  // The dialogs of the desktop, modal too; nothing is Cancel.
+  virtual std::optional<std::string> AskFile(const FileRequest& request) = 0;
+  // Red in the low byte.
+  virtual std::optional<std::int32_t> AskColour(std::string_view title) = 0;
+  virtual std::optional<ChosenFont> AskFont(std::string_view title) = 0;
+  // The printer's name.
+  virtual std::optional<std::string> AskPrinter(std::string_view title) = 0;
 };
 
 // A timer ticks from its making to its end. A tick that yields lets the next one in, on top of it.
@@ -63,10 +88,15 @@ class EventDispatch {
   // host delivers one event line. False when no event can come any more.
   virtual bool AwaitEvents(std::chrono::milliseconds sleep) = 0;
 
+  // One step of a wait that ends with an event and with no time: rests until something happens, then runs it.
+  // The console host delivers one event line. False when no event can come any more.
+  virtual bool AwaitNextEvents() = 0;
+
   // Sleeps, letting no event run.
   virtual void Pause(std::chrono::milliseconds time) = 0;
 
-  // Calls `tick` every `interval` until the timer is destroyed; ticks run inside a dispatch alone.
+  // Calls `tick` every `interval` until the timer is destroyed; ticks run inside a dispatch alone. A timer
+  // without an interval ticks in every dispatch, in a script's own time too.
   virtual std::unique_ptr<Timer> StartTimer(std::chrono::milliseconds interval,
                                             std::function<void()> tick) = 0;
 };

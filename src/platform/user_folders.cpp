@@ -31,9 +31,13 @@ std::string DesktopFolder(const std::string& userDirsFile, const std::string& ho
 
 }  // namespace
 
+std::string UserConfigurationFolder(const EnvironmentReader& environment) {
+  return FolderOr(environment("XDG_CONFIG_HOME"), FolderOr(environment("HOME"), "/") + "/.config");
+}
+
 UserFolders FindUserFolders(const EnvironmentReader& environment) {
   const std::string home = FolderOr(environment("HOME"), "/");
-  const std::string userConfiguration = FolderOr(environment("XDG_CONFIG_HOME"), home + "/.config");
+  const std::string userConfiguration = UserConfigurationFolder(environment);
   const std::string userData = FolderOr(environment("XDG_DATA_HOME"), home + "/.local/share");
   // A list of folders, the most important first.
   std::string configuration = FolderOr(environment("XDG_CONFIG_DIRS"), "/etc/xdg");

@@ -17,6 +17,9 @@ struct UserFolders {
 // A variable of the process' environment, or nothing.
 using EnvironmentReader = std::function<const char*(const char* name)>;
 
+// The folder of the user's own configuration, as a path of the system.
+std::string UserConfigurationFolder(const EnvironmentReader& environment);
+
 UserFolders FindUserFolders(const EnvironmentReader& environment);
 
 }  // namespace tessera

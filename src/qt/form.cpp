@@ -2,32 +2,39 @@
 
 #include <QCloseEvent>
 #include <QCoreApplication>
+#include <QCursor>
 #include <QElapsedTimer>
+#include <QGuiApplication>
+#include <QIcon>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QPixmap>
 #include <QRegion>
+#include <QScreen>
 #include <QThread>
 #include <QTimer>
 #include <QWidget>
 #include <QWindow>
+#include <algorithm>
 #include <optional>
 #include <utility>
 
 #include "qt/colour.h"
 #include "qt/fonts.h"
 #include "qt/key_codes.h"
+#include "qt/pictures.h"
 #include "qt/print_surface.h"
 #include "qt/text.h"
+#include "windows/event_state.h"
 
 namespace tessera {
 
 namespace {
 
-constexpr int kDesignWidth = 640;
-constexpr int kDesignHeight = 420;
-constexpr int kPaintInterval = 16;        // milliseconds
+constexpr int kPaintInterval = 16;  // milliseconds
+constexpr int kTouchedAreas = 16;
 constexpr int kFirstPaintingLimit = 100;  // milliseconds
 
 std::optional<MouseButton> ButtonOf(const QMouseEvent& event) {
@@ -48,8 +55,12 @@ class FormWidget final : public QWidget {
   FormWidget(QtForm& form, const QString& objectName);
 
   void Print(QPointF at, const QString& lines, const QFont& font, const QColor& colour);
+  void Draw(const Spans& spans, Pixel pixel);
+  void Paint(const PictureRef& picture, QPoint at);
   void Clear();
+  void TakeGround();
   bool IsPainted() const { return isPainted_; }
+  void FocusNext() { focusNextChild(); }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -66,9 +77,11 @@ class FormWidget final : public QWidget {
 
  private:
   void Touch(const QRect& area);
+  void Refresh(const QRect& area);
 
   QtForm& form_;
   PrintSurface surface_;
+  QImage background_;
   // Areas that changed since the last painting, painted no more often than the screen can show.
   QRegion touched_;
   QElapsedTimer sincePaint_;
@@ -77,13 +90,27 @@ class FormWidget final : public QWidget {
   bool afterDoubleClick_ = false;
 };
 
-QtForm::QtForm(const QString& objectName, FormEvents& events, LogicEntry& entry)
-    : events_(events), entry_(entry), widget_(std::make_unique<FormWidget>(*this, objectName)) {
-  TakeScale(kDesignWidth, kDesignHeight);
+QtForm::QtForm(const QString& objectName, QSize design, FormEvents& events, LogicEntry& entry,
+               FrontWatch& front)
+    : Form(events), entry_(entry), front_(front), widget_(std::make_unique<FormWidget>(*this, objectName)) {
+  const double width = TwipsOfPixels(design.width());
+  const double height = TwipsOfPixels(design.height()) + kFrameTwips;
+  const QSize screen = QGuiApplication::primaryScreen()->size();
+  TakeDesign({.Left = (TwipsOfPixels(screen.width()) - width) / 2,
+              .Top = (TwipsOfPixels(screen.height()) - height) / 2,
+              .Width = width,
+              .Height = height});
   ShowPlace();
 }
 
-QtForm::~QtForm() = default;
+QtForm::~QtForm() {
+  if (front_.expected == this) front_.expected = nullptr;
+}
+
+void QtForm::Activate() {
+  front_.expected = this;
+  widget_->activateWindow();
+}
 
 QWidget* QtForm::widget() {
   return widget_.get();
@@ -93,8 +120,38 @@ void QtForm::Print(std::string_view text) {
   widget_->Print(QPointF(CurrentX, CurrentY), ToQLines(text), ToQFont(Font), ToQColor(ForeColor));
 }
 
-void QtForm::Cls() {
+PictureRef QtForm::WithPixels(PictureRef picture) {
+  return PaintedVector(std::move(picture));
+}
+
+void QtForm::ShowGround() {
+  widget_->TakeGround();
+}
+
+// A picture names no point of its own to point with: it is the upper left corner.
+void QtForm::ShowMouseIcon() {
+  if (MouseIcon()) {
+    widget_->setCursor(
+        QCursor(QPixmap::fromImage(ToQImage(*MouseIcon(), widget_->devicePixelRatioF())), 0, 0));
+  } else {
+    widget_->unsetCursor();
+  }
+}
+
+void QtForm::ShowIcon() {
+  widget_->setWindowIcon(Icon() ? QIcon(QPixmap::fromImage(ToQImage(*Icon(), 1))) : QIcon());
+}
+
+void QtForm::ShowErased() {
   widget_->Clear();
+}
+
+void QtForm::ShowDrawn(const Spans& spans, Pixel pixel) {
+  widget_->Draw(spans, pixel);
+}
+
+void QtForm::ShowPainted(const PictureRef& picture, PixelPoint at) {
+  widget_->Paint(picture, {at.x, at.y});
 }
 
 void QtForm::ShowCaption() {
@@ -103,14 +160,46 @@ void QtForm::ShowCaption() {
 
 void QtForm::ShowPlace() {
   widget_->move(qRound(PixelsOfTwips(Place().Left)), qRound(PixelsOfTwips(Place().Top)));
+  FitSizable();
   widget_->resize(qRound(ScaleWidth()), qRound(ScaleHeight()));
+}
+
+void QtForm::FitSizable() {
+  if (Style().Sizable) {
+    widget_->setMinimumSize(0, 0);
+    widget_->setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+  } else {
+    widget_->setFixedSize(qRound(ScaleWidth()), qRound(ScaleHeight()));
+  }
 }
 
 void QtForm::ShowVisible() {
   widget_->setVisible(Visible());
   if (!Visible()) return;
-  widget_->activateWindow();
+  widget_->raise();
+  Activate();
   WaitForFirstPainting();
+}
+
+// The window system gives the front back to the window of which it is the child. The windows of this host are
+// all of this kind.
+void QtForm::PrepareModal(Form& opener) {
+  widget_->setWindowModality(Qt::ApplicationModal);
+  widget_->winId();
+  static_cast<QtForm&>(opener).widget_->winId();
+  widget_->windowHandle()->setTransientParent(static_cast<QtForm&>(opener).widget_->windowHandle());
+}
+
+// Waits on the window system itself, so that a waiting window costs nothing.
+void QtForm::ServeModal() {
+  isServing_ = true;
+  while (Visible() && !entry_.HasThrown()) {
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  }
+  isServing_ = false;
+  widget_->windowHandle()->setTransientParent(nullptr);
+  widget_->setWindowModality(Qt::NonModal);
+  entry_.Rethrow();
 }
 
 // The program may compute for long before it lets events through; until then its window should not be a hole
@@ -129,14 +218,56 @@ void QtForm::ShowState() {
   widget_->setWindowState(State() == WindowState::Maximised ? Qt::WindowMaximized : Qt::WindowNoState);
 }
 
-void QtForm::ShowTitlebar() {
-  widget_->setWindowFlag(Qt::FramelessWindowHint, !Titlebar());
+void QtForm::ShowStyle() {
+  const WindowStyle& style = Style();
+  Qt::WindowFlags flags = style.ToolWindow ? Qt::Tool : Qt::Window;
+  // A frame's parts are chosen one by one where there is a frame; the two hints exclude each other.
+  flags.setFlag(Qt::CustomizeWindowHint, style.Titlebar);
+  flags.setFlag(Qt::FramelessWindowHint, !style.Titlebar);
+  flags.setFlag(Qt::WindowTitleHint, style.Titlebar);
+  flags.setFlag(Qt::WindowSystemMenuHint, style.ControlBox);
+  flags.setFlag(Qt::WindowCloseButtonHint, style.ControlBox);
+  flags.setFlag(Qt::WindowMinimizeButtonHint, style.ControlBox && style.MinButton);
+  flags.setFlag(Qt::WindowMaximizeButtonHint, style.ControlBox && style.MaxButton && style.Sizable);
+  flags.setFlag(Qt::WindowStaysOnTopHint, style.TopMost);
+  FitSizable();
+  if (flags == widget_->windowFlags()) return;
+  widget_->setWindowFlags(flags);
   // A change of flags hides a widget.
   widget_->setVisible(Visible());
 }
 
-void QtForm::ShowBackColor() {
-  widget_->update();
+void QtForm::FocusKeySink() {
+  widget_->setFocus();
+}
+
+void QtForm::FocusNext() {
+  widget_->FocusNext();
+}
+
+void QtForm::ShapeMe(Colour colour) {
+  const QImage picture = widget_->grab().toImage().scaled(widget_->size());
+  const QRgb cut = ToQColor(colour).rgb();
+  QRegion shape(widget_->rect());
+  for (int y = 0; y < picture.height(); ++y) {
+    for (int x = 0; x < picture.width();) {
+      int end = x;
+      while (end < picture.width() && picture.pixel(end, y) == cut) ++end;
+      if (end > x) shape -= QRect(x, y, end - x, 1);
+      x = std::max(end, x + 1);
+    }
+  }
+  if (shape == QRegion(widget_->rect())) {
+    widget_->clearMask();
+  } else {
+    widget_->setMask(shape);
+  }
+}
+
+void QtForm::TakeFront() {
+  if (front_.expected != nullptr && front_.expected != this) return;
+  front_.expected = nullptr;
+  entry_.Enter([this] { Events().OnActivate(); });
 }
 
 void QtForm::TakeSizeOfWidget() {
@@ -144,7 +275,7 @@ void QtForm::TakeSizeOfWidget() {
   if (widget_->size() != now) TakeScale(widget_->width(), widget_->height());
 }
 
-FormWidget::FormWidget(QtForm& form, const QString& objectName) : form_(form) {
+FormWidget::FormWidget(QtForm& form, const QString& objectName) : form_(form), surface_(form.raster_) {
   setObjectName(objectName);
   setAttribute(Qt::WA_OpaquePaintEvent);
   setFocusPolicy(Qt::StrongFocus);
@@ -160,13 +291,30 @@ void FormWidget::Print(QPointF at, const QString& lines, const QFont& font, cons
   Touch(surface_.Print(at, lines, font, colour));
 }
 
+void FormWidget::Draw(const Spans& spans, Pixel pixel) {
+  surface_.Fit(size(), devicePixelRatioF());
+  Refresh(surface_.Draw(spans, pixel));
+}
+
+void FormWidget::Paint(const PictureRef& picture, QPoint at) {
+  surface_.Fit(size(), devicePixelRatioF());
+  Refresh(surface_.Paint(ToQImage(*picture, devicePixelRatioF()), at));
+}
+
 void FormWidget::Clear() {
   surface_.Clear();
   Touch(rect());
 }
 
+void FormWidget::TakeGround() {
+  const PictureRef& picture = form_.Background();
+  background_ = picture ? ToQImage(*picture, devicePixelRatioF()) : QImage();
+  Touch(rect());
+}
+
 void FormWidget::Touch(const QRect& area) {
-  touched_ |= area;
+  // Many small areas cost more to tell apart than to paint as one.
+  touched_ = touched_.rectCount() > kTouchedAreas ? QRegion(touched_.boundingRect() | area) : touched_ | area;
   if (nextPaint_.isActive()) return;
   if (sincePaint_.elapsed() >= kPaintInterval) {
     update(std::exchange(touched_, {}));
@@ -175,20 +323,29 @@ void FormWidget::Touch(const QRect& area) {
   }
 }
 
+// A drawing shows at once, though the program lets no event through, but not oftener than the screen does.
+void FormWidget::Refresh(const QRect& area) {
+  if (sincePaint_.elapsed() < kPaintInterval) return Touch(area);
+  sincePaint_.restart();
+  repaint(std::exchange(touched_, {}) | area);
+}
+
 void FormWidget::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   for (const QRect& area : event->region()) {
     painter.fillRect(area, ToQColor(form_.BackColor()));
+    painter.setClipRect(area);
+    painter.drawImage(QPoint(0, 0), background_);
     surface_.PaintOn(painter, area);
   }
   sincePaint_.restart();
   isPainted_ = true;
 }
 
+// Only a size that the program did not give is news to the logic.
 void FormWidget::resizeEvent(QResizeEvent*) {
   surface_.Fit(size(), devicePixelRatioF());
-  form_.TakeSizeOfWidget();
-  form_.entry_.Enter([this] { form_.events_.OnResize(); });
+  form_.entry_.Enter([this] { form_.TakeSizeOfWidget(); });
 }
 
 void FormWidget::moveEvent(QMoveEvent*) {
@@ -201,35 +358,42 @@ void FormWidget::changeEvent(QEvent* event) {
     form_.TakeState(isMaximized() ? WindowState::Maximised : WindowState::Normal);
   }
   if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
-    form_.entry_.Enter([this] { form_.events_.OnActivate(); });
+    form_.TakeFront();
   }
 }
 
 // The logic decides what closing means; the widget stays until then.
 void FormWidget::closeEvent(QCloseEvent* event) {
   event->ignore();
-  form_.entry_.Enter([this] { form_.events_.OnClose(); });
+  form_.entry_.Enter([this] { form_.Events().OnClose(); });
 }
 
 void FormWidget::keyPressEvent(QKeyEvent* event) {
-  form_.entry_.Enter(
-      [this, code = KeyCodeOf(*event), shift = ShiftOf(*event)] { form_.events_.OnKeyDown(code, shift); });
+  form_.entry_.Enter([this, code = KeyCodeOf(*event), shift = ShiftOf(*event)] {
+    form_.Events().OnKeyDown(code, shift);
+    if (code == kKeyEnter) form_.Events().OnKeyPress(static_cast<char>(kKeyEnter));
+  });
 }
 
+// A key that repeats itself stays down.
 void FormWidget::keyReleaseEvent(QKeyEvent* event) {
+  if (event->isAutoRepeat()) return;
   form_.entry_.Enter(
-      [this, code = KeyCodeOf(*event), shift = ShiftOf(*event)] { form_.events_.OnKeyUp(code, shift); });
+      [this, code = KeyCodeOf(*event), shift = ShiftOf(*event)] { form_.Events().OnKeyUp(code, shift); });
 }
 
 void FormWidget::mousePressEvent(QMouseEvent* event) {
   const auto button = ButtonOf(*event);
   if (!button) return;
+  form_.front_.expected = nullptr;
+  form_.TakeFront();
+  if (button == MouseButton::Left && form_.Style().AutoDrag && windowHandle()->startSystemMove()) return;
   form_.entry_.Enter(
-      [this, button, at = event->position()] { form_.events_.OnMouseDown(*button, at.x(), at.y()); });
+      [this, button, at = event->position()] { form_.Events().OnMouseDown(*button, at.x(), at.y()); });
 }
 
 void FormWidget::mouseMoveEvent(QMouseEvent* event) {
-  form_.entry_.Enter([this, at = event->position()] { form_.events_.OnMouseMove(at.x(), at.y()); });
+  form_.entry_.Enter([this, at = event->position()] { form_.Events().OnMouseMove(at.x(), at.y()); });
 }
 
 void FormWidget::mouseReleaseEvent(QMouseEvent* event) {
@@ -237,8 +401,8 @@ void FormWidget::mouseReleaseEvent(QMouseEvent* event) {
   if (!button) return;
   const bool isClick = *button == MouseButton::Left && !std::exchange(afterDoubleClick_, false);
   form_.entry_.Enter([this, button, isClick, at = event->position()] {
-    form_.events_.OnMouseUp(*button, at.x(), at.y());
-    if (isClick) form_.events_.OnClick();
+    form_.Events().OnMouseUp(*button, at.x(), at.y());
+    if (isClick) form_.Events().OnClick();
   });
 }
 
@@ -246,7 +410,7 @@ void FormWidget::mouseDoubleClickEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return mousePressEvent(event);
   // The second release of a double click is no click of its own.
   afterDoubleClick_ = true;
-  form_.entry_.Enter([this] { form_.events_.OnDoubleClick(); });
+  form_.entry_.Enter([this] { form_.Events().OnDoubleClick(); });
 }
 
 }  // namespace tessera

@@ -2,6 +2,7 @@
 // printed, and tells the logic what the person does; nothing is decided here.
 #pragma once
 
+#include <QSize>
 #include <memory>
 #include <string_view>
 
@@ -15,35 +16,59 @@ namespace tessera {
 
 class FormWidget;
 
+// The window that the program itself brought to the front. Until the screen has followed, what it tells of
+// other windows coming to the front on the way is no act of a person.
+struct FrontWatch {
+  const void* expected = nullptr;
+};
+
 class QtForm final : public Form {
  public:
   // `objectName` is the name by which tests and assistive tools find the widget.
-  QtForm(const QString& objectName, FormEvents& events, LogicEntry& entry);
+  // `design` is its first client size, in pixels; it stands in the middle of the screen.
+  QtForm(const QString& objectName, QSize design, FormEvents& events, LogicEntry& entry, FrontWatch& front);
   ~QtForm() override;
   QtForm(const QtForm&) = delete;
   QtForm& operator=(const QtForm&) = delete;
 
   QWidget* widget();
 
+  // True while it delivers events as a modal window.
+  bool IsServing() const { return isServing_; }
+
   void Print(std::string_view text) override;
-  void Cls() override;
+  void Activate() override;
+  void FocusKeySink() override;
+  void FocusNext() override;
+  void ShapeMe(Colour colour) override;
 
  protected:
+  PictureRef WithPixels(PictureRef picture) override;
+  void ShowGround() override;
+  void ShowMouseIcon() override;
+  void ShowIcon() override;
+  void ShowErased() override;
+  void ShowDrawn(const Spans& spans, Pixel pixel) override;
+  void ShowPainted(const PictureRef& picture, PixelPoint at) override;
   void ShowCaption() override;
   void ShowPlace() override;
   void ShowVisible() override;
   void ShowState() override;
-  void ShowTitlebar() override;
-  void ShowBackColor() override;
+  void ShowStyle() override;
+  void PrepareModal(Form& opener) override;
+  void ServeModal() override;
 
  private:
   friend class FormWidget;
 
   void TakeSizeOfWidget();
+  void TakeFront();
+  void FitSizable();
   void WaitForFirstPainting();
 
-  FormEvents& events_;
+  bool isServing_ = false;
   LogicEntry& entry_;
+  FrontWatch& front_;
   std::unique_ptr<FormWidget> widget_;
 };
 

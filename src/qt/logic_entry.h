@@ -17,6 +17,9 @@ class LogicEntry {
   // Runs `act`, or keeps it for later while entries are held. Behind a throw nothing enters any more.
   void Enter(std::function<void()> act) noexcept;
 
+  // True until the throw of an entry is thrown again.
+  bool HasThrown() const { return thrown_ != nullptr; }
+
   // Throws again what an entry has thrown. Called behind every event loop.
   void Rethrow();
 

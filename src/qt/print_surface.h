@@ -1,12 +1,15 @@
-// What a program has printed on a window, kept as a picture at the screen's own resolution. It lies
-// transparent above the window's ground, survives whatever covers the window, and keeps what a smaller window
-// hides.
+// What a program has printed and drawn on a window, as the screen shows it. Text is painted into the
+// surface's raster, where the program reads it back, and on a finer screen a second time at that screen's
+// resolution, with the drawings beside it. It lies transparent above the window's ground, survives whatever
+// covers the window, and keeps what a smaller window hides.
 #pragma once
 
 #include <QImage>
 #include <QRect>
 #include <QSize>
 #include <QString>
+
+#include "windows/raster.h"
 
 class QColor;
 class QFont;
@@ -16,19 +19,32 @@ namespace tessera {
 
 class PrintSurface {
  public:
+  // The raster outlives the surface.
+  explicit PrintSurface(Raster& raster) : raster_(raster) {}
+
   // Room for at least `size` (device-independent pixels), at that device pixel ratio. It never shrinks.
   void Fit(QSize size, double pixelRatio);
 
   // Prints lines of text from the upper left corner `at` on; the area that was touched.
   QRect Print(QPointF at, const QString& lines, const QFont& font, const QColor& colour);
 
+  // Follows what was drawn in the raster; the area that was touched.
+  QRect Draw(const Spans& spans, Pixel pixel);
+  QRect Paint(const QImage& picture, QPoint at);
+
+  // Follows the raster's clearing.
   void Clear();
 
   // Paints the part of the picture that lies in `area`.
-  void PaintOn(QPainter& painter, const QRect& area) const;
+  void PaintOn(QPainter& painter, const QRect& area);
 
  private:
-  QImage image_;
+  QImage RasterImage();
+  void DrawFine(const Spans& spans, Pixel pixel);
+
+  Raster& raster_;
+  // At the screen's resolution; none where that is the raster's own.
+  QImage fine_;
 };
 
 }  // namespace tessera

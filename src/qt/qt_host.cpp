@@ -1,6 +1,7 @@
 #include "qt/qt_host.h"
 
 #include <QApplication>
+#include <QCursor>
 #include <QDialog>
 #include <QEventLoop>
 #include <QFontDatabase>
@@ -13,17 +14,24 @@
 #include <utility>
 
 #include "qt/boxes.h"
+#include "qt/desktop_dialogs.h"
 #include "qt/fonts.h"
 #include "qt/form.h"
+#include "qt/screen_mode.h"
 #include "qt/text.h"
 
 namespace tessera {
 
 namespace {
 
+// Client sizes that windows start with, in pixels.
+constexpr QSize kMainDesign(640, 420);
+constexpr QSize kFormDesign(480, 300);
+
 // Warnings of the window system that tell a person nothing.
 constexpr std::array kHarmless = {
     "This plugin does not support propagateSizeHints",
+    "This plugin does not support raise()",
     "QStandardPaths: XDG_RUNTIME_DIR not set",
     "QStandardPaths: runtime directory",
     "QStandardPaths: wrong permissions on runtime directory",
@@ -104,8 +112,27 @@ QtHost::QtHost() : entry_([this] { LeaveLoops(); }), random_(std::random_device{
 
 QtHost::~QtHost() = default;
 
-std::unique_ptr<Form> QtHost::NewMainForm(FormEvents& events) {
-  return std::make_unique<QtForm>("Janela", events, entry_);
+// Where a person clicks the window system finds the window by itself.
+std::unique_ptr<Form> QtHost::NewMainForm(FormEvents& events, const WindowDirectory&) {
+  return std::make_unique<QtForm>("Janela", kMainDesign, events, entry_, front_);
+}
+
+std::unique_ptr<Form> QtHost::NewForm(std::string_view name, FormEvents& events) {
+  return std::make_unique<QtForm>(ToQString(name), kFormDesign, events, entry_, front_);
+}
+
+void QtHost::ShowPointer(bool visible) {
+  QGuiApplication::restoreOverrideCursor();
+  if (!visible) QGuiApplication::setOverrideCursor(Qt::BlankCursor);
+}
+
+ScreenPoint QtHost::PointerPlace() {
+  const QPoint at = QCursor::pos();
+  return {double(at.x()), double(at.y())};
+}
+
+std::string QtHost::SetVideoMode(const VideoMode& mode) {
+  return SetScreenMode(mode);
 }
 
 ScreenSize QtHost::Screen() {
@@ -122,21 +149,49 @@ std::vector<std::string> QtHost::FontNames() {
 // With windows an abandoned run is silent.
 void QtHost::TellAbandonedRun(std::string_view, std::string_view) {}
 
+// An entry that was held until now may have thrown already.
 void QtHost::ServeEvents() {
+  entry_.Rethrow();
   serving_->exec();
   entry_.Rethrow();
 }
 
 BoxAnswer QtHost::ShowBox(const Box& box) {
+  entry_.Rethrow();
   const BoxAnswer answer = ShowMessageBox(box, BoxParent());
   entry_.Rethrow();
   return answer;
 }
 
 TextInputAnswer QtHost::AskText(const TextInput& input) {
+  entry_.Rethrow();
   TextInputAnswer answer = ShowEntraTxt(input, BoxParent());
   entry_.Rethrow();
   return answer;
+}
+
+std::optional<std::string> QtHost::AskFile(const FileRequest& request) {
+  auto path = ShowFileDialog(request, BoxParent());
+  entry_.Rethrow();
+  return path;
+}
+
+std::optional<std::int32_t> QtHost::AskColour(std::string_view title) {
+  const auto colour = ShowColourDialog(title, BoxParent());
+  entry_.Rethrow();
+  return colour;
+}
+
+std::optional<ChosenFont> QtHost::AskFont(std::string_view title) {
+  auto font = ShowFontDialog(title, BoxParent());
+  entry_.Rethrow();
+  return font;
+}
+
+std::optional<std::string> QtHost::AskPrinter(std::string_view title) {
+  auto printer = ShowPrinterDialog(title, BoxParent());
+  entry_.Rethrow();
+  return printer;
 }
 
 QWidget* QtHost::BoxParent() const {
@@ -157,6 +212,15 @@ void QtHost::ProcessEvents() {
 bool QtHost::AwaitEvents(std::chrono::milliseconds sleep) {
   Pause(sleep);
   ProcessEvents();
+  return true;
+}
+
+// Rests in the window system, and costs nothing until it wakes.
+bool QtHost::AwaitNextEvents() {
+  entry_.Rethrow();
+  QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  QCoreApplication::sendPostedEvents();
+  entry_.Rethrow();
   return true;
 }
 

@@ -6,6 +6,7 @@
 
 #include "platform/host.h"
 #include "platform/system_clock.h"
+#include "qt/form.h"
 #include "qt/logic_entry.h"
 #include "windows/display.h"
 
@@ -26,7 +27,11 @@ class QtHost final : public Display, public Dialogs, public EventDispatch {
   // What a `Run` is made with.
   Host host() { return {*this, *this, clock_, random_}; }
 
-  std::unique_ptr<Form> NewMainForm(FormEvents& events) override;
+  std::unique_ptr<Form> NewMainForm(FormEvents& events, const WindowDirectory& windows) override;
+  std::unique_ptr<Form> NewForm(std::string_view name, FormEvents& events) override;
+  void ShowPointer(bool visible) override;
+  ScreenPoint PointerPlace() override;
+  std::string SetVideoMode(const VideoMode& mode) override;
   ScreenSize Screen() override;
   std::vector<std::string> FontNames() override;
   void TellAbandonedRun(std::string_view position, std::string_view description) override;
@@ -34,9 +39,14 @@ class QtHost final : public Display, public Dialogs, public EventDispatch {
 
   BoxAnswer ShowBox(const Box& box) override;
   TextInputAnswer AskText(const TextInput& input) override;
+  std::optional<std::string> AskFile(const FileRequest& request) override;
+  std::optional<std::int32_t> AskColour(std::string_view title) override;
+  std::optional<ChosenFont> AskFont(std::string_view title) override;
+  std::optional<std::string> AskPrinter(std::string_view title) override;
 
   void ProcessEvents() override;
   bool AwaitEvents(std::chrono::milliseconds sleep) override;
+  bool AwaitNextEvents() override;
   void Pause(std::chrono::milliseconds time) override;
   std::unique_ptr<Timer> StartTimer(std::chrono::milliseconds interval, std::function<void()> tick) override;
 
@@ -49,6 +59,7 @@ class QtHost final : public Display, public Dialogs, public EventDispatch {
   std::unique_ptr<QApplication> application_;
   std::unique_ptr<QEventLoop> serving_;
   LogicEntry entry_;
+  FrontWatch front_;
   SystemClock clock_;
   SeededRandom random_;
 };

@@ -211,12 +211,13 @@ Value FieldValue(std::string_view type, std::string plain) {
 std::string DecodeRecord(RecordContext& context, const DatabaseSlot& slot, std::string_view record) {
   VariableStore& variables = context.run.variables;
   std::string text;
+  text.reserve(static_cast<std::size_t>(std::max<std::int16_t>(slot.recordLength, 0)));
   for (const DatabaseField& field : slot.fields) {
+    const std::size_t end = text.size() + field.Slot().width;
     variables.VarWrite(field.variable, FieldValue(field.type, DecodeText(SlotOf(record, field.Slot()))),
                        true);
-    std::string column = variables.VarRead(field.variable).ToText();
-    column.resize(field.Slot().width, ' ');
-    text += column;
+    text += variables.VarRead(field.variable).ToText();
+    text.resize(end, ' ');
   }
   return text;
 }
@@ -231,7 +232,10 @@ std::string DeletedRecord(RecordContext& context, std::int16_t number) {
 
 bool IsDeleted(const DatabaseSlot& slot, std::string_view record) {
   if (slot.fields.empty()) FailSubscript();
-  return DecodeText(SlotOf(record, slot.fields.front().Slot())) == kDeletedMark;
+  const std::string_view first = SlotOf(record, slot.fields.front().Slot());
+  // FAST: another length can't be the mark's, and needs no decoding to tell so.
+  if (IsDecodable(first) && EncodedCount(first) != kDeletedMark.size() + 1) return false;
+  return DecodeText(first) == kDeletedMark;
 }
 
 std::string LeRegistro(RecordContext& context, std::int16_t number, std::int32_t position) {

@@ -8,7 +8,9 @@
 
 #include "commands/command_table.h"
 #include "commands/date_commands.h"
+#include "commands/dialog_commands.h"
 #include "commands/file_commands.h"
+#include "commands/machine_commands.h"
 #include "commands/number_commands.h"
 #include "commands/system_commands.h"
 #include "commands/text_commands.h"
@@ -17,7 +19,11 @@
 #include "image/image_reader.h"
 #include "recorddb/record_database.h"
 #include "values/run.h"
+#include "windows/drawing_commands.h"
+#include "windows/event_commands.h"
+#include "windows/font_commands.h"
 #include "windows/janela.h"
+#include "windows/picture_commands.h"
 #include "windows/window_commands.h"
 
 namespace tessera {
@@ -40,7 +46,6 @@ void FillDoors(Run& run, CommandTable& commands) {
     return commands.CommandCall(name, arguments);
   };
   // A word without a room behind it does nothing, like every word without a handler.
-  run.doors.NovaJanela = [](std::string_view) {};
   run.doors.SqlReadField = [](std::string_view, std::string_view, std::string_view) { return Value(); };
 }
 
@@ -54,6 +59,7 @@ int RunProgram(const ProgramStart& start, const Host& host, Display& display) {
   Engine engine(run);
   Janela janela(run, engine, display);
   FileCommands files(run);
+  MachineCommands machine(run, MachineCommands::UserPlaces());
   CommandTable commands;
   const RecordDatabase database(run, commands);
   FillDoors(run, commands);
@@ -62,8 +68,15 @@ int RunProgram(const ProgramStart& start, const Host& host, Display& display) {
   AddDateCommands(commands, run);
   AddValidationCommands(commands, run);
   files.Register(commands);
+  machine.Register(commands);
+  AddDialogCommands(commands, run);
   AddSystemCommands(commands, run);
+  janela.AddCommand(commands);
   AddWindowCommands(commands, run, janela.windows());
+  AddEventCommands(commands, run, janela.windows());
+  AddDrawingCommands(commands, run, janela.windows());
+  AddPictureCommands(commands, run, janela.windows());
+  AddFontCommands(commands, run, display);
 
   const ProjectStyle style = ScanProjectStyle(start.program.EditorText);
   return janela.RunProgram(start.program.EditorText, style.ProjectStyleWord);

@@ -6,7 +6,6 @@
 #include <array>
 #include <cerrno>
 #include <chrono>
-#include <cstring>
 #include <string_view>
 #include <variant>
 
@@ -14,6 +13,7 @@
 #include "image/image_writer.h"
 #include "image/mapped_file.h"
 #include "platform/system_clock.h"
+#include "platform/system_reason.h"
 #include "text/code_page.h"
 
 namespace tessera {
@@ -43,14 +43,14 @@ std::string BecomeRuntime(const std::string& runtime, const ProgramStart& start)
   if (!image) return "um dos editores não pode ser codificado";
 
   const int file = memfd_create("programa", 0);
-  if (file < 0 || !WriteAll(file, *image)) return std::strerror(errno);
+  if (file < 0 || !WriteAll(file, *image)) return SystemReason(errno);
   std::array<std::string, kHandoverArguments> words = {runtime, std::string(kHandoverWord),
                                                        std::to_string(file), start.folder.string(),
                                                        ToUtf8(start.commandLine)};
   std::array<char*, kHandoverArguments + 1> arguments{};
   for (std::size_t i = 0; i < words.size(); ++i) arguments[i] = words[i].data();
   execv(runtime.c_str(), arguments.data());
-  const std::string reason = std::strerror(errno);
+  const std::string reason = SystemReason(errno);
   close(file);
   return reason;
 }

@@ -1,39 +1,10 @@
 #include "text/one_based.h"
 
 #include <algorithm>
-#include <array>
 
 #include "text/code_page.h"
 
 namespace tessera {
-
-namespace {
-
-constexpr std::array<char, 256> MakeUpperTable() {
-  std::array<char, 256> table{};
-  for (unsigned i = 0; i < 256; ++i) {
-    unsigned upper = i;
-    if ((i >= 'a' && i <= 'z') || (i >= 0xE0 && i <= 0xFE && i != 0xF7)) upper = i - 0x20;
-    if (i == 0x9A || i == 0x9C || i == 0x9E) upper = i - 0x10;
-    if (i == 0xFF) upper = 0x9F;
-    table[i] = static_cast<char>(upper);
-  }
-  return table;
-}
-
-constexpr std::array<char, 256> MakeLowerTable(const std::array<char, 256>& upper) {
-  std::array<char, 256> table{};
-  for (unsigned i = 0; i < 256; ++i) table[i] = static_cast<char>(i);
-  for (unsigned i = 0; i < 256; ++i) {
-    if (upper[i] != static_cast<char>(i)) table[static_cast<unsigned char>(upper[i])] = static_cast<char>(i);
-  }
-  return table;
-}
-
-constexpr std::array<char, 256> kUpper = MakeUpperTable();
-constexpr std::array<char, 256> kLower = MakeLowerTable(kUpper);
-
-}  // namespace
 
 Position Find(std::string_view text, std::string_view sought, Position start) {
   if (start == 0 || start > text.size() + 1) return 0;
@@ -79,13 +50,6 @@ std::string_view TrimRight(std::string_view text) {
 
 std::string_view Trim(std::string_view text) {
   return TrimLeft(TrimRight(text));
-}
-
-char Upper(char character) {
-  return kUpper[static_cast<unsigned char>(character)];
-}
-char Lower(char character) {
-  return kLower[static_cast<unsigned char>(character)];
 }
 
 std::string Upper(std::string_view text) {

@@ -2,6 +2,7 @@
 // Case mapping is that of the code page, never of the process's locale; the only blank is character 32.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -11,6 +12,34 @@ namespace tessera {
 using Position = std::size_t;  // of a character in a text, from 1; 0 is no position
 
 inline constexpr std::string_view kCrLf = "\r\n";
+
+namespace detail {
+
+constexpr std::array<char, 256> MakeUpperTable() {
+  std::array<char, 256> table{};
+  for (unsigned i = 0; i < 256; ++i) {
+    unsigned upper = i;
+    if ((i >= 'a' && i <= 'z') || (i >= 0xE0 && i <= 0xFE && i != 0xF7)) upper = i - 0x20;
+    if (i == 0x9A || i == 0x9C || i == 0x9E) upper = i - 0x10;
+    if (i == 0xFF) upper = 0x9F;
+    table[i] = static_cast<char>(upper);
+  }
+  return table;
+}
+
+constexpr std::array<char, 256> MakeLowerTable(const std::array<char, 256>& upper) {
+  std::array<char, 256> table{};
+  for (unsigned i = 0; i < 256; ++i) table[i] = static_cast<char>(i);
+  for (unsigned i = 0; i < 256; ++i) {
+    if (upper[i] != static_cast<char>(i)) table[static_cast<unsigned char>(upper[i])] = static_cast<char>(i);
+  }
+  return table;
+}
+
+inline constexpr std::array<char, 256> kUpper = MakeUpperTable();
+inline constexpr std::array<char, 256> kLower = MakeLowerTable(kUpper);
+
+}  // namespace detail
 
 // First occurrence of `sought` in `text` at or behind `start`. The empty text is found at `start`.
 Position Find(std::string_view text, std::string_view sought, Position start = 1);
@@ -33,8 +62,12 @@ std::string_view Trim(std::string_view text);
 std::string_view TrimLeft(std::string_view text);
 std::string_view TrimRight(std::string_view text);
 
-char Upper(char character);
-char Lower(char character);
+inline char Upper(char character) {
+  return detail::kUpper[static_cast<unsigned char>(character)];
+}
+inline char Lower(char character) {
+  return detail::kLower[static_cast<unsigned char>(character)];
+}
 std::string Upper(std::string_view text);
 std::string Lower(std::string_view text);
 

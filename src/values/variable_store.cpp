@@ -41,10 +41,15 @@ std::string_view VariableStore::LastVarType() const {
 const VariableStore::Place* VariableStore::Lookup(std::string_view name) const {
   std::array<char, kNameWidth> upper;
   name = NameWithoutIndex(name);
-  if (name.size() > kNameWidth) return nullptr;
+  if (name.size() > kNameWidth || !MayBeName(name)) return nullptr;
   std::transform(name.begin(), name.end(), upper.begin(), [](char c) { return Upper(c); });
   const auto found = places_.find(std::string_view(upper.data(), name.size()));
   return found == places_.end() ? nullptr : &found->second;
+}
+
+bool VariableStore::MayBeName(std::string_view name) const {
+  const char first = name.empty() ? '\0' : Upper(name.front());
+  return ((lengthsByFirst_[static_cast<unsigned char>(first)] >> name.size()) & 1) != 0;
 }
 
 std::int32_t VariableStore::VarFind(std::string_view name) {
@@ -189,7 +194,10 @@ void VariableStore::Create(std::string_view name, std::string_view type, std::in
   const std::size_t nextFree = SlotCount(table) - 1;
   ResizeSlots(table, SlotCount(table) + static_cast<std::size_t>(count));
   Record record{Upper(Left(name, kNameWidth)), static_cast<std::int32_t>(nextFree), count};
-  places_.try_emplace(std::string(Trim(record.name)), Place{table, records_[table].size()});
+  const std::string_view key = Trim(record.name);
+  places_.try_emplace(std::string(key), Place{table, records_[table].size()});
+  const char initial = key.empty() ? '\0' : key.front();
+  lengthsByFirst_[static_cast<unsigned char>(initial)] |= std::uint64_t{1} << key.size();
   records_[table].push_back(std::move(record));
 }
 

@@ -71,12 +71,18 @@ class VariableStore {
     std::size_t row;
   };
 
-  struct TextHash {
+  // FNV-1a, which costs less than the library's hash on texts as short as names.
+  struct NameHash {
     using is_transparent = void;
-    std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>{}(text); }
+    std::size_t operator()(std::string_view name) const {
+      std::uint64_t hash = 14695981039346656037u;
+      for (const char c : name) hash = (hash ^ static_cast<unsigned char>(c)) * 1099511628211u;
+      return hash;
+    }
   };
 
   const Place* Lookup(std::string_view name) const;
+  bool MayBeName(std::string_view name) const;
   std::int32_t VarIndexValue(std::string_view name);
   std::int32_t SlotIndex(std::string_view name);
   std::size_t CheckedSlot(Type type, std::int64_t slot) const;
@@ -92,7 +98,10 @@ class VariableStore {
   std::vector<std::int32_t> integers_{0};
   std::vector<double> decimals_{0};
   // FAST: the first record of each name, beside the tables that the rules scan.
-  std::unordered_map<std::string, Place, TextHash, std::equal_to<>> places_;
+  std::unordered_map<std::string, Place, NameHash, std::equal_to<>> places_;
+  // FAST: for each first character, the lengths that names have had, a bit each. Most texts that expressions
+  // look up are no names, and this tells it of most of them.
+  std::array<std::uint64_t, 256> lengthsByFirst_{};
 };
 
 }  // namespace tessera

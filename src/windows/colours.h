@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "windows/display.h"
+#include "windows/surface.h"
 
 namespace tessera {
 

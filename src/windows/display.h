@@ -5,12 +5,14 @@
 #pragma once
 
 #include <cmath>
-#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
+
+#include "windows/gradient.h"
+#include "windows/surface.h"
 
 namespace tessera {
 
@@ -30,57 +32,6 @@ constexpr double TwipsOfPixels(double pixels) {
   return pixels * kTwipsPerPixel;
 }
 
-// Blue, green and red from the high byte down, or 0x80000000 plus the number of a system colour.
-using Colour = std::int32_t;
-inline constexpr Colour kButtonFaceColour = static_cast<Colour>(0x8000000FU);
-inline constexpr Colour kButtonTextColour = static_cast<Colour>(0x80000012U);
-
-struct FontFace {
-  std::string name = "Courier New";
-  double size = 10;  // points, at 96 dots an inch
-  bool bold = false;
-  bool italic = false;
-};
-
-// What a program prints and draws on. Sizes and positions in pixels of its client area.
-class Surface {
- public:
-  Surface() = default;
-  Surface(const Surface&) = delete;
-  Surface& operator=(const Surface&) = delete;
-  virtual ~Surface() = default;
-
-  // The print position.
-  double CurrentX = 0;
-  double CurrentY = 0;
-  // Width of lines and points.
-  std::int32_t DrawWidth = 1;
-
-  virtual double ScaleWidth() const = 0;
-  virtual double ScaleHeight() const = 0;
-
-  Colour BackColor() const { return backColor_; }
-  void SetBackColor(Colour colour) {
-    backColor_ = colour;
-    ShowBackColor();
-  }
-
-  // Colour and font of the prints to come; what is printed already stays.
-  Colour ForeColor = kButtonTextColour;
-  FontFace Font;
-
-  // Prints a text with its upper left corner at the print position.
-  virtual void Print(std::string_view text) = 0;
-  // Erases printed text and drawings; the print position stays.
-  virtual void Cls() = 0;
-
- protected:
-  virtual void ShowBackColor() {}
-
- private:
-  Colour backColor_ = kButtonFaceColour;
-};
-
 // Outer placement of a window, in twips of the screen.
 struct Placement {
   double Left = 0;
@@ -91,69 +42,16 @@ struct Placement {
 
 enum class WindowState { Normal = 0, Maximised = 2 };
 
-class Form : public Surface {
- public:
-  const std::string& Caption() const { return caption_; }
-  void SetCaption(std::string_view text) {
-    caption_ = text;
-    ShowCaption();
-  }
-
-  const Placement& Place() const { return place_; }
-  // A window stands on whole pixels: the place taken is the nearest one.
-  void Move(const Placement& place) {
-    place_ = {OnPixels(place.Left), OnPixels(place.Top), OnPixels(place.Width), OnPixels(place.Height)};
-    ShowPlace();
-  }
-
-  double ScaleWidth() const override { return PixelsOfTwips(place_.Width); }
-  double ScaleHeight() const override { return PixelsOfTwips(place_.Height - kFrameTwips); }
-
-  bool Visible() const { return visible_; }
-  void SetVisible(bool visible) {
-    visible_ = visible;
-    ShowVisible();
-  }
-
-  WindowState State() const { return state_; }
-  void SetState(WindowState state) {
-    state_ = state;
-    ShowState();
-  }
-
-  // Without it the window has no title bar, no control box and can't be resized by a person.
-  bool Titlebar() const { return titlebar_; }
-  void SetTitlebar(bool titlebar) {
-    titlebar_ = titlebar;
-    ShowTitlebar();
-  }
-
- protected:
-  // A client area of that many pixels, as a person or the screen made it.
-  void TakeScale(double width, double height) {
-    place_.Width = OnPixels(TwipsOfPixels(width));
-    place_.Height = OnPixels(TwipsOfPixels(height)) + kFrameTwips;
-  }
-  void TakePosition(double left, double top) {
-    place_.Left = left;
-    place_.Top = top;
-  }
-  void TakeState(WindowState state) { state_ = state; }
-
-  virtual void ShowCaption() {}
-  virtual void ShowPlace() {}
-  virtual void ShowVisible() {}
-  virtual void ShowState() {}
-  virtual void ShowTitlebar() {}
-
- private:
-  static double OnPixels(double twips) { return TwipsOfPixels(std::round(PixelsOfTwips(twips))); }
-
-  std::string caption_;
-  Placement place_;
-  WindowState state_ = WindowState::Normal;
-  bool visible_ = false;
-  bool titlebar_ = true;
+// The frame of a window and how a person may handle it.
+struct WindowStyle {
+  bool Titlebar = true;
+  bool ControlBox = true;  // the system menu and the closing button
+  bool MinButton = true;
+  bool MaxButton = true;
+  bool Sizable = true;
+  bool ToolWindow = false;  // a narrow title, and no place among the desktop's windows
+  bool TopMost = false;
+  bool AutoDrag = false;  // the window moves when it is dragged by its client area
 };
 
 enum class MouseButton { Left = 1, Right = 2 };
@@ -176,12 +74,17 @@ struct Grid {
 class FormEvents {
  public:
   virtual ~FormEvents() = default;
+  // A person or the screen brought the window to the front.
   virtual void OnActivate() {}
+  // The client area has another size, whoever changed it.
   virtual void OnResize() {}
   // A person asks the window to close.
   virtual void OnClose() = 0;
+  // Keys that no object of the window takes.
   virtual void OnKeyDown(int /*keyCode*/, KeyShift /*shift*/) {}
   virtual void OnKeyUp(int /*keyCode*/, KeyShift /*shift*/) {}
+  // A character is about to be typed; true where the window takes it away from its objects.
+  virtual bool OnKeyPress(char /*character*/) { return false; }
   virtual void OnMouseDown(MouseButton /*button*/, double /*x*/, double /*y*/) {}
   virtual void OnMouseMove(double /*x*/, double /*y*/) {}
   virtual void OnMouseUp(MouseButton /*button*/, double /*x*/, double /*y*/) {}
@@ -191,18 +94,166 @@ class FormEvents {
   virtual Grid PlacementGrid() const = 0;
 };
 
+class Form : public Surface {
+ public:
+  // `events` outlives the window.
+  explicit Form(FormEvents& events) : events_(events) {}
+
+  FormEvents& Events() const { return events_; }
+
+  // The hidden control that paints the window's gradient, and whether each resize repaints it.
+  Gradiente Grd;
+  bool GrdAtivo = false;
+
+  const std::string& Caption() const { return caption_; }
+  void SetCaption(std::string_view text) {
+    caption_ = text;
+    ShowCaption();
+  }
+
+  // The picture that stands for the window; a window without one is allowed.
+  const PictureRef& Icon() const { return icon_; }
+  void SetIcon(PictureRef picture) {
+    icon_ = std::move(picture);
+    ShowIcon();
+  }
+
+  const Placement& Place() const { return place_; }
+  // A window stands on whole pixels: the place taken is the nearest one.
+  void Move(const Placement& place) {
+    const Placement before = std::exchange(
+        place_, {OnPixels(place.Left), OnPixels(place.Top), OnPixels(place.Width), OnPixels(place.Height)});
+    ShowPlace();
+    if (place_.Width != before.Width || place_.Height != before.Height) events_.OnResize();
+  }
+
+  double ScaleWidth() const override { return PixelsOfTwips(place_.Width); }
+  double ScaleHeight() const override { return PixelsOfTwips(place_.Height - kFrameTwips); }
+
+  bool Visible() const { return visible_; }
+  void SetVisible(bool visible) {
+    visible_ = visible;
+    ShowVisible();
+  }
+
+  // Shows the window above its opener and all others, which feel nothing of a person until it is hidden
+  // again; the call returns then.
+  void ShowModal(Form& opener) {
+    PrepareModal(opener);
+    SetVisible(true);
+    ServeModal();
+  }
+
+  // Brings a shown window to the front.
+  virtual void Activate() {}
+
+  WindowState State() const { return state_; }
+  void SetState(WindowState state) {
+    state_ = state;
+    ShowState();
+  }
+
+  const WindowStyle& Style() const { return style_; }
+  void SetStyle(const WindowStyle& style) {
+    style_ = style;
+    ShowStyle();
+  }
+
+  // The window sees keys before its objects do.
+  bool KeyPreview = false;
+
+  // Draws the focus to the window's hidden key sink, out of any object.
+  virtual void FocusKeySink() {}
+  // Moves the focus on, as the Tab key does.
+  virtual void FocusNext() {}
+
+  // Cuts the window to the shape of what it shows: what has the colour is cut out. A window that shows no
+  // such pixel keeps its full rectangle.
+  virtual void ShapeMe(Colour /*colour*/) {}
+
+ protected:
+  // The place before the window is first shown or felt.
+  void TakeDesign(const Placement& place) { place_ = place; }
+  // A client area of that many pixels, as a person or the screen made it.
+  void TakeScale(double width, double height) {
+    place_.Width = OnPixels(TwipsOfPixels(width));
+    place_.Height = OnPixels(TwipsOfPixels(height)) + kFrameTwips;
+    events_.OnResize();
+  }
+  void TakePosition(double left, double top) {
+    place_.Left = left;
+    place_.Top = top;
+  }
+  void TakeState(WindowState state) { state_ = state; }
+
+  virtual void ShowCaption() {}
+  virtual void ShowIcon() {}
+  virtual void ShowPlace() {}
+  virtual void ShowVisible() {}
+  virtual void ShowState() {}
+  virtual void ShowStyle() {}
+  // Makes the window modal, before it is shown.
+  virtual void PrepareModal(Form& /*opener*/) {}
+  // Delivers events until the window is hidden.
+  virtual void ServeModal() = 0;
+
+ private:
+  static double OnPixels(double twips) { return TwipsOfPixels(std::round(PixelsOfTwips(twips))); }
+
+  FormEvents& events_;
+  std::string caption_;
+  PictureRef icon_;
+  Placement place_;
+  WindowState state_ = WindowState::Normal;
+  WindowStyle style_;
+  bool visible_ = false;
+};
+
+// How a host finds the windows that a person's acts go to.
+class WindowDirectory {
+ public:
+  virtual ~WindowDirectory() = default;
+  // The window that feels what is done without a name: the modal one, else the current one.
+  virtual Form* WindowInHand() const = 0;
+  // By name, blind to case; nothing where there is none.
+  virtual Form* FindWindow(std::string_view name) const = 0;
+  // False while a modal window keeps the person from it.
+  virtual bool CanBeReached(const Form& form) const = 0;
+};
+
 // Width and height in twips.
 struct ScreenSize {
   double Width = 0;
   double Height = 0;
 };
 
+// A place on the screen, in pixels.
+struct ScreenPoint {
+  double x = 0;
+  double y = 0;
+};
+
+struct VideoMode {
+  std::int32_t width = 0;
+  std::int32_t height = 0;
+  std::int32_t bits = 0;
+};
+
 class Display {
  public:
   virtual ~Display() = default;
 
-  // The main window, hidden, in its design size. `events` outlives it.
-  virtual std::unique_ptr<Form> NewMainForm(FormEvents& events) = 0;
+  // The main window, hidden, in its design size. `events` and `windows` outlive it.
+  virtual std::unique_ptr<Form> NewMainForm(FormEvents& events, const WindowDirectory& windows) = 0;
+  // A further window, hidden; tests and assistive tools find it by `name`.
+  virtual std::unique_ptr<Form> NewForm(std::string_view name, FormEvents& events) = 0;
+
+  // Shows or hides the pointer over all windows of the program.
+  virtual void ShowPointer(bool visible) = 0;
+  virtual ScreenPoint PointerPlace() = 0;
+
+  // Changes the screen's mode. Empty, or the reason why it can't, in the user's language.
+  virtual std::string SetVideoMode(const VideoMode& mode) = 0;
 
   virtual ScreenSize Screen() = 0;
   virtual std::vector<std::string> FontNames() = 0;

@@ -18,19 +18,33 @@ namespace {
 constexpr std::chrono::milliseconds kTick{10};
 constexpr std::chrono::milliseconds kClickPause{100};
 
-constexpr int kKeyPause = 19;
-constexpr int kKeyF6 = 117;
+// Place of a button in the text of the mouse buttons.
+constexpr std::size_t IndexOf(MouseButton button) {
+  return button == MouseButton::Left ? 0 : 1;
+}
 
 constexpr std::string_view kHiddenWord = "IniciaJanelaInvisivel";
 constexpr std::string_view kTransparentWord = "JanelaTransparente";
 
 }  // namespace
 
-Janela::Janela(Run& run, Engine& engine, Display& display) : run_(run), engine_(engine), display_(display) {
+Janela::Janela(Run& run, Engine& engine, Display& display)
+    : ProgramWindow(run, OwnedWindows::model),
+      engine_(engine),
+      display_(display),
+      command_(run, display, windows_),
+      overlaid_(run, engine, display, windows_) {
   run_.doors.UnloadMainWindow = [this] { Unload(); };
 }
 
 Janela::~Janela() = default;
+
+void Janela::AddCommand(CommandTable& table) {
+  table.Add("JANELA", [this](std::string_view, std::string_view arguments) {
+    command_.Do(arguments);
+    return Value();
+  });
+}
 
 int Janela::RunProgram(const EditorTexts& editors, std::string_view projectStyleWord) {
   int status = 0;
@@ -49,7 +63,7 @@ void Janela::Load() {
   run_.RunningFlag = true;
   run_.StopFlag = false;
   run_.WindowCodeStopFlag = false;
-  form_ = display_.NewMainForm(*this);
+  form_ = display_.NewMainForm(*this, windows_);
   const ScreenSize screen = display_.Screen();
   Placement place = form_->Place();
   place.Top = (screen.Height - place.Height) / 2;
@@ -69,16 +83,20 @@ RunOutcome Janela::Start(const EditorTexts& editors, std::string_view projectSty
 
 RunOutcome Janela::FirstActivation(const EditorTexts& editors, std::string_view projectStyleWord) {
   form_->SetVisible(false);
-  windows_.Reset(*form_);
+  windows_.Reset(*form_, *this);
   form_->SetCaption(kMainWindowName);
   SetLooks();
   DeclareBuiltins();
-  if (projectStyleWord == kTransparentWord) form_->SetTitlebar(false);
+  if (projectStyleWord == kTransparentWord) {
+    WindowStyle style = form_->Style();
+    style.Titlebar = style.ControlBox = style.Sizable = false;
+    form_->SetStyle(style);
+  }
   if (!Prepare(editors)) return RunOutcome::Refused;
-  WriteGridVariables();
+  WriteGridVariables(run_, windows_, display_.Screen());
   if (!Contains(run_.program.ProgramText->text(), kHiddenWord)) {
     form_->SetState(WindowState::Normal);
-    form_->SetVisible(true);
+    Show();
   }
   engine_.RunStatements(run_.program.ProgramText, 0);
   return RunOutcome::Ended;
@@ -112,74 +130,66 @@ bool Janela::Prepare(const EditorTexts& editors) {
   return false;
 }
 
-void Janela::WriteGridVariables() {
-  const ScreenSize screen = display_.Screen();
-  const auto write = [&](std::string_view name, const Value& value) {
-    run_.variables.VarWrite(name, value, true);
-  };
-  write("TamLin", std::int32_t{windows_.TamLin});
-  write("TamCol", std::int32_t{windows_.TamCol});
-  // In single precision; the two variables keep the nearest integer.
-  write("AlturaTela", double{static_cast<float>(PixelsOfTwips(screen.Height) / windows_.TamLin)});
-  write("LarguraTela", double{static_cast<float>(PixelsOfTwips(screen.Width) / windows_.TamCol)});
-}
-
 void Janela::Unload() {
   // Query-close
   run_.RunningFlag = false;
   ClearWindowObjects();
   // Unload: what else the run holds open is let go while its owners are left behind.
+  closing_ = true;
+  windows_.events.WindowDragFlag = false;
   form_->SetVisible(false);
   throw ProcessEnd{};
 }
 
 void Janela::ClearWindowObjects() {
+  overlaid_.StopTimers();
   Timer1_.reset();
+  command_.StopTimers();
 }
 
-void Janela::OnActivate() {
-  windows_.CurrentForm = form_.get();
-  windows_.CurrentWindowName = kMainWindowName;
-}
-
-void Janela::OnClose() {
-  Unload();
-}
-
-void Janela::OnKeyDown(int keyCode, KeyShift) {
-  if (keyCode == kKeyPause || keyCode == kKeyF6) Unload();
-}
-
-// OPEN: an event whose variable the program has removed changes nothing, and is no failure of the statement
-// that lets events through.
-void Janela::TellVariable(std::string_view name, const Value& value) {
-  Guard([&] { run_.variables.VarWrite(name, value, true); });
+void Janela::OnResize() {
+  ProgramWindow::OnResize();
+  if (windows_.FixedWindow && form_->State() == WindowState::Maximised) form_->SetState(WindowState::Normal);
 }
 
 void Janela::TakePointer(double x, double y) {
+  if (command_.MouseGeral()) return;
   TellVariable("LinhaMouse", std::floor(y / windows_.TamLin + 0.5));
   TellVariable("ColunaMouse", std::floor(x / windows_.TamCol + 0.5));
 }
 
-void Janela::OnMouseDown(MouseButton, double x, double y) {
+void Janela::OnMouseDown(MouseButton button, double x, double y) {
+  EventState& events = windows_.events;
+  events.MouseButtonsText[IndexOf(button)] = '1';
+  if (button == MouseButton::Left && events.WindowDragFlag) {
+    events.WindowDragStartX = static_cast<float>(TwipsOfPixels(x));
+    events.WindowDragStartY = static_cast<float>(TwipsOfPixels(y));
+    return;
+  }
   TakePointer(x, y);
 }
 
 void Janela::OnMouseMove(double x, double y) {
+  const EventState& events = windows_.events;
+  if (events.WindowDragFlag && events.MouseButtonsText[IndexOf(MouseButton::Left)] == '1') return Drag(x, y);
   TakePointer(x, y);
 }
 
-void Janela::OnMouseUp(MouseButton, double x, double y) {
+void Janela::Drag(double x, double y) {
+  Placement to = form_->Place();
+  to.Left += TwipsOfPixels(x) - double{windows_.events.WindowDragStartX};
+  to.Top += TwipsOfPixels(y) - double{windows_.events.WindowDragStartY};
+  form_->Move(to);
+}
+
+void Janela::OnMouseUp(MouseButton button, double x, double y) {
+  windows_.events.MouseButtonsText[IndexOf(button)] = '0';
   TakePointer(x, y);
 }
 
 void Janela::OnClick() {
-  TellVariable("CliqueMouse", std::string("CLIQUE"));
+  ProgramWindow::OnClick();
   run_.host.events.Pause(kClickPause);
-}
-
-void Janela::OnDoubleClick() {
-  TellVariable("CliqueMouse", std::string("DUPLOCLIQUE"));
 }
 
 }  // namespace tessera

@@ -7,7 +7,8 @@
 //
 //   Run run(host.host());
 //   Engine engine(run);
-//   Janela janela(run, engine, host);              // a host is a Display; fills the door UnloadMainWindow
+//   Janela janela(run, engine, host);              // a host is a Display; fills UnloadMainWindow, NovaJanela
+//   janela.AddCommand(table);
 //   AddWindowCommands(table, run, janela.windows());
 //   ...                                            // other groups and doors
 //   return janela.RunProgram(editors, projectStyleWord);
@@ -16,10 +17,14 @@
 #include <memory>
 #include <string_view>
 
+#include "commands/command_table.h"
 #include "engine/engine.h"
 #include "prepare/prepare.h"
 #include "values/run.h"
 #include "windows/display.h"
+#include "windows/janela_command.h"
+#include "windows/overlaid_windows.h"
+#include "windows/program_window.h"
 #include "windows/window_model.h"
 
 namespace tessera {
@@ -31,15 +36,21 @@ enum class RunOutcome {
   Refused,    // the block check failed: no line ran
 };
 
-class Janela final : public FormEvents {
+// The table of windows stands before the windows that take themselves out of it when they go.
+struct OwnedWindows {
+  WindowModel model;
+};
+
+class Janela final : private OwnedWindows, public ProgramWindow {
  public:
   // All outlive the window.
   Janela(Run& run, Engine& engine, Display& display);
   ~Janela() override;
-  Janela(const Janela&) = delete;
-  Janela& operator=(const Janela&) = delete;
 
   WindowModel& windows() { return windows_; }
+
+  // The command `Janela`.
+  void AddCommand(CommandTable& table);
 
   // Start, then events until the window is closed. The process' exit status: 0, 1 for a program that was
   // refused or abandoned, or the host's own.
@@ -49,17 +60,14 @@ class Janela final : public FormEvents {
   RunOutcome Start(const EditorTexts& editors, std::string_view projectStyleWord);
 
   // Closes the main window: query-close and unload. Never returns, but throws `ProcessEnd`.
-  [[noreturn]] void Unload();
+  [[noreturn]] void Unload() override;
 
-  void OnActivate() override;
-  void OnClose() override;
-  void OnKeyDown(int keyCode, KeyShift shift) override;
+  std::string_view Name() const override { return kMainWindowName; }
+  void OnResize() override;
   void OnMouseDown(MouseButton button, double x, double y) override;
   void OnMouseMove(double x, double y) override;
   void OnMouseUp(MouseButton button, double x, double y) override;
   void OnClick() override;
-  void OnDoubleClick() override;
-  Grid PlacementGrid() const override { return {double(windows_.TamLin), double(windows_.TamCol)}; }
 
  private:
   void Load();
@@ -67,16 +75,14 @@ class Janela final : public FormEvents {
   void SetLooks();
   void DeclareBuiltins();
   bool Prepare(const EditorTexts& editors);
-  void WriteGridVariables();
-  void TellVariable(std::string_view name, const Value& value);
   void TakePointer(double x, double y);
+  void Drag(double x, double y);
   void ClearWindowObjects();
 
-  Run& run_;
   Engine& engine_;
   Display& display_;
-  WindowModel windows_;
-  std::unique_ptr<Form> form_;
+  JanelaCommand command_;
+  OverlaidWindows overlaid_;
   std::unique_ptr<Timer> Timer1_;
 };
 

@@ -4,8 +4,10 @@
 #include <cmath>
 #include <limits>
 
+#include "platform/failure.h"
 #include "text/one_based.h"
 #include "values/eval.h"
+#include "windows/window_command_row.h"
 
 namespace tessera {
 
@@ -84,24 +86,34 @@ Value Fonte(Run& run, WindowModel& windows, std::string_view arguments) {
   return {};
 }
 
-struct Row {
-  std::string_view word;
-  Value (*handler)(Run& run, WindowModel& windows, std::string_view arguments);
-};
+// The current window's size in lines or columns of the grid.
+Value GridCount(double scale, std::int16_t pixels) {
+  if (pixels == 0) FailDivision();
+  return RoundToInteger(scale / pixels + 0.5);
+}
 
-constexpr Row kRows[] = {
-    {"ESCREVA", Escreva}, {"POSICIONE", Posicione}, {"CLS", Cls}, {"LIMPAJANELA", Cls}, {"FONTE", Fonte},
+Value AlturaJanela(Run&, WindowModel& windows, std::string_view) {
+  return GridCount(windows.CurrentForm->ScaleHeight(), windows.TamLin);
+}
+
+Value LarguraJanela(Run&, WindowModel& windows, std::string_view) {
+  return GridCount(windows.CurrentForm->ScaleWidth(), windows.TamCol);
+}
+
+constexpr WindowCommandRow kRows[] = {
+    {"ESCREVA", Escreva},
+    {"POSICIONE", Posicione},
+    {"CLS", Cls},
+    {"LIMPAJANELA", Cls},
+    {"FONTE", Fonte},
+    {"ALTURAJANELA", AlturaJanela},
+    {"LARGURAJANELA", LarguraJanela},
 };
 
 }  // namespace
 
 void AddWindowCommands(CommandTable& table, Run& run, WindowModel& windows) {
-  for (const Row& row : kRows) {
-    table.Add(row.word,
-              [&run, &windows, handler = row.handler](std::string_view, std::string_view arguments) {
-                return handler(run, windows, arguments);
-              });
-  }
+  AddRows(table, run, windows, kRows);
 }
 
 }  // namespace tessera

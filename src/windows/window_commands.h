@@ -1,5 +1,5 @@
-// The commands that print into the current window and set its text cursor and font: `Escreva`, `Posicione`,
-// `Cls`, `LimpaJanela`, `Fonte`.
+// The commands that print into the current window, set its text cursor and font, and tell its size:
+// `Escreva`, `Posicione`, `Cls`, `LimpaJanela`, `Fonte`, `AlturaJanela`, `LarguraJanela`.
 #pragma once
 
 #include "commands/command_table.h"

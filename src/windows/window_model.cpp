@@ -3,24 +3,70 @@
 #include <algorithm>
 
 #include "text/one_based.h"
+#include "windows/program_window.h"
 
 namespace tessera {
 
-void WindowModel::Reset(Form& mainWindow) {
+namespace {
+
+std::size_t SlotIndex(const std::array<WindowSlot, WindowModel::kSlots>& slots, std::string_view name) {
+  const auto sameName = [&](const WindowSlot& slot) {
+    return !slot.name.empty() && EqualsIgnoringCase(slot.BareName(), name);
+  };
+  return static_cast<std::size_t>(std::find_if(slots.begin(), slots.end(), sameName) - slots.begin());
+}
+
+}  // namespace
+
+std::string WindowSlot::BareName() const {
+  std::string bare = name;
+  std::erase(bare, '"');
+  return bare;
+}
+
+void ActivationOrder::BringToFront(ProgramWindow& window) {
+  Remove(window);
+  order_.push_back(&window);
+}
+
+void ActivationOrder::Remove(const ProgramWindow& window) {
+  std::erase(order_, &window);
+}
+
+void WindowModel::Reset(Form& mainWindow, ProgramWindow& owner) {
   *this = {};
   MainWindow = CurrentForm = &mainWindow;
   CurrentWindowName = kMainWindowName;
-  slots[0] = {&mainWindow, CurrentWindowName};
+  slots[0] = {&mainWindow, CurrentWindowName, &owner};
+}
+
+WindowSlot* WindowModel::FindSlot(std::string_view name) {
+  const std::size_t index = SlotIndex(slots, name);
+  return index == kSlots ? nullptr : &slots[index];
+}
+
+ProgramWindow& WindowModel::CurrentOwner() const {
+  const auto slot = std::find_if(slots.begin(), slots.end(), [this](const WindowSlot& s) {
+    return !s.name.empty() && s.window == CurrentForm;
+  });
+  return slot == slots.end() ? *slots[0].owner : *slot->owner;
 }
 
 Form* WindowModel::FindWindow(std::string_view name) const {
-  const auto sameName = [&](const WindowSlot& slot) {
-    std::string bare = slot.name;
-    std::erase(bare, '"');
-    return !slot.name.empty() && EqualsIgnoringCase(bare, name);
-  };
-  const auto found = std::find_if(slots.begin(), slots.end(), sameName);
-  return found == slots.end() ? nullptr : found->window;
+  const std::size_t index = SlotIndex(slots, name);
+  return index == kSlots ? nullptr : slots[index].window;
+}
+
+// A current window that is not shown is in nobody's hand: then the one in front is.
+Form* WindowModel::WindowInHand() const {
+  if (!modal.empty()) return modal.back();
+  const ProgramWindow* active = activation.Active();
+  if (CurrentForm->Visible() || active == nullptr) return CurrentForm;
+  return &active->form();
+}
+
+bool WindowModel::CanBeReached(const Form& form) const {
+  return modal.empty() || modal.back() == &form;
 }
 
 }  // namespace tessera

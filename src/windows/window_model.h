@@ -1,24 +1,45 @@
-// The windows of a run: the table of slots, the current window, the placement grid and the text cursor.
-// Who opens and closes windows is told in janela.h; what prints on them in window_commands.h.
+// The windows of a run: the table of slots, the current window, the placement grid, the text cursor, and what
+// events left behind. Who opens and closes windows is told in janela.h and overlaid_windows.h; what prints on
+// them in window_commands.h.
 #pragma once
 
 #include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "windows/display.h"
+#include "windows/event_state.h"
 
 namespace tessera {
+
+class ProgramWindow;
 
 inline constexpr std::string_view kMainWindowName = "Pai";
 
 struct WindowSlot {
   Form* window = nullptr;
   std::string name;  // as the program wrote it; an empty name is a free slot
+  ProgramWindow* owner = nullptr;
+
+  // The name without quotes.
+  std::string BareName() const;
 };
 
-struct WindowModel {
+// The shown windows in the order in which they came to the front.
+class ActivationOrder {
+ public:
+  // The window in front; none while all are hidden.
+  ProgramWindow* Active() const { return order_.empty() ? nullptr : order_.back(); }
+  void BringToFront(ProgramWindow& window);
+  void Remove(const ProgramWindow& window);
+
+ private:
+  std::vector<ProgramWindow*> order_;
+};
+
+struct WindowModel final : WindowDirectory {
   static constexpr std::size_t kSlots = 20;  // slot 0 is the main window's
 
   std::array<WindowSlot, kSlots> slots;
@@ -27,6 +48,9 @@ struct WindowModel {
   Form* CurrentForm = nullptr;
   std::string CurrentWindowName;
 
+  ActivationOrder activation;
+  std::vector<Form*> modal;  // the modal windows, the one in hand last
+
   // Pixels of a line and of a column.
   std::int16_t TamLin = kTamLin;
   std::int16_t TamCol = kTamCol;
@@ -34,15 +58,25 @@ struct WindowModel {
   std::int16_t PrintColumnPixels = 0;
   std::int16_t PrintLinePixels = 0;
 
+  EventState events;
+  bool FixedWindow = false;  // the main window may not stay maximised
+
   static constexpr std::int16_t kTamLin = 14;
   static constexpr std::int16_t kTamCol = 8;
 
-  // Empties the table, puts the main window into slot 0 and makes it the current one; grid and cursor start
-  // anew.
-  void Reset(Form& mainWindow);
+  // Empties the table, puts the main window into slot 0 and makes it the current one; grid, cursor and events
+  // start anew.
+  void Reset(Form& mainWindow, ProgramWindow& owner);
 
-  // The window of that name, blind to case; nothing where the table lacks it.
-  Form* FindWindow(std::string_view name) const;
+  // By name, blind to case, from slot 0 on; nothing where the table lacks it.
+  WindowSlot* FindSlot(std::string_view name);
+
+  // The window that the current form belongs to; the main window where that is given up.
+  ProgramWindow& CurrentOwner() const;
+
+  Form* WindowInHand() const override;
+  Form* FindWindow(std::string_view name) const override;
+  bool CanBeReached(const Form& form) const override;
 };
 
 }  // namespace tessera

@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <cmath>
+#include <random>
+
 #include "engine/function_call.h"
 #include "support/core_program.h"
 #include "text/literal.h"
@@ -45,6 +49,34 @@ TEST(Assignment, AmpersandJoinsTermsThatAreLiteralsVariablesOrCalls) {
       {"Var s, n Inteiro;n = 2;s = \"n+1: \" & n + 1;Escreva s", "n+1: \n"},
       {"Var s;s = \"a & b\";Escreva s", "a\n"},
   });
+}
+
+TEST(Assignment, AddingInPlaceStoresWhatJoiningWould) {
+  std::mt19937 random(13);
+  constexpr std::array kTerms = {"t", "T", "n", "\"ab\"", "v(1)", "nada", "Asc(\"a\")", "\"\"", "v(i)"};
+  for (int round = 0; round < 300; ++round) {
+    std::string joined = "t";
+    for (auto terms = 1 + random() % 4; terms > 0; --terms)
+      joined.append(" & ").append(kTerms[random() % kTerms.size()]);
+    const std::string start = "Var t, u, n Inteiro, i Inteiro, v(3);t = \"x\";n = 7;i = 1;v(1) = \"w\"\n";
+    ASSERT_EQ(Output(start + "t = " + joined + ";Escreva t"), Output(start + "u = " + joined + ";Escreva u"))
+        << joined;
+  }
+}
+
+TEST(Assignment, ANumberIsStoredAsItsTextReadsBack) {
+  std::mt19937_64 random(19);
+  CoreProgram program;
+  program.Run("Var x Decimal, y Decimal, i Inteiro, s");
+  for (int round = 0; round < 500; ++round) {
+    const double value = std::ldexp(static_cast<double>(static_cast<std::int64_t>(random())),
+                                    -static_cast<int>(random() % 90));
+    program.run.variables.VarWrite("y", value, true);
+    program.Run("x = y");
+    ASSERT_EQ(program.run.variables.VarRead("x").ToDouble(), *WholeNumber(NumberText(value)));
+    program.Run("s = y;x = 0.5;x = y / 1;y = s");
+    ASSERT_EQ(program.run.variables.VarRead("s").ToText(), NumberText(value));
+  }
 }
 
 TEST(StepForms, AreSettledBeforeAnythingElse) {

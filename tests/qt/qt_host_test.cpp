@@ -252,7 +252,8 @@ TEST_F(QtHostTest, ClsErasesAndANewGroundKeepsThePrints) {
 
 TEST(PrintSurface, OnAFineScreenCharactersAreFineAndStandInTheSamePlaces) {
   const auto picture = [](double ratio) {
-    PrintSurface surface;
+    Raster raster;
+    PrintSurface surface(raster);
     surface.Fit(QSize(100, 20), ratio);
     surface.Print(QPointF(8, 0), "Olá", ToQFont({}), Qt::black);
     QImage screen(QSize(100, 20) * ratio, QImage::Format_RGB32);
@@ -292,6 +293,38 @@ TEST_F(QtHostTest, ThePointerTellsItsLineAndColumnAndItsClicks) {
   Run("Enquanto 1 = 1\nAguarde 10\nRepita\n");
   EXPECT_EQ(Variable("LinhaMouse") + " " + Variable("ColunaMouse") + " " + Variable("CliqueMouse"),
             "3 10 CLIQUE");
+}
+
+TEST_F(QtHostTest, TheFrameFollowsTheStyle) {
+  When shown("Janela", [&](QWidget& janela) {
+    Form& form = *program.janela.windows().MainWindow;
+    form.SetStyle({.Titlebar = false, .Sizable = false, .ToolWindow = true, .TopMost = true});
+    EXPECT_TRUE(janela.windowFlags().testFlag(Qt::FramelessWindowHint));
+    EXPECT_TRUE(janela.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+    EXPECT_EQ(janela.windowType(), Qt::Tool);
+    EXPECT_EQ(janela.minimumSize(), janela.maximumSize());
+    form.SetStyle({.MinButton = false});
+    EXPECT_FALSE(janela.windowFlags().testFlag(Qt::WindowMinimizeButtonHint));
+    EXPECT_TRUE(janela.windowFlags().testFlag(Qt::WindowCloseButtonHint));
+    EXPECT_GT(janela.maximumWidth(), 5000);
+    EXPECT_TRUE(janela.isVisible());
+    janela.close();
+  });
+  Run("Enquanto 1 = 1\nAguarde 10\nRepita\n");
+}
+
+TEST_F(QtHostTest, AWindowIsShapedByTheColourThatIsCutOut) {
+  const auto look = [&](QWidget& janela) {
+    Form& form = *program.janela.windows().MainWindow;
+    form.ShapeMe(0x123456);
+    EXPECT_TRUE(janela.mask().isEmpty()) << "no such pixel";
+    form.ShapeMe(0x00FF00);
+    EXPECT_FALSE(janela.mask().contains(QPoint(5, 5)));
+    EXPECT_TRUE(janela.mask().contains(QPoint(200, 200)));
+    janela.close();
+  };
+  When shown("Janela", look, ProgramEnded());
+  Run("Janela Resolucao = 420, 640, Fundo = Verde\nCirculo 200, 200, 100, Vermelho\nFimPrograma\n");
 }
 
 TEST_F(QtHostTest, TheNoticeOfABareRuntimeTellsWhatItIs) {

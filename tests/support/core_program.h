@@ -2,6 +2,7 @@
 // values into a line. What it wrote and what boxes it showed can be looked at.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,6 +18,10 @@ class RecordedBoxes final : public Dialogs {
  public:
   BoxAnswer ShowBox(const Box& box) override;
   TextInputAnswer AskText(const TextInput&) override { return {InputEnd::Cancelled, {}}; }
+  std::optional<std::string> AskFile(const FileRequest&) override { return std::nullopt; }
+  std::optional<std::int32_t> AskColour(std::string_view) override { return std::nullopt; }
+  std::optional<ChosenFont> AskFont(std::string_view) override { return std::nullopt; }
+  std::optional<std::string> AskPrinter(std::string_view) override { return std::nullopt; }
 
   std::vector<Box> boxes;
   BoxAnswer answer = BoxAnswer::Ok;
@@ -26,6 +31,7 @@ class NoEvents final : public EventDispatch {
  public:
   void ProcessEvents() override {}
   bool AwaitEvents(std::chrono::milliseconds) override { return false; }
+  bool AwaitNextEvents() override { return false; }
   void Pause(std::chrono::milliseconds) override {}
   std::unique_ptr<Timer> StartTimer(std::chrono::milliseconds, std::function<void()>) override {
     return nullptr;

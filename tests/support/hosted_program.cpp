@@ -1,7 +1,12 @@
 #include "support/hosted_program.h"
 
+#include "commands/dialog_commands.h"
 #include "commands/system_commands.h"
 #include "support/core_program.h"
+#include "windows/drawing_commands.h"
+#include "windows/event_commands.h"
+#include "windows/font_commands.h"
+#include "windows/picture_commands.h"
 #include "windows/window_commands.h"
 
 namespace tessera::test {
@@ -15,7 +20,13 @@ HostedProgram::HostedProgram(const Host& host, Display& display)
   run.doors.CommandCall = [this](std::string_view name, std::string_view arguments) {
     return commands.CommandCall(name, arguments);
   };
+  janela.AddCommand(commands);
   AddWindowCommands(commands, run, janela.windows());
+  AddEventCommands(commands, run, janela.windows());
+  AddDrawingCommands(commands, run, janela.windows());
+  AddPictureCommands(commands, run, janela.windows());
+  AddFontCommands(commands, run, display);
+  AddDialogCommands(commands, run);
   AddSystemCommands(commands, run);
 }
 

@@ -170,7 +170,8 @@ TEST_F(Tool, BuildRefusesWithoutTouchingAnything) {
   ExpectRefused(build({"--runtime", folder_ / "jogo", "-o", folder_ / "outro"}), "já tem um programa dentro");
   ExpectRefused(build({"--runtime", runtime, "-o", folder_.path().string()}), "já existe uma pasta");
   ExpectRefused(build({"--runtime", runtime, "-o", runtime}), "sobre o executor");
-  ExpectRefused(build({"--runtime", runtime, "-o", folder_ / "sem/pasta/x"}), "não foi possível gravar");
+  ExpectRefused(build({"--runtime", runtime, "-o", folder_ / "sem/pasta/x"}),
+                "não foi possível gravar: o caminho não existe");
   ExpectRefused(Call({"build", folder_.Write("#FIMNOME.tsc", "Cls"), "--runtime", runtime}),
                 "o nome do programa não pode ser usado");
   EXPECT_EQ(ReadBytes(folder_ / "jogo"), before);

@@ -2,28 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include <sstream>
-
-#include "console/console_host.h"
-#include "support/hosted_program.h"
+#include "support/console_window.h"
 
 namespace tessera::test {
 
 namespace {
 
-// A program on the console host whose window can be looked at.
-class JanelaTest : public testing::Test {
- protected:
-  Form& Window() { return *program.janela.windows().MainWindow; }
-  WindowModel& Windows() { return program.janela.windows(); }
-  std::string Printed() const { return out.str(); }
-
-  std::istringstream in;
-  std::ostringstream out;
-  std::ostringstream err;
-  ConsoleHost host{{in, out, err}, {.programTitle = "TESTE"}};
-  HostedProgram program{host.host(), host};
-};
+using JanelaTest = ConsoleWindowTest;
 
 }  // namespace
 
@@ -33,7 +18,7 @@ TEST_F(JanelaTest, StandsCentredInItsLooksAndIsShownBeforeTheFirstStatement) {
   EXPECT_EQ(program.janela.Start(editors, ""), RunOutcome::Ended);
   EXPECT_EQ(Window().Caption(), "Tessera - TESTE.TSC");
   EXPECT_TRUE(Window().Visible());
-  EXPECT_TRUE(Window().Titlebar());
+  EXPECT_TRUE(Window().Style().Titlebar);
   EXPECT_EQ(Window().Place().Width, 640 * 15);
   EXPECT_EQ(Window().Place().Height, 420 * 15 + 600);
   EXPECT_EQ(Window().Place().Left, (1920 * 15 - 9600) / 2);
@@ -93,7 +78,7 @@ TEST_F(JanelaTest, ThatWordAnywhereInTheProgramKeepsTheWindowHidden) {
   editors[0] = "Escreva \"IniciaJanelaInvisivel\"\r\n";
   program.janela.Start(editors, "JanelaTransparente");
   EXPECT_FALSE(Window().Visible());
-  EXPECT_FALSE(Window().Titlebar());
+  EXPECT_FALSE(Window().Style().Titlebar);
 }
 
 TEST_F(JanelaTest, AnEventWhoseVariableIsGoneIsNoFailureOfTheWaitingStatement) {

@@ -1,0 +1,165 @@
+#include "commands/machine_commands.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <filesystem>
+#include <system_error>
+
+#include "commands/arguments.h"
+#include "platform/child_process.h"
+#include "platform/failure.h"
+#include "platform/file_system.h"
+#include "platform/paths.h"
+#include "text/code_page.h"
+#include "text/literal.h"
+#include "text/one_based.h"
+
+namespace tessera {
+
+namespace {
+
+constexpr std::array<std::string_view, 4> kRoots = {"HKEY_CLASSES_ROOT", "HKEY_CURRENT_USER",
+                                                    "HKEY_LOCAL_MACHINE", "HKEY_USERS"};
+
+bool IsRoot(std::string_view root) {
+  return std::find(kRoots.begin(), kRoots.end(), Upper(root)) != kRoots.end();
+}
+
+struct WindowForm {
+  std::string_view word;
+  int number;
+};
+
+constexpr std::array kWindowForms = {
+    WindowForm{"OCULTO", 0},     WindowForm{"NORMAL", 1},        WindowForm{"MINIMIZADO", 2},
+    WindowForm{"MAXIMIZADO", 3}, WindowForm{"NORMALSEMFOCO", 4}, WindowForm{"MINIMIZADOSEMFOCO", 6},
+};
+
+int WindowFormNumber(std::string_view word) {
+  const auto found = std::find_if(kWindowForms.begin(), kWindowForms.end(),
+                                  [&](const WindowForm& form) { return form.word == Upper(word); });
+  return found == kWindowForms.end() ? 0 : found->number;
+}
+
+// The programs' numbers of ports have 16 bits, of which none is a sign on the machine.
+std::uint16_t PortOf(const Arguments& arguments) {
+  return static_cast<std::uint16_t>(arguments.Number(0).ToShort());
+}
+
+}  // namespace
+
+MachineCommands::Places MachineCommands::UserPlaces() {
+  return {.registry = RegistryFile(RegistryPath(std::getenv)),
+          .startList = StartList(UserConfigurationFolder(std::getenv) + "/autostart")};
+}
+
+Value MachineCommands::LeRegWin(std::string_view text) {
+  const Arguments arguments(run_, text, kThreeArguments);
+  const std::string root = arguments.Text(0);
+  const std::string key = arguments.Text(1);
+  const std::string name = arguments.Text(2);
+  return Quote(IsRoot(root) ? places_.registry.Read(root, key, name) : std::string());
+}
+
+Value MachineCommands::SalvaRegWin(std::string_view text) {
+  const Arguments arguments(run_, text, kFiveArguments);
+  const std::string root = arguments.Text(0);
+  const std::string key = arguments.Text(1);
+  const std::string name = arguments.Text(2);
+  const std::string value = arguments.Text(3);
+  if (IsRoot(root)) places_.registry.Write(root, key, name, value);
+  return {};
+}
+
+// The entry starts this process's own program as it was started itself.
+Value MachineCommands::AdicioneSistema(std::string_view text) {
+  const Arguments arguments(run_, text, kTwoArguments);
+  std::error_code ignored;
+  places_.startList.Add(arguments.Number(0).ToText(), OwnCommand(),
+                        std::filesystem::current_path(ignored).string());
+  return {};
+}
+
+Value MachineCommands::RemoveSistema(std::string_view text) {
+  const Arguments arguments(run_, text, kTwoArguments);
+  places_.startList.Remove(arguments.Number(0).ToText());
+  return {};
+}
+
+Value MachineCommands::Chame(std::string_view text) {
+  const Arguments arguments(run_, text, kTwoArguments);
+  const std::string line = arguments.Text(0);
+  const std::string form = arguments.Text(1);
+  std::string answer;
+  const auto failure = Guard([&] { answer = NumberText(std::int32_t{Start(line, form)}); });
+  return failure ? Quote("Erro " + std::to_string(failure->number())) : answer;
+}
+
+// OPEN: no program of this system can set the window of another one. The window's form goes to the new
+// process in the variable TESSERA_JANELA, by its number, for a program that follows it; others open their
+// windows as they please.
+int MachineCommands::Start(const std::string& line, std::string_view form) {
+  ForgetEnded(processes_);
+  std::vector<std::string> words = CommandWords(line);
+  for (std::size_t i = 0; i < words.size(); ++i) words[i] = i == 0 ? ProgramPath(words[i]) : ToUtf8(words[i]);
+  processes_.push_back(StartProgram(words, {"TESSERA_JANELA=" + std::to_string(WindowFormNumber(form))}));
+  return processes_.back();
+}
+
+// A name alone is one of the program's folder, or else the system's to search for.
+std::string MachineCommands::ProgramPath(const std::string& word) const {
+  const bool isPath = CharAt(word, 2) == ':' || std::any_of(word.begin(), word.end(), IsPathSeparator);
+  const std::string path = run_.paths.SystemPath(isPath ? word : run_.ProgramFolderText + word);
+  return isPath || IsFile(path) ? path : ToUtf8(word);
+}
+
+Value MachineCommands::LePorta(std::string_view text) {
+  const Arguments arguments(run_, text, kTwoArguments);
+  const std::uint16_t port = PortOf(arguments);
+  if (const auto value = places_.ports.Read(port)) return std::int32_t{*value};
+  TellForbiddenPort("LePorta", port);
+  return std::int32_t{0};
+}
+
+Value MachineCommands::EnviaPorta(std::string_view text) {
+  const Arguments arguments(run_, text, kTwoArguments);
+  const std::uint16_t port = PortOf(arguments);
+  const auto value = static_cast<std::uint8_t>(arguments.Number(1).ToShort());
+  if (!places_.ports.Write(port, value)) TellForbiddenPort("EnviaPorta", port);
+  return {};
+}
+
+// OPEN: a port that the system keeps to itself is told in a box, and the run goes on; it reads as 0.
+void MachineCommands::TellForbiddenPort(std::string_view command, std::uint16_t port) {
+  ShowCritical(run_, std::string(command)
+                         .append(" - O sistema não permite o acesso à porta "_w)
+                         .append(std::to_string(port))
+                         .append(". Execute o programa como administrador."_w)
+                         .append(kCrLf)
+                         .append(SourcePositionText(run_)));
+}
+
+struct MachineCommands::Word {
+  std::string_view word;
+  Value (MachineCommands::*handler)(std::string_view text);
+};
+
+void MachineCommands::Register(CommandTable& table) {
+  constexpr Word kWords[] = {
+      {"LEREGWIN", &MachineCommands::LeRegWin},
+      {"SALVAREGWIN", &MachineCommands::SalvaRegWin},
+      {"ADICIONESISTEMA", &MachineCommands::AdicioneSistema},
+      {"REMOVESISTEMA", &MachineCommands::RemoveSistema},
+      {"CHAME", &MachineCommands::Chame},
+      {"LEPORTA", &MachineCommands::LePorta},
+      {"ENVIAPORTA", &MachineCommands::EnviaPorta},
+  };
+  for (const Word& word : kWords) {
+    table.Add(word.word, [this, handler = word.handler](std::string_view, std::string_view text) {
+      return (this->*handler)(text);
+    });
+  }
+}
+
+}  // namespace tessera

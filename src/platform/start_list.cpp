@@ -1,0 +1,73 @@
+#include "platform/start_list.h"
+
+#include <unistd.h>
+
+#include <filesystem>
+#include <system_error>
+
+#include "platform/whole_file.h"
+#include "text/code_page.h"
+#include "text/one_based.h"
+
+namespace tessera {
+
+namespace {
+
+// A value of an entry: one line.
+std::string EntryText(std::string_view text) {
+  std::string value;
+  for (const char c : text) {
+    if (c == '\\') {
+      value += "\\\\";
+    } else if (c == '\n' || c == '\r') {
+      value += ' ';
+    } else {
+      value += c;
+    }
+  }
+  return value;
+}
+
+// A word of a command, quoted for the desktop, which reads "%" as a place to fill.
+std::string QuotedWord(std::string_view word) {
+  std::string quoted = "\"";
+  for (const char c : word) {
+    if (c == '"' || c == '`' || c == '$' || c == '\\') quoted += '\\';
+    if (c == '%') quoted += '%';
+    quoted += c;
+  }
+  return quoted + "\"";
+}
+
+}  // namespace
+
+std::string StartList::FileOf(std::string_view name) const {
+  return folder_ + "/" + ToUtf8(Replace(name, '/', '_')) + ".desktop";
+}
+
+bool StartList::Add(std::string_view name, const std::vector<std::string>& command,
+                    const std::string& workingFolder) const {
+  std::string line;
+  for (const std::string& word : command) line += (line.empty() ? "" : " ") + QuotedWord(word);
+  return ReplaceFile(FileOf(name), "[Desktop Entry]\nType=Application\nName=" + EntryText(ToUtf8(name)) +
+                                       "\nExec=" + EntryText(line) + "\nPath=" + EntryText(workingFolder) +
+                                       "\n");
+}
+
+void StartList::Remove(std::string_view name) const {
+  unlink(FileOf(name).c_str());
+}
+
+std::vector<std::string> OwnCommand() {
+  std::error_code ignored;
+  std::vector<std::string> words = {std::filesystem::read_symlink("/proc/self/exe", ignored).string()};
+  const std::string line = ReadWholeFile("/proc/self/cmdline");
+  for (std::size_t at = line.find('\0'); at != std::string::npos && at + 1 < line.size();) {
+    const std::size_t end = line.find('\0', at + 1);
+    words.push_back(line.substr(at + 1, end - at - 1));
+    at = end;
+  }
+  return words;
+}
+
+}  // namespace tessera

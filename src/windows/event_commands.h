@@ -1,0 +1,14 @@
+// The commands by which a program meets events: `Aguarde` lets them through, `Evento`, `TestaTecla` and
+// `TestaMouse` tell what they left behind, `Temporizador` starts and stops the program's timers, and
+// `CaptureJanela` and `DescaptureJanela` let the main window be dragged.
+#pragma once
+
+#include "commands/command_table.h"
+#include "values/run.h"
+#include "windows/window_model.h"
+
+namespace tessera {
+
+void AddEventCommands(CommandTable& table, Run& run, WindowModel& windows);
+
+}  // namespace tessera

@@ -1,0 +1,12 @@
+// `Fontes`: the names of the fonts.
+#pragma once
+
+#include "commands/command_table.h"
+#include "values/run.h"
+#include "windows/display.h"
+
+namespace tessera {
+
+void AddFontCommands(CommandTable& table, Run& run, Display& display);
+
+}  // namespace tessera

@@ -1,0 +1,219 @@
+#include "windows/overlaid_windows.h"
+
+#include <algorithm>
+#include <chrono>
+
+#include "platform/failure.h"
+#include "text/literal.h"
+#include "text/one_based.h"
+
+namespace tessera {
+
+namespace {
+
+// Slots below it can be opened statically.
+constexpr std::size_t kStaticSlots = 5;
+
+// OPEN: the tick comes with the first dispatch of the window, in a script's time too, where a millisecond of
+// its own would never pass.
+constexpr std::chrono::milliseconds kWindowCodeDelay{0};
+
+WindowStyle StyleOf(WindowKind kind) {
+  WindowStyle style;
+  if (kind == WindowKind::Form2) style.Sizable = style.MinButton = style.MaxButton = false;
+  if (kind == WindowKind::Form3) style.ControlBox = false;
+  return style;
+}
+
+WindowKind KindOf(std::string_view word) {
+  if (word == "FIXA") return WindowKind::Form2;
+  if (word == "SEMBOX") return WindowKind::Form3;
+  return WindowKind::Form1;
+}
+
+}  // namespace
+
+OverlaidWindow::OverlaidWindow(Run& run, WindowModel& windows, Display& display, WindowKind kind,
+                               std::string_view name)
+    : ProgramWindow(run, windows) {
+  form_ = display.NewForm(name, *this);
+  form_->SetCaption(name);
+  form_->SetStyle(StyleOf(kind));
+}
+
+// OPEN: the flag stops the loops of the window's own routine. Closing a window whose routine has returned
+// leaves it down, for nothing would clear it again, and the program that goes on would stop with it.
+void OverlaidWindow::Unload() {
+  // Query-close
+  if (codeRuns_ > 0) run_.WindowCodeStopFlag = true;
+  // Unload
+  closing_ = true;
+  Hide();
+  form_->Cls();
+  closing_ = false;
+}
+
+OverlaidWindows::OverlaidWindows(Run& run, Engine& engine, Display& display, WindowModel& windows)
+    : run_(run), engine_(engine), display_(display), windows_(windows) {
+  run_.doors.NovaJanela = [this](std::string_view arguments) { NovaJanela(arguments); };
+}
+
+void OverlaidWindows::NovaJanela(std::string_view arguments) {
+  const Settings settings(run_, arguments);
+  const std::string& first = settings.Raw(0);
+  if (Upper(first) == "DEFINE") return Define(settings);
+  const Position point = Find(first, ".");
+  if (point == 0) return;
+  WindowSlot* slot = windows_.FindSlot(Left(first, point - 1));
+  if (slot == nullptr) return;
+  const Position blank = Find(first, " ", point);
+  const std::size_t length = blank == 0 ? std::string_view::npos : blank - point;
+  DoSuffix(*slot, Upper(Mid(first, point, length)), settings);
+}
+
+void OverlaidWindows::Define(const Settings& settings) {
+  DropRetired();
+  const std::string& name = settings.Raw(1);
+  if (name.empty()) return;
+  const auto slot = std::find_if(windows_.slots.begin() + 1, windows_.slots.end(),
+                                 [](const WindowSlot& s) { return s.name.empty(); });
+  if (slot == windows_.slots.end()) {
+    return ShowCritical(run_, "Não foi possível definir janela: mais de 20 janelas definidas"_w);
+  }
+  slot->name = name;
+  all_.push_back(
+      std::make_unique<OverlaidWindow>(run_, windows_, display_, KindOf(settings.Word(2)), slot->BareName()));
+  slot->owner = all_.back().get();
+  slot->window = &slot->owner->form();
+}
+
+void OverlaidWindows::DoSuffix(WindowSlot& slot, std::string_view suffix, const Settings& settings) {
+  constexpr std::size_t kValue = 2;
+  Form& form = *slot.window;
+  if (suffix == ".TAMANHOPONTO") form.DrawWidth = settings.Number(kValue).ToInteger();
+  if (suffix == ".RESOLUCAO") SetResolution(run_, windows_, display_.Screen(), form, settings, kValue);
+  if (suffix == ".TAMANHO") SetSize(form, display_.Screen(), settings, kValue);
+  if (suffix == ".POSICAO") {
+    // OPEN: the suffix computes its numbers; only the keyword of `Janela` takes them as they are written.
+    SetPosition(form, display_.Screen(), settings, kValue, PositionNumbers::Computed);
+  }
+  if (suffix == ".FUNDO") SetFundo(run_, windows_, form, FundoOf(settings, kValue), StockNames::Unknown);
+  if (suffix == ".BORDA") SetBorder(form, settings.Word(kValue) != "NAO");
+  if (suffix == ".VISIVEL") {
+    if (settings.Word(kValue) == "NAO") {
+      slot.owner->Hide();
+    } else {
+      slot.owner->Show();
+    }
+  }
+  if (suffix == ".USE") Use(slot);
+  if (suffix == ".ATIVA") Activate(slot, settings);
+  if (suffix == ".DESATIVA") Deactivate(slot);
+}
+
+// The window itself goes with a later `Define`, when nothing can hold it any more.
+void OverlaidWindows::Deactivate(WindowSlot& slot) {
+  slot.name.clear();
+  slot.owner->Unload();
+}
+
+void OverlaidWindows::DropRetired() {
+  std::erase_if(all_, [this](const std::unique_ptr<OverlaidWindow>& window) {
+    const Form* form = &window->form();
+    const bool isDefined =
+        std::any_of(windows_.slots.begin(), windows_.slots.end(),
+                    [&](const WindowSlot& slot) { return slot.owner == window.get() && !slot.name.empty(); });
+    const bool isStacked = std::find(WindowStack_.begin(), WindowStack_.end(), form) != WindowStack_.end();
+    return !isDefined && !isStacked && !window->InUse() && windows_.CurrentForm != form &&
+           codeWindow_ != window.get();
+  });
+}
+
+void OverlaidWindows::Use(WindowSlot& slot) {
+  slot.owner->BecomeCurrent(slot.BareName());
+  const auto failure = Guard([&] { ShowModeless(slot); });
+  if (!failure) return;
+  ShowCritical(run_, "O comando 'NovaJanela Use' só pode ser utilizado em janelas dinâmicas!"_w);
+}
+
+// Failure 401 while a modal window is up.
+void OverlaidWindows::ShowModeless(WindowSlot& slot) {
+  if (!windows_.modal.empty()) {
+    throw RunFailure(401, "Uma janela dinâmica não pode ser aberta sobre uma janela estática"_w);
+  }
+  slot.owner->Show();
+}
+
+// OPEN: the mode stands behind a comma or behind an equals sign, as with the other suffixes.
+void OverlaidWindows::Activate(WindowSlot& slot, const Settings& settings) {
+  const std::string mode = settings.Word(settings.Raw(1) == "=" ? 2 : 1);
+  if (mode.empty() || mode == "DINAMICA") ActivateDynamic(slot);
+  if (mode == "ESTATICA") ActivateStatic(slot);
+}
+
+void OverlaidWindows::ActivateDynamic(WindowSlot& slot) {
+  const std::string name = slot.BareName();
+  slot.owner->BecomeCurrent(name);
+  slot.window->SetCaption(name);
+  ShowModeless(slot);
+  WindowCodeName_ = name + "_Codigo";
+  codeWindow_ = slot.owner;
+  RunWindowCode();
+  windows_.slots[0].owner->BecomeCurrent(kMainWindowName);
+}
+
+// KEPT: the limit is on the slot, not on how many windows are open, and the timer is enabled before it is
+// looked at (programs.window_table_takes_twenty_and_static_ones_from_five_slots).
+void OverlaidWindows::ActivateStatic(WindowSlot& slot) {
+  const std::string name = slot.BareName();
+  ProgramWindow& opener = windows_.CurrentOwner();
+  slot.owner->BecomeCurrent(name);
+  WindowCodeName_ = name + "_Codigo";
+  codeWindow_ = slot.owner;
+  EnableTimer();
+  if (static_cast<std::size_t>(&slot - windows_.slots.data()) >= kStaticSlots) {
+    return ShowCritical(run_, "Não pode abrir janela estática, máximo de janelas sobrepostas = 5!"_w);
+  }
+  slot.window->SetCaption(name);
+  slot.owner->ShowModal(&opener == slot.owner ? *windows_.slots[0].owner : opener);
+}
+
+void OverlaidWindows::EnableTimer() {
+  const auto free = std::find_if(TimerJanela_.begin(), TimerJanela_.end(),
+                                 [](const WindowTimer& timer) { return !timer.enabled; });
+  if (free == TimerJanela_.end()) return;
+  free->enabled = true;
+  const auto index = static_cast<std::size_t>(free - TimerJanela_.begin());
+  free->timer = run_.host.events.StartTimer(kWindowCodeDelay, [this, index] { OnWindowCodeTimer(index); });
+}
+
+// The routine runs once: the timer stays enabled while it does, so that a window opened from it takes the
+// next one, but ticks no more.
+void OverlaidWindows::OnWindowCodeTimer(std::size_t index) {
+  TimerJanela_[index].timer.reset();
+  WindowStack_[index] = windows_.CurrentForm;
+  RunWindowCode();
+  if (index == 0 || WindowStack_[index - 1] == nullptr) {
+    windows_.slots[0].owner->BecomeCurrent(kMainWindowName);
+  } else {
+    // KEPT: the name is that of the slot by the timer's number, whatever window stands there
+    // (WindowsTest.BehindANestedRoutineTheNameIsThatOfASlot).
+    windows_.CurrentForm = WindowStack_[index - 1];
+    windows_.CurrentWindowName = Upper(windows_.slots[index - 1].BareName());
+  }
+  WindowStack_[index] = nullptr;
+  TimerJanela_[index].enabled = false;
+}
+
+void OverlaidWindows::RunWindowCode() {
+  run_.WindowCodeStopFlag = false;
+  const ProgramWindow::CodeRun running(*codeWindow_);
+  engine_.CallSub(WindowCodeName_ + "()");
+  run_.WindowCodeStopFlag = false;
+}
+
+void OverlaidWindows::StopTimers() {
+  for (WindowTimer& timer : TimerJanela_) timer = {};
+}
+
+}  // namespace tessera

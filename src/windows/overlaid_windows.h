@@ -1,0 +1,87 @@
+// The windows that a program defines beside the main one: the command `NovaJanela`, which opens them with
+// their code routines, and their closing. A static window is modal and holds the statement that opened it; a
+// dynamic one stays open behind its routine.
+#pragma once
+
+#include <array>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "engine/engine.h"
+#include "platform/host.h"
+#include "values/run.h"
+#include "windows/janela_command.h"
+#include "windows/program_window.h"
+#include "windows/window_model.h"
+#include "windows/window_settings.h"
+
+namespace tessera {
+
+// The kinds of window, by the names of their classes.
+enum class WindowKind {
+  Form1,  // framed
+  Form2,  // of fixed size
+  Form3,  // without control box
+};
+
+class OverlaidWindow final : public ProgramWindow {
+ public:
+  // `name` without quotes.
+  OverlaidWindow(Run& run, WindowModel& windows, Display& display, WindowKind kind, std::string_view name);
+
+  // The caption stores the name for the activation.
+  std::string_view Name() const override { return form_->Caption(); }
+
+  // Query-close and unload. The window can be opened again; what was printed on it is gone.
+  void Unload() override;
+};
+
+class OverlaidWindows {
+ public:
+  // All outlive it.
+  OverlaidWindows(Run& run, Engine& engine, Display& display, WindowModel& windows);
+
+  // `arguments` is the text behind the word `NovaJanela`.
+  void NovaJanela(std::string_view arguments);
+
+  // Ends the timers that start code routines.
+  void StopTimers();
+
+ private:
+  static constexpr std::size_t kTimers = 5;
+
+  struct WindowTimer {
+    bool enabled = false;
+    std::unique_ptr<Timer> timer;  // none once its tick has come
+  };
+
+  void Define(const Settings& settings);
+  void DoSuffix(WindowSlot& slot, std::string_view suffix, const Settings& settings);
+  void Deactivate(WindowSlot& slot);
+  void Use(WindowSlot& slot);
+  void Activate(WindowSlot& slot, const Settings& settings);
+  void ActivateDynamic(WindowSlot& slot);
+  void ActivateStatic(WindowSlot& slot);
+  void ShowModeless(WindowSlot& slot);
+  void EnableTimer();
+  void OnWindowCodeTimer(std::size_t index);
+  void RunWindowCode();
+  void DropRetired();
+
+  Run& run_;
+  Engine& engine_;
+  Display& display_;
+  WindowModel& windows_;
+
+  // The windows that are defined, and those given up that something may still hold.
+  std::vector<std::unique_ptr<OverlaidWindow>> all_;
+  std::array<WindowTimer, kTimers> TimerJanela_;
+  std::array<Form*, kTimers> WindowStack_{};
+  // The routine that the last activation started, and its window.
+  std::string WindowCodeName_;
+  ProgramWindow* codeWindow_ = nullptr;
+};
+
+}  // namespace tessera

@@ -1,0 +1,119 @@
+#include "windows/picture_file.h"
+
+#include <FreeImage.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <system_error>
+
+namespace tessera {
+
+namespace {
+
+constexpr std::uintmax_t kLargestFile = 256U << 20;  // bytes
+// A few damaged bytes may promise a picture of any size: what no screen could show, or what so few bytes
+// can't hold in any of the formats, is refused before its pixels are made room for.
+constexpr std::uint64_t kMostPixels = 100'000'000;
+constexpr std::uint64_t kMostPixelsOfAByte = 8300;
+
+constexpr std::array kFormats = {FIF_BMP, FIF_GIF, FIF_ICO, FIF_JPEG, FIF_PNG};
+
+struct CloseMemory {
+  void operator()(FIMEMORY* memory) const { FreeImage_CloseMemory(memory); }
+};
+struct Unload {
+  void operator()(FIBITMAP* bitmap) const { FreeImage_Unload(bitmap); }
+};
+using Memory = std::unique_ptr<FIMEMORY, CloseMemory>;
+using Bitmap = std::unique_ptr<FIBITMAP, Unload>;
+
+int FlagsOf(FREE_IMAGE_FORMAT format) {
+  if (format == FIF_JPEG) return JPEG_ACCURATE | JPEG_EXIFROTATE;
+  if (format == FIF_ICO) return ICO_MAKEALPHA;
+  return 0;
+}
+
+Bitmap Load(FREE_IMAGE_FORMAT format, FIMEMORY* memory, int flags) {
+  FreeImage_SeekMemory(memory, 0, SEEK_SET);
+  return Bitmap(FreeImage_LoadFromMemory(format, memory, flags));
+}
+
+// The pixels of a GIF's first frame, which stands behind colours and extensions; 0 where there is none.
+std::uint64_t GifPixels(std::string_view bytes) {
+  const auto byteAt = [&](std::size_t at) {
+    return at < bytes.size() ? std::uint64_t{static_cast<unsigned char>(bytes[at])} : 0;
+  };
+  const auto wordAt = [&](std::size_t at) { return byteAt(at) | byteAt(at + 1) << 8; };
+  constexpr std::size_t kHeader = 13;
+  const bool hasColours = (byteAt(10) & 0x80) != 0;
+  std::size_t at = kHeader + (hasColours ? std::size_t{3} << ((byteAt(10) & 7) + 1) : 0);
+  while (byteAt(at) == '!') {
+    at += 2;
+    while (byteAt(at) != 0) at += byteAt(at) + 1;
+    ++at;
+  }
+  return byteAt(at) == ',' ? wordAt(at + 5) * wordAt(at + 7) : 0;
+}
+
+std::uint64_t PixelsOf(FREE_IMAGE_FORMAT format, FIMEMORY* memory, std::string_view bytes) {
+  if (format == FIF_GIF) return GifPixels(bytes);
+  const Bitmap header = Load(format, memory, FIF_LOAD_NOPIXELS);
+  return header ? std::uint64_t{FreeImage_GetWidth(header.get())} * FreeImage_GetHeight(header.get()) : 0;
+}
+
+constexpr Pixel Multiplied(Pixel channel, Pixel opacity) {
+  return (channel * opacity + 127) / 255;
+}
+
+Pixel PixelOf(const BYTE* bytes, bool isTransparent) {
+  const Pixel opacity = isTransparent ? bytes[FI_RGBA_ALPHA] : 255;
+  return opacity << 24 | Multiplied(bytes[FI_RGBA_RED], opacity) << 16 |
+         Multiplied(bytes[FI_RGBA_GREEN], opacity) << 8 | Multiplied(bytes[FI_RGBA_BLUE], opacity);
+}
+
+PictureRef ToPicture(FIBITMAP* source) {
+  const Bitmap bitmap(FreeImage_ConvertTo32Bits(source));
+  if (!bitmap) return nullptr;
+  const Size size{static_cast<int>(FreeImage_GetWidth(bitmap.get())),
+                  static_cast<int>(FreeImage_GetHeight(bitmap.get()))};
+  if (size.width <= 0 || size.height <= 0) return nullptr;
+  const bool isTransparent = FreeImage_IsTransparent(source);
+  Picture picture{.raster = Raster(size)};
+  for (int y = 0; y < size.height; ++y) {
+    // The library keeps its rows from the bottom up.
+    const BYTE* bytes = FreeImage_GetScanLine(bitmap.get(), size.height - 1 - y);
+    Pixel* row = picture.raster.Row(y);
+    for (int x = 0; x < size.width; ++x) row[x] = PixelOf(bytes + 4 * x, isTransparent);
+  }
+  return std::make_shared<const Picture>(std::move(picture));
+}
+
+}  // namespace
+
+PictureRef DecodePicture(std::string_view bytes) {
+  std::string copy(bytes);  // the library takes bytes that it might write to
+  const Memory memory(
+      FreeImage_OpenMemory(reinterpret_cast<BYTE*>(copy.data()), static_cast<DWORD>(copy.size())));
+  const FREE_IMAGE_FORMAT format = FreeImage_GetFileTypeFromMemory(memory.get(), 0);
+  if (std::find(kFormats.begin(), kFormats.end(), format) == kFormats.end()) return nullptr;
+  const std::uint64_t pixels = PixelsOf(format, memory.get(), bytes);
+  if (pixels == 0 || pixels > std::min(kMostPixels, kMostPixelsOfAByte * bytes.size())) return nullptr;
+  const Bitmap bitmap = Load(format, memory.get(), FlagsOf(format));
+  return bitmap ? ToPicture(bitmap.get()) : nullptr;
+}
+
+PictureRef LoadPicture(const std::string& path) {
+  std::error_code error;
+  const std::uintmax_t length = std::filesystem::file_size(path, error);
+  if (error || length == 0 || length > kLargestFile) return nullptr;
+  std::string bytes(static_cast<std::size_t>(length), '\0');
+  std::ifstream file(path, std::ios::binary);
+  if (!file.read(bytes.data(), static_cast<std::streamsize>(length))) return nullptr;
+  return DecodePicture(bytes);
+}
+
+}  // namespace tessera

@@ -1,0 +1,19 @@
+// Pictures in files: BMP, GIF, ICO, JPEG and PNG, known by what is in the file and not by its name. The one
+// place that knows the image library, which needs no display.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "windows/picture.h"
+
+namespace tessera {
+
+// The picture of a file, an animation's first frame, by the system's path. Nothing for a file that can't be
+// read, is damaged or too large, or holds something else.
+PictureRef LoadPicture(const std::string& path);
+
+// The same from the bytes themselves.
+PictureRef DecodePicture(std::string_view bytes);
+
+}  // namespace tessera

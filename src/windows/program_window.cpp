@@ -1,0 +1,94 @@
+#include "windows/program_window.h"
+
+#include "platform/failure.h"
+#include "text/literal.h"
+#include "text/one_based.h"
+
+namespace tessera {
+
+ProgramWindow::~ProgramWindow() {
+  windows_.activation.Remove(*this);
+}
+
+void ProgramWindow::BecomeCurrent(std::string_view name) {
+  windows_.CurrentForm = form_.get();
+  windows_.CurrentWindowName = name;
+}
+
+void ProgramWindow::Show() {
+  windows_.activation.BringToFront(*this);
+  form_->SetVisible(true);
+}
+
+void ProgramWindow::ShowModal(ProgramWindow& opener) {
+  if (form_->Visible())
+    throw RunFailure(400, "A janela já está aberta e não pode ser aberta como estática"_w);
+  if (opener.form_->Visible()) windows_.activation.BringToFront(opener);
+  windows_.activation.BringToFront(*this);
+  windows_.modal.push_back(form_.get());
+  ++modalShowings_;
+  form_->ShowModal(*opener.form_);
+  --modalShowings_;
+}
+
+void ProgramWindow::Hide() {
+  std::erase(windows_.modal, form_.get());
+  const bool wasActive = windows_.activation.Active() == this;
+  windows_.activation.Remove(*this);
+  form_->SetVisible(false);
+  ProgramWindow* below = windows_.activation.Active();
+  if (!wasActive || below == nullptr) return;
+  below->form_->Activate();
+  below->Activated();
+}
+
+// A host may tell of the same activation again, later than the program saw it.
+void ProgramWindow::OnActivate() {
+  if (windows_.activation.Active() == this) return;
+  windows_.activation.BringToFront(*this);
+  Activated();
+}
+
+void ProgramWindow::Activated() {
+  if (run_.RunningFlag) BecomeCurrent(Name());
+}
+
+void ProgramWindow::OnResize() {
+  windows_.events.EventoRedim = "REDIMENSIONOU " + Upper(Name());
+  if (form_->GrdAtivo) form_->Grd.Repaint(*form_);
+}
+
+void ProgramWindow::OnKeyDown(int keyCode, KeyShift shift) {
+  if (keyCode == kKeyPause || keyCode == kKeyF6) run_.doors.UnloadMainWindow();
+  windows_.events.SinkKeyDown(keyCode, shift);
+}
+
+void ProgramWindow::OnKeyUp(int keyCode, KeyShift) {
+  windows_.events.Keys.KeyUpInWindow(keyCode);
+  windows_.events.Keys.KeyUp(keyCode);
+}
+
+bool ProgramWindow::OnKeyPress(char character) {
+  if (character != kKeyEnter || !form_->KeyPreview || closing_) return false;
+  form_->FocusNext();
+  return true;
+}
+
+void ProgramWindow::OnClick() {
+  windows_.events.EventoClique = "CLIQUE";
+  TellVariable("CliqueMouse", std::string("CLIQUE"));
+}
+
+// OPEN: a double click is a pending click of its own word, as `CliqueMouse` tells it.
+void ProgramWindow::OnDoubleClick() {
+  windows_.events.EventoClique = "DUPLOCLIQUE";
+  TellVariable("CliqueMouse", std::string("DUPLOCLIQUE"));
+}
+
+// OPEN: an event whose variable the program has removed changes nothing, and is no failure of the statement
+// that lets events through.
+void ProgramWindow::TellVariable(std::string_view name, const Value& value) {
+  Guard([&] { run_.variables.VarWrite(name, value, true); });
+}
+
+}  // namespace tessera

@@ -1,0 +1,194 @@
+// Drawing and the desktop's dialogs on real widgets.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QColorDialog>
+#include <QElapsedTimer>
+#include <QFileDialog>
+#include <QFontDialog>
+#include <QPainter>
+#include <QTest>
+#include <QTimer>
+#include <QWidget>
+#include <cstdlib>
+#include <functional>
+
+#include "qt/desktop_dialogs.h"
+#include "qt/print_surface.h"
+#include "qt/qt_host.h"
+#include "support/core_program.h"
+#include "support/hosted_program.h"
+#include "support/temp_folder.h"
+#include "windows/picture_commands.h"
+
+namespace tessera::test {
+
+namespace {
+
+class PaintCounter final : public QObject {
+ public:
+  bool eventFilter(QObject*, QEvent* event) override {
+    paintings += event->type() == QEvent::Paint;
+    return false;
+  }
+  int paintings = 0;
+};
+
+QWidget* Shown(const char* name) {
+  for (QWidget* widget : QApplication::topLevelWidgets()) {
+    if (widget->objectName() == QLatin1String(name) && widget->isVisible()) return widget;
+  }
+  return nullptr;
+}
+
+// Does `act` with the dialog of that name as soon as it is shown.
+template <typename Dialog>
+class With {
+ public:
+  With(const char* name, std::function<void(Dialog&)> act) {
+    timer_.callOnTimeout([this, name, act = std::move(act)] {
+      auto* dialog = qobject_cast<Dialog*>(Shown(name));
+      if (dialog == nullptr || done_) return;
+      done_ = true;
+      timer_.stop();
+      act(*dialog);
+    });
+    timer_.start(5);
+  }
+  ~With() { EXPECT_TRUE(done_) << "the dialog was never shown"; }
+
+ private:
+  QTimer timer_;
+  bool done_ = false;
+};
+
+class QtDrawingTest : public testing::Test {
+ protected:
+  void Draw(std::string_view source) {
+    EditorTexts editors;
+    editors[0] = FromSource(source);
+    ASSERT_EQ(program.janela.Start(editors, ""), RunOutcome::Ended);
+  }
+  Form& Window() { return *program.janela.windows().MainWindow; }
+  QImage Picture(const char* name) {
+    const QImage picture = Shown("Janela")->grab().toImage();
+    if (const char* folder = std::getenv("TESSERA_LOOK_AT")) picture.save(QString(folder) + "/" + name);
+    return picture;
+  }
+
+  QtHost host;
+  HostedProgram program{host.host(), host};
+};
+
+constexpr std::string_view kDrawing =
+    "Gradiente 16642787, 16168292\n"
+    "Circulo 7, 60, 6, Amarelo\nRetangulo 20, 10, 28, 40, VermelhoEscuro\nPinte 24, 25, Vermelho\n"
+    "LinhaReta 20, 8, 12, 25, Preto\nLinhaReta 12, 25, 20, 42, Preto\nLinhaReta 20, 8, 20, 42, Preto\n"
+    "Pinte 16, 25, 4740473\nPonto 2, 2, Azul\nCirculo 24, 60, 3, VerdeEscuro\n"
+    "Posicione 2, 4\nEscreva \"Casa\"\n";
+
+}  // namespace
+
+TEST_F(QtDrawingTest, TheScreenShowsThePixelsThatTheProgramReads) {
+  Draw(kDrawing);
+  const QImage picture = Picture("desenho.png");
+  ASSERT_EQ(picture.size(), QSize(640, 420));
+  for (int y = 0; y < 420; ++y) {
+    for (int x = 0; x < 640; ++x) {
+      const Colour read = Window().Point({x, y});
+      const QRgb shown = picture.pixel(x, y);
+      ASSERT_EQ(read, qRed(shown) | qGreen(shown) << 8 | qBlue(shown) << 16) << x << ", " << y;
+    }
+  }
+}
+
+TEST_F(QtDrawingTest, DrawingShowsThoughTheProgramLetsNoEventThroughAndNoOftenerThanTheScreen) {
+  PaintCounter counter;
+  qApp->installEventFilter(&counter);
+  QElapsedTimer time;
+  time.start();
+  Draw(
+      "Var i Inteiro\nEnquanto i < 5000\nLinhaReta 0, 0, 25, i % 80, Azul\nCirculo 9, i % 80, 2, Verde\n"
+      "Ponto 3, i % 80, 0\ni++\nRepita\n");
+  const auto milliseconds = time.elapsed();
+  qApp->removeEventFilter(&counter);
+  EXPECT_GE(counter.paintings, milliseconds > 100 ? 3 : 1);
+  EXPECT_LE(counter.paintings, milliseconds / 16 + 5) << milliseconds << " ms";
+}
+
+TEST_F(QtDrawingTest, ABackgroundLiesBelowDrawingsAndAPaintedFileAboveThem) {
+  Draw("LinhaReta 0, 0, 0, 79, Vermelho\n");
+  SetFundo(program.run, program.janela.windows(), Window(), {"ImgPantano", "", ""}, StockNames::Known);
+  const QImage picture = Picture("pantano.png");
+  EXPECT_EQ(picture.pixel(300, 0), qRgb(255, 0, 0));
+  const QRgb sun = picture.pixel(500, 92);
+  EXPECT_EQ(sun, qRgb(255, 248, 225));
+  EXPECT_EQ(Window().Point({500, 92}), 255 | 248 << 8 | 225 << 16);
+}
+
+TEST(PrintSurface, OnAFineScreenDrawingsKeepTheirPlacesAndTextBesideThemStaysFine) {
+  const double ratios[] = {1.25, 1.5, 2, 3};
+  for (const double ratio : ratios) {
+    Raster raster;
+    PrintSurface surface(raster);
+    surface.Fit(QSize(80, 40), ratio);
+    surface.Draw(BoxSpans({80, 40}, {0, 0}, {79, 39}), 0xFFFFFFFF);
+    surface.Draw(BoxSpans({80, 40}, {8, 4}, {31, 19}), 0xFF0000FF);
+    QImage screen(QSize(static_cast<int>(80 * ratio), static_cast<int>(40 * ratio)), QImage::Format_RGB32);
+    screen.setDevicePixelRatio(ratio);
+    screen.fill(Qt::black);
+    QPainter painter(&screen);
+    surface.PaintOn(painter, QRect(0, 0, 80, 40));
+    painter.end();
+    int blue = 0;
+    int black = 0;
+    for (int y = 0; y < screen.height(); ++y) {
+      for (int x = 0; x < screen.width(); ++x) {
+        blue += screen.pixel(x, y) == qRgb(0, 0, 255);
+        black += screen.pixel(x, y) == qRgb(0, 0, 0);
+      }
+    }
+    EXPECT_EQ(black, 0) << "a gap between neighbours at " << ratio;
+    EXPECT_NEAR(blue, 24 * 16 * ratio * ratio, 60) << ratio;
+  }
+}
+
+TEST_F(QtDrawingTest, TheDialogsAnswerWhatThePersonChoseAndCancelIsNothing) {
+  TempFolder folder;
+  folder.Write("um.txt", "x");
+  {
+    With<QFileDialog> choosing("DialogoArquivo", [&](QFileDialog& dialog) {
+      EXPECT_EQ(dialog.windowTitle(), "Abra já");
+      EXPECT_EQ(dialog.nameFilters(), QStringList{"Textos (*.txt *.csv)"});
+      dialog.selectFile(QString::fromStdString(folder / "um.txt"));
+      QTest::keyClick(dialog.windowHandle(), Qt::Key_Return);
+    });
+    const auto path = ShowFileDialog(
+        {.title = "Abra j\xE1", .description = "Textos", .pattern = "*.txt;*.csv", .proposed = {}}, nullptr);
+    EXPECT_EQ(path, folder / "um.txt");
+  }
+  {
+    With<QColorDialog> choosing("DialogoCor", [](QColorDialog& dialog) {
+      dialog.setCurrentColor(QColor(1, 2, 3));
+      dialog.accept();
+    });
+    EXPECT_EQ(ShowColourDialog("Cor", nullptr), 1 + 2 * 256 + 3 * 65536);
+  }
+  {
+    With<QFontDialog> choosing("DialogoFonte", [](QFontDialog& dialog) {
+      QFont font("DejaVu Sans", 14);
+      font.setBold(true);
+      dialog.setCurrentFont(font);
+      dialog.accept();
+    });
+    const auto font = ShowFontDialog("", nullptr);
+    ASSERT_TRUE(font);
+    EXPECT_EQ(font->size, 14);
+    EXPECT_TRUE(font->bold);
+  }
+  With<QDialog> cancelling("DialogoImpressora",
+                           [](QDialog& dialog) { QTest::keyClick(dialog.windowHandle(), Qt::Key_Escape); });
+  EXPECT_FALSE(ShowPrinterDialog("", nullptr));
+}
+
+}  // namespace tessera::test

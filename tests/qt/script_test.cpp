@@ -1,0 +1,66 @@
+// Programs with their event scripts, played on real windows: what they write is what the console host's run
+// of the same files is held against.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "qt/qt_host.h"
+#include "support/core_program.h"
+#include "support/hosted_program.h"
+#include "support/qt_person.h"
+#include "text/code_page.h"
+#include "values/eval.h"
+
+namespace tessera::test {
+
+namespace {
+
+std::string Content(const std::filesystem::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+class ScriptOnWindows : public testing::TestWithParam<const char*> {};
+
+}  // namespace
+
+TEST_P(ScriptOnWindows, WritesWhatTheConsoleHostWrites) {
+  const std::filesystem::path files =
+      std::filesystem::path(TESSERA_SOURCE_DIR) / "tests" / "programs" / GetParam();
+  const auto file = [&](const char* extension) { return Content(files.string() + extension); };
+
+  QtHost qt;
+  ScriptedDispatch dispatch(qt, file(".in"));
+  RecordedBoxes boxes;
+  const Host host = qt.host();
+  HostedProgram program({boxes, dispatch, host.clock, host.random}, qt);
+  dispatch.person.windows = &program.janela.windows();
+  std::string written;
+  program.commands.Add("ESCREVA", [&](std::string_view, std::string_view arguments) {
+    for (const std::string& part : SplitArguments(program.run, arguments, 101)) {
+      if (part.empty()) break;
+      written += ToUtf8(EvalNumber(program.run, part).ToText());
+    }
+    written += '\n';
+    dispatch.ProcessEvents();
+    return Value();
+  });
+
+  const int status = program.Run(file(".tsc"));
+  EXPECT_EQ(written, file(".out"));
+  EXPECT_EQ(std::to_string(status) + "\n", file(".status").empty() ? "0\n" : file(".status"));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Programs, ScriptOnWindows,
+    testing::Values("closing_a_static_window_stops_its_waiting_routine_alone",
+                    "dynamic_windows_stay_open_behind_their_routine",
+                    "f6_in_a_static_window_ends_the_program", "keys_leave_their_state_and_one_pending_text",
+                    "main_window_is_dragged_by_its_area", "mouse_tells_buttons_clicks_and_places",
+                    "static_window_takes_events_until_it_is_closed",
+                    "waiting_for_a_click_ends_with_the_input", "windows_of_fixed_frame_keep_their_size",
+                    "window_table_takes_twenty_and_static_ones_from_five_slots"));
+
+}  // namespace tessera::test

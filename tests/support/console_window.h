@@ -1,0 +1,37 @@
+// A program on the console host whose window can be looked at.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <string_view>
+
+#include "console/console_host.h"
+#include "platform/failure.h"
+#include "support/core_program.h"
+#include "support/hosted_program.h"
+
+namespace tessera::test {
+
+class ConsoleWindowTest : public testing::Test {
+ protected:
+  Form& Window() { return *program.janela.windows().MainWindow; }
+  WindowModel& Windows() { return program.janela.windows(); }
+  std::string Printed() const { return out.str(); }
+
+  // Runs a program to its end, and leaves the window open.
+  void Draw(std::string_view source) {
+    EditorTexts editors;
+    editors[0] = FromSource(source);
+    ASSERT_EQ(program.janela.Start(editors, ""), RunOutcome::Ended) << err.str();
+  }
+  Colour At(int x, int y) { return Window().Point({x, y}); }
+
+  std::istringstream in;
+  std::ostringstream out;
+  std::ostringstream err;
+  ConsoleHost host{{in, out, err}, {.programTitle = "TESTE"}};
+  HostedProgram program{host.host(), host};
+};
+
+}  // namespace tessera::test

@@ -1,0 +1,171 @@
+#include "support/qt_person.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QTest>
+#include <QThread>
+#include <QWidget>
+#include <QWindow>
+
+#include "qt/form.h"
+
+namespace tessera::test {
+
+namespace {
+
+Qt::MouseButton ToQt(MouseButton button) {
+  return button == MouseButton::Left ? Qt::LeftButton : Qt::RightButton;
+}
+
+Qt::KeyboardModifiers ToQt(KeyShift shift) {
+  return (shift.shift ? Qt::ShiftModifier : Qt::NoModifier) |
+         (shift.ctrl ? Qt::ControlModifier : Qt::NoModifier);
+}
+
+Qt::Key KeyOf(int code) {
+  switch (code) {
+    case 13:
+      return Qt::Key_Return;
+    case 16:
+      return Qt::Key_Shift;
+    case 19:
+      return Qt::Key_Pause;
+    case 37:
+      return Qt::Key_Left;
+    case 117:
+      return Qt::Key_F6;
+    default:
+      return static_cast<Qt::Key>(code);
+  }
+}
+
+// Counts the dispatches on the stack, also where the program's end leaves them.
+class Dispatching {
+ public:
+  explicit Dispatching(int& count) : count_(count) { ++count_; }
+  ~Dispatching() { --count_; }
+  Dispatching(const Dispatching&) = delete;
+  Dispatching& operator=(const Dispatching&) = delete;
+
+ private:
+  int& count_;
+};
+
+}  // namespace
+
+QWidget& QtPerson::InHand() const {
+  return *static_cast<QtForm&>(*windows->WindowInHand()).widget();
+}
+
+QPoint QtPerson::PointerIn(const QWidget&) const {
+  const Grid grid = windows->WindowInHand()->Events().PlacementGrid();
+  return QPointF(pointerColumn_ * grid.TamCol, pointerLine_ * grid.TamLin).toPoint();
+}
+
+bool QtPerson::HostServes() const {
+  if (windows == nullptr || windows->WindowInHand() == nullptr) return false;
+  const auto& form = static_cast<QtForm&>(*windows->WindowInHand());
+  return form.IsServing() || (form.Visible() && QThread::currentThread()->loopLevel() > 0);
+}
+
+void QtPerson::Click() {
+  QTest::mouseClick(InHand().windowHandle(), Qt::LeftButton, {}, PointerIn(InHand()));
+}
+
+void QtPerson::DoubleClick() {
+  QTest::mouseDClick(InHand().windowHandle(), Qt::LeftButton, {}, PointerIn(InHand()));
+}
+
+void QtPerson::PressButton(MouseButton button) {
+  QTest::mousePress(InHand().windowHandle(), ToQt(button), {}, PointerIn(InHand()));
+}
+
+void QtPerson::ReleaseButton(MouseButton button) {
+  QTest::mouseRelease(InHand().windowHandle(), ToQt(button), {}, PointerIn(InHand()));
+}
+
+void QtPerson::MovePointer(double line, double column) {
+  pointerLine_ = line;
+  pointerColumn_ = column;
+  const Grid grid = windows->WindowInHand()->Events().PlacementGrid();
+  const QPoint before = InHand().pos();
+  QTest::mouseMove(InHand().windowHandle(), PointerIn(InHand()));
+  // A window that moves slides along below the pointer.
+  const QPoint moved = InHand().pos() - before;
+  pointerLine_ -= moved.y() / grid.TamLin;
+  pointerColumn_ -= moved.x() / grid.TamCol;
+}
+
+void QtPerson::TypeText(std::string_view text) {
+  for (const char character : text) QTest::keyClick(InHand().windowHandle(), character);
+}
+
+void QtPerson::PressKey(int keyCode, KeyShift shift) {
+  QTest::keyPress(InHand().windowHandle(), KeyOf(keyCode), ToQt(shift));
+}
+
+// The press may have closed the window.
+void QtPerson::ReleaseKey(int keyCode, KeyShift shift) {
+  if (InHand().isVisible()) QTest::keyRelease(InHand().windowHandle(), KeyOf(keyCode), ToQt(shift));
+}
+
+void QtPerson::ResizeWindow(double lines, double columns) {
+  InHand().resize(qRound(PixelsOfTwips(columns * kWindowColumnTwips)),
+                  qRound(PixelsOfTwips(lines * kWindowLineTwips)));
+}
+
+bool QtPerson::CloseWindow(std::string_view name) {
+  Form* form = name.empty() ? windows->WindowInHand() : windows->FindWindow(name);
+  if (form == nullptr) return false;
+  QWidget& widget = *static_cast<QtForm*>(form)->widget();
+  // The window system keeps a person from what lies below a modal window.
+  QWidget* modal = QApplication::activeModalWidget();
+  if (widget.isVisible() && (modal == nullptr || modal == &widget)) widget.close();
+  return true;
+}
+
+void QtPerson::LetTimePass(std::chrono::milliseconds time) {
+  QTest::qWait(static_cast<int>(time.count()));
+}
+
+ScriptedDispatch::ScriptedDispatch(EventDispatch& host, const std::string& script)
+    : host_(host), lines_(script) {
+  idle_.callOnTimeout([this] { PlayIdle(); });
+  idle_.start(5);
+}
+
+void ScriptedDispatch::ProcessEvents() {
+  const Dispatching now(dispatching_);
+  host_.ProcessEvents();
+}
+
+bool ScriptedDispatch::AwaitEvents(std::chrono::milliseconds sleep) {
+  const Dispatching now(dispatching_);
+  const bool played = PlayLine();
+  host_.AwaitEvents(sleep);
+  return played;
+}
+
+bool ScriptedDispatch::AwaitNextEvents() {
+  return AwaitEvents(std::chrono::milliseconds(0));
+}
+
+bool ScriptedDispatch::PlayLine() {
+  std::string line;
+  if (!std::getline(lines_, line)) return false;
+  const std::string fault = DoEventLine(line, person);
+  EXPECT_EQ(fault, "") << line;
+  return true;
+}
+
+void ScriptedDispatch::PlayIdle() {
+  // The second tick of one serving: at the first one a window's own routine may still have to start.
+  if (dispatching_ > 0 || !person.HostServes()) {
+    wasServing_ = false;
+  } else if (std::exchange(wasServing_, true)) {
+    if (!PlayLine()) person.CloseWindow({});
+  }
+}
+
+}  // namespace tessera::test

@@ -1,0 +1,75 @@
+// An event script played on the host with windows: its lines become real pointer, key and window events. The
+// lines are taken as the console host takes them, one for each `Aguarde`, and further ones while a modal
+// window is open or when the program's text has ended.
+#pragma once
+
+#include <QTimer>
+#include <memory>
+#include <sstream>
+#include <string>
+
+#include "console/event_script.h"
+#include "platform/host.h"
+#include "windows/display.h"
+
+class QWidget;
+
+namespace tessera::test {
+
+class QtPerson final : public Person {
+ public:
+  // Found once the program has its windows.
+  const WindowDirectory* windows = nullptr;
+
+  // True while the host delivers events by itself, for a modal window or behind the program's end.
+  bool HostServes() const;
+
+  PersonObject* FindObject(std::string_view) override { return nullptr; }
+  void Click() override;
+  void DoubleClick() override;
+  void PressButton(MouseButton button) override;
+  void ReleaseButton(MouseButton button) override;
+  void MovePointer(double line, double column) override;
+  void TypeText(std::string_view text) override;
+  void PressKey(int keyCode, KeyShift shift) override;
+  void ReleaseKey(int keyCode, KeyShift shift) override;
+  void ResizeWindow(double lines, double columns) override;
+  bool CloseWindow(std::string_view name) override;
+  void LetTimePass(std::chrono::milliseconds time) override;
+
+ private:
+  QWidget& InHand() const;
+  QPoint PointerIn(const QWidget& widget) const;
+
+  double pointerLine_ = 0;
+  double pointerColumn_ = 0;
+};
+
+// The dispatch of the host with windows, which plays the script on its way.
+class ScriptedDispatch final : public EventDispatch {
+ public:
+  ScriptedDispatch(EventDispatch& host, const std::string& script);
+
+  QtPerson person;
+
+  void ProcessEvents() override;
+  bool AwaitEvents(std::chrono::milliseconds sleep) override;
+  bool AwaitNextEvents() override;
+  void Pause(std::chrono::milliseconds time) override { host_.Pause(time); }
+  std::unique_ptr<Timer> StartTimer(std::chrono::milliseconds interval, std::function<void()> tick) override {
+    return host_.StartTimer(interval, std::move(tick));
+  }
+
+ private:
+  bool PlayLine();
+  void PlayIdle();
+
+  EventDispatch& host_;
+  std::istringstream lines_;
+  // Plays while the host serves events by itself.
+  QTimer idle_;
+  int dispatching_ = 0;
+  bool wasServing_ = false;
+};
+
+}  // namespace tessera::test
