@@ -1,0 +1,71 @@
+// `Calendario`: a masked date field, and the month view that its button drops down.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "text/date.h"
+
+namespace tessera {
+
+class Calendario {
+ public:
+  static constexpr std::size_t kWeeks = 6;
+  static constexpr std::size_t kDaysOfWeek = 7;
+  static constexpr std::string_view kMask = "__/__/____";
+
+  // A day of the month view; those of the months beside it fill the first and the last week.
+  struct Day {
+    std::chrono::year_month_day date;
+    bool inMonth = false;
+    bool marked = false;
+  };
+
+  explicit Calendario(DateTime today) { SetValue(today); }
+
+  // A day; a time of day is left out.
+  DateTime Value() const { return value_; }
+  // The field's text: the date, or what has been typed of one, open places being "_".
+  const std::string& TxtData() const { return txtData_; }
+  std::size_t Caret() const { return caret_; }
+  bool ViewIsOpen() const { return viewIsOpen_; }
+
+  void SetValue(DateTime date);
+  void SetEnabled(bool enabled);
+  void PlaceCaret(std::size_t caret);
+
+  // A typed character goes to the next open or taken digit place; anything but a digit is refused. A whole
+  // date of the calendar becomes the value at once. Whether the text changed, told as the change event.
+  bool KeyPress(char character);
+  // In the field: Left, Right, Home, End, Backspace, Delete. In the open view: arrows, Page Up and Page Down
+  // mark another day, Enter picks it, Escape closes. The answer is that of KeyPress.
+  bool KeyDown(int code);
+
+  void ButtonClick();
+  // Picks a day and closes the view; false for a disabled control.
+  bool Pick(DateTime date);
+  // Closes the view; text that is no date gives way to the value.
+  void PerdeuFoco();
+
+  // The month view, from Sunday to Saturday, and its two month buttons.
+  std::array<Day, kWeeks * kDaysOfWeek> View() const;
+  std::chrono::year_month_day Marked() const { return CalendarDay(marked_); }
+  void ShowMonth(int monthsFromHere);
+
+ private:
+  bool FieldKey(int code);
+  bool ViewKey(int code);
+  void MarkDay(std::chrono::days daysFromHere);
+  bool Put(std::size_t place, char character);
+
+  DateTime value_;
+  std::string txtData_;
+  std::size_t caret_ = 0;
+  DateTime marked_;  // the view shows its month
+  bool viewIsOpen_ = false;
+  bool enabled_ = true;
+};
+
+}  // namespace tessera

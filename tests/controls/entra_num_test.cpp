@@ -1,0 +1,104 @@
+#include "controls/entra_num.h"
+
+#include <gtest/gtest.h>
+
+namespace tessera {
+namespace {
+
+std::string Typed(EntraNum& entry, std::string_view keys) {
+  for (const char key : keys) entry.KeyPress(key);
+  return entry.TxtAux().Text();
+}
+
+TEST(EntraNum, ShowsValuesInGroups) {
+  struct {
+    double value;
+    int casas;
+    std::string_view shown;
+  } constexpr kCases[] = {{1234567.5, 2, "1.234.567,50"},
+                          {0, 2, "0,00"},
+                          {0, 0, "0"},
+                          {0.5, 2, "0,50"},
+                          {-1234.567, 2, "-1.234,56"},
+                          {1e6, 0, "1.000.000"},
+                          {100, 3, "100,000"},
+                          {123456789012345, 0, "123.456.789.012.345"}};
+  for (const auto& c : kCases) {
+    EntraNum entry;
+    entry.SetCasas(c.casas);
+    entry.SetValue(c.value);
+    EXPECT_EQ(entry.TxtAux().Text(), c.shown);
+    EXPECT_EQ(entry.Value(), c.value);
+  }
+}
+
+TEST(EntraNum, FormatsWhatWasTyped) {
+  struct {
+    std::string_view text;
+    std::string_view shown;
+  } constexpr kCases[] = {
+      {"", "0,00"},      {"-", "0,00"},           {"  12 ", "12,00"}, {"1.5", "1,50"},
+      {"1,5", "1,50"},   {"1.234,5", "1.234,50"}, {"+7", "+7,00"},    {"1.234.567", "1.234.567,00"},
+      {"0.129", "0,12"}, {"007", "7,00"}};
+  for (const auto& c : kCases) EXPECT_EQ(EntraNum::Formata(c.text, 2), c.shown) << c.text;
+}
+
+TEST(EntraNum, LosesDigitsBeyondItsTemplate) {
+  EXPECT_EQ(EntraNum::Formata("91234567890123456", 0), "234.567.890.123.456");
+  EXPECT_EQ(EntraNum::Formata("1,12345678", 6), "1,123456");
+}
+
+TEST(EntraNum, TheFirstKeyStartsANewEntry) {
+  EntraNum entry;
+  entry.SetValue(1234.5);
+  EXPECT_EQ(Typed(entry, "98,765x-,"), "98,765");
+  EXPECT_EQ(entry.Value(), 98.765);
+  entry.PerdeuFoco();
+  EXPECT_EQ(entry.TxtAux().Text(), "98,76");
+  entry.GanhouFoco();
+  EXPECT_EQ(Typed(entry, "-3"), "-3");
+  EXPECT_EQ(entry.Value(), -3);
+}
+
+TEST(EntraNum, APointStartsTheFraction) {
+  EntraNum entry;
+  EXPECT_EQ(Typed(entry, ".25"), "0.25");
+  EXPECT_EQ(entry.Value(), 0.25);
+  entry.SetCasas(0);
+  entry.SetValue(1234);
+  EXPECT_EQ(Typed(entry, ".5"), "1234.5");
+  EXPECT_EQ(entry.Value(), 1234.5);
+}
+
+TEST(EntraNum, ALoneSignLeavesTheValue0) {
+  EntraNum entry;
+  entry.SetValue(5);
+  EXPECT_EQ(Typed(entry, "-"), "-");
+  EXPECT_EQ(entry.Value(), 0);
+  entry.PerdeuFoco();
+  EXPECT_EQ(entry.TxtAux().Text(), "0,00");
+}
+
+TEST(EntraNum, DeleteIsABackspace) {
+  EntraNum entry;
+  Typed(entry, "123");
+  EXPECT_TRUE(entry.KeyDown(46, false));
+  EXPECT_EQ(entry.TxtAux().Text(), "12");
+  entry.SetValue(1234.5);
+  EXPECT_TRUE(entry.KeyDown(8, false));
+  EXPECT_EQ(entry.TxtAux().Text(), "1234,5");
+  EXPECT_EQ(entry.Value(), 1234.5);
+}
+
+TEST(EntraNum, LockedOrFullItTakesNoKey) {
+  EntraNum entry;
+  entry.SetMaxLength(3);
+  EXPECT_EQ(Typed(entry, "12345"), "123");
+  entry.SetLocked(true);
+  EXPECT_FALSE(entry.KeyPress('9'));
+  EXPECT_FALSE(entry.KeyDown(8, false));
+  EXPECT_EQ(entry.Value(), 123);
+}
+
+}  // namespace
+}  // namespace tessera

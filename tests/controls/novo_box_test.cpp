@@ -1,0 +1,291 @@
+#include "controls/novo_box.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+
+#include "text/one_based.h"
+
+namespace tessera {
+namespace {
+
+constexpr int kCharacter = 100;  // twips of each character
+
+int MeasureText(std::string_view text, const CellAttributes&) {
+  return static_cast<int>(text.size()) * kCharacter;
+}
+
+// A title of 300, four rows of 200, two columns of ten and five text columns; colours 1 on 2, cursor 3 on 4.
+struct NovoBoxTest : testing::Test {
+  NovoBoxTest() : box({3000, 1100}, {300, 200, 250}, MeasureText) {
+    box.Config({1, 2, "Tahoma", 10, false}, 3, 4);
+    box.Titulo("Nome", 10, NovoBox::Align::kLeft, false);
+    box.Titulo("Preço"_w, 5, NovoBox::Align::kRight, true);
+    box.Ativa(false);
+  }
+  void Fill(const std::vector<std::pair<std::string_view, std::string_view>>& rows) {
+    for (const auto& [name, price] : rows) {
+      box.Add(name);
+      box.Add(price);
+      box.BoxNew();
+    }
+    box.AddEnd();
+  }
+  void FillNumbers(int count) {
+    for (int row = 0; row < count; ++row) {
+      box.Add("r" + std::to_string(row));
+      box.BoxNew();
+    }
+    box.AddEnd();
+  }
+  std::string ColumnText(int column) {
+    std::string texts;
+    for (std::int32_t row = 0; row < box.LinVet(); ++row) texts += box.LeVetor(row, column) + " ";
+    return texts;
+  }
+  NovoBox box;
+};
+
+TEST_F(NovoBoxTest, AnEmptyGridReadsAsEmptyText) {
+  EXPECT_EQ(box.TotalLinhas(), 4);
+  EXPECT_EQ(box.ListCount(), 0);
+  EXPECT_EQ(box.LeVetor(0, 0) + box.LeVetor(-1, 9) + box.LeCelula(0, 0) + box.LeCelula(9, 9) + box.List(0),
+            "");
+  EXPECT_FALSE(box.KeyDown(40));
+  EXPECT_FALSE(box.Selected(0));
+  EXPECT_EQ(box.LinBoxRef(), 0);
+}
+
+TEST_F(NovoBoxTest, ACellTooManyLeavesItsRowIntact) {
+  EXPECT_TRUE(box.Add("a"));
+  EXPECT_TRUE(box.Add("1"));
+  EXPECT_FALSE(box.Add("x"));
+  box.BoxNew();
+  EXPECT_TRUE(box.Add("b"));
+  box.BoxNew();
+  EXPECT_EQ(ColumnText(0) + ColumnText(1), "a b 1  ");
+  EXPECT_EQ(box.ListCount(), 2);
+}
+
+TEST_F(NovoBoxTest, TheRowUnderConstructionIsNotReadYet) {
+  box.Add("a");
+  EXPECT_EQ(box.LeVetor(0, 0), "");
+  box.BoxNew();
+  EXPECT_EQ(box.LeVetor(0, 0), "a");
+}
+
+TEST_F(NovoBoxTest, TheFiftyFirstColumnIsRefused) {
+  for (int column = 2; column < 50; ++column) EXPECT_TRUE(box.Titulo("", 1, NovoBox::Align::kLeft, false));
+  EXPECT_FALSE(box.Titulo("", 1, NovoBox::Align::kLeft, false));
+  box.Ativa(false);
+  EXPECT_LE(box.TotalCelulas(), NovoBox::kMaxCells);
+}
+
+TEST_F(NovoBoxTest, ThePoolEndsBeforeAHalfRowAndAt200Cells) {
+  struct {
+    int height;
+    bool fixedHeight;
+    int rows;
+  } constexpr kCases[] = {{1299, false, 4}, {1300, false, 5}, {1374, true, 4}, {99999, false, 100}};
+  for (const auto& c : kCases) {
+    NovoBox tall({3000, c.height}, {300, 200, 250}, MeasureText);
+    tall.Titulo("a", 5, NovoBox::Align::kLeft, false);
+    tall.Titulo("b", 5, NovoBox::Align::kLeft, false);
+    tall.Ativa(c.fixedHeight);
+    EXPECT_EQ(tall.TotalLinhas(), c.rows) << c.height;
+  }
+  NovoBox narrow({1000, 1100}, {300, 200, 250}, MeasureText);
+  narrow.Titulo("a", 20, NovoBox::Align::kLeft, false);
+  narrow.Ativa(false);
+  EXPECT_TRUE(narrow.ShowsHorizontalBar());
+  EXPECT_EQ(narrow.TotalLinhas(), 2);
+}
+
+TEST_F(NovoBoxTest, CutsATextToItsCellWithDots) {
+  Fill({{"Exatos doze", "12345"}, {"Doze letras!", "1234567"}, {"Longo demais para ela", ""}});
+  EXPECT_EQ(box.LeCelula(0, 0), "Exatos doze");
+  EXPECT_EQ(box.LeCelula(1, 0), "Doze letras!");
+  EXPECT_EQ(box.LeCelula(2, 0), "Longo dem...");
+  EXPECT_EQ(box.LeCelula(1, 1), "123...");
+  EXPECT_EQ(box.LeVetor(2, 0), "Longo demais para ela");
+  NovoBox wide({6001, 1100}, {300, 200, 250}, MeasureText);
+  EXPECT_EQ(wide.FitText("0123456789", 1150, {}), "0123456789");
+  EXPECT_EQ(wide.FitText("0123456789", 1149, {}), "012345...");
+}
+
+TEST_F(NovoBoxTest, HalvingCutsWhereOneCharacterAtATimeWould) {
+  std::mt19937 random(7);
+  for (int round = 0; round < 300; ++round) {
+    std::string text(random() % 40, ' ');
+    for (char& c : text) c = random() % 4 == 0 ? ' ' : 'x';
+    const int width = static_cast<int>(random() % 4000);
+    std::string plain = text;
+    for (std::size_t length = text.size(); MeasureText(plain, {}) > width && length-- > 0;) {
+      plain = std::string(Trim(std::string_view(text).substr(0, length))) + "...";
+    }
+    EXPECT_EQ(box.FitText(text, width, {}), plain) << "[" << text << "] " << width;
+  }
+}
+
+TEST_F(NovoBoxTest, KeysMoveTheCursorAndThenThePage) {
+  FillNumbers(10);
+  struct {
+    int code;
+    int firstRow;
+    int cursor;
+  } constexpr kSteps[] = {{40, 0, 1}, {40, 0, 2}, {40, 0, 3}, {40, 1, 3}, {34, 5, 3}, {34, 6, 3}, {40, 6, 3},
+                          {38, 6, 2}, {33, 2, 2}, {33, 0, 2}, {38, 0, 1}, {38, 0, 0}, {38, 0, 0}, {65, 0, 0}};
+  for (const auto& step : kSteps) {
+    EXPECT_TRUE(box.KeyDown(step.code));
+    EXPECT_EQ(box.LinIniVet(), step.firstRow) << step.code;
+    EXPECT_EQ(box.LinBoxRef(), step.cursor) << step.code;
+    EXPECT_EQ(box.ListIndex(), step.firstRow + step.cursor);
+    EXPECT_EQ(box.LeCelula(0, 0), "r" + std::to_string(step.firstRow));
+    EXPECT_EQ(box.Pool()[static_cast<std::size_t>(step.cursor) * 2].attributes.back, 4);
+  }
+}
+
+TEST_F(NovoBoxTest, AListShorterThanAPageMovesItsCursorOnly) {
+  FillNumbers(2);
+  EXPECT_EQ(box.BarraVertical().Max(), 0);
+  for (const int code : {40, 40, 34, 33}) box.KeyDown(code);
+  EXPECT_EQ(box.LinIniVet(), 0);
+  EXPECT_EQ(box.LinVetRef(), 1);
+  EXPECT_EQ(box.LeCelula(2, 0), "");
+}
+
+TEST_F(NovoBoxTest, TheCursorRowAloneHasTheSelectedColours) {
+  FillNumbers(10);
+  EXPECT_TRUE(box.Selected(8));
+  EXPECT_EQ(box.LinVetRef(), 8);
+  EXPECT_TRUE(box.ClickCelula(3));
+  EXPECT_EQ(box.LinVetRef(), box.LinIniVet() + 1);
+  EXPECT_EQ(box.ColBoxRef(), 1);
+  for (int cell = 0; cell < box.TotalCelulas(); ++cell) {
+    EXPECT_EQ(box.Pool()[static_cast<std::size_t>(cell)].attributes.fore, cell / 2 == 1 ? 3 : 1);
+  }
+}
+
+TEST_F(NovoBoxTest, TheBarMovesThePage) {
+  FillNumbers(10);
+  EXPECT_EQ(box.BarraVertical().Max(), 6);
+  box.BarraVertical().SetValue(6);
+  EXPECT_EQ(box.LeCelula(3, 0), "r9");
+  EXPECT_EQ(box.LeVetCel(3).row, 7);
+  box.ClearVet(true);
+  EXPECT_EQ(box.BarraVertical().Max(), 100);
+  EXPECT_EQ(box.LinVet(), 0);
+}
+
+TEST_F(NovoBoxTest, ATitleSortsUpwardsAndThenDownwards) {
+  Fill({{"b", "10"}, {"a", "9,5"}, {"Ç"_w, "1"}, {"b", "2"}, {"B", "x"}});
+  box.ClickTitle(0);
+  EXPECT_EQ(ColumnText(0), "B a b b Ç "_w);
+  EXPECT_EQ(ColumnText(1), "x 9,5 10 2 1 ");
+  EXPECT_EQ(box.List(4), "Ç"_w);
+  box.ClickTitle(0);
+  EXPECT_EQ(ColumnText(0), "Ç b b a B "_w);
+  EXPECT_EQ(ColumnText(1), "1 10 2 9,5 x ");
+  box.ClickTitle(1);
+  EXPECT_EQ(ColumnText(1), "x 1 2 9,5 10 ");
+  EXPECT_FALSE(box.SortDescending());
+  EXPECT_EQ(box.SortArrowLeft(), 1600);
+  EXPECT_EQ(box.LeCelula(0, 1), "x");
+}
+
+TEST_F(NovoBoxTest, NumericColumnsTakeBothMarksForTheDecimalOne) {
+  EXPECT_EQ(SortNumber("1.234,5"), 1.234);
+  EXPECT_EQ(SortNumber("-2,5"), -2.5);
+  EXPECT_EQ(SortNumber("abc"), 0);
+}
+
+TEST_F(NovoBoxTest, SortsTextsAsTheyCompare) {
+  for (const std::string beginning : {"", "Cliente "}) {
+    box.Clear();
+    std::mt19937 random(11);
+    std::vector<std::string> texts;
+    for (int row = 0; row < 500; ++row) {
+      std::string text(random() % 12, 'a');
+      for (char& c : text) c = static_cast<char>("ab\x80\x9F\xE3\0 Z"[random() % 8]);
+      text.insert(0, beginning);
+      texts.push_back(text);
+      box.Add(text);
+      box.BoxNew();
+    }
+    box.ClickTitle(0);
+    std::stable_sort(texts.begin(), texts.end(),
+                     [](const std::string& a, const std::string& b) { return CompareText(a, b) < 0; });
+    for (std::int32_t row = 0; row < 500; ++row) {
+      EXPECT_EQ(box.LeVetor(row, 0), texts[static_cast<std::size_t>(row)]);
+      EXPECT_EQ(box.List(row), box.LeVetor(row, 0));
+    }
+    box.ClickTitle(1);  // so that the next list sorts upwards too
+  }
+}
+
+TEST_F(NovoBoxTest, ARemovedRowLeavesMatrixAndVector) {
+  FillNumbers(6);
+  box.Selected(5);
+  box.RemoveLinha(1);
+  box.RemoveLinha(9);
+  EXPECT_EQ(ColumnText(0), "r0 r2 r3 r4 r5 ");
+  EXPECT_EQ(box.ListCount(), 5);
+  EXPECT_TRUE(box.Selected(4));
+  EXPECT_EQ(box.LeVetor(box.LinVetRef(), 0), "r5");
+  box.Add("new");
+  box.BoxNew();
+  EXPECT_EQ(box.LeVetor(5, 0) + box.LeVetor(5, 1), "new");
+}
+
+TEST_F(NovoBoxTest, CellsKeepTheirAttributesThroughASort) {
+  box.AtivaAtributos(true);
+  box.Add("b", {7, -1, "", 0, true});
+  box.BoxNew();
+  box.Add("a");
+  box.BoxNew();
+  box.AddEnd();
+  box.ClickTitle(0);
+  const CellAttributes second{7, 2, "Tahoma", 10, true};
+  EXPECT_EQ(box.Pool()[2].attributes, second);
+  EXPECT_EQ(box.Pool()[0].attributes.fore, 1);
+  box.LinhaAtributo(0, {9, -1, "", 0, false});
+  EXPECT_EQ(box.Pool()[0].attributes.fore, 9);
+}
+
+TEST_F(NovoBoxTest, EditingReachesTheMatrixWhereItIsAllowed) {
+  int told = 0;
+  box.SofreuAlteracao = [&] { ++told; };
+  Fill({{"a", "1"}});
+  EXPECT_FALSE(box.EditCell(0, 1, "2"));
+  box.SetAlteraCelula(true);
+  EXPECT_TRUE(box.EditCell(0, 1, "2"));
+  EXPECT_FALSE(box.EditCell(1, 1, "2"));
+  EXPECT_EQ(box.LeVetor(0, 1) + box.LeCelula(0, 1), "22");
+  EXPECT_EQ(told, 1);
+}
+
+TEST_F(NovoBoxTest, ManyEditsOfOneCellHoldNoMoreMemory) {
+  Fill({{"a", "1"}});
+  const std::string text(10000, 'x');
+  for (int edit = 0; edit < 1000; ++edit) box.GravaVetor(0, 0, text, {});
+  EXPECT_EQ(box.LeVetor(0, 0), text);
+  EXPECT_LT(box.MatrixBytes(), 2'000'000U);
+}
+
+TEST_F(NovoBoxTest, PointsFindCellsAndTitles) {
+  EXPECT_EQ(box.TitleAt(1250, 10), 1);
+  EXPECT_EQ(box.TitleAt(2500, 10), std::nullopt);
+  EXPECT_EQ(box.CelulaAt(1250, 301), 1);
+  EXPECT_EQ(box.CelulaAt(10, 1099), 6);
+  EXPECT_EQ(box.CelulaAt(10, 1100), std::nullopt);
+  box.TitleHover(1);
+  EXPECT_EQ(box.TitleStateOf(1), NovoBox::TitleState::kLaranja);
+  box.ClickTitle(1);
+  EXPECT_EQ(box.TitleStateOf(1), NovoBox::TitleState::kLaranja2);
+  box.TitleHover(std::nullopt);
+  EXPECT_EQ(box.TitleStateOf(1), NovoBox::TitleState::kAzul);
+}
+
+}  // namespace
+}  // namespace tessera
