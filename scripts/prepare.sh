@@ -3,7 +3,7 @@
 
 packages=(
   g++ cmake ninja-build ccache mold          # build
-  libcli11-dev qt6-base-dev libqt6svg6-dev libfreeimage-dev libgtest-dev libsqlite3-dev  # libraries
+  libcli11-dev qt6-base-dev qt6-svg-dev libfreeimage-dev libgtest-dev libsqlite3-dev  # libraries
   x11-xserver-utils                          # the screen's modes, for "RESVIDEO"
   fonts-dejavu-core fonts-liberation         # faces for "Courier New" and its like
   xvfb xauth sqlite3                         # tests with a real display, and a look at what was exported
