@@ -3,15 +3,16 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <chrono>
-#include <cstdio>
-#include <filesystem>
+#include <cstdlib>
 
 #include "image/codec.h"
 #include "platform/failure.h"
 #include "prepare/prepared_text.h"
 #include "recorddb/header_lock.h"
 #include "recorddb/slots.h"
+#include "text/date.h"
 #include "text/literal.h"
 #include "values/eval.h"
 
@@ -78,15 +79,8 @@ void ReadFieldLine(RecordContext& context, Reading& reading, const std::vector<s
 }
 
 std::string DateAndTime(Clock& clock) {
-  using namespace std::chrono;
-  const auto now = clock.Now();
-  const auto today = floor<days>(now);
-  const year_month_day date(today);
-  const hh_mm_ss time(floor<seconds>(now - today));
-  return ZeroFilled(static_cast<unsigned>(date.day()), 2) + "/" +
-         ZeroFilled(static_cast<unsigned>(date.month()), 2) + "/" +
-         ZeroFilled(static_cast<int>(date.year()), 4) + " " + ZeroFilled(time.hours().count(), 2) + ":" +
-         ZeroFilled(time.minutes().count(), 2) + ":" + ZeroFilled(time.seconds().count(), 2);
+  const auto now = std::chrono::floor<std::chrono::seconds>(clock.Now());
+  return DateText(std::chrono::floor<std::chrono::days>(now)) + " " + TimeText(now);
 }
 
 // Makes the file appear whole: written beside its place and linked there, so that neither another process nor

@@ -54,7 +54,6 @@ void FillDoors(Run& run, CommandTable& commands) {
 int RunProgram(const ProgramStart& start, const Host& host, Display& display) {
   Run run(host);
   TellProgram(run, start);
-  run.functionTable.Fill(LanguageWords());
 
   Engine engine(run);
   Janela janela(run, engine, display);
