@@ -114,7 +114,7 @@ class RtfReader {
   std::map<int, std::string> fonts_;
   int font_ = 0;  // of the table's entry being read
   std::string fontName_;
-  std::optional<int> defaultFont_;
+  int defaultFont_ = 0;
   std::vector<std::optional<std::int32_t>> colors_;
   int red_ = 0;
   int green_ = 0;
@@ -323,7 +323,7 @@ void RtfReader::Put(char character) {
   const Look& look = Now().look;
   if (shownLook_ != look) {
     shownLook_ = look;
-    const auto font = fonts_.find(look.font.value_or(defaultFont_.value_or(0)));
+    const auto font = fonts_.find(look.font.value_or(defaultFont_));
     format_.font = font == fonts_.end() ? base_.font : font->second;
     format_.size = look.halfPoints / 2.0;
     format_.bold = look.bold;
