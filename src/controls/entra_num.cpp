@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <iterator>
 
+#include "controls/character.h"
 #include "controls/key_code.h"
 #include "text/number.h"
 #include "text/one_based.h"
@@ -13,10 +14,6 @@ namespace {
 
 constexpr std::string_view kTemplateInteger = "000.000.000.000.000";
 constexpr std::size_t kTemplateDecimals = 6;
-
-bool IsDigit(char character) {
-  return character >= '0' && character <= '9';
-}
 
 bool IsSign(char character) {
   return character == '-' || character == '+';

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "controls/character.h"
 #include "controls/key_code.h"
 #include "text/one_based.h"
 
@@ -12,7 +13,7 @@ namespace {
 // (SpComboTest.CompletesForPlainLettersAndDigitsAlone).
 bool Completes(char character) {
   return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z') ||
-         (character >= '0' && character <= '9');
+         IsDigit(character);
 }
 
 }  // namespace
@@ -33,8 +34,7 @@ void SpCombo::SetEnabled(bool enabled) {
 }
 
 bool SpCombo::KeyPress(char character) {
-  const auto code = static_cast<unsigned char>(character);
-  if (!enabled_ || code < key::kSpace || code == 127) return false;
+  if (!enabled_ || !IsPrintable(character)) return false;
   if (Completes(character) && Complete(character)) return true;
   return Edited(txtAux_.Type(character));
 }
