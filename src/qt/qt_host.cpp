@@ -202,7 +202,9 @@ QWidget* QtHost::BoxParent() const {
   return shown == windows.end() ? nullptr : *shown;
 }
 
+// Widgets that went inside an event of theirs have waited for an end of it.
 void QtHost::ProcessEvents() {
+  if (!entry_.IsInside()) QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   QCoreApplication::processEvents();
   // Ticks that fell due in that pass were posted behind it.
   QCoreApplication::sendPostedEvents();

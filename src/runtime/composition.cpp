@@ -17,6 +17,7 @@
 #include "commands/validation_commands.h"
 #include "engine/engine.h"
 #include "image/image_reader.h"
+#include "objects/object_commands.h"
 #include "recorddb/record_database.h"
 #include "values/run.h"
 #include "windows/drawing_commands.h"
@@ -61,6 +62,7 @@ int RunProgram(const ProgramStart& start, const Host& host, Display& display) {
   MachineCommands machine(run, MachineCommands::UserPlaces());
   CommandTable commands;
   const RecordDatabase database(run, commands);
+  ObjectFrame objects(run, janela.windows());
   FillDoors(run, commands);
   AddTextCommands(commands, run);
   AddNumberCommands(commands, run);
@@ -76,6 +78,7 @@ int RunProgram(const ProgramStart& start, const Host& host, Display& display) {
   AddDrawingCommands(commands, run, janela.windows());
   AddPictureCommands(commands, run, janela.windows());
   AddFontCommands(commands, run, display);
+  AddObjectCommands(commands, objects);
 
   const ProjectStyle style = ScanProjectStyle(start.program.EditorText);
   return janela.RunProgram(start.program.EditorText, style.ProjectStyleWord);

@@ -8,6 +8,7 @@
 
 #include "commands/command_table.h"
 #include "engine/engine.h"
+#include "objects/object_frame.h"
 #include "platform/host.h"
 #include "values/run.h"
 #include "windows/janela.h"
@@ -25,6 +26,7 @@ class HostedProgram {
   CommandTable commands;
   Engine engine;
   Janela janela;
+  ObjectFrame objects;
 };
 
 }  // namespace tessera::test
