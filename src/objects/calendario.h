@@ -23,13 +23,11 @@ class CalendarioControl final : public EntryControl {
   void Pick(DateTime date);
 
   Line Shown() const override;
-  // The date field has no selection: the caret goes to the second place.
   void PlaceCaret(std::size_t anchor, std::size_t caret) override;
   void PickDate(std::string_view date) override;
   void OnKeyDown(int keyCode, KeyShift shift) override;
   void OnKeyPress(char character) override;
   void DoubleClick() override { Events().OnDoubleClick(*this); }
-  void ReplaceText(std::string_view text) override;
 
  protected:
   void FocusLost() override { calendar_.PerdeuFoco(); }
