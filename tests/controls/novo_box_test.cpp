@@ -95,6 +95,10 @@ TEST_F(NovoBoxTest, ThePoolEndsBeforeAHalfRowAndAt200Cells) {
     tall.Ativa(c.fixedHeight);
     EXPECT_EQ(tall.TotalLinhas(), c.rows) << c.height;
   }
+  box.Resize({3000, 1500}, {300, 100, 250});
+  EXPECT_EQ(box.TotalLinhas(), 4);
+  box.Ativa(false);
+  EXPECT_EQ(box.TotalLinhas(), 12);
   NovoBox narrow({1000, 1100}, {300, 200, 250}, MeasureText);
   narrow.Titulo("a", 20, NovoBox::Align::kLeft, false);
   narrow.Ativa(false);
@@ -227,7 +231,9 @@ TEST_F(NovoBoxTest, SortsTextsAsTheyCompare) {
 TEST_F(NovoBoxTest, ARemovedRowLeavesMatrixAndVector) {
   FillNumbers(6);
   box.Selected(5);
+  EXPECT_EQ(box.BarraVertical().Value(), 2);
   box.RemoveLinha(1);
+  EXPECT_EQ(box.BarraVertical().Value(), 1);
   box.RemoveLinha(9);
   EXPECT_EQ(ColumnText(0), "r0 r2 r3 r4 r5 ");
   EXPECT_EQ(box.ListCount(), 5);
@@ -311,6 +317,7 @@ TEST_F(NovoBoxTest, AnEditedCellLosesItsFocusAndItsColours) {
   box.ClickCelula(3);
   EXPECT_EQ(lost, 1);
   EXPECT_EQ(box.ColBoxRef(), 1);
+  EXPECT_EQ(box.Pool()[2].attributes.back, 4) << "the cursor came to its row again";
   box.SetFocus(false);
   box.SetFocus(false);
   EXPECT_EQ(lost, 2);
@@ -377,7 +384,7 @@ TEST_F(NovoBoxTest, ManyEditsOfOneCellHoldNoMoreMemory) {
   const std::string text(10000, 'x');
   for (int edit = 0; edit < 1000; ++edit) box.GravaVetor(0, 0, text, {});
   EXPECT_EQ(box.LeVetor(0, 0), text);
-  EXPECT_LT(box.MatrixBytes(), 2'000'000U);
+  EXPECT_LT(box.Bytes(), 2'000'000U);
 }
 
 TEST_F(NovoBoxTest, PointsFindCellsAndTitles) {
