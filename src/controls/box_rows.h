@@ -45,6 +45,8 @@ class BoxRows {
 
   // Forgets the columns and stores the defaults and the colours of the cursor row.
   void Config(const CellAttributes& defaults, std::int32_t corLetraSel, std::int32_t corFundoSel);
+  // What cells take that are blank, or added without attributes, from now on.
+  void SetDefaults(const CellAttributes& defaults);
   // False beyond the 50th column. A width outside 0 to kMaxLarg is clipped.
   bool Titulo(std::string_view text, int larg, Align align, bool numeric);
 
@@ -93,6 +95,7 @@ class BoxRows {
   std::size_t MatrixBytes() const { return matrix_.Bytes(); }
 
   ScrollBar& BarraVertical() { return barraVertical_; }
+  const ScrollBar& BarraVertical() const { return barraVertical_; }
 
   bool Enabled() const { return enabled_; }
   void SetEnabled(bool enabled) { enabled_ = enabled; }

@@ -1,6 +1,7 @@
 #include "objects/object_commands.h"
 
 #include "objects/botao.h"
+#include "objects/box.h"
 #include "objects/check.h"
 #include "objects/moldura.h"
 #include "objects/rotulo.h"
@@ -9,6 +10,7 @@ namespace tessera {
 
 void AddObjectCommands(CommandTable& table, ObjectFrame& frame) {
   frame.Add<Botao>(table, "BOTAO").AddStyleCommand(table);
+  frame.Add<BoxFamily>(table, "BOX");
   frame.Add<Rotulo>(table, "ROTULO");
   frame.Add<Check>(table, "CHECK");
   frame.Add<Opcao>(table, "OPCAO");
