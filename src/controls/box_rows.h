@@ -89,6 +89,8 @@ class BoxRows {
   int LinBoxRef() const { return linBoxRef_; }
   std::int32_t LinVetRef() const { return linIniVet_ + linBoxRef_; }
   const std::vector<Column>& Columns() const { return columns_; }
+  // What a cell without attributes of its own has; the titles have its font.
+  const CellAttributes& Defaults() const { return defaults_; }
   int ColumnLeft(int column) const;
   int ColumnWidth(int column) const;
   int TotalWidth() const { return ColumnLeft(TotalColunas()); }
@@ -132,7 +134,6 @@ class BoxRows {
   bool InMatrix(std::int32_t row, std::int32_t column) const;
   bool HasCursor() const { return hasCursor_; }
   bool IsCursor(int visibleRow) const { return hasCursor_ && visibleRow == linBoxRef_; }
-  const CellAttributes& Defaults() const { return defaults_; }
   CellAttributes WithDefaults(CellAttributes attributes) const;
   std::int32_t CorLetraSel() const { return corLetraSel_; }
   std::int32_t CorFundoSel() const { return corFundoSel_; }

@@ -20,7 +20,7 @@ constexpr ControlPlace kBoxSize = {.Width = 400, .Height = 160};
 constexpr double kSmallestWidth = 64;
 constexpr int kBarWidth = NovoBox::kVerticalBarInset / static_cast<int>(kTwipsPerPixel);
 constexpr int kTitlePadding = 6;  // above and below a title together
-constexpr int kCellPadding = 3;   // on each side of a text, and above and below it together
+constexpr int kRowPadding = 3;    // above and below a text in its cell together
 
 constexpr Colour kCellGround = 0xFFFFFF;
 constexpr Colour kCellText = 0;
@@ -65,7 +65,7 @@ int BoxControl::Measure(std::string_view text, const CellAttributes& attributes)
 
 NovoBox::Heights BoxControl::HeightsOf() const {
   const double text = std::ceil(form().MeasureText("X", FaceOf(kOwnFont)).height);
-  return {.title = Twips(text + kTitlePadding), .cell = Twips(text + kCellPadding), .bar = Twips(kBarWidth)};
+  return {.title = Twips(text + kTitlePadding), .cell = Twips(text + kRowPadding), .bar = Twips(kBarWidth)};
 }
 
 // The language side
@@ -100,8 +100,16 @@ void BoxControl::TakeColours() {
 
 // The parts
 
+// Whole rows alone: what a last one would lack is no part of the page.
 int BoxControl::PageHeight() const {
-  return Pixels(Place().Height) - titleHeight_ - (grid_.ShowsHorizontalBar() ? kBarWidth : 0);
+  return Pixels(PixelsOfTwips(grid_.TotalLinhas() * grid_.RowHeight()));
+}
+
+ControlPlace BoxControl::FramePlace() const {
+  const ControlPlace all = {.Width = double(Pixels(Place().Width)), .Height = double(Pixels(Place().Height))};
+  if (!ShowsBars()) return all;
+  const int bar = grid_.ShowsHorizontalBar() ? kBarWidth : 0;
+  return {.Width = all.Width, .Height = double(titleHeight_ + PageHeight() + bar)};
 }
 
 ControlPlace BoxControl::VerticalBarPlace() const {
@@ -114,7 +122,7 @@ ControlPlace BoxControl::VerticalBarPlace() const {
 ControlPlace BoxControl::HorizontalBarPlace() const {
   if (!grid_.ShowsHorizontalBar()) return {};
   return {.Left = 0,
-          .Top = double(Pixels(Place().Height) - kBarWidth),
+          .Top = double(titleHeight_ + PageHeight()),
           .Width = double(Pixels(Place().Width) - kBarWidth),
           .Height = kBarWidth};
 }
@@ -156,7 +164,7 @@ double BoxControl::ColumnLeft(int column) const {
 }
 
 bool BoxControl::IsInside(Point at) const {
-  return Covers({.Width = Place().Width, .Height = Place().Height}, at.x, at.y);
+  return Covers(FramePlace(), at.x, at.y);
 }
 
 std::optional<int> BoxControl::TitleAt(Point at) const {

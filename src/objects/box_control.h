@@ -13,9 +13,13 @@ namespace tessera {
 
 class BoxControl final : public Control {
  public:
+  // Pixels on each side of a cell's text.
+  static constexpr int kCellPadding = 3;
+
   BoxControl(Form& form, ControlEvents& events, int index);
 
   NovoBox& Grid() { return grid_; }
+  const NovoBox& Grid() const { return grid_; }
   // Changes the grid and shows it. What only fills it needs no showing: that is the work of `AddEnd`.
   template <typename Act>
   void Change(Act act) {
@@ -33,6 +37,8 @@ class BoxControl final : public Control {
   // The looks' view of the parts.
   int TitleHeight() const { return titleHeight_; }
   bool ShowsBars() const { return grid_.TotalLinhas() > 0; }
+  // Titles, page and bars; nothing of the control shows outside.
+  ControlPlace FramePlace() const;
   ControlPlace VerticalBarPlace() const;
   ControlPlace HorizontalBarPlace() const;
   // The part of a bar below the pointer.

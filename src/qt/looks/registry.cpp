@@ -3,10 +3,12 @@
 #include <typeinfo>
 
 #include "objects/botao.h"
+#include "objects/box_control.h"
 #include "objects/check.h"
 #include "objects/moldura.h"
 #include "objects/rotulo.h"
 #include "qt/looks/botao_look.h"
+#include "qt/looks/box_look.h"
 #include "qt/looks/check_look.h"
 #include "qt/looks/look.h"
 #include "qt/looks/moldura_look.h"
@@ -27,8 +29,8 @@ std::pair<const std::type_index, Maker> Row() {
 
 const std::map<std::type_index, Maker>& Makers() {
   static const std::map<std::type_index, Maker> makers = {
-      Row<BotaoControl, BotaoLook>(), Row<CheckControl, CheckLook>(),   Row<MolduraControl, MolduraLook>(),
-      Row<OpcaoControl, OpcaoLook>(), Row<RotuloControl, RotuloLook>(),
+      Row<BotaoControl, BotaoLook>(),     Row<BoxControl, BoxLook>(),     Row<CheckControl, CheckLook>(),
+      Row<MolduraControl, MolduraLook>(), Row<OpcaoControl, OpcaoLook>(), Row<RotuloControl, RotuloLook>(),
   };
   return makers;
 }
