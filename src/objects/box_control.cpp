@@ -6,7 +6,6 @@
 #include <utility>
 
 #include "controls/key_code.h"
-#include "objects/bar_layout.h"
 #include "objects/list_events.h"
 #include "text/number.h"
 #include "text/one_based.h"
@@ -39,6 +38,14 @@ int Pixels(double length) {
 
 int Twips(double pixels) {
   return Pixels(TwipsOfPixels(pixels));
+}
+
+// The arrows are squares and the thumb is half as long again; in a short bar all three share the length.
+void LayOutBar(ScrollBar& bar, double barLength) {
+  const int length = Pixels(barLength);
+  const int arrow = std::clamp(kBarWidth, 0, std::max(length / 3, 0));
+  const int thumb = std::clamp(kBarWidth * 3 / 2, 0, std::max((length - 2 * arrow) / 2, 0));
+  bar.IniciaBarra(length, arrow, thumb);
 }
 
 bool Covers(const ControlPlace& place, double x, double y) {
@@ -128,8 +135,8 @@ ControlPlace BoxControl::HorizontalBarPlace() const {
 }
 
 void BoxControl::LayOutBars() {
-  LayOutBar(grid_.BarraVertical(), Pixels(VerticalBarPlace().Height), kBarWidth);
-  LayOutBar(grid_.BarraHorizontal(), Pixels(HorizontalBarPlace().Width), kBarWidth);
+  LayOutBar(grid_.BarraVertical(), VerticalBarPlace().Height);
+  LayOutBar(grid_.BarraHorizontal(), HorizontalBarPlace().Width);
 }
 
 void BoxControl::Resized() {

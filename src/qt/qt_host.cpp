@@ -2,11 +2,13 @@
 
 #include <QApplication>
 #include <QCursor>
+#include <QDesktopServices>
 #include <QDialog>
 #include <QEventLoop>
 #include <QFontDatabase>
 #include <QScreen>
 #include <QTimer>
+#include <QUrl>
 #include <algorithm>
 #include <array>
 #include <cstdio>
@@ -133,6 +135,10 @@ ScreenPoint QtHost::PointerPlace() {
 
 std::string QtHost::SetVideoMode(const VideoMode& mode) {
   return SetScreenMode(mode);
+}
+
+void QtHost::OpenAddress(std::string_view address) {
+  QDesktopServices::openUrl(QUrl::fromUserInput(ToQString(address)));
 }
 
 ScreenSize QtHost::Screen() {

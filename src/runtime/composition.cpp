@@ -78,7 +78,7 @@ int RunProgram(const ProgramStart& start, const Host& host, Display& display) {
   AddDrawingCommands(commands, run, janela.windows());
   AddPictureCommands(commands, run, janela.windows());
   AddFontCommands(commands, run, display);
-  AddObjectCommands(commands, objects);
+  AddObjectCommands(commands, objects, display);
 
   const ProjectStyle style = ScanProjectStyle(start.program.EditorText);
   return janela.RunProgram(start.program.EditorText, style.ProjectStyleWord);

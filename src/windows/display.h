@@ -295,6 +295,9 @@ class Display {
   // Changes the screen's mode. Empty, or the reason why it can't, in the user's language.
   virtual std::string SetVideoMode(const VideoMode& mode) = 0;
 
+  // Opens an address of the net, or a file, with the desktop's program for it. Where there is none, nothing.
+  virtual void OpenAddress(std::string_view /*address*/) {}
+
   virtual ScreenSize Screen() = 0;
   virtual std::vector<std::string> FontNames() = 0;
 

@@ -29,7 +29,7 @@ HostedProgram::HostedProgram(const Host& host, Display& display)
   AddFontCommands(commands, run, display);
   AddDialogCommands(commands, run);
   AddSystemCommands(commands, run);
-  AddObjectCommands(commands, objects);
+  AddObjectCommands(commands, objects, display);
 }
 
 int HostedProgram::Run(std::string_view editor0, std::string_view routines,
