@@ -98,6 +98,7 @@ void BoxControl::Ativa() {
   Refresh();
 }
 
+// OPEN: where the grid has no cell nothing of it shows, so its colours are those of the cells.
 void BoxControl::TakeColours() {
   CellAttributes defaults = kOwnFont;
   defaults.fore = ForeColor();
@@ -107,7 +108,7 @@ void BoxControl::TakeColours() {
 
 // The parts
 
-// Whole rows alone: what a last one would lack is no part of the page.
+// OPEN: whole rows alone; what remains of the height below them is no part of the page.
 int BoxControl::PageHeight() const {
   return Pixels(PixelsOfTwips(grid_.TotalLinhas() * grid_.RowHeight()));
 }
@@ -322,6 +323,7 @@ void BoxControl::ClickRow(int row) {
 }
 
 // Types over what the cell holds.
+// OPEN: the cursor goes along, but typing is no click.
 void BoxControl::EditCell(int row, int column, std::string_view text) {
   if (!grid_.AlteraCelula() || row >= grid_.LinVet() || column >= grid_.TotalColunas() || !ShowsBars())
     return;

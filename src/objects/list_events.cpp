@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "objects/object_frame.h"
 #include "platform/failure.h"
 #include "text/one_based.h"
 
@@ -33,6 +34,10 @@ void ListEvents::Click(const Control& list, const BoxRows& rows) {
 
 void ListEvents::DoubleClick(const Control& list) {
   TellPending(list, "DUPLOCLIQUEBOX");
+}
+
+void ListEvents::Focus(std::string_view variable, const Control& list) {
+  Guard([&] { frame_.run().variables.VarWrite(variable, list.Name(), true); });
 }
 
 void ListEvents::TellPending(const Control& list, std::string_view event) {

@@ -2,12 +2,15 @@
 // program.
 #pragma once
 
+#include <string_view>
+
 #include "controls/box_rows.h"
 #include "controls/key_code.h"
-#include "objects/object_frame.h"
 #include "windows/control.h"
 
 namespace tessera {
+
+class ObjectFrame;
 
 class ListEvents {
  public:
@@ -16,6 +19,8 @@ class ListEvents {
   // `IndiceRef`, the cells of the cursor row in `name.Txt(n)`, `ValorObjeto`, and the pending text.
   void Click(const Control& list, const BoxRows& rows);
   void DoubleClick(const Control& list);
+  // One of the two variables of the focus takes the list's name.
+  void Focus(std::string_view variable, const Control& list);
 
  private:
   void TellPending(const Control& list, std::string_view event);

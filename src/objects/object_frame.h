@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "commands/command_table.h"
+#include "objects/grd_lst_a.h"
 #include "objects/object_family.h"
 #include "values/run.h"
 #include "windows/window_model.h"
@@ -40,6 +41,7 @@ class ObjectFrame final : public WindowObjects {
   void SetPictures(ObjectFamily& family) { pictures_ = &family; }
 
   void Reset() override;
+  void LoadStanding(Form& form) override { grdLstA_.LoadOn(form); }
   void ClearWindow(std::string_view caption) override;
   void ClearMainWindow() override;
   PersonObject* Find(std::string_view name, const ProgramWindow& window) override;
@@ -50,6 +52,7 @@ class ObjectFrame final : public WindowObjects {
 
   Run& run_;
   WindowModel& windows_;
+  GrdLstA grdLstA_{*this};
   std::vector<std::unique_ptr<ObjectFamily>> families_;
   ObjectFamily* pictures_ = nullptr;
   std::int16_t NextTabIndex_ = 0;
