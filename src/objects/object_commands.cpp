@@ -2,6 +2,7 @@
 
 #include "objects/barra_rolagem.h"
 #include "objects/botao.h"
+#include "objects/box.h"
 #include "objects/calendario.h"
 #include "objects/check.h"
 #include "objects/combo.h"
@@ -17,6 +18,7 @@ namespace tessera {
 ObjectCommands::ObjectCommands(CommandTable& table, Run& run, WindowModel& windows, Display& display)
     : frame_(run, windows), menus_(frame_) {
   frame_.Add<Botao>(table, "BOTAO").AddStyleCommand(table);
+  frame_.Add<BoxFamily>(table, "BOX");
   frame_.Add<Rotulo>(table, "ROTULO");
   frame_.Add<Check>(table, "CHECK");
   frame_.Add<Opcao>(table, "OPCAO");

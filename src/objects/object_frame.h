@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "commands/command_table.h"
+#include "objects/grd_lst_a.h"
 #include "objects/object_family.h"
 #include "values/run.h"
 #include "windows/window_model.h"
@@ -46,6 +47,7 @@ class ObjectFrame final : public WindowObjects {
   void SetPictures(ObjectFamily& family) { pictures_ = &family; }
 
   void Reset() override;
+  void LoadStanding(Form& form) override { grdLstA_.LoadOn(form); }
   void ClearWindow(std::string_view caption) override;
   void ClearMainWindow() override;
   PersonObject* Find(std::string_view name, const ProgramWindow& window) override;
@@ -56,6 +58,7 @@ class ObjectFrame final : public WindowObjects {
 
   Run& run_;
   WindowModel& windows_;
+  GrdLstA grdLstA_{*this};
   std::vector<std::unique_ptr<ObjectFamily>> families_;
   std::vector<Finder> finders_;
   ObjectFamily* pictures_ = nullptr;

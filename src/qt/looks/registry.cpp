@@ -4,6 +4,7 @@
 
 #include "qt/looks/barra_look.h"
 #include "qt/looks/botao_look.h"
+#include "qt/looks/box_look.h"
 #include "qt/looks/calendario_look.h"
 #include "qt/looks/check_look.h"
 #include "qt/looks/combo_look.h"
@@ -31,19 +32,13 @@ std::pair<const std::type_index, Maker> Row() {
 
 const std::map<std::type_index, Maker>& Makers() {
   static const std::map<std::type_index, Maker> makers = {
-      Row<BarraControl, BarraLook>(),
-      Row<BotaoControl, BotaoLook>(),
-      Row<CalendarioControl, CalendarioLook>(),
-      Row<CheckControl, CheckLook>(),
-      Row<ComboControl, ComboLook>(),
-      Row<GuiaControl, GuiaLook>(),
-      Row<LinkControl, LinkLook>(),
-      Row<MascaraControl, MascaraLook>(),
-      Row<MoedaControl, MoedaLook>(),
-      Row<MolduraControl, MolduraLook>(),
-      Row<OpcaoControl, OpcaoLook>(),
-      Row<RotuloControl, RotuloLook>(),
-      Row<TextoControl, TextoLook>(),
+      Row<BarraControl, BarraLook>(),     Row<BotaoControl, BotaoLook>(),
+      Row<BoxControl, BoxLook>(),         Row<CalendarioControl, CalendarioLook>(),
+      Row<CheckControl, CheckLook>(),     Row<ComboControl, ComboLook>(),
+      Row<GuiaControl, GuiaLook>(),       Row<LinkControl, LinkLook>(),
+      Row<MascaraControl, MascaraLook>(), Row<MoedaControl, MoedaLook>(),
+      Row<MolduraControl, MolduraLook>(), Row<OpcaoControl, OpcaoLook>(),
+      Row<RotuloControl, RotuloLook>(),   Row<TextoControl, TextoLook>(),
   };
   return makers;
 }
