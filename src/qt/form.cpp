@@ -120,10 +120,6 @@ void QtForm::Print(std::string_view text) {
   widget_->Print(QPointF(CurrentX, CurrentY), ToQLines(text), ToQFont(Font), ToQColor(ForeColor));
 }
 
-PictureRef QtForm::WithPixels(PictureRef picture) {
-  return PaintedVector(std::move(picture));
-}
-
 void QtForm::ShowGround() {
   widget_->TakeGround();
 }

@@ -43,7 +43,6 @@ class QtForm final : public Form {
   void ShapeMe(Colour colour) override;
 
  protected:
-  PictureRef WithPixels(PictureRef picture) override;
   void ShowGround() override;
   void ShowMouseIcon() override;
   void ShowIcon() override;

@@ -19,6 +19,7 @@
 #include "qt/form.h"
 #include "qt/screen_mode.h"
 #include "qt/text.h"
+#include "qt/wallpaper.h"
 
 namespace tessera {
 
@@ -133,6 +134,10 @@ ScreenPoint QtHost::PointerPlace() {
 
 std::string QtHost::SetVideoMode(const VideoMode& mode) {
   return SetScreenMode(mode);
+}
+
+bool QtHost::SetWallpaper(const std::string& bitmap) {
+  return SetDesktopWallpaper(bitmap);
 }
 
 ScreenSize QtHost::Screen() {

@@ -32,6 +32,7 @@ class QtHost final : public Display, public Dialogs, public EventDispatch {
   void ShowPointer(bool visible) override;
   ScreenPoint PointerPlace() override;
   std::string SetVideoMode(const VideoMode& mode) override;
+  bool SetWallpaper(const std::string& bitmap) override;
   ScreenSize Screen() override;
   std::vector<std::string> FontNames() override;
   void TellAbandonedRun(std::string_view position, std::string_view description) override;

@@ -24,6 +24,7 @@
 #include "windows/font_commands.h"
 #include "windows/janela.h"
 #include "windows/picture_commands.h"
+#include "windows/wallpaper_command.h"
 #include "windows/window_commands.h"
 
 namespace tessera {
@@ -59,6 +60,7 @@ int RunProgram(const ProgramStart& start, const Host& host, Display& display) {
   Janela janela(run, engine, display);
   FileCommands files(run);
   MachineCommands machine(run, MachineCommands::UserPlaces());
+  WallpaperCommand wallpaper(run, display);
   CommandTable commands;
   const RecordDatabase database(run, commands);
   FillDoors(run, commands);
@@ -76,6 +78,7 @@ int RunProgram(const ProgramStart& start, const Host& host, Display& display) {
   AddDrawingCommands(commands, run, janela.windows());
   AddPictureCommands(commands, run, janela.windows());
   AddFontCommands(commands, run, display);
+  wallpaper.Register(commands);
 
   const ProjectStyle style = ScanProjectStyle(start.program.EditorText);
   return janela.RunProgram(start.program.EditorText, style.ProjectStyleWord);

@@ -255,6 +255,9 @@ class Display {
   // Changes the screen's mode. Empty, or the reason why it can't, in the user's language.
   virtual std::string SetVideoMode(const VideoMode& mode) = 0;
 
+  // Puts a bitmap file, by the system's path, on the desktop. False where the desktop doesn't take it.
+  virtual bool SetWallpaper(const std::string& bitmap) = 0;
+
   virtual ScreenSize Screen() = 0;
   virtual std::vector<std::string> FontNames() = 0;
 

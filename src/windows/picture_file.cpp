@@ -10,6 +10,8 @@
 #include <memory>
 #include <system_error>
 
+#include "platform/whole_file.h"
+
 namespace tessera {
 
 namespace {
@@ -114,6 +116,30 @@ PictureRef LoadPicture(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   if (!file.read(bytes.data(), static_cast<std::streamsize>(length))) return nullptr;
   return DecodePicture(bytes);
+}
+
+// OPEN: a bitmap has no transparency; white stands for it.
+bool SaveBitmap(const Picture& picture, const std::string& path) {
+  constexpr Pixel kWhite = 0xFFFFFFFF;
+  constexpr int kDepth = 24;
+  const Size size = picture.size();
+  const Bitmap bitmap(FreeImage_Allocate(size.width, size.height, kDepth));
+  const Memory memory(FreeImage_OpenMemory());
+  if (!bitmap || !memory) return false;
+  for (int y = 0; y < size.height; ++y) {
+    BYTE* bytes = FreeImage_GetScanLine(bitmap.get(), size.height - 1 - y);
+    for (int x = 0; x < size.width; ++x, bytes += kDepth / 8) {
+      const Pixel pixel = Blend(picture.raster.At(x, y), kWhite);
+      bytes[FI_RGBA_RED] = static_cast<BYTE>(pixel >> 16);
+      bytes[FI_RGBA_GREEN] = static_cast<BYTE>(pixel >> 8);
+      bytes[FI_RGBA_BLUE] = static_cast<BYTE>(pixel);
+    }
+  }
+  BYTE* saved = nullptr;
+  DWORD length = 0;
+  return FreeImage_SaveToMemory(FIF_BMP, bitmap.get(), memory.get()) &&
+         FreeImage_AcquireMemory(memory.get(), &saved, &length) &&
+         ReplaceFile(path, {reinterpret_cast<const char*>(saved), length});
 }
 
 }  // namespace tessera

@@ -16,4 +16,8 @@ PictureRef LoadPicture(const std::string& path);
 // The same from the bytes themselves.
 PictureRef DecodePicture(std::string_view bytes);
 
+// Puts the picture into a file as a bitmap of 24 bits, what is transparent in white. False where the disk
+// refuses.
+bool SaveBitmap(const Picture& picture, const std::string& path);
+
 }  // namespace tessera

@@ -55,7 +55,8 @@ TEST_P(ScriptOnWindows, WritesWhatTheConsoleHostWrites) {
 
 INSTANTIATE_TEST_SUITE_P(
     Programs, ScriptOnWindows,
-    testing::Values("closing_a_static_window_stops_its_waiting_routine_alone",
+    testing::Values("a_stock_background_reads_its_pixels",
+                    "closing_a_static_window_stops_its_waiting_routine_alone",
                     "dynamic_windows_stay_open_behind_their_routine",
                     "f6_in_a_static_window_ends_the_program", "keys_leave_their_state_and_one_pending_text",
                     "main_window_is_dragged_by_its_area", "mouse_tells_buttons_clicks_and_places",

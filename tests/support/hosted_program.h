@@ -11,6 +11,7 @@
 #include "platform/host.h"
 #include "values/run.h"
 #include "windows/janela.h"
+#include "windows/wallpaper_command.h"
 
 namespace tessera::test {
 
@@ -25,6 +26,7 @@ class HostedProgram {
   CommandTable commands;
   Engine engine;
   Janela janela;
+  WallpaperCommand wallpaper;
 };
 
 }  // namespace tessera::test

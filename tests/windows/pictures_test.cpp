@@ -93,6 +93,14 @@ TEST(StockPictures, ANameIsFoundWhereverItStandsBeforeItsNumber) {
   EXPECT_EQ(StockNumber(StockKind::Background, "FigOK"), kNoStockNumber);
 }
 
+TEST(StockPictures, HaveTheirPixelsWithoutADisplay) {
+  const PictureRef figure = StockPicture(StockKind::Figure, StockNumber(StockKind::Figure, "FigOK"));
+  EXPECT_EQ(figure->raster.At(16, 5), 0xFF43A047U);
+  EXPECT_EQ(figure->raster.At(0, 0), 0U);
+  const PictureRef swamp = StockPicture(StockKind::Background, 0);
+  EXPECT_EQ(swamp->raster.At(500, 92), 0xFFFFF8E1U) << "the sun";
+}
+
 class BackgroundTest : public ConsoleWindowTest {
  protected:
   BackgroundTest() {
