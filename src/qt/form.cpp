@@ -18,6 +18,7 @@
 #include <QWidget>
 #include <QWindow>
 #include <algorithm>
+#include <array>
 #include <optional>
 #include <utility>
 
@@ -46,6 +47,11 @@ std::optional<MouseButton> ButtonOf(const QMouseEvent& event) {
 KeyShift ShiftOf(const QKeyEvent& event) {
   return {.shift = event.modifiers().testFlag(Qt::ShiftModifier),
           .ctrl = event.modifiers().testFlag(Qt::ControlModifier)};
+}
+
+WindowState StateOf(const QWidget& widget) {
+  if (widget.isMinimized()) return WindowState::Minimised;
+  return widget.isMaximized() ? WindowState::Maximised : WindowState::Normal;
 }
 
 }  // namespace
@@ -170,10 +176,13 @@ void QtForm::FitSizable() {
 }
 
 void QtForm::ShowVisible() {
+  const bool takesFocus = !Visible() || !std::exchange(ShowWithoutFocus, false);
+  widget_->setAttribute(Qt::WA_ShowWithoutActivating, !takesFocus);
   widget_->setVisible(Visible());
-  if (!Visible()) return;
+  // Bringing it to the front would take a minimised window out of its place.
+  if (!Visible() || State() == WindowState::Minimised) return;
   widget_->raise();
-  Activate();
+  if (takesFocus) Activate();
   WaitForFirstPainting();
 }
 
@@ -211,7 +220,8 @@ void QtForm::WaitForFirstPainting() {
 }
 
 void QtForm::ShowState() {
-  widget_->setWindowState(State() == WindowState::Maximised ? Qt::WindowMaximized : Qt::WindowNoState);
+  constexpr std::array kStates = {Qt::WindowNoState, Qt::WindowMinimized, Qt::WindowMaximized};
+  widget_->setWindowState(kStates[static_cast<std::size_t>(State())]);
 }
 
 void QtForm::ShowStyle() {
@@ -351,7 +361,7 @@ void FormWidget::moveEvent(QMoveEvent*) {
 void FormWidget::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
   if (event->type() == QEvent::WindowStateChange) {
-    form_.TakeState(isMaximized() ? WindowState::Maximised : WindowState::Normal);
+    form_.TakeState(StateOf(*this));
   }
   if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
     form_.TakeFront();

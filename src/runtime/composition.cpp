@@ -38,6 +38,7 @@ void TellProgram(Run& run, const ProgramStart& start) {
   run.ProgramFolderText = FolderText(start.folder) + "\\";
   run.RuntimeFolderText = run.ProgramFolderText;
   run.CommandLineText = start.commandLine;
+  run.startForm = TakeStartForm();
   run.paths =
       PathMapping(start.folder.string(), SystemDataFolder(std::getenv("XDG_DATA_HOME"), std::getenv("HOME")));
 }

@@ -40,7 +40,7 @@ struct Placement {
   double Height = 0;
 };
 
-enum class WindowState { Normal = 0, Maximised = 2 };
+enum class WindowState { Normal = 0, Minimised = 1, Maximised = 2 };
 
 // The frame of a window and how a person may handle it.
 struct WindowStyle {
@@ -143,6 +143,9 @@ class Form : public Surface {
     SetVisible(true);
     ServeModal();
   }
+
+  // Where set, the next showing leaves the focus with the window that has it.
+  bool ShowWithoutFocus = false;
 
   // Brings a shown window to the front.
   virtual void Activate() {}

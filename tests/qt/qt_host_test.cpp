@@ -313,6 +313,35 @@ TEST_F(QtHostTest, TheFrameFollowsTheStyle) {
   Run("Enquanto 1 = 1\nAguarde 10\nRepita\n");
 }
 
+TEST_F(QtHostTest, TheFirstShowingHasTheFormThatItsStarterAskedFor) {
+  struct Row {
+    StartForm form;
+    bool isShown;
+    Qt::WindowStates state;
+    bool takesFocus;
+  };
+  for (const Row& row : {Row{StartForm::Hidden, false, Qt::WindowNoState, false},
+                         Row{StartForm::Normal, true, Qt::WindowNoState, true},
+                         Row{StartForm::Minimised, true, Qt::WindowMinimized, false},
+                         Row{StartForm::Maximised, true, Qt::WindowMaximized, true},
+                         Row{StartForm::NormalWithoutFocus, true, Qt::WindowNoState, false}}) {
+    QtHost anotherHost;
+    HostedProgram another(anotherHost.host(), anotherHost);
+    another.run.startForm = row.form;
+    ASSERT_EQ(another.janela.Start({}, ""), RunOutcome::Ended);
+    QTest::qWait(20);
+    const QWidget* janela = WidgetNamed("Janela");
+    ASSERT_EQ(janela != nullptr, row.isShown) << int(row.form);
+    if (janela == nullptr) continue;
+    EXPECT_EQ(janela->windowState() & ~Qt::WindowStates(Qt::WindowActive), row.state) << int(row.form);
+    EXPECT_EQ(!janela->testAttribute(Qt::WA_ShowWithoutActivating),
+              row.form != StartForm::NormalWithoutFocus);
+    if (row.takesFocus) {
+      EXPECT_TRUE(janela->isActiveWindow()) << int(row.form);
+    }
+  }
+}
+
 TEST_F(QtHostTest, AWindowIsShapedByTheColourThatIsCutOut) {
   const auto look = [&](QWidget& janela) {
     Form& form = *program.janela.windows().MainWindow;
