@@ -6,7 +6,7 @@ packages=(
   libcli11-dev qt6-base-dev qt6-svg-dev libfreeimage-dev libgtest-dev libsqlite3-dev  # libraries
   x11-xserver-utils                          # the screen's modes, for "RESVIDEO"
   fonts-dejavu-core fonts-liberation         # faces for "Courier New" and its like
-  xvfb xauth sqlite3                         # tests with a real display, and a look at what was exported
+  xvfb xauth xdotool libxcb1-dev sqlite3      # tests with a real display, and a look at what was exported
 )
 
 is_installed() {

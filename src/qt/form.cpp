@@ -27,6 +27,7 @@
 #include "qt/key_codes.h"
 #include "qt/pictures.h"
 #include "qt/print_surface.h"
+#include "qt/quiet_dispatch.h"
 #include "qt/text.h"
 #include "windows/event_state.h"
 
@@ -214,7 +215,7 @@ void QtForm::WaitForFirstPainting() {
   QElapsedTimer waiting;
   waiting.start();
   while (!widget_->IsPainted() && waiting.elapsed() < kFirstPaintingLimit) {
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    DispatchAllButInput();
     QThread::msleep(1);
   }
 }

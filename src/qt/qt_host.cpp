@@ -17,6 +17,7 @@
 #include "qt/desktop_dialogs.h"
 #include "qt/fonts.h"
 #include "qt/form.h"
+#include "qt/quiet_dispatch.h"
 #include "qt/screen_mode.h"
 #include "qt/text.h"
 #include "qt/wallpaper.h"
@@ -237,7 +238,7 @@ void QtHost::Pause(std::chrono::milliseconds time) {
   if (time > kShort) {
     const LogicEntry::Hold hold(entry_);
     for (auto now = Steady::now(); now < end; now = Steady::now()) {
-      QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+      DispatchAllButInput();
       std::this_thread::sleep_for(std::min<Steady::duration>(end - Steady::now(), kShort));
     }
   } else {

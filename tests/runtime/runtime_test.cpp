@@ -60,6 +60,7 @@ TEST_F(Runtime, AProgramInWindowsEndsWithItsMainWindow) {
   const ProcessResult packed = Offscreen({Build("jogo", source)});
   EXPECT_EQ(packed.status, 0) << packed.err;
   EXPECT_EQ(packed.out, "") << "prints go into the window";
+  EXPECT_EQ(packed.err, "") << "the window system has nothing to say to a person";
   const ProcessResult run = Offscreen({TESSERA_TOOL, "run", folder_ / "jogo.tsc"});
   EXPECT_EQ(run.status, 0) << run.err;
   EXPECT_EQ(run.out, "");
