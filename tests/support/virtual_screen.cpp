@@ -48,10 +48,14 @@ ProcessResult VirtualScreen::Ask(std::vector<std::string> words) const {
   return RunProcess({.words = std::move(words), .environment = Environment()});
 }
 
-std::uint32_t VirtualScreen::WindowNamed(const std::string& title) const {
+std::uint32_t VirtualScreen::WindowNamed(const std::string& title, std::uint32_t before) const {
   for (int i = 0; i < kMostSteps; ++i) {
-    const ProcessResult found = Ask({"search", "--onlyvisible", "--name", "^" + title + "$"});
-    if (found.status == 0) return static_cast<std::uint32_t>(std::stoul(found.out));
+    const ProcessResult focus = Ask({"getwindowfocus"});
+    const ProcessResult name = Ask({"getwindowfocus", "getwindowname"});
+    if (focus.status == 0 && name.out == title + "\n") {
+      const auto window = static_cast<std::uint32_t>(std::stoul(focus.out));
+      if (window != before) return window;
+    }
     std::this_thread::sleep_for(kStep);
   }
   ADD_FAILURE() << "no window is named " << title;
@@ -78,7 +82,11 @@ void VirtualScreen::Close(std::uint32_t window) const {
   message.data.data32[1] = XCB_CURRENT_TIME;
   xcb_send_event(connection.get(), 0, window, XCB_EVENT_MASK_NO_EVENT,
                  reinterpret_cast<const char*>(&message));
-  EXPECT_GT(xcb_flush(connection.get()), 0);
+  // The server has the message once it answers; a client that goes before may take it along.
+  const std::unique_ptr<xcb_get_input_focus_reply_t, decltype(&std::free)> answer(
+      xcb_get_input_focus_reply(connection.get(), xcb_get_input_focus(connection.get()), nullptr),
+      &std::free);
+  EXPECT_NE(answer, nullptr);
 }
 
 }  // namespace tessera

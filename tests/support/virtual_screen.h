@@ -18,8 +18,9 @@ class VirtualScreen {
   // "DISPLAY=:n" and what else a program of the windows' side needs.
   std::vector<std::string> Environment() const;
 
-  // The window of that title, once it is shown; 0 and a failed test where it never is.
-  std::uint32_t WindowNamed(const std::string& title) const;
+  // The window of that title that is not `before`, once it is shown and has the keys; 0 and a failed test
+  // where it never has.
+  std::uint32_t WindowNamed(const std::string& title, std::uint32_t before = 0) const;
 
   // What the person does, in the words of xdotool: "key", "F6".
   void Do(std::vector<std::string> words) const;
