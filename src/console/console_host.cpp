@@ -52,6 +52,37 @@ std::string IndentedUtf8(std::string_view text) {
   return ToUtf8(lines);
 }
 
+// The keys of characters that have one of their own; 0 for others.
+int KeyCodeOf(char character) {
+  const char key = Upper(character);
+  if ((key >= 'A' && key <= 'Z') || (key >= '0' && key <= '9') || key == ' ') return key;
+  constexpr std::string_view kSigns = ",-./";  // their codes follow each other
+  const std::size_t sign = kSigns.find(character);
+  return sign == std::string_view::npos ? 0 : 188 + static_cast<int>(sign);
+}
+
+// The character that a key types; nothing for a key that types none.
+std::optional<char> CharacterOf(int keyCode, KeyShift shift) {
+  constexpr int kNumpad0 = 96;
+  constexpr std::string_view kSigns = ",-./";
+  if (shift.ctrl) return std::nullopt;
+  if (keyCode == kKeyEnter || keyCode == ' ' || (keyCode >= '0' && keyCode <= '9')) {
+    return static_cast<char>(keyCode);
+  }
+  if (keyCode >= 'A' && keyCode <= 'Z') return static_cast<char>(shift.shift ? keyCode : keyCode - 'A' + 'a');
+  if (keyCode >= kNumpad0 && keyCode < kNumpad0 + 10) return static_cast<char>('0' + keyCode - kNumpad0);
+  if (keyCode >= 188 && keyCode < 192) return kSigns[static_cast<std::size_t>(keyCode - 188)];
+  return std::nullopt;
+}
+
+// Nothing measures here: letters have the width of a typewriter's, or half their height.
+TextSize MeasureLetters(std::string_view text, const FontFace& font) {
+  const double pixels = font.size * 96 / 72;
+  const double width = Contains(Upper(font.name), "COURIER") ? 0.6 : 0.5;
+  return {.width = std::ceil(static_cast<double>(text.size()) * pixels * width),
+          .height = std::ceil(pixels * 1.2)};
+}
+
 bool IsYes(std::string_view answer) {
   return EqualsIgnoringCase(Trim(answer), "s") || EqualsIgnoringCase(Trim(answer), "sim");
 }
@@ -65,7 +96,12 @@ class ConsoleForm final : public Form {
     TakeDesign(design);
   }
 
+  ~ConsoleForm() override { UnloadControls(); }
+
   void Print(std::string_view text) override { host_.WriteLine(text); }
+  TextSize MeasureText(std::string_view text, const FontFace& font) const override {
+    return MeasureLetters(text, font);
+  }
 
   void ResizeByPerson(double lines, double columns) {
     TakeScale(PixelsOfTwips(columns * kWindowColumnTwips), PixelsOfTwips(lines * kWindowLineTwips));
@@ -251,6 +287,7 @@ bool ConsoleHost::DeliverNext() {
     TellError("[roteiro] linha " + std::to_string(input_.lineNumber()) + ": " + ToUtf8(fault));
     throw ProcessEnd{kFaultyScriptStatus};
   }
+  windows_->OnLineDone();
   return true;
 }
 
@@ -268,8 +305,16 @@ ConsoleForm& ConsoleHost::BringInHand() {
   return form;
 }
 
-PersonObject* ConsoleHost::FindObject(std::string_view) {
-  return nullptr;
+PersonObject* ConsoleHost::FindObject(std::string_view name) {
+  return windows_->FindObject(name);
+}
+
+bool ConsoleHost::TurnTo(PersonObject& object) {
+  Form* form = object.Window();
+  if (!object.IsInReach() || !form->Visible() || !windows_->CanBeReached(*form)) return false;
+  form->Events().OnActivate();
+  object.SetFocus();
+  return true;
 }
 
 void ConsoleHost::Click() {
@@ -309,22 +354,22 @@ void ConsoleHost::MovePointer(double line, double column) {
 
 void ConsoleHost::TypeText(std::string_view text) {
   for (const char character : text) {
-    // The keys of letters, digits and the blank have the code of their upper-case character.
-    const char key = Upper(character);
-    if (!((key >= 'A' && key <= 'Z') || (key >= '0' && key <= '9') || key == ' ')) continue;
-    PressKey(key, {.shift = character >= 'A' && character <= 'Z'});
-    ReleaseKey(key, {});
+    const int key = KeyCodeOf(character);
+    ConsoleForm& form = BringInHand();
+    if (key != 0 && form.PressKey(key, {.shift = character >= 'A' && character <= 'Z'})) continue;
+    form.TypeCharacter(character);
+    if (key != 0) ReleaseKey(key, {});
   }
 }
 
 void ConsoleHost::PressKey(int keyCode, KeyShift shift) {
   ConsoleForm& form = BringInHand();
-  form.Events().OnKeyDown(keyCode, shift);
-  if (keyCode == kKeyEnter) form.Events().OnKeyPress(static_cast<char>(kKeyEnter));
+  if (form.PressKey(keyCode, shift)) return;
+  if (const auto character = CharacterOf(keyCode, shift)) form.TypeCharacter(*character);
 }
 
 void ConsoleHost::ReleaseKey(int keyCode, KeyShift shift) {
-  InHand().Events().OnKeyUp(keyCode, shift);
+  InHand().ReleaseKey(keyCode, shift);
 }
 
 // The frame of a fixed window can't be taken.

@@ -86,6 +86,7 @@ class ConsoleHost final : public Display, public Dialogs, public EventDispatch, 
   ConsoleForm& BringInHand();
 
   PersonObject* FindObject(std::string_view name) override;
+  bool TurnTo(PersonObject& object) override;
   void Click() override;
   void DoubleClick() override;
   void PressButton(MouseButton button) override;

@@ -72,11 +72,20 @@ class Words {
   std::string_view skipped_;
 };
 
-PersonObject& ObjectOf(Words& words, Person& person) {
-  const std::string_view name = words.Name();
+PersonObject& KnownObject(std::string_view name, Person& person) {
   PersonObject* object = person.FindObject(name);
   if (object == nullptr) throw LineFault{std::string("objeto desconhecido: "_w).append(name)};
   return *object;
+}
+
+PersonObject& ObjectOf(Words& words, Person& person) {
+  return KnownObject(words.Name(), person);
+}
+
+// Does one act with an object that can be reached.
+template <typename Act>
+void With(PersonObject& object, Person& person, Act act) {
+  if (person.TurnTo(object)) act(object);
 }
 
 KeyShift ShiftOf(Words& words) {
@@ -87,23 +96,29 @@ KeyShift ShiftOf(Words& words) {
   throw LineFault{std::string("tecla de apoio desconhecida: "_w).append(word)};
 }
 
+// A tab or a menu entry may have blanks in its name.
 void Clique(Words& words, Person& person) {
   if (words.AtEnd()) return person.Click();
-  PersonObject& object = ObjectOf(words, person);
-  if (words.AtEnd()) return object.Click();
-  object.ClickTitle(words.Rest());
+  const std::string_view name = words.Name();
+  if (words.AtEnd()) return With(KnownObject(name, person), person, [](auto& object) { object.Click(); });
+  const std::string_view rest = words.Rest();
+  if (PersonObject* object = person.FindObject(name)) {
+    return With(*object, person, [rest](auto& grid) { grid.ClickTitle(rest); });
+  }
+  const std::string longName = std::string(name).append(" ").append(rest);
+  With(KnownObject(longName, person), person, [](auto& object) { object.Click(); });
 }
 
 void DuploClique(Words& words, Person& person) {
   if (words.AtEnd()) return person.DoubleClick();
   PersonObject& object = ObjectOf(words, person);
   words.End();
-  object.DoubleClick();
+  With(object, person, [](auto& reached) { reached.DoubleClick(); });
 }
 
 void Texto(Words& words, Person& person) {
   PersonObject& object = ObjectOf(words, person);
-  object.ReplaceText(words.Rest());
+  With(object, person, [&](auto& reached) { reached.ReplaceText(words.Rest()); });
 }
 
 void Digita(Words& words, Person& person) {
@@ -114,7 +129,7 @@ void Valor(Words& words, Person& person) {
   PersonObject& object = ObjectOf(words, person);
   const double value = words.Number();
   words.End();
-  object.SetValue(value);
+  With(object, person, [value](auto& reached) { reached.EnterValue(value); });
 }
 
 void Seta(Words& words, Person& person) {
@@ -122,41 +137,41 @@ void Seta(Words& words, Person& person) {
   const std::string_view direction = words.AtEnd() ? std::string_view() : words.Next();
   if (direction != "+" && direction != "-") throw LineFault{std::string("falta + ou -"_w)};
   words.End();
-  object.PressArrow(direction == "+");
+  With(object, person, [direction](auto& reached) { reached.PressArrow(direction == "+"); });
 }
 
 void Escolhe(Words& words, Person& person) {
   PersonObject& object = ObjectOf(words, person);
   const int entry = words.Index();
   words.End();
-  object.Choose(entry);
+  With(object, person, [entry](auto& reached) { reached.Choose(entry); });
 }
 
 void Data(Words& words, Person& person) {
   PersonObject& object = ObjectOf(words, person);
   const std::string_view date = words.Name();
   words.End();
-  object.PickDate(date);
+  With(object, person, [date](auto& reached) { reached.PickDate(date); });
 }
 
 void Linha(Words& words, Person& person) {
   PersonObject& object = ObjectOf(words, person);
   const int row = words.Index();
   words.End();
-  object.ClickRow(row);
+  With(object, person, [row](auto& reached) { reached.ClickRow(row); });
 }
 
 void Celula(Words& words, Person& person) {
   PersonObject& object = ObjectOf(words, person);
   const int row = words.Index();
   const int column = words.Index();
-  object.EditCell(row, column, words.Rest());
+  With(object, person, [&](auto& reached) { reached.EditCell(row, column, words.Rest()); });
 }
 
 void Foco(Words& words, Person& person) {
   PersonObject& object = ObjectOf(words, person);
   words.End();
-  object.Focus();
+  person.TurnTo(object);
 }
 
 struct Key {

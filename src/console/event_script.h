@@ -8,25 +8,9 @@
 #include <string_view>
 
 #include "windows/display.h"
+#include "windows/person_object.h"
 
 namespace tessera {
-
-// An object of a window as a person handles it. What a kind of object can't feel does nothing.
-class PersonObject {
- public:
-  virtual ~PersonObject() = default;
-  virtual void Click() {}
-  virtual void DoubleClick() {}
-  virtual void ClickTitle(std::string_view /*title*/) {}
-  virtual void ReplaceText(std::string_view /*text*/) {}
-  virtual void SetValue(double /*value*/) {}
-  virtual void PressArrow(bool /*up*/) {}
-  virtual void Choose(int /*entry*/) {}
-  virtual void PickDate(std::string_view /*date*/) {}
-  virtual void ClickRow(int /*row*/) {}
-  virtual void EditCell(int /*row*/, int /*column*/, std::string_view /*text*/) {}
-  virtual void Focus() {}
-};
 
 class Person {
  public:
@@ -34,6 +18,8 @@ class Person {
 
   // The object, tab or menu entry of that name; nothing where there is none.
   virtual PersonObject* FindObject(std::string_view name) = 0;
+  // Moves to the object's window and gives it the focus, as a pointer would; false where it can't be reached.
+  virtual bool TurnTo(PersonObject& object) = 0;
 
   // On the current window, at the pointer's place.
   virtual void Click() = 0;

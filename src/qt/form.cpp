@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QCursor>
 #include <QElapsedTimer>
+#include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QIcon>
 #include <QKeyEvent>
@@ -19,12 +20,14 @@
 #include <QWindow>
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <optional>
 #include <utility>
 
 #include "qt/colour.h"
 #include "qt/fonts.h"
 #include "qt/key_codes.h"
+#include "qt/looks/look.h"
 #include "qt/pictures.h"
 #include "qt/print_surface.h"
 #include "qt/quiet_dispatch.h"
@@ -45,11 +48,6 @@ std::optional<MouseButton> ButtonOf(const QMouseEvent& event) {
   return std::nullopt;
 }
 
-KeyShift ShiftOf(const QKeyEvent& event) {
-  return {.shift = event.modifiers().testFlag(Qt::ShiftModifier),
-          .ctrl = event.modifiers().testFlag(Qt::ControlModifier)};
-}
-
 WindowState StateOf(const QWidget& widget) {
   if (widget.isMinimized()) return WindowState::Minimised;
   return widget.isMaximized() ? WindowState::Maximised : WindowState::Normal;
@@ -67,10 +65,12 @@ class FormWidget final : public QWidget {
   void Clear();
   void TakeGround();
   bool IsPainted() const { return isPainted_; }
-  void FocusNext() { focusNextChild(); }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  // The logic knows the Tab order.
+  bool focusNextPrevChild(bool) override { return false; }
   void resizeEvent(QResizeEvent* event) override;
   void moveEvent(QMoveEvent* event) override;
   void changeEvent(QEvent* event) override;
@@ -111,6 +111,7 @@ QtForm::QtForm(const QString& objectName, QSize design, FormEvents& events, Logi
 }
 
 QtForm::~QtForm() {
+  UnloadControls();
   if (front_.expected == this) front_.expected = nullptr;
 }
 
@@ -244,12 +245,18 @@ void QtForm::ShowStyle() {
   widget_->setVisible(Visible());
 }
 
-void QtForm::FocusKeySink() {
-  widget_->setFocus();
+TextSize QtForm::MeasureText(std::string_view text, const FontFace& font) const {
+  const QFontMetricsF metrics(ToQFont(font), widget_.get());
+  return {.width = std::ceil(metrics.horizontalAdvance(ToQString(text))),
+          .height = std::ceil(metrics.height())};
 }
 
-void QtForm::FocusNext() {
-  widget_->FocusNext();
+std::unique_ptr<ControlView> QtForm::NewView(Control& control) {
+  return NewLook(control, *widget_, entry_);
+}
+
+void QtForm::ShowSinkFocus() {
+  widget_->setFocus();
 }
 
 void QtForm::ShapeMe(Colour colour) {
@@ -285,7 +292,7 @@ void QtForm::TakeSizeOfWidget() {
 FormWidget::FormWidget(QtForm& form, const QString& objectName) : form_(form), surface_(form.raster_) {
   setObjectName(objectName);
   setAttribute(Qt::WA_OpaquePaintEvent);
-  setFocusPolicy(Qt::StrongFocus);
+  setFocusPolicy(Qt::TabFocus);
   setMouseTracking(true);
   nextPaint_.setSingleShot(true);
   nextPaint_.setInterval(kPaintInterval);
@@ -349,6 +356,10 @@ void FormWidget::paintEvent(QPaintEvent* event) {
   isPainted_ = true;
 }
 
+void FormWidget::focusInEvent(QFocusEvent*) {
+  form_.entry_.Enter([this] { form_.MoveFocus(nullptr); });
+}
+
 // Only a size that the program did not give is news to the logic.
 void FormWidget::resizeEvent(QResizeEvent*) {
   surface_.Fit(size(), devicePixelRatioF());
@@ -377,8 +388,7 @@ void FormWidget::closeEvent(QCloseEvent* event) {
 
 void FormWidget::keyPressEvent(QKeyEvent* event) {
   form_.entry_.Enter([this, code = KeyCodeOf(*event), shift = ShiftOf(*event)] {
-    form_.Events().OnKeyDown(code, shift);
-    if (code == kKeyEnter) form_.Events().OnKeyPress(static_cast<char>(kKeyEnter));
+    if (!form_.PressKey(code, shift) && code == kKeyEnter) form_.TypeCharacter(static_cast<char>(kKeyEnter));
   });
 }
 
@@ -386,7 +396,7 @@ void FormWidget::keyPressEvent(QKeyEvent* event) {
 void FormWidget::keyReleaseEvent(QKeyEvent* event) {
   if (event->isAutoRepeat()) return;
   form_.entry_.Enter(
-      [this, code = KeyCodeOf(*event), shift = ShiftOf(*event)] { form_.Events().OnKeyUp(code, shift); });
+      [this, code = KeyCodeOf(*event), shift = ShiftOf(*event)] { form_.ReleaseKey(code, shift); });
 }
 
 void FormWidget::mousePressEvent(QMouseEvent* event) {

@@ -38,8 +38,7 @@ class QtForm final : public Form {
 
   void Print(std::string_view text) override;
   void Activate() override;
-  void FocusKeySink() override;
-  void FocusNext() override;
+  TextSize MeasureText(std::string_view text, const FontFace& font) const override;
   void ShapeMe(Colour colour) override;
 
  protected:
@@ -54,6 +53,8 @@ class QtForm final : public Form {
   void ShowVisible() override;
   void ShowState() override;
   void ShowStyle() override;
+  std::unique_ptr<ControlView> NewView(Control& control) override;
+  void ShowSinkFocus() override;
   void PrepareModal(Form& opener) override;
   void ServeModal() override;
 

@@ -43,4 +43,9 @@ int KeyCodeOf(const QKeyEvent& event) {
   return row == kKeys.end() ? 0 : row->code;
 }
 
+KeyShift ShiftOf(const QKeyEvent& event) {
+  return {.shift = event.modifiers().testFlag(Qt::ShiftModifier),
+          .ctrl = event.modifiers().testFlag(Qt::ControlModifier)};
+}
+
 }  // namespace tessera

@@ -8,12 +8,14 @@ void LogicEntry::Enter(std::function<void()> act) noexcept {
     held_.push_back(std::move(act));
     return;
   }
+  ++depth_;
   try {
     act();
   } catch (...) {
     thrown_ = std::current_exception();
     leaveLoops_();
   }
+  --depth_;
 }
 
 void LogicEntry::Rethrow() {

@@ -17,6 +17,9 @@ class LogicEntry {
   // Runs `act`, or keeps it for later while entries are held. Behind a throw nothing enters any more.
   void Enter(std::function<void()> act) noexcept;
 
+  // True while something runs that came in here.
+  bool IsInside() const { return depth_ > 0; }
+
   // True until the throw of an entry is thrown again.
   bool HasThrown() const { return thrown_ != nullptr; }
 
@@ -41,6 +44,7 @@ class LogicEntry {
   std::function<void()> leaveLoops_;
   std::exception_ptr thrown_;
   int holds_ = 0;
+  int depth_ = 0;
   std::vector<std::function<void()>> held_;
 };
 

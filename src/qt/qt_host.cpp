@@ -17,6 +17,7 @@
 #include "qt/desktop_dialogs.h"
 #include "qt/fonts.h"
 #include "qt/form.h"
+#include "qt/language.h"
 #include "qt/quiet_dispatch.h"
 #include "qt/screen_mode.h"
 #include "qt/text.h"
@@ -108,6 +109,7 @@ QtHost::QtHost() : entry_([this] { LeaveLoops(); }), random_(std::random_device{
     arguments_ = std::make_unique<ApplicationArguments>();
     application_ = std::make_unique<QApplication>(arguments_->count, arguments_->texts.data());
   }
+  portuguese_ = InstallPortuguese();
   QApplication::setQuitOnLastWindowClosed(false);
   serving_ = std::make_unique<QEventLoop>();
 }
@@ -208,7 +210,9 @@ QWidget* QtHost::BoxParent() const {
   return shown == windows.end() ? nullptr : *shown;
 }
 
+// Widgets that went inside an event of theirs have waited for an end of it.
 void QtHost::ProcessEvents() {
+  if (!entry_.IsInside()) QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   QCoreApplication::processEvents();
   // Ticks that fell due in that pass were posted behind it.
   QCoreApplication::sendPostedEvents();

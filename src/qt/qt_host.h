@@ -12,6 +12,7 @@
 
 class QApplication;
 class QEventLoop;
+class QTranslator;
 class QWidget;
 
 namespace tessera {
@@ -58,6 +59,7 @@ class QtHost final : public Display, public Dialogs, public EventDispatch {
   // The window system keeps references into its arguments.
   std::unique_ptr<ApplicationArguments> arguments_;
   std::unique_ptr<QApplication> application_;
+  std::unique_ptr<QTranslator> portuguese_;
   std::unique_ptr<QEventLoop> serving_;
   LogicEntry entry_;
   FrontWatch front_;

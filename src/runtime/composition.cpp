@@ -17,6 +17,7 @@
 #include "commands/validation_commands.h"
 #include "engine/engine.h"
 #include "image/image_reader.h"
+#include "objects/object_commands.h"
 #include "recorddb/record_database.h"
 #include "values/run.h"
 #include "windows/drawing_commands.h"
@@ -64,6 +65,7 @@ int RunProgram(const ProgramStart& start, const Host& host, Display& display) {
   WallpaperCommand wallpaper(run, display);
   CommandTable commands;
   const RecordDatabase database(run, commands);
+  ObjectFrame objects(run, janela.windows());
   FillDoors(run, commands);
   AddTextCommands(commands, run);
   AddNumberCommands(commands, run);
@@ -80,6 +82,7 @@ int RunProgram(const ProgramStart& start, const Host& host, Display& display) {
   AddPictureCommands(commands, run, janela.windows());
   AddFontCommands(commands, run, display);
   wallpaper.Register(commands);
+  AddObjectCommands(commands, objects);
 
   const ProjectStyle style = ScanProjectStyle(start.program.EditorText);
   return janela.RunProgram(start.program.EditorText, style.ProjectStyleWord);

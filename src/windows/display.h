@@ -11,6 +11,7 @@
 #include <utility>
 #include <vector>
 
+#include "windows/control_arrays.h"
 #include "windows/gradient.h"
 #include "windows/surface.h"
 
@@ -56,10 +57,9 @@ struct WindowStyle {
 
 enum class MouseButton { Left = 1, Right = 2 };
 
-// State of the modifier keys with a key event.
-struct KeyShift {
-  bool shift = false;
-  bool ctrl = false;
+struct TextSize {
+  double width = 0;
+  double height = 0;
 };
 
 // Pixels of a line and of a column of a window's placement grid.
@@ -80,11 +80,14 @@ class FormEvents {
   virtual void OnResize() {}
   // A person asks the window to close.
   virtual void OnClose() = 0;
-  // Keys that no object of the window takes.
+  // Keys while no object has the focus, or before the object that has it, where the window sees them first.
   virtual void OnKeyDown(int /*keyCode*/, KeyShift /*shift*/) {}
   virtual void OnKeyUp(int /*keyCode*/, KeyShift /*shift*/) {}
   // A character is about to be typed; true where the window takes it away from its objects.
   virtual bool OnKeyPress(char /*character*/) { return false; }
+  // Keys of the hidden key sink, which has the focus while no object has it.
+  virtual void OnSinkKeyDown(int /*keyCode*/, KeyShift /*shift*/) {}
+  virtual void OnSinkKeyUp(int /*keyCode*/, KeyShift /*shift*/) {}
   virtual void OnMouseDown(MouseButton /*button*/, double /*x*/, double /*y*/) {}
   virtual void OnMouseMove(double /*x*/, double /*y*/) {}
   virtual void OnMouseUp(MouseButton /*button*/, double /*x*/, double /*y*/) {}
@@ -165,10 +168,34 @@ class Form : public Surface {
   // The window sees keys before its objects do.
   bool KeyPreview = false;
 
-  // Draws the focus to the window's hidden key sink, out of any object.
-  virtual void FocusKeySink() {}
-  // Moves the focus on, as the Tab key does.
-  virtual void FocusNext() {}
+  // The objects on the window.
+  const ControlArrays& Controls() const { return controls_; }
+  // Loads an element and lets the host show it; failure 360 for one that is loaded.
+  void LoadControl(std::string_view array, std::shared_ptr<Control> control);
+  void UnloadControl(std::string_view array, int index);
+  void UnloadControls();
+
+  // The object that has the focus; null is the window's hidden key sink.
+  Control* Focus() const { return focus_.lock().get(); }
+  // Null draws the focus to the sink, out of any object.
+  void MoveFocus(Control* to);
+  // Moves the focus on in the Tab order, or back. False where no object takes it.
+  bool FocusNext(bool forward = true);
+  // The control can keep the focus no longer.
+  void DropFocus(const Control& control);
+  int NextTabStamp() { return ++tabStamps_; }
+
+  // A key goes down, types its character, and goes up, where the focus is. The Tab key moves the focus. True
+  // where the window or Tab has used the key up; what the object itself did with it is the object's own.
+  bool PressKey(int keyCode, KeyShift shift);
+  bool TypeCharacter(char character);
+  void ReleaseKey(int keyCode, KeyShift shift);
+  // The window's part of a key alone, for a host whose own widget edits the object's text.
+  bool PreviewKey(int keyCode, KeyShift shift);
+  bool PreviewCharacter(char character);
+
+  // Width and height in pixels of one line of text.
+  virtual TextSize MeasureText(std::string_view text, const FontFace& font) const = 0;
 
   // Cuts the window to the shape of what it shows: what has the colour is cut out. A window that shows no
   // such pixel keeps its full rectangle.
@@ -195,6 +222,10 @@ class Form : public Surface {
   virtual void ShowVisible() {}
   virtual void ShowState() {}
   virtual void ShowStyle() {}
+  // The host's picture of a control; none where nothing is shown.
+  virtual std::unique_ptr<ControlView> NewView(Control& /*control*/) { return nullptr; }
+  // The focus is the key sink's.
+  virtual void ShowSinkFocus() {}
   // Makes the window modal, before it is shown.
   virtual void PrepareModal(Form& /*opener*/) {}
   // Delivers events until the window is hidden.
@@ -210,6 +241,10 @@ class Form : public Surface {
   WindowState state_ = WindowState::Normal;
   WindowStyle style_;
   bool visible_ = false;
+  ControlArrays controls_;
+  std::weak_ptr<Control> focus_;
+  std::weak_ptr<Control> lastFocus_;  // where the Tab key goes on from the sink
+  int tabStamps_ = 0;
 };
 
 // How a host finds the windows that a person's acts go to.
@@ -222,6 +257,11 @@ class WindowDirectory {
   virtual Form* FindWindow(std::string_view name) const = 0;
   // False while a modal window keeps the person from it.
   virtual bool CanBeReached(const Form& form) const = 0;
+  // By the name that the program gave it: that of the current window first, else the lowest row; nothing where
+  // there is none. A tab or a menu entry goes by its text.
+  virtual PersonObject* FindObject(std::string_view name) const = 0;
+  // A line of an event script is done.
+  virtual void OnLineDone() const = 0;
 };
 
 // Width and height in twips.

@@ -52,7 +52,7 @@ constexpr PendingText kPendingTexts[] = {
 };
 
 Value Evento(Run& run, WindowModel& windows, std::string_view arguments) {
-  windows.CurrentForm->FocusKeySink();
+  windows.CurrentForm->MoveFocus(nullptr);
   const std::string word = Upper(EvalText(run, Trim(arguments)).ToText());
   for (const PendingText& pending : kPendingTexts) {
     if (pending.word == word) return Quote(std::exchange(windows.events.*pending.text, {}));
@@ -62,7 +62,7 @@ Value Evento(Run& run, WindowModel& windows, std::string_view arguments) {
 }
 
 Value TestaTecla(Run& run, WindowModel& windows, std::string_view arguments) {
-  windows.CurrentForm->FocusKeySink();
+  windows.CurrentForm->MoveFocus(nullptr);
   const Value argument = EvalNumber(run, arguments);
   const std::string key = Upper(argument.ToText());
   if (key == "?") return std::exchange(windows.events.LastKeyText, {});

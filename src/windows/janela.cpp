@@ -166,6 +166,7 @@ void Janela::ClearWindowObjects() {
   overlaid_.StopTimers();
   Timer1_.reset();
   command_.StopTimers();
+  if (windows_.objects != nullptr) windows_.objects->ClearMainWindow();
 }
 
 void Janela::OnResize() {

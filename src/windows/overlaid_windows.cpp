@@ -35,7 +35,7 @@ WindowKind KindOf(std::string_view word) {
 
 OverlaidWindow::OverlaidWindow(Run& run, WindowModel& windows, Display& display, WindowKind kind,
                                std::string_view name)
-    : ProgramWindow(run, windows) {
+    : ProgramWindow(run, windows), kind_(kind) {
   form_ = display.NewForm(name, *this);
   form_->SetCaption(name);
   form_->SetStyle(StyleOf(kind));
@@ -46,11 +46,20 @@ OverlaidWindow::OverlaidWindow(Run& run, WindowModel& windows, Display& display,
 void OverlaidWindow::Unload() {
   // Query-close
   if (codeRuns_ > 0) run_.WindowCodeStopFlag = true;
+  if (windows_.objects != nullptr) windows_.objects->ClearWindow(form_->Caption());
   // Unload
   closing_ = true;
   Hide();
+  form_->UnloadControls();
   form_->Cls();
   closing_ = false;
+}
+
+bool OverlaidWindow::Carries(std::string_view array) const {
+  constexpr std::array<std::string_view, 7> kMainWindowAlone = {
+      "SpFrame", "LblRotulo", "Img", "Figura", "FiguraMasc", "TxtLink", "MediaPlayer"};
+  if (array == "Guia") return kind_ == WindowKind::Form1;
+  return std::find(kMainWindowAlone.begin(), kMainWindowAlone.end(), array) == kMainWindowAlone.end();
 }
 
 OverlaidWindows::OverlaidWindows(Run& run, Engine& engine, Display& display, WindowModel& windows)

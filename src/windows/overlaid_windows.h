@@ -34,8 +34,13 @@ class OverlaidWindow final : public ProgramWindow {
   // The caption stores the name for the activation.
   std::string_view Name() const override { return form_->Caption(); }
 
-  // Query-close and unload. The window can be opened again; what was printed on it is gone.
+  // Query-close and unload. The window can be opened again; its objects and what was printed on it are gone.
   void Unload() override;
+
+  bool Carries(std::string_view array) const override;
+
+ private:
+  WindowKind kind_;
 };
 
 class OverlaidWindows {

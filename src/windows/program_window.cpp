@@ -58,18 +58,27 @@ void ProgramWindow::OnResize() {
   if (form_->GrdAtivo) form_->Grd.Repaint(*form_);
 }
 
-void ProgramWindow::OnKeyDown(int keyCode, KeyShift shift) {
+void ProgramWindow::OnKeyDown(int keyCode, KeyShift) {
   if (keyCode == kKeyPause || keyCode == kKeyF6) run_.doors.UnloadMainWindow();
-  windows_.events.SinkKeyDown(keyCode, shift);
 }
 
 void ProgramWindow::OnKeyUp(int keyCode, KeyShift) {
   windows_.events.Keys.KeyUpInWindow(keyCode);
+}
+
+void ProgramWindow::OnSinkKeyDown(int keyCode, KeyShift shift) {
+  windows_.events.SinkKeyDown(keyCode, shift);
+}
+
+void ProgramWindow::OnSinkKeyUp(int keyCode, KeyShift) {
   windows_.events.Keys.KeyUp(keyCode);
 }
 
+// Enter presses a button that has the focus; elsewhere it moves the focus on.
 bool ProgramWindow::OnKeyPress(char character) {
   if (character != kKeyEnter || !form_->KeyPreview || closing_) return false;
+  const Control* focus = form_->Focus();
+  if (focus != nullptr && focus->TakesEnter()) return false;
   form_->FocusNext();
   return true;
 }

@@ -24,6 +24,8 @@ class ProgramWindow : public FormEvents {
 
   // The name under which an activation makes it the current window.
   virtual std::string_view Name() const = 0;
+  // Whether this kind of window has the control array.
+  virtual bool Carries(std::string_view /*array*/) const { return true; }
   // Closes the window by its own steps; that of the main window never returns.
   virtual void Unload() = 0;
 
@@ -56,6 +58,8 @@ class ProgramWindow : public FormEvents {
   void OnClose() override { Unload(); }
   void OnKeyDown(int keyCode, KeyShift shift) override;
   void OnKeyUp(int keyCode, KeyShift shift) override;
+  void OnSinkKeyDown(int keyCode, KeyShift shift) override;
+  void OnSinkKeyUp(int keyCode, KeyShift shift) override;
   bool OnKeyPress(char character) override;
   void OnClick() override;
   void OnDoubleClick() override;

@@ -67,6 +67,16 @@ PictureRef StockPicture(StockKind kind, std::int32_t number) {
   return Load(NameOf(kind, number));
 }
 
+std::vector<PictureRef> StockSkin(std::int32_t number) {
+  std::vector<PictureRef> skin;
+  for (const char* state : {"_Up", "_High", "_Focus", "_Down", "_Disabled"}) {
+    PictureRef picture = Load("Botao" + std::to_string(number) + state);
+    if (!picture) return {};
+    skin.push_back(std::move(picture));
+  }
+  return skin;
+}
+
 std::vector<PictureRef> StockFrames(std::int32_t number) {
   const std::string name = NameOf(StockKind::Animation, number);
   std::vector<PictureRef> frames;

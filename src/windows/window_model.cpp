@@ -34,7 +34,10 @@ void ActivationOrder::Remove(const ProgramWindow& window) {
 }
 
 void WindowModel::Reset(Form& mainWindow, ProgramWindow& owner) {
+  WindowObjects* const kept = objects;
   *this = {};
+  objects = kept;
+  if (objects != nullptr) objects->Reset();
   MainWindow = CurrentForm = &mainWindow;
   CurrentWindowName = kMainWindowName;
   slots[0] = {&mainWindow, CurrentWindowName, &owner};
@@ -63,6 +66,14 @@ Form* WindowModel::WindowInHand() const {
   const ProgramWindow* active = activation.Active();
   if (CurrentForm->Visible() || active == nullptr) return CurrentForm;
   return &active->form();
+}
+
+PersonObject* WindowModel::FindObject(std::string_view name) const {
+  return objects == nullptr ? nullptr : objects->Find(name, CurrentOwner());
+}
+
+void WindowModel::OnLineDone() const {
+  if (objects != nullptr) objects->CopyTexts();
 }
 
 bool WindowModel::CanBeReached(const Form& form) const {

@@ -11,6 +11,7 @@
 
 #include "windows/display.h"
 #include "windows/event_state.h"
+#include "windows/window_objects.h"
 
 namespace tessera {
 
@@ -59,6 +60,7 @@ struct WindowModel final : WindowDirectory {
   std::int16_t PrintLinePixels = 0;
 
   EventState events;
+  WindowObjects* objects = nullptr;  // none in a run without object commands
   bool FixedWindow = false;  // the main window may not stay maximised
 
   static constexpr std::int16_t kTamLin = 14;
@@ -77,6 +79,8 @@ struct WindowModel final : WindowDirectory {
   Form* WindowInHand() const override;
   Form* FindWindow(std::string_view name) const override;
   bool CanBeReached(const Form& form) const override;
+  PersonObject* FindObject(std::string_view name) const override;
+  void OnLineDone() const override;
 };
 
 }  // namespace tessera

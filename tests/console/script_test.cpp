@@ -18,12 +18,16 @@ using std::chrono::milliseconds;
 // Writes down what it is made to do.
 class RecordedPerson final : public Person, private PersonObject {
  public:
+  bool TurnTo(PersonObject&) override {
+    log += "vai ";
+    return true;
+  }
   PersonObject* FindObject(std::string_view name) override { return name == "B" ? this : nullptr; }
   void Click() override { log += "clique "; }
   void DoubleClick() override { log += "duplo "; }
   void ClickTitle(std::string_view title) override { Note("titulo", title); }
   void ReplaceText(std::string_view text) override { Note("texto", text); }
-  void SetValue(double value) override { Note("valor", NumberText(value)); }
+  void EnterValue(double value) override { Note("valor", NumberText(value)); }
   void PressArrow(bool up) override { Note("seta", up ? "+" : "-"); }
   void Choose(int entry) override { Note("escolhe", NumberText(entry)); }
   void PickDate(std::string_view date) override { Note("data", date); }
@@ -31,7 +35,6 @@ class RecordedPerson final : public Person, private PersonObject {
   void EditCell(int row, int column, std::string_view text) override {
     Note("celula", NumberText(row) + "," + NumberText(column) + "," + std::string(text));
   }
-  void Focus() override { log += "foco "; }
   void PressButton(MouseButton button) override { Note("pressiona", NumberText(static_cast<int>(button))); }
   void ReleaseButton(MouseButton button) override { Note("libera", NumberText(static_cast<int>(button))); }
   void MovePointer(double line, double column) override {
@@ -68,19 +71,19 @@ TEST(EventScript, EachLineIsOneAct) {
   };
   for (const Row& row : {
            Row{"clique", "clique "},
-           Row{"  CLIQUE B  ", "clique "},
-           Row{"clique B Nome do cliente", "titulo[Nome do cliente] "},
-           Row{"duploclique B", "duplo "},
-           Row{"texto B  dois  blancos", "texto[ dois  blancos] "},
-           Row{"texto B", "texto[] "},
+           Row{"  CLIQUE B  ", "vai clique "},
+           Row{"clique B Nome do cliente", "vai titulo[Nome do cliente] "},
+           Row{"duploclique B", "vai duplo "},
+           Row{"texto B  dois  blancos", "vai texto[ dois  blancos] "},
+           Row{"texto B", "vai texto[] "},
            Row{"digita a b", "digita[a b] "},
-           Row{"valor B -1,5", "valor[-1,5] "},
-           Row{"seta B -", "seta[-] "},
-           Row{"escolhe B 0", "escolhe[0] "},
-           Row{"data B 31/12/2024", "data[31/12/2024] "},
-           Row{"linha B 2", "linha[2] "},
-           Row{"celula B 1 2 x y", "celula[1,2,x y] "},
-           Row{"foco B", "foco "},
+           Row{"valor B -1,5", "vai valor[-1,5] "},
+           Row{"seta B -", "vai seta[-] "},
+           Row{"escolhe B 0", "vai escolhe[0] "},
+           Row{"data B 31/12/2024", "vai data[31/12/2024] "},
+           Row{"linha B 2", "vai linha[2] "},
+           Row{"celula B 1 2 x y", "vai celula[1,2,x y] "},
+           Row{"foco B", "vai "},
            Row{"tecla 65 shift", "aperta[65S] solta[65] "},
            Row{"aperta 37", "aperta[37] "},
            Row{"mouse 1,5 2", "mouse[1,5;2] "},

@@ -2,6 +2,7 @@
 
 #include "commands/dialog_commands.h"
 #include "commands/system_commands.h"
+#include "objects/object_commands.h"
 #include "support/core_program.h"
 #include "windows/drawing_commands.h"
 #include "windows/event_commands.h"
@@ -12,7 +13,11 @@
 namespace tessera::test {
 
 HostedProgram::HostedProgram(const Host& host, Display& display)
-    : run(host), engine(run), janela(run, engine, display), wallpaper(run, display) {
+    : run(host),
+      engine(run),
+      janela(run, engine, display),
+      wallpaper(run, display),
+      objects(run, janela.windows()) {
   run.ProgramFileName = "TESTE.TSC";
   run.ProgramFolderText = "/programas/teste\\";
   run.RuntimeFolderText = "/programas\\";
@@ -29,6 +34,7 @@ HostedProgram::HostedProgram(const Host& host, Display& display)
   wallpaper.Register(commands);
   AddDialogCommands(commands, run);
   AddSystemCommands(commands, run);
+  AddObjectCommands(commands, objects);
 }
 
 int HostedProgram::Run(std::string_view editor0, std::string_view routines,

@@ -8,6 +8,7 @@
 
 #include "commands/command_table.h"
 #include "engine/engine.h"
+#include "objects/object_frame.h"
 #include "platform/host.h"
 #include "values/run.h"
 #include "windows/janela.h"
@@ -27,6 +28,7 @@ class HostedProgram {
   Engine engine;
   Janela janela;
   WallpaperCommand wallpaper;
+  ObjectFrame objects;
 };
 
 }  // namespace tessera::test

@@ -25,6 +25,7 @@ class QtPerson final : public Person {
   bool HostServes() const;
 
   PersonObject* FindObject(std::string_view) override { return nullptr; }
+  bool TurnTo(PersonObject&) override { return true; }
   void Click() override;
   void DoubleClick() override;
   void PressButton(MouseButton button) override;

@@ -1,0 +1,111 @@
+// `Botao`, the button, and `EstiloBotao`, which changes the skin that skinned buttons take.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "commands/command_table.h"
+#include "controls/btn_esp.h"
+#include "objects/object_family.h"
+#include "windows/picture.h"
+
+namespace tessera {
+
+// The pictures of a skinned button and the colours that it gives.
+struct ButtonSkin {
+  PictureRef BtnUp;
+  PictureRef BtnHigh;
+  PictureRef BtnFocus;
+  PictureRef BtnDown;
+  PictureRef BtnDisabled;
+  Colour backColor = kButtonFaceColour;
+  Colour foreColor = kButtonTextColour;
+
+  const PictureRef& Of(BtnEsp::Picture state) const;
+};
+
+// The skins by their numbers. The program changes element 0.
+class SkinStore {
+ public:
+  SkinStore();
+  // Failure 340 for a number that the store has not got.
+  ButtonSkin& Element(std::int32_t number);
+
+ private:
+  std::vector<ButtonSkin> skins_;
+};
+
+// The control `BtnEsp` on a window.
+class BotaoControl final : public Control {
+ public:
+  BotaoControl(Form& form, ControlEvents& events, int index, EventDispatch& dispatch);
+
+  enum class Style { Plain = 0, Skinned = 1 };
+
+  const std::string& Caption() const { return caption_; }
+  void SetCaption(std::string_view caption) { Set(caption_, std::string(caption)); }
+  const PictureRef& Picture() const { return picture_; }
+  void SetPicture(PictureRef picture) { Set(picture_, std::move(picture)); }
+  Style GetStyle() const { return style_; }
+  void SetPlain();
+  void SetSkin(const ButtonSkin& skin);
+  const ButtonSkin& Skin() const { return skin_; }
+
+  // What it shows now.
+  const BtnEsp& State() const { return state_; }
+
+  // Button 1, and the pointer's way over the control.
+  void PointerDown();
+  void PointerMove(bool inside);
+  void PointerUp(bool inside);
+
+  void Click() override;
+  bool TakesEnter() const override { return true; }
+  void OnKeyDown(int keyCode, KeyShift shift) override;
+
+ protected:
+  void FocusGained() override { state_.SetFocus(true); }
+  void FocusLost() override { state_.SetFocus(false); }
+  void EnabledChanged() override { state_.SetEnabled(Enabled()); }
+
+ private:
+  void PressByKey();
+
+  EventDispatch& dispatch_;
+  BtnEsp state_;
+  std::string caption_ = "OK";
+  PictureRef picture_;
+  Style style_ = Style::Plain;
+  ButtonSkin skin_;
+};
+
+class Botao final : public ObjectFamily {
+ public:
+  explicit Botao(ObjectFrame& frame);
+
+  // The command `EstiloBotao`.
+  void EstiloBotao(std::string_view arguments);
+  void AddStyleCommand(CommandTable& table);
+
+  // A stock name, or a file; none for an empty argument. A missing file is told in a box.
+  void SetPicture(BotaoControl& button, std::string_view argument);
+
+  void OnClick(Control& control) override;
+
+ protected:
+  std::shared_ptr<Control> NewControl(Form& form, std::string_view array, int index) override;
+  void Create(Control& control, ObjectRow& row, const Settings& arguments) override;
+  void BeforeSuffix(const SuffixCall& call) override;
+
+ private:
+  void CreateSkinned(BotaoControl& button, const Settings& arguments);
+  void CreateLong(BotaoControl& button, const Settings& arguments);
+  void CreateShort(BotaoControl& button, const Settings& arguments);
+
+  SkinStore skins_;
+};
+
+}  // namespace tessera

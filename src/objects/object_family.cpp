@@ -1,0 +1,226 @@
+#include "objects/object_family.h"
+
+#include <algorithm>
+
+#include "objects/object_frame.h"
+#include "platform/failure.h"
+#include "text/literal.h"
+#include "text/one_based.h"
+#include "values/eval.h"
+#include "windows/program_window.h"
+
+namespace tessera {
+
+ObjectFamily::ObjectFamily(ObjectFrame& frame, std::string_view array, std::span<const Companion> companions,
+                           std::span<const SuffixRow> suffixes)
+    : frame_(frame), array_(array), companions_(companions), suffixes_(suffixes) {}
+
+Run& ObjectFamily::run() const {
+  return frame_.run();
+}
+
+WindowModel& ObjectFamily::windows() const {
+  return frame_.windows();
+}
+
+ObjectRow* ObjectFamily::FindRow(std::string_view name) {
+  if (name.empty()) return nullptr;
+  const auto row =
+      std::find_if(rows_.begin(), rows_.end(), [name](const ObjectRow& r) { return r.name == name; });
+  return row == rows_.end() ? nullptr : &*row;
+}
+
+ObjectRow* ObjectFamily::RowOf(const Control& control) {
+  const auto index = static_cast<std::size_t>(control.Index());
+  return index < rows_.size() && !rows_[index].name.empty() ? &rows_[index] : nullptr;
+}
+
+std::vector<PersonObject*> ObjectFamily::Named(std::string_view name) {
+  std::vector<PersonObject*> found;
+  for (const ObjectRow& row : rows_) {
+    const auto control = row.object.lock();
+    if (control && row.name == name) found.push_back(control.get());
+  }
+  return found;
+}
+
+// Decision
+
+// KEPT: "Remove" counts wherever it stands in the first argument, in an object's name too
+// (programs.objects_come_and_go_by_rows).
+Value ObjectFamily::Do(std::string_view arguments) {
+  const Settings settings(run(), arguments);
+  const std::string& first = settings.Raw(0);
+  const Position point = Find(first, ".");
+  if (point == 0) {
+    CreateObject(settings);
+    return {};
+  }
+  ObjectRow* row = FindRow(LookupName(Left(first, point - 1)));
+  if (row == nullptr) return {};
+  if (Contains(first, "Remove")) {
+    Remove(*row);
+    return {};
+  }
+  return DoSuffix(settings, *row, point);
+}
+
+Value ObjectFamily::DoSuffix(const Settings& arguments, ObjectRow& row, Position point) {
+  const auto control = row.object.lock();
+  // The control went down with its window.
+  if (!control) Fail(91);
+  const std::string& first = arguments.Raw(0);
+  const SuffixCall call{run(), frame_, *this, row, *control, arguments};
+  BeforeSuffix(call);
+  const Position blank = Find(first, " ", point);
+  const std::string word = Upper(Mid(first, point, blank == 0 ? std::string_view::npos : blank - point));
+  const auto suffix = std::find_if(suffixes_.begin(), suffixes_.end(),
+                                   [&word](const SuffixRow& r) { return r.word == word; });
+  return suffix == suffixes_.end() ? Value() : suffix->act(call);
+}
+
+// Creation
+
+// On a window that has no such array the late access to it fails.
+Form& ObjectFamily::FormCarrying(std::string_view array) const {
+  if (!windows().CurrentOwner().Carries(array)) {
+    throw RunFailure(438, "A janela não tem esta família de objetos"_w);
+  }
+  return *windows().CurrentForm;
+}
+
+void ObjectFamily::CreateObject(const Settings& arguments) {
+  const std::string name = EvalText(run(), arguments.Raw(0)).ToText();
+  // OPEN: an object without a name could never be spoken of, and its row would count as free: none is made.
+  if (name.empty()) return;
+  const std::string array = ArrayFor(arguments);
+  Form& form = FormCarrying(array);
+  const auto free =
+      std::find_if(rows_.begin(), rows_.end(), [](const ObjectRow& row) { return row.name.empty(); });
+  const auto index = static_cast<std::size_t>(free - rows_.begin());
+  // Element 0 stands on each window from the start.
+  std::shared_ptr<Control> control = form.Controls().Element(array, static_cast<int>(index));
+  if (index > 0 || !control) {
+    control = NewControl(form, array, static_cast<int>(index));
+    form.LoadControl(array, control);
+  }
+  if (free == rows_.end()) rows_.emplace_back();
+  rows_[index] = {name, windows().CurrentWindowName, array, control};
+  control->SetName(name);
+  CreateCompanions(rows_[index]);
+  Create(*control, rows_[index], arguments);
+  control->SetVisible(true);
+  control->SetTabIndex(frame_.TakeTabIndex());
+}
+
+void ObjectFamily::CreateCompanions(const ObjectRow& row) {
+  for (const Companion& companion : companions_) {
+    run().variables.VarCreateScalar(row.name + std::string(companion.suffix), companion.type);
+  }
+}
+
+double ObjectFamily::Lines(const Value& count) const {
+  return count.ToDouble() * windows().TamLin;
+}
+
+double ObjectFamily::Columns(const Value& count) const {
+  return count.ToDouble() * windows().TamCol;
+}
+
+void ObjectFamily::Place(Control& control, const Settings& arguments, std::size_t place) const {
+  ControlPlace to = control.Place();
+  to.Top = Lines(arguments.Number(place));
+  to.Left = Columns(arguments.Number(place + 1));
+  control.Move(to);
+}
+
+void ObjectFamily::SetWidth(Control& control, const Settings& arguments, std::size_t place) const {
+  if (arguments.Raw(place).empty()) return;
+  ControlPlace to = control.Place();
+  to.Width = Columns(arguments.Number(place));
+  control.Move(to);
+}
+
+void ObjectFamily::SetHeight(Control& control, const Settings& arguments, std::size_t place) const {
+  if (arguments.Raw(place).empty()) return;
+  ControlPlace to = control.Place();
+  to.Height = Lines(arguments.Number(place));
+  control.Move(to);
+}
+
+// Removal
+
+void ObjectFamily::Remove(ObjectRow& row) {
+  Unload(row);
+  GiveUp(row);
+}
+
+void ObjectFamily::Unload(ObjectRow& row) {
+  const auto control = row.object.lock();
+  if (!control) return;
+  if (control->Index() == 0) {
+    control->SetVisible(false);
+  } else {
+    control->form().UnloadControl(row.array, control->Index());
+  }
+}
+
+void ObjectFamily::GiveUp(ObjectRow& row) {
+  RemoveCompanions(row);
+  row.name.clear();
+  row.windowName.clear();
+}
+
+void ObjectFamily::RemoveCompanions(const ObjectRow& row) {
+  for (const Companion& companion : companions_) {
+    run().variables.VarRemove(row.name + std::string(companion.suffix), true);
+  }
+}
+
+void ObjectFamily::Reset() {
+  rows_.clear();
+}
+
+void ObjectFamily::ClearWindow(std::string_view caption) {
+  for (auto row = rows_.rbegin(); row != rows_.rend(); ++row) {
+    if (!row->name.empty() && row->windowName == caption) GiveUp(*row);
+  }
+}
+
+void ObjectFamily::ClearMainWindow() {
+  constexpr std::size_t kKept = 2;
+  while (rows_.size() > kKept) {
+    Remove(rows_.back());
+    rows_.pop_back();
+  }
+  for (ObjectRow& row : rows_) {
+    RemoveCompanions(row);
+    if (const auto control = row.object.lock()) control->SetVisible(false);
+  }
+}
+
+// Events
+
+void ObjectFamily::OnGotFocus(Control& control) {
+  if (const ObjectRow* row = RowOf(control)) Tell("GanhouFoco", row->name);
+}
+
+void ObjectFamily::OnLostFocus(Control& control) {
+  if (const ObjectRow* row = RowOf(control)) Tell("PerdeuFoco", row->name);
+}
+
+void ObjectFamily::OnClick(Control& control) {
+  Tell("IndiceRef", std::int32_t{control.Index()});
+}
+
+void ObjectFamily::Tell(std::string_view variable, const Value& value) {
+  Guard([&] { run().variables.VarWrite(variable, value, true); });
+}
+
+void ObjectFamily::TellCompanion(const Control& control, std::string_view suffix, const Value& value) {
+  const ObjectRow* row = RowOf(control);
+  if (row == nullptr) return;
+  Guard([&] { run().variables.VarWrite(row->name + std::string(suffix), value, false); });
+}
+
+}  // namespace tessera

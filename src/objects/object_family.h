@@ -1,0 +1,122 @@
+// A family of objects: one command of the language, the table of its objects, and what their controls' events
+// write. The shape that all families share stands here: how an object comes into being on first use, how it
+// is found, how its properties are set, how it goes. A family of its own adds its creation arguments, its
+// suffixes and its control.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "objects/suffix.h"
+#include "values/run.h"
+#include "values/value.h"
+#include "windows/control.h"
+#include "windows/window_model.h"
+#include "windows/window_settings.h"
+
+namespace tessera {
+
+class ObjectFrame;
+
+// A variable that an object of a family has beside it: `name.Txt`.
+struct Companion {
+  std::string_view suffix;
+  std::string_view type;
+};
+
+struct ObjectRow {
+  std::string name;  // as evaluated at the creation; an empty name is a free row
+  std::string windowName;
+  std::string array;  // the control array that holds the row's element
+  std::weak_ptr<Control> object;
+};
+
+class ObjectFamily : public ControlEvents {
+ public:
+  ObjectFamily(ObjectFrame& frame, std::string_view array, std::span<const Companion> companions,
+               std::span<const SuffixRow> suffixes);
+  ~ObjectFamily() override = default;
+  ObjectFamily(const ObjectFamily&) = delete;
+  ObjectFamily& operator=(const ObjectFamily&) = delete;
+
+  // The family's command with its raw argument text. Some suffixes give a value.
+  Value Do(std::string_view arguments);
+
+  // The rows ever used; the count never goes down while the program runs.
+  const std::vector<ObjectRow>& Rows() const { return rows_; }
+  // The row of that name, the lowest of several; null where there is none. Case counts.
+  ObjectRow* FindRow(std::string_view name);
+
+  // The objects that a person calls by that name, the lowest row first.
+  virtual std::vector<PersonObject*> Named(std::string_view name);
+
+  virtual void Reset();
+  // The window of that caption closes: its rows are given up.
+  void ClearWindow(std::string_view caption);
+  // The main window closes: rows beyond the first two are given up, the others hidden.
+  void ClearMainWindow();
+  // Texts that were typed reach the companion variables.
+  virtual void CopyTexts() {}
+
+  void OnGotFocus(Control& control) override;
+  void OnLostFocus(Control& control) override;
+  // `IndiceRef` takes the row.
+  void OnClick(Control& control) override;
+
+ protected:
+  // The control array for a new object; some families have more than one.
+  virtual std::string ArrayFor(const Settings& /*arguments*/) { return std::string(array_); }
+  // The element in its own default state, not yet placed.
+  virtual std::shared_ptr<Control> NewControl(Form& form, std::string_view array, int index) = 0;
+  // Sets the properties that the creation arguments name; the control is placed, shown and numbered by
+  // `Place` and the frame.
+  virtual void Create(Control& control, ObjectRow& row, const Settings& arguments) = 0;
+  // What the family does with a suffix' whole first argument, before the suffix itself is looked at.
+  virtual void BeforeSuffix(const SuffixCall& /*call*/) {}
+  // The name by which a suffix looks an object up.
+  virtual std::string LookupName(std::string_view written) { return std::string(written); }
+  // The companion variables of a new object.
+  virtual void CreateCompanions(const ObjectRow& row);
+
+  Run& run() const;
+  WindowModel& windows() const;
+  ObjectFrame& frame() const { return frame_; }
+
+  // The row of a control; null for one whose row was given up.
+  ObjectRow* RowOf(const Control& control);
+  // `Top` and `Left` in lines and columns of the grid, from two places of the arguments.
+  void Place(Control& control, const Settings& arguments, std::size_t place) const;
+  // `Width` in columns, `Height` in lines; an empty argument leaves the control's own.
+  void SetWidth(Control& control, const Settings& arguments, std::size_t place) const;
+  void SetHeight(Control& control, const Settings& arguments, std::size_t place) const;
+  // Pixels of so many lines or columns.
+  double Lines(const Value& count) const;
+  double Columns(const Value& count) const;
+
+  // Writes what an event tells; a variable that the program has removed is no failure.
+  void Tell(std::string_view variable, const Value& value);
+  // A companion variable of the object; nothing for a row just given up.
+  void TellCompanion(const Control& control, std::string_view suffix, const Value& value);
+
+ private:
+  void CreateObject(const Settings& arguments);
+  // `point` is the place of the "." in the first argument, from 1.
+  Value DoSuffix(const Settings& arguments, ObjectRow& row, std::size_t point);
+  void Remove(ObjectRow& row);
+  void Unload(ObjectRow& row);
+  void RemoveCompanions(const ObjectRow& row);
+  void GiveUp(ObjectRow& row);
+  Form& FormCarrying(std::string_view array) const;
+
+  ObjectFrame& frame_;
+  std::string_view array_;
+  std::span<const Companion> companions_;
+  std::span<const SuffixRow> suffixes_;
+  std::vector<ObjectRow> rows_;
+};
+
+}  // namespace tessera

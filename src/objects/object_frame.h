@@ -1,0 +1,58 @@
+// All families of objects of a run: what they share, and what opening and closing windows does to them.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#include "commands/command_table.h"
+#include "objects/object_family.h"
+#include "values/run.h"
+#include "windows/window_model.h"
+#include "windows/window_objects.h"
+
+namespace tessera {
+
+class ObjectFrame final : public WindowObjects {
+ public:
+  // Both outlive the frame. The windows know the frame from now on.
+  ObjectFrame(Run& run, WindowModel& windows);
+  ~ObjectFrame() override;
+
+  Run& run() const { return run_; }
+  WindowModel& windows() const { return windows_; }
+
+  // `word` is the family's command, in upper case.
+  template <typename Family>
+  Family& Add(CommandTable& table, std::string_view word) {
+    auto family = std::make_unique<Family>(*this);
+    Family& added = *family;
+    AddFamily(table, word, std::move(family));
+    return added;
+  }
+
+  // The place in the Tab order of the next new object. Failure 6 beyond 16 bits.
+  int TakeTabIndex();
+
+  // The object of the family that pictures belong to, by name blind to case; null where there is none.
+  Control* FindPicture(std::string_view name) const;
+  void SetPictures(ObjectFamily& family) { pictures_ = &family; }
+
+  void Reset() override;
+  void ClearWindow(std::string_view caption) override;
+  void ClearMainWindow() override;
+  PersonObject* Find(std::string_view name, const ProgramWindow& window) override;
+  void CopyTexts() override;
+
+ private:
+  void AddFamily(CommandTable& table, std::string_view word, std::unique_ptr<ObjectFamily> family);
+
+  Run& run_;
+  WindowModel& windows_;
+  std::vector<std::unique_ptr<ObjectFamily>> families_;
+  ObjectFamily* pictures_ = nullptr;
+  std::int16_t NextTabIndex_ = 0;
+};
+
+}  // namespace tessera

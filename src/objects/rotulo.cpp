@@ -1,0 +1,81 @@
+#include "objects/rotulo.h"
+
+#include "objects/object_frame.h"
+#include "platform/failure.h"
+#include "text/literal.h"
+#include "windows/display.h"
+
+namespace tessera {
+
+namespace {
+
+constexpr ControlPlace kLabelSize = {.Width = 80, .Height = 16};
+constexpr std::string_view kTxt = ".Txt";
+constexpr Companion kCompanions[] = {{kTxt, kTypeString}};
+
+Value Txt(const SuffixCall& call) {
+  static_cast<Rotulo&>(call.family).SetText(call.As<RotuloControl>(), call.Word());
+  return {};
+}
+
+Value Justifica(const SuffixCall& call) {
+  call.As<RotuloControl>().SetAlignment(AlignmentOf(call.Number()));
+  return {};
+}
+
+constexpr SuffixRow kSuffixes[] = {
+    {".ATIVO", suffix::Ativo},
+    {".VISIVEL", suffix::Visivel},
+    {".CORFUNDO", suffix::CorFundo},
+    {".CORLETRA", suffix::CorLetra},
+    {".NOMEFONTE", suffix::NomeFonte},
+    {".TAMFONTE", suffix::TamFonte},
+    {".NEGRITO", suffix::Negrito},
+    {".ITALICO", suffix::Italico},
+    {".INDICETAB", suffix::IndiceTab},
+    {".TXT", Txt},
+    {".DICA", suffix::Dica},
+    {".JUSTIFICA", Justifica},
+    {".PAI", suffix::Pai},
+};
+
+}  // namespace
+
+Alignment AlignmentOf(const Value& value) {
+  const std::int32_t number = value.ToInteger();
+  if (number < 0 || number > 2) throw RunFailure(380, "Valor de propriedade inválido"_w);
+  return static_cast<Alignment>(number);
+}
+
+RotuloControl::RotuloControl(Form& form, ControlEvents& events, int index)
+    : Control(form, events, index, kLabelSize) {}
+
+Rotulo::Rotulo(ObjectFrame& frame) : ObjectFamily(frame, "LblRotulo", kCompanions, kSuffixes) {}
+
+std::shared_ptr<Control> Rotulo::NewControl(Form& form, std::string_view, int index) {
+  return std::make_shared<RotuloControl>(form, *this, index);
+}
+
+// OPEN: without a width the label is as wide as its text, and at least a line high, so that nothing of it is
+// cut off.
+void Rotulo::Create(Control& control, ObjectRow&, const Settings& arguments) {
+  auto& label = static_cast<RotuloControl&>(control);
+  label.SetFont({.name = "MS Sans Serif", .size = 8});
+  const std::string text = arguments.Number(1).ToText();
+  SetText(label, text);
+  Place(label, arguments, 2);
+  ControlPlace place = label.Place();
+  const TextSize needed = label.form().MeasureText(text, label.Font());
+  place.Width = needed.width;
+  place.Height = needed.height;
+  label.Move(place);
+  SetWidth(label, arguments, 4);
+  SetHeight(label, arguments, 5);
+}
+
+void Rotulo::SetText(RotuloControl& label, std::string_view text) {
+  label.SetCaption(text);
+  TellCompanion(label, kTxt, std::string(text));
+}
+
+}  // namespace tessera

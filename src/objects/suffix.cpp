@@ -1,0 +1,116 @@
+#include "objects/suffix.h"
+
+#include <utility>
+
+#include "objects/object_frame.h"
+#include "text/one_based.h"
+#include "values/eval.h"
+
+namespace tessera {
+
+std::string SuffixCall::Text() const {
+  return EvalText(run, arguments.Raw(kValue)).ToText();
+}
+
+std::vector<std::string> SuffixCall::Values() const {
+  std::vector<std::string> values;
+  const std::string& first = arguments.Raw(0);
+  const Position blank = Find(first, " ");
+  if (blank > 0) values.emplace_back(Trim(Mid(first, blank)));
+  std::size_t place = 1;
+  if (arguments.Raw(place) == "=") ++place;
+  for (; place < Settings::kPlaces; ++place) values.push_back(arguments.Raw(place));
+  while (!values.empty() && values.back().empty()) values.pop_back();
+  return values;
+}
+
+Value SuffixCall::Nth(std::size_t place) const {
+  const std::vector<std::string> values = Values();
+  return place < values.size() ? EvalNumber(run, values[place]) : Value(std::string());
+}
+
+namespace suffix {
+
+namespace {
+
+Value SetFace(const SuffixCall& call, void (*change)(FontFace& face, const SuffixCall& call)) {
+  FontFace face = call.control.Font();
+  change(face, call);
+  call.control.SetFont(face);
+  return {};
+}
+
+bool IsSim(const SuffixCall& call) {
+  return Upper(call.Word()) == "SIM";
+}
+
+}  // namespace
+
+// KEPT: the words stand in upper case here and in any case where a font is set
+// (programs.objects_share_their_suffixes).
+Value Ativo(const SuffixCall& call) {
+  SetBySimNao(call.Word(), [&](bool on) { call.control.SetEnabled(on); });
+  return {};
+}
+
+Value Visivel(const SuffixCall& call) {
+  SetBySimNao(call.Word(), [&](bool on) { call.control.SetVisible(on); });
+  return {};
+}
+
+Value CorFundo(const SuffixCall& call) {
+  call.control.SetBackColor(call.Number().ToInteger());
+  return {};
+}
+
+Value CorLetra(const SuffixCall& call) {
+  call.control.SetForeColor(call.Number().ToInteger());
+  return {};
+}
+
+Value IndiceTab(const SuffixCall& call) {
+  call.control.SetTabIndex(call.Number().ToInteger());
+  return {};
+}
+
+Value MoveFoco(const SuffixCall& call) {
+  call.control.SetFocus();
+  return {};
+}
+
+Value Dica(const SuffixCall& call) {
+  call.control.SetToolTipText(call.Word());
+  return {};
+}
+
+Value NomeFonte(const SuffixCall& call) {
+  return SetFace(call, [](FontFace& face, const SuffixCall& c) { face.name = c.Text(); });
+}
+
+Value TamFonte(const SuffixCall& call) {
+  return SetFace(call, [](FontFace& face, const SuffixCall& c) { face.size = c.Number().ToDouble(); });
+}
+
+Value Negrito(const SuffixCall& call) {
+  return SetFace(call, [](FontFace& face, const SuffixCall& c) { face.bold = IsSim(c); });
+}
+
+Value Italico(const SuffixCall& call) {
+  return SetFace(call, [](FontFace& face, const SuffixCall& c) { face.italic = IsSim(c); });
+}
+
+Value Pai(const SuffixCall& call) {
+  if (Control* picture = call.frame.FindPicture(call.Text())) call.control.SetParent(*picture);
+  return {};
+}
+
+Value Altura(const SuffixCall& call) {
+  ControlPlace place = call.control.Place();
+  place.Height = call.Number().ToDouble() * call.frame.windows().TamLin;
+  call.control.Move(place);
+  return {};
+}
+
+}  // namespace suffix
+
+}  // namespace tessera

@@ -1,0 +1,81 @@
+// The suffixes of objects, `name.SUFFIX = value`: a family's table of them, and those that many families
+// have.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "values/run.h"
+#include "values/value.h"
+#include "windows/control.h"
+#include "windows/window_settings.h"
+
+namespace tessera {
+
+class ObjectFamily;
+class ObjectFrame;
+struct ObjectRow;
+
+// One use of a suffix.
+struct SuffixCall {
+  Run& run;
+  ObjectFrame& frame;
+  ObjectFamily& family;
+  ObjectRow& row;
+  Control& control;
+  const Settings& arguments;
+
+  // The family's own kind of control.
+  template <typename T>
+  T& As() const {
+    return static_cast<T&>(control);
+  }
+
+  // The value behind the equals sign: a number or a word, and a name or path, which must stay text.
+  Value Number() const { return arguments.Number(kValue); }
+  std::string Word() const { return Number().ToText(); }
+  std::string Text() const;
+
+  // All values: what stands behind the first blank of the first argument, and the arguments behind it without
+  // the equals sign.
+  std::vector<std::string> Values() const;
+  // One of them, evaluated; empty beyond their end.
+  Value Nth(std::size_t place) const;
+
+ private:
+  static constexpr std::size_t kValue = 2;
+};
+
+struct SuffixRow {
+  std::string_view word;  // with its ".", in upper case
+  Value (*act)(const SuffixCall& call);
+};
+
+namespace suffix {
+
+Value Ativo(const SuffixCall& call);
+Value Visivel(const SuffixCall& call);
+Value CorFundo(const SuffixCall& call);
+Value CorLetra(const SuffixCall& call);
+Value IndiceTab(const SuffixCall& call);
+Value MoveFoco(const SuffixCall& call);
+Value Dica(const SuffixCall& call);
+Value NomeFonte(const SuffixCall& call);
+Value TamFonte(const SuffixCall& call);
+Value Negrito(const SuffixCall& call);
+Value Italico(const SuffixCall& call);
+Value Pai(const SuffixCall& call);
+// `Height` in lines.
+Value Altura(const SuffixCall& call);
+
+}  // namespace suffix
+
+// "SIM" sets it, "NAO" clears it, any other word leaves it. Upper case counts.
+template <typename Setter>
+void SetBySimNao(std::string_view word, Setter set) {
+  if (word == "SIM") set(true);
+  if (word == "NAO") set(false);
+}
+
+}  // namespace tessera

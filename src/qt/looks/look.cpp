@@ -1,0 +1,134 @@
+#include "qt/looks/look.h"
+
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <string>
+
+#include "qt/fonts.h"
+#include "qt/key_codes.h"
+#include "qt/text.h"
+#include "windows/display.h"
+
+namespace tessera {
+
+namespace {
+
+// What a key types, as far as it is a character: the keys that edit have a code alone.
+std::string TypedText(const QKeyEvent& event) {
+  std::string typed;
+  if (event.modifiers().testFlag(Qt::ControlModifier) && !event.modifiers().testFlag(Qt::AltModifier))
+    return typed;
+  for (const char character : FromQString(event.text())) {
+    const auto code = static_cast<unsigned char>(character);
+    if (code == '\r' || (code >= ' ' && code != 127)) typed += character;
+  }
+  return typed;
+}
+
+QRect RectOf(const ControlPlace& place) {
+  return {qRound(place.Left), qRound(place.Top), qRound(place.Width), qRound(place.Height)};
+}
+
+}  // namespace
+
+LookView::LookView(std::unique_ptr<LookBody> body, Control& control, QWidget& window, LogicEntry& entry)
+    : body_(body.release()), control_(control), window_(window), logic_(control, entry), entry_(entry) {
+  QWidget& widget = Widget();
+  widget.hide();
+  widget.setParent(&window);
+  // No Tab focus: the logic itself knows the order.
+  widget.setFocusPolicy(control.TakesFocus() ? Qt::ClickFocus : Qt::NoFocus);
+  widget.setAttribute(Qt::WA_InputMethodEnabled, control.TakesFocus());
+  widget.setAttribute(Qt::WA_NoMousePropagation);
+  widget.installEventFilter(this);
+  Follow();
+}
+
+// The widget may be in the middle of an event that it told the logic of.
+LookView::~LookView() {
+  QWidget& widget = Widget();
+  widget.removeEventFilter(this);
+  widget.hide();
+  if (entry_.IsInside()) {
+    widget.deleteLater();
+  } else {
+    delete &widget;
+  }
+}
+
+void LookView::Follow() {
+  QWidget& widget = Widget();
+  QWidget* parent = &window_;
+  if (Control* picture = control_.Parent()) {
+    if (auto* view = dynamic_cast<LookView*>(picture->View())) parent = &view->Widget();
+  }
+  if (widget.parentWidget() != parent) widget.setParent(parent);
+  widget.setObjectName(ToQString(control_.Name()));
+  widget.setAccessibleName(ToQString(control_.Name()));
+  widget.setToolTip(ToQString(control_.ToolTipText()));
+  widget.setFont(ToQFont(control_.Font()));
+  widget.setEnabled(control_.Enabled());
+  widget.setGeometry(RectOf(control_.Place()));
+  body_->FollowControl();
+  widget.setVisible(control_.Visible());
+}
+
+void LookView::TakeFocus() {
+  Widget().setFocus();
+}
+
+bool LookView::eventFilter(QObject*, QEvent* event) {
+  switch (event->type()) {
+    case QEvent::FocusIn:
+      logic_.Tell([](Control& control) { control.form().MoveFocus(&control); });
+      return false;
+    case QEvent::ShortcutOverride:
+      event->accept();
+      return true;
+    case QEvent::KeyPress:
+      return TakeKey(static_cast<QKeyEvent&>(*event));
+    case QEvent::KeyRelease: {
+      const auto& key = static_cast<QKeyEvent&>(*event);
+      if (key.isAutoRepeat()) return false;
+      logic_.Tell([code = KeyCodeOf(key), shift = ShiftOf(key)](Control& control) {
+        control.form().ReleaseKey(code, shift);
+      });
+      return false;
+    }
+    case QEvent::InputMethod: {
+      if (body_->EditsByItself()) return false;
+      const QString committed = static_cast<QInputMethodEvent&>(*event).commitString();
+      logic_.Tell([typed = FromQString(committed)](Control& control) {
+        for (const char character : typed) control.form().TypeCharacter(character);
+      });
+      return true;
+    }
+    default:
+      return false;
+  }
+}
+
+// True where the key is used up.
+bool LookView::TakeKey(const QKeyEvent& event) {
+  if (body_->TakeShortcut(event)) return true;
+  const int code = KeyCodeOf(event);
+  const KeyShift shift = ShiftOf(event);
+  const std::string typed = TypedText(event);
+  if (!body_->EditsByItself()) {
+    logic_.Tell([code, shift, typed](Control& control) {
+      Form& form = control.form();
+      if (form.PressKey(code, shift)) return;
+      for (const char character : typed) form.TypeCharacter(character);
+    });
+    return true;
+  }
+  // The entry may come later than this call.
+  const auto used = std::make_shared<bool>(false);
+  logic_.Tell([=](Control& control) {
+    Form& form = control.form();
+    *used = form.PreviewKey(code, shift) || (!typed.empty() && form.PreviewCharacter(typed.front()));
+  });
+  return *used;
+}
+
+}  // namespace tessera

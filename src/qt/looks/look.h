@@ -1,0 +1,104 @@
+// The looks of objects: each kind of control has a widget that shows it and feeds it keys and pointer. What
+// all looks have in common stands here: the place and state that every control has, the focus, the keys, and
+// the one way into the logic.
+//
+// A kind of look is a widget and a `LookBody` that follows the control; registry.cpp names them all.
+#pragma once
+
+#include <QObject>
+#include <QWidget>
+#include <memory>
+#include <utility>
+
+#include "qt/logic_entry.h"
+#include "windows/control.h"
+
+class QEvent;
+class QKeyEvent;
+
+namespace tessera {
+
+// What a look does by itself. The widget is the body's own object: whoever deletes one has deleted both.
+class LookBody {
+ public:
+  virtual ~LookBody() = default;
+  virtual QWidget& Widget() = 0;
+  // The control's own properties have changed; place, font and the like are followed already.
+  virtual void FollowControl() { Widget().update(); }
+  // A key combination of the desktop's own, like that of the clipboard; true where it was one.
+  virtual bool TakeShortcut(const QKeyEvent& /*event*/) { return false; }
+  // True where the widget edits its text on its own; the logic then has the window's preview of a key alone.
+  virtual bool EditsByItself() const { return false; }
+};
+
+// Where a widget's events go into the logic. It goes with the control; what comes later is dropped.
+class LookEntry {
+ public:
+  LookEntry(Control& control, LogicEntry& entry) : control_(control.weak_from_this()), entry_(entry) {}
+
+  // Runs `act` on the control, unless that has gone in the meantime.
+  template <typename T = Control, typename Act>
+  void Tell(Act act) const {
+    entry_.Enter([control = control_, act = std::move(act)] {
+      if (const auto held = control.lock()) act(static_cast<T&>(*held));
+    });
+  }
+
+ private:
+  std::weak_ptr<Control> control_;
+  LogicEntry& entry_;
+};
+
+// The view of a control: its look's widget, which lies on the window or in the picture of the control.
+class LookView final : public QObject, public ControlView {
+ public:
+  LookView(std::unique_ptr<LookBody> body, Control& control, QWidget& window, LogicEntry& entry);
+  ~LookView() override;
+  LookView(const LookView&) = delete;
+  LookView& operator=(const LookView&) = delete;
+
+  QWidget& Widget() { return body_->Widget(); }
+
+  void Follow() override;
+  void TakeFocus() override;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  bool TakeKey(const QKeyEvent& event);
+
+  LookBody* body_;
+  Control& control_;
+  QWidget& window_;
+  LookEntry logic_;
+  LogicEntry& entry_;
+};
+
+// A look that paints itself: a widget for one control of the kind `T`.
+template <typename T>
+class PaintedLook : public QWidget, public LookBody {
+ public:
+  PaintedLook(T& control, LogicEntry& entry) : control_(control), logic_(control, entry) {
+    setMouseTracking(true);
+  }
+
+  QWidget& Widget() override { return *this; }
+
+ protected:
+  T& control() const { return control_; }
+
+  template <typename Act>
+  void Tell(Act act) const {
+    logic_.Tell<T>(std::move(act));
+  }
+
+ private:
+  T& control_;
+  LookEntry logic_;
+};
+
+// The look of a control, by the control's kind.
+std::unique_ptr<ControlView> NewLook(Control& control, QWidget& window, LogicEntry& entry);
+
+}  // namespace tessera

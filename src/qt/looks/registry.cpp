@@ -1,0 +1,44 @@
+#include <map>
+#include <typeindex>
+#include <typeinfo>
+
+#include "objects/botao.h"
+#include "objects/check.h"
+#include "objects/moldura.h"
+#include "objects/rotulo.h"
+#include "qt/looks/botao_look.h"
+#include "qt/looks/check_look.h"
+#include "qt/looks/look.h"
+#include "qt/looks/moldura_look.h"
+#include "qt/looks/rotulo_look.h"
+
+namespace tessera {
+
+namespace {
+
+using Maker = std::unique_ptr<LookBody> (*)(Control& control, LogicEntry& entry);
+
+template <typename ControlKind, typename Look>
+std::pair<const std::type_index, Maker> Row() {
+  return {typeid(ControlKind), [](Control& control, LogicEntry& entry) -> std::unique_ptr<LookBody> {
+            return std::make_unique<Look>(static_cast<ControlKind&>(control), entry);
+          }};
+}
+
+const std::map<std::type_index, Maker>& Makers() {
+  static const std::map<std::type_index, Maker> makers = {
+      Row<BotaoControl, BotaoLook>(), Row<CheckControl, CheckLook>(),   Row<MolduraControl, MolduraLook>(),
+      Row<OpcaoControl, OpcaoLook>(), Row<RotuloControl, RotuloLook>(),
+  };
+  return makers;
+}
+
+}  // namespace
+
+std::unique_ptr<ControlView> NewLook(Control& control, QWidget& window, LogicEntry& entry) {
+  const auto maker = Makers().find(typeid(control));
+  if (maker == Makers().end()) return nullptr;
+  return std::make_unique<LookView>(maker->second(control, entry), control, window, entry);
+}
+
+}  // namespace tessera

@@ -1,0 +1,24 @@
+// The look of `Rot`, the label.
+#pragma once
+
+#include "objects/rotulo.h"
+#include "qt/looks/look.h"
+
+namespace tessera {
+
+class RotuloLook final : public PaintedLook<RotuloControl> {
+ public:
+  using PaintedLook::PaintedLook;
+
+  void FollowControl() override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+ private:
+  bool afterDoubleClick_ = false;
+};
+
+}  // namespace tessera

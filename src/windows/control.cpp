@@ -1,0 +1,80 @@
+#include "windows/control.h"
+
+#include <utility>
+
+#include "windows/display.h"
+
+namespace tessera {
+
+Control::Control(Form& form, ControlEvents& events, int index, const ControlPlace& place)
+    : form_(form), events_(events), index_(index), place_(place) {}
+
+Control::~Control() = default;
+
+void Control::Move(const ControlPlace& place) {
+  const ControlPlace before = std::exchange(place_, place);
+  if (place.Width != before.Width || place.Height != before.Height) Resized();
+  Refresh();
+}
+
+void Control::SetVisible(bool visible) {
+  Set(visible_, visible);
+  if (!visible) form_.DropFocus(*this);
+}
+
+void Control::SetEnabled(bool enabled) {
+  enabled_ = enabled;
+  EnabledChanged();
+  Refresh();
+  if (!enabled) form_.DropFocus(*this);
+}
+
+void Control::SetTabIndex(int tabIndex) {
+  tabIndex_ = tabIndex;
+  tabStamp_ = form_.NextTabStamp();
+}
+
+bool Control::IsTabbedBefore(const Control& other) const {
+  if (tabIndex_ != other.tabIndex_) return tabIndex_ < other.tabIndex_;
+  return tabStamp_ > other.tabStamp_;
+}
+
+void Control::SetParent(Control& picture) {
+  parent_ = picture.weak_from_this();
+  Refresh();
+}
+
+bool Control::IsInReach() const {
+  const Control* parent = Parent();
+  return visible_ && enabled_ && (parent == nullptr || parent->Visible());
+}
+
+bool Control::HasFocus() const {
+  return form_.Focus() == this;
+}
+
+void Control::SetFocus() {
+  if (IsInReach() && TakesFocus()) form_.MoveFocus(this);
+}
+
+void Control::GainFocus() {
+  FocusGained();
+  Refresh();
+  events_.OnGotFocus(*this);
+}
+
+void Control::LoseFocus() {
+  FocusLost();
+  Refresh();
+  events_.OnLostFocus(*this);
+}
+
+void Control::TakeView(std::unique_ptr<ControlView> view) {
+  view_ = std::move(view);
+}
+
+void Control::Refresh() {
+  if (view_) view_->Follow();
+}
+
+}  // namespace tessera
