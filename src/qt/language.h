@@ -1,4 +1,4 @@
-// The window system's own texts in Portuguese.
+// The window system's own texts, dates and numbers as this system writes them.
 #pragma once
 
 #include <QTranslator>
@@ -6,7 +6,7 @@
 
 namespace tessera {
 
-// Lives as long as the texts are to be Portuguese. Where the system lacks the translation they stay English.
+// Lives as long as the texts are to be Portuguese. Where the machine lacks the translation they stay English.
 std::unique_ptr<QTranslator> InstallPortuguese();
 
 }  // namespace tessera

@@ -70,6 +70,9 @@ struct Run {
   // The window form that whoever started the program asked for.
   StartForm startForm = StartForm::Normal;
 
+  // The printer that the person chose in `CaixaDialogo`; empty for the system's own choice.
+  std::string PrinterName;
+
   // Where the program's file names lead.
   PathMapping paths;
 
