@@ -1,5 +1,6 @@
 // Measures the built programs as processes: nanoseconds per statement, peak memory, start-up. Prints a table;
-// nothing here is a test. Called by bench/run: tessera_bench FOLDER-OF-BENCH TESSERA
+// nothing here is a test. The grid is measured within this one. Called by bench/run:
+// tessera_bench FOLDER-OF-BENCH TESSERA [PART]
 #include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -11,8 +12,11 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
+#include "grid_times.h"
 #include "sqlite_records.h"
 
 namespace {
@@ -142,6 +146,20 @@ class Bench {
     Record("update", "updates", sqlite.update);
   }
 
+  void Grid() {
+    using tessera::bench::kGridRows;
+    const tessera::bench::GridTimes times = tessera::bench::MeasureGrid();
+    std::printf("\n%-40s %8s %12s\n", "grid of 1,000,000 rows, 5 columns", "ms", "each second");
+    PerSecond("cells filled", double{kGridRows} * tessera::bench::kGridColumns, {times.fill, 0});
+    PerSecond("rows sorted by a text", kGridRows, {times.sortText, 0});
+    PerSecond("rows sorted by a number", kGridRows, {times.sortNumber, 0});
+    PerSecond("pages, from end to end", times.pageCount, {times.pages, 0});
+    std::printf("%-40s %8.3f\n", "the slowest page", times.slowestPage);
+    std::printf("%-40s %8.1f\n", "bytes for each cell", times.bytesPerCell);
+    std::printf("%-40s %8.1f\n", "bytes for each cell, with attributes", times.bytesPerCellWithAttributes);
+    std::printf("%-40s %8.1f\n", "characters in each cell", times.charactersPerCell);
+  }
+
   void StartUp() {
     const fs::path ten = scratch_ / "ten.tsc";
     std::ofstream(ten) << "Escreva 1\nEscreva 2\nEscreva 3\nEscreva 4\nEscreva 5\nEscreva 6\nEscreva 7\n"
@@ -221,15 +239,16 @@ class Bench {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 3) {
-    std::fprintf(stderr, "tessera_bench FOLDER-OF-BENCH TESSERA\n");
+  if (argc != 3 && argc != 4) {
+    std::fprintf(stderr, "tessera_bench FOLDER-OF-BENCH TESSERA [PART]\n");
     return 2;
   }
+  constexpr std::pair<std::string_view, void (Bench::*)()> kParts[] = {
+      {"statements", &Bench::Statements}, {"files", &Bench::Files}, {"drawing", &Bench::Drawing},
+      {"records", &Bench::Records},       {"grid", &Bench::Grid},   {"start", &Bench::StartUp}};
   Bench bench(argv[1], argv[2]);
-  bench.Statements();
-  bench.Files();
-  bench.Drawing();
-  bench.Records();
-  bench.StartUp();
+  for (const auto& [name, measure] : kParts) {
+    if (argc == 3 || name == argv[3]) (bench.*measure)();
+  }
   return 0;
 }

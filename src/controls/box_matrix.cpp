@@ -71,7 +71,8 @@ void BoxMatrix::AppendRow() {
     freeRows_.pop_back();
     return;
   }
-  rows_.push_back(static_cast<std::uint32_t>(columns_ == 0 ? 0 : texts_.size() / columns_));
+  rows_.push_back(static_cast<std::uint32_t>(marks_.size()));
+  marks_.push_back(false);
   texts_.resize(texts_.size() + columns_);
   if (hasAttributes_) attributes_.resize(texts_.size());
 }
@@ -81,7 +82,8 @@ void BoxMatrix::RemoveRow(std::size_t row) {
     SetText(row, column, "");
     if (hasAttributes_) attributes_[Cell(row, column)] = 0;
   }
-  if (columns_ != 0) freeRows_.push_back(rows_[row]);
+  SetMark(row, false);
+  freeRows_.push_back(rows_[row]);
   rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(row));
 }
 
@@ -153,7 +155,8 @@ std::vector<std::uint32_t> BoxMatrix::Sort(std::size_t count, std::size_t column
 
 std::size_t BoxMatrix::Bytes() const {
   return pool_.Used() + texts_.capacity() * sizeof(TextPool::Ref) +
-         (rows_.capacity() + attributes_.capacity() + freeRows_.capacity()) * sizeof(std::uint32_t);
+         (rows_.capacity() + attributes_.capacity() + freeRows_.capacity()) * sizeof(std::uint32_t) +
+         marks_.capacity() / 8;
 }
 
 void BoxMatrix::ReplacePool() {

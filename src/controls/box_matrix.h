@@ -1,5 +1,5 @@
-// The rows behind a `NovoBox`: texts, optional attributes, and the value vector. All rows and columns count
-// from 0. A row that is moved, by a sort or a removal, moves as one number.
+// The rows behind a `NovoBox` or a `BoxList`: texts, optional attributes, a check mark. All rows and columns
+// count from 0. A row that is moved, by a sort or a removal, moves as one number.
 #pragma once
 
 #include <cstddef>
@@ -41,6 +41,9 @@ class BoxMatrix {
   // The attributes of a cell; null while the cell was given none, or without attribute matrices.
   const CellAttributes* Attributes(std::size_t row, std::size_t column) const;
   void SetAttributes(std::size_t row, std::size_t column, const CellAttributes& attributes);
+  // The check mark of a row.
+  bool Mark(std::size_t row) const { return marks_[rows_[row]]; }
+  void SetMark(std::size_t row, bool on) { marks_[rows_[row]] = on; }
 
   // Orders the first `count` rows by a column's texts, or by the numbers that they begin with; rows that
   // compare equal keep their order. The answer gives each old row its new place.
@@ -58,6 +61,7 @@ class BoxMatrix {
   TextPool pool_;
   std::vector<std::uint32_t> rows_;      // the stored row that stands at each place
   std::vector<std::uint32_t> freeRows_;  // stored rows of removed places
+  std::vector<bool> marks_;              // of each stored row
   std::vector<TextPool::Ref> texts_;
   std::vector<std::uint32_t> attributes_;  // 0 none, else 1 + index into distinct_
   std::vector<const CellAttributes*> distinct_;

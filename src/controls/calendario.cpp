@@ -1,14 +1,11 @@
 #include "controls/calendario.h"
 
-#include <algorithm>
-
 #include "controls/key_code.h"
 
 namespace tessera {
 namespace {
 
-constexpr char kOpenPlace = '_';
-constexpr char kSeparator = '/';
+constexpr std::string_view kMask = "##/##/####";
 
 DateTime DayOf(DateTime date) {
   return std::chrono::floor<std::chrono::days>(date);
@@ -16,18 +13,14 @@ DateTime DayOf(DateTime date) {
 
 }  // namespace
 
+Calendario::Calendario(DateTime today) {
+  txtData_.SetMask(kMask);
+  SetValue(today);
+}
+
 void Calendario::SetValue(DateTime date) {
   value_ = marked_ = DayOf(date);
-  const std::chrono::year_month_day day = CalendarDay(value_);
-  // Day 0 too shows as a date, not as a time of day.
-  const auto put = [](unsigned number, std::size_t width) {
-    const std::string digits = std::to_string(number);
-    return std::string(width - std::min(width, digits.size()), '0') + digits;
-  };
-  txtData_ = put(static_cast<unsigned>(day.day()), 2) + kSeparator +
-             put(static_cast<unsigned>(day.month()), 2) + kSeparator +
-             put(static_cast<unsigned>(static_cast<int>(day.year())), 4);
-  caret_ = 0;
+  txtData_.SetText(DateText(value_));
 }
 
 void Calendario::SetEnabled(bool enabled) {
@@ -35,22 +28,13 @@ void Calendario::SetEnabled(bool enabled) {
   if (!enabled) viewIsOpen_ = false;
 }
 
-void Calendario::PlaceCaret(std::size_t caret) {
-  caret_ = std::min(caret, kMask.size());
-}
-
 bool Calendario::KeyPress(char character) {
-  if (!enabled_ || viewIsOpen_ || character < '0' || character > '9') return false;
-  if (caret_ < kMask.size() && kMask[caret_] == kSeparator) ++caret_;
-  if (caret_ == kMask.size()) return false;
-  const bool changed = Put(caret_, character);
-  ++caret_;
-  return changed;
+  return enabled_ && !viewIsOpen_ && Edited(txtData_.KeyPress(character));
 }
 
-bool Calendario::KeyDown(int code) {
+bool Calendario::KeyDown(int code, bool shift) {
   if (!enabled_) return false;
-  return viewIsOpen_ ? ViewKey(code) : FieldKey(code);
+  return viewIsOpen_ ? ViewKey(code) : Edited(txtData_.KeyDown(code, shift));
 }
 
 void Calendario::ButtonClick() {
@@ -92,30 +76,6 @@ void Calendario::ShowMonth(int monthsFromHere) {
   if (const auto shown = AddMonths(marked_, monthsFromHere)) marked_ = *shown;
 }
 
-bool Calendario::FieldKey(int code) {
-  switch (code) {
-    case key::kLeft:
-      caret_ -= caret_ > 0;
-      return false;
-    case key::kRight:
-      PlaceCaret(caret_ + 1);
-      return false;
-    case key::kHome:
-      caret_ = 0;
-      return false;
-    case key::kEnd:
-      caret_ = kMask.size();
-      return false;
-    case key::kBackspace:
-      if (caret_ > 0 && kMask[caret_ - 1] == kSeparator) --caret_;
-      return caret_ > 0 && Put(--caret_, kOpenPlace);
-    case key::kDelete:
-      return caret_ < kMask.size() && kMask[caret_] != kSeparator && Put(caret_, kOpenPlace);
-    default:
-      return false;
-  }
-}
-
 bool Calendario::ViewKey(int code) {
   using std::chrono::days;
   switch (code) {
@@ -151,11 +111,10 @@ void Calendario::MarkDay(std::chrono::days daysFromHere) {
   if (const auto marked = AddSeconds(marked_, std::chrono::seconds{daysFromHere}.count())) marked_ = *marked;
 }
 
-// Whether the place held another character. A text that is a whole date now becomes the value.
-bool Calendario::Put(std::size_t place, char character) {
-  if (txtData_[place] == character) return false;
-  txtData_[place] = character;
-  if (const auto date = ReadDate(txtData_)) value_ = marked_ = DayOf(*date);
+// A text that is a whole date now becomes the value.
+bool Calendario::Edited(bool changed) {
+  if (!changed) return false;
+  if (const auto date = ReadDate(txtData_.Text())) value_ = marked_ = DayOf(*date);
   return true;
 }
 

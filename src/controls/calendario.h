@@ -3,9 +3,8 @@
 
 #include <array>
 #include <cstddef>
-#include <string>
-#include <string_view>
 
+#include "controls/mask_field.h"
 #include "text/date.h"
 
 namespace tessera {
@@ -14,7 +13,6 @@ class Calendario {
  public:
   static constexpr std::size_t kWeeks = 6;
   static constexpr std::size_t kDaysOfWeek = 7;
-  static constexpr std::string_view kMask = "__/__/____";
 
   // A day of the month view; those of the months beside it fill the first and the last week.
   struct Day {
@@ -23,25 +21,25 @@ class Calendario {
     bool marked = false;
   };
 
-  explicit Calendario(DateTime today) { SetValue(today); }
+  explicit Calendario(DateTime today);
 
   // A day; a time of day is left out.
   DateTime Value() const { return value_; }
-  // The field's text: the date, or what has been typed of one, open places being "_".
-  const std::string& TxtData() const { return txtData_; }
-  std::size_t Caret() const { return caret_; }
+  // The field: the date, or what has been typed of one, open places being "_".
+  const MaskField& TxtData() const { return txtData_; }
+  bool Enabled() const { return enabled_; }
   bool ViewIsOpen() const { return viewIsOpen_; }
 
   void SetValue(DateTime date);
   void SetEnabled(bool enabled);
-  void PlaceCaret(std::size_t caret);
+  void PlaceCaret(std::size_t anchor, std::size_t caret) { txtData_.Select(anchor, caret); }
 
   // A typed character goes to the next open or taken digit place; anything but a digit is refused. A whole
   // date of the calendar becomes the value at once. Whether the text changed, told as the change event.
   bool KeyPress(char character);
   // In the field: Left, Right, Home, End, Backspace, Delete. In the open view: arrows, Page Up and Page Down
   // mark another day, Enter picks it, Escape closes. The answer is that of KeyPress.
-  bool KeyDown(int code);
+  bool KeyDown(int code, bool shift);
 
   void ButtonClick();
   // Picks a day and closes the view; false for a disabled control.
@@ -55,14 +53,12 @@ class Calendario {
   void ShowMonth(int monthsFromHere);
 
  private:
-  bool FieldKey(int code);
   bool ViewKey(int code);
   void MarkDay(std::chrono::days daysFromHere);
-  bool Put(std::size_t place, char character);
+  bool Edited(bool changed);
 
   DateTime value_;
-  std::string txtData_;
-  std::size_t caret_ = 0;
+  MaskField txtData_;
   DateTime marked_;  // the view shows its month
   bool viewIsOpen_ = false;
   bool enabled_ = true;

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <iterator>
 
+#include "controls/character.h"
 #include "controls/key_code.h"
 #include "text/number.h"
 #include "text/one_based.h"
@@ -13,10 +14,6 @@ namespace {
 
 constexpr std::string_view kTemplateInteger = "000.000.000.000.000";
 constexpr std::size_t kTemplateDecimals = 6;
-
-bool IsDigit(char character) {
-  return character >= '0' && character <= '9';
-}
 
 bool IsSign(char character) {
   return character == '-' || character == '+';
@@ -70,8 +67,12 @@ void EntraNum::GanhouFoco() {
 }
 
 void EntraNum::PerdeuFoco() {
-  txtAux_.SetText(Formata(txtAux_.Text(), casas_));
+  FormataNumero();
   entry_ = Entry::kStartsAnew;
+}
+
+void EntraNum::FormataNumero() {
+  txtAux_.SetText(Formata(txtAux_.Text(), casas_));
 }
 
 bool EntraNum::KeyPress(char character) {
@@ -168,6 +169,14 @@ std::string EntraNum::Formata(std::string_view text, int casas) {
   decimals.resize(kTemplateDecimals, '0');
   if (casas > 0) shown += "," + decimals.substr(0, static_cast<std::size_t>(casas));
   return shown;
+}
+
+// OPEN: the two other helpers of the border's drawing have no meaning without a pixel, and are left out.
+std::int32_t EntraNum::Clareia(std::int32_t color) {
+  constexpr std::int32_t kWhite = 0xFFFFFF;
+  constexpr std::int32_t kHalves = 0x7F7F7F;
+  if (color < 0 || color > kWhite) return color;
+  return color + (((kWhite - color) >> 1) & kHalves);
 }
 
 }  // namespace tessera

@@ -2,6 +2,7 @@
 // and shows it in groups of three while nobody types in it.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -16,6 +17,8 @@ class EntraNum {
   double Value() const { return value_; }
   int Casas() const { return casas_; }
   const TextField& TxtAux() const { return txtAux_; }
+  bool Locked() const { return locked_; }
+  bool Enabled() const { return enabled_; }
 
   // Shows the number at once.
   void SetValue(double value);
@@ -27,17 +30,21 @@ class EntraNum {
 
   // The next key starts a new entry, in place of what is shown.
   void GanhouFoco();
-  // Formats the number.
   void PerdeuFoco();
+  // Shows what was typed in groups.
+  void FormataNumero();
 
   // A typed character; a key by its code (arrows, Home, End, Backspace, Delete). Whether the text changed,
   // which the owner tells as the change event.
   bool KeyPress(char character);
   bool KeyDown(int code, bool shift);
   void PlaceCaret(std::size_t anchor, std::size_t caret) { txtAux_.Select(anchor, caret); }
+  void SelectAll() { txtAux_.SelectAll(); }
 
   // A number's text in groups of three with `casas` decimals, both cut to the template's 15 and 6 digits.
   static std::string Formata(std::string_view text, int casas);
+  // The lighter one of the border's two colours: each channel half way to white. A system colour stays.
+  static std::int32_t Clareia(std::int32_t color);
 
  private:
   enum class Entry { kStartsAnew = 1, kTyping = 2 };

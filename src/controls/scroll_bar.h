@@ -47,6 +47,7 @@ class ScrollBar {
   // Left or upper edge of the thumb, always inside the trough.
   int ThumbPosition() const { return thumb_; }
   int ThumbLength() const { return thumbLength_; }
+  int ArrowLength() const { return troughStart_; }
 
   void PointerDown(int position);
   void PointerMove(int position);

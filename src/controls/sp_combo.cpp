@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "controls/character.h"
 #include "controls/key_code.h"
 #include "text/one_based.h"
 
@@ -12,19 +13,19 @@ namespace {
 // (SpComboTest.CompletesForPlainLettersAndDigitsAlone).
 bool Completes(char character) {
   return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z') ||
-         (character >= '0' && character <= '9');
+         IsDigit(character);
 }
 
 }  // namespace
 
 void SpCombo::Clear() {
   entries_.clear();
-  listIndex_ = kNoEntry;
+  SetListIndex(kNoEntry);
 }
 
 void SpCombo::SetText(std::string_view text) {
   txtAux_.SetText(text);
-  listIndex_ = EntryOf(text);
+  SetListIndex(EntryOf(text));
 }
 
 void SpCombo::SetEnabled(bool enabled) {
@@ -33,8 +34,7 @@ void SpCombo::SetEnabled(bool enabled) {
 }
 
 bool SpCombo::KeyPress(char character) {
-  const auto code = static_cast<unsigned char>(character);
-  if (!enabled_ || code < key::kSpace || code == 127) return false;
+  if (!enabled_ || !IsPrintable(character)) return false;
   if (Completes(character) && Complete(character)) return true;
   return Edited(txtAux_.Type(character));
 }
@@ -42,27 +42,51 @@ bool SpCombo::KeyPress(char character) {
 bool SpCombo::KeyDown(int code, bool shift) {
   if (!enabled_ || txtAux_.MoveKey(code, shift)) return false;
   switch (code) {
-    case key::kDown:
-      return Choose(listIndex_ + 1);
-    case key::kUp:
-      return Choose(listIndex_ - 1);
     case key::kBackspace:
       return Edited(txtAux_.Backspace());
     case key::kDelete:
       return Edited(txtAux_.Delete());
-    case key::kEscape:
-    case key::kEnter:
-      listIsOpen_ = false;
-      return false;
     default:
-      return false;
+      break;
   }
+  if (listIsOpen_) return ListKey(code);
+  if (code == key::kDown) return SelLista(listIndex_ + 1);
+  return code == key::kUp && SelLista(listIndex_ - 1);
 }
 
 bool SpCombo::ListClick(std::ptrdiff_t index) {
-  if (!enabled_ || !Choose(index)) return false;
+  if (!enabled_ || !SelLista(index)) return false;
   listIsOpen_ = false;
   return true;
+}
+
+bool SpCombo::SelLista(std::ptrdiff_t index) {
+  if (index < 0 || index >= std::ssize(entries_)) return false;
+  txtAux_.SetText(entries_[static_cast<std::size_t>(index)]);
+  SetListIndex(index);
+  return true;
+}
+
+std::ptrdiff_t SpCombo::ListRows() const {
+  return std::min(listHeight_, std::ssize(entries_));
+}
+
+void SpCombo::SetListHeight(std::ptrdiff_t rows) {
+  listHeight_ = std::max<std::ptrdiff_t>(rows, 1);
+  Highlight(highlighted_);
+}
+
+void SpCombo::ArrowClick() {
+  listIsOpen_ = enabled_ && !listIsOpen_;
+  Highlight(listIndex_);
+}
+
+void SpCombo::ListHover(std::ptrdiff_t index) {
+  if (index >= firstVisible_ && index < firstVisible_ + ListRows()) highlighted_ = index;
+}
+
+void SpCombo::Wheel(std::ptrdiff_t rows) {
+  if (listIsOpen_) ScrollTo(firstVisible_ + std::clamp(rows, -std::ssize(entries_), std::ssize(entries_)));
 }
 
 std::ptrdiff_t SpCombo::EntryOf(std::string_view text) const {
@@ -82,20 +106,55 @@ bool SpCombo::Complete(char character) {
   if (found == entries_.end()) return false;
   txtAux_.SetText(*found);
   txtAux_.Select(found->size(), candidate.size());
-  listIndex_ = found - entries_.begin();
-  return true;
-}
-
-bool SpCombo::Choose(std::ptrdiff_t index) {
-  if (index < 0 || index >= static_cast<std::ptrdiff_t>(entries_.size())) return false;
-  listIndex_ = index;
-  txtAux_.SetText(entries_[static_cast<std::size_t>(index)]);
+  SetListIndex(found - entries_.begin());
   return true;
 }
 
 bool SpCombo::Edited(bool changed) {
-  if (changed) listIndex_ = EntryOf(Text());
+  if (changed) SetListIndex(EntryOf(Text()));
   return changed;
+}
+
+// OPEN: keys move the highlight of an open list without a change of the text, until Enter chooses.
+bool SpCombo::ListKey(int code) {
+  switch (code) {
+    case key::kDown:
+      Highlight(highlighted_ + 1);
+      return false;
+    case key::kUp:
+      Highlight(std::max<std::ptrdiff_t>(highlighted_ - 1, 0));
+      return false;
+    case key::kPageDown:
+      Highlight(highlighted_ + listHeight_);
+      return false;
+    case key::kPageUp:
+      Highlight(std::max<std::ptrdiff_t>(highlighted_ - listHeight_, 0));
+      return false;
+    case key::kEnter:
+      listIsOpen_ = false;
+      return SelLista(highlighted_);
+    case key::kEscape:
+      listIsOpen_ = false;
+      return false;
+    default:
+      return false;
+  }
+}
+
+void SpCombo::SetListIndex(std::ptrdiff_t index) {
+  listIndex_ = index;
+  Highlight(index);
+}
+
+// Highlights an entry, at most the last one, and scrolls until it shows.
+void SpCombo::Highlight(std::ptrdiff_t index) {
+  highlighted_ = std::min(index, std::ssize(entries_) - 1);
+  if (highlighted_ < firstVisible_) ScrollTo(highlighted_);
+  if (highlighted_ >= firstVisible_ + ListRows()) ScrollTo(highlighted_ - ListRows() + 1);
+}
+
+void SpCombo::ScrollTo(std::ptrdiff_t first) {
+  firstVisible_ = std::clamp<std::ptrdiff_t>(first, 0, std::ssize(entries_) - ListRows());
 }
 
 }  // namespace tessera

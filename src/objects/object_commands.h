@@ -3,9 +3,10 @@
 
 #include "commands/command_table.h"
 #include "objects/object_frame.h"
+#include "windows/display.h"
 
 namespace tessera {
 
-void AddObjectCommands(CommandTable& table, ObjectFrame& frame);
+void AddObjectCommands(CommandTable& table, ObjectFrame& frame, Display& display);
 
 }  // namespace tessera

@@ -90,7 +90,7 @@ Form& ObjectFamily::FormCarrying(std::string_view array) const {
 }
 
 void ObjectFamily::CreateObject(const Settings& arguments) {
-  const std::string name = EvalText(run(), arguments.Raw(0)).ToText();
+  const std::string name = LookupName(EvalText(run(), arguments.Raw(0)).ToText());
   // OPEN: an object without a name could never be spoken of, and its row would count as free: none is made.
   if (name.empty()) return;
   const std::string array = ArrayFor(arguments);

@@ -77,7 +77,7 @@ class ObjectFamily : public ControlEvents {
   virtual void Create(Control& control, ObjectRow& row, const Settings& arguments) = 0;
   // What the family does with a suffix' whole first argument, before the suffix itself is looked at.
   virtual void BeforeSuffix(const SuffixCall& /*call*/) {}
-  // The name by which a suffix looks an object up.
+  // The name of the object that a program has written so.
   virtual std::string LookupName(std::string_view written) { return std::string(written); }
   // The companion variables of a new object.
   virtual void CreateCompanions(const ObjectRow& row);

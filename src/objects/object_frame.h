@@ -24,9 +24,9 @@ class ObjectFrame final : public WindowObjects {
   WindowModel& windows() const { return windows_; }
 
   // `word` is the family's command, in upper case.
-  template <typename Family>
-  Family& Add(CommandTable& table, std::string_view word) {
-    auto family = std::make_unique<Family>(*this);
+  template <typename Family, typename... More>
+  Family& Add(CommandTable& table, std::string_view word, More&... more) {
+    auto family = std::make_unique<Family>(*this, more...);
     Family& added = *family;
     AddFamily(table, word, std::move(family));
     return added;

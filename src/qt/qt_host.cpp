@@ -2,11 +2,13 @@
 
 #include <QApplication>
 #include <QCursor>
+#include <QDesktopServices>
 #include <QDialog>
 #include <QEventLoop>
 #include <QFontDatabase>
 #include <QScreen>
 #include <QTimer>
+#include <QUrl>
 #include <algorithm>
 #include <array>
 #include <cstdio>
@@ -141,6 +143,10 @@ std::string QtHost::SetVideoMode(const VideoMode& mode) {
 
 bool QtHost::SetWallpaper(const std::string& bitmap) {
   return SetDesktopWallpaper(bitmap);
+}
+
+void QtHost::OpenAddress(std::string_view address) {
+  QDesktopServices::openUrl(QUrl::fromUserInput(ToQString(address)));
 }
 
 ScreenSize QtHost::Screen() {

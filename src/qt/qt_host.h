@@ -34,6 +34,7 @@ class QtHost final : public Display, public Dialogs, public EventDispatch {
   ScreenPoint PointerPlace() override;
   std::string SetVideoMode(const VideoMode& mode) override;
   bool SetWallpaper(const std::string& bitmap) override;
+  void OpenAddress(std::string_view address) override;
   ScreenSize Screen() override;
   std::vector<std::string> FontNames() override;
   void TellAbandonedRun(std::string_view position, std::string_view description) override;

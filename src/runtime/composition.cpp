@@ -82,7 +82,7 @@ int RunProgram(const ProgramStart& start, const Host& host, Display& display) {
   AddPictureCommands(commands, run, janela.windows());
   AddFontCommands(commands, run, display);
   wallpaper.Register(commands);
-  AddObjectCommands(commands, objects);
+  AddObjectCommands(commands, objects, display);
 
   const ProjectStyle style = ScanProjectStyle(start.program.EditorText);
   return janela.RunProgram(start.program.EditorText, style.ProjectStyleWord);

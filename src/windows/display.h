@@ -301,6 +301,9 @@ class Display {
   // Puts a bitmap file, by the system's path, on the desktop. False where the desktop doesn't take it.
   virtual bool SetWallpaper(const std::string& bitmap) = 0;
 
+  // Opens an address of the net, or a file, with the desktop's program for it. Where there is none, nothing.
+  virtual void OpenAddress(std::string_view /*address*/) {}
+
   virtual ScreenSize Screen() = 0;
   virtual std::vector<std::string> FontNames() = 0;
 

@@ -18,6 +18,7 @@ namespace tessera {
 
 // Blue, green and red from the high byte down, or 0x80000000 plus the number of a system colour.
 using Colour = std::int32_t;
+inline constexpr Colour kWindowColour = static_cast<Colour>(0x80000005U);
 inline constexpr Colour kButtonFaceColour = static_cast<Colour>(0x8000000FU);
 inline constexpr Colour kButtonTextColour = static_cast<Colour>(0x80000012U);
 

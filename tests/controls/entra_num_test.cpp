@@ -100,5 +100,27 @@ TEST(EntraNum, LockedOrFullItTakesNoKey) {
   EXPECT_EQ(entry.Value(), 123);
 }
 
+TEST(EntraNum, TheSelectionGivesWayToWhatIsTyped) {
+  EntraNum entry;
+  Typed(entry, "1234");
+  entry.PlaceCaret(1, 3);
+  EXPECT_EQ(Typed(entry, "9"), "194");
+  EXPECT_EQ(entry.Value(), 194);
+  entry.SelectAll();
+  EXPECT_EQ(Typed(entry, "-"), "-");
+  EXPECT_EQ(entry.Value(), 0);
+}
+
+TEST(EntraNum, TheLighterBorderIsHalfWayToWhite) {
+  struct {
+    std::int32_t color, lighter;
+  } constexpr kCases[] = {{0, 0x7F7F7F},
+                          {0xFFFFFF, 0xFFFFFF},
+                          {0x804001, 0xBF9F80},
+                          {0xFF0000, 0xFF7F7F},
+                          {-2147483640, -2147483640}};
+  for (const auto& c : kCases) EXPECT_EQ(EntraNum::Clareia(c.color), c.lighter) << c.color;
+}
+
 }  // namespace
 }  // namespace tessera

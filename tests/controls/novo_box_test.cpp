@@ -255,7 +255,7 @@ TEST_F(NovoBoxTest, CellsKeepTheirAttributesThroughASort) {
 
 TEST_F(NovoBoxTest, EditingReachesTheMatrixWhereItIsAllowed) {
   int told = 0;
-  box.SofreuAlteracao = [&] { ++told; };
+  box.SofreuAlteracaoEvent = [&] { ++told; };
   Fill({{"a", "1"}});
   EXPECT_FALSE(box.EditCell(0, 1, "2"));
   box.SetAlteraCelula(true);
@@ -263,6 +263,113 @@ TEST_F(NovoBoxTest, EditingReachesTheMatrixWhereItIsAllowed) {
   EXPECT_FALSE(box.EditCell(1, 1, "2"));
   EXPECT_EQ(box.LeVetor(0, 1) + box.LeCelula(0, 1), "22");
   EXPECT_EQ(told, 1);
+  EXPECT_TRUE(box.SofreuAlteracao());
+  box.SetSofreuAlteracao(false);
+  EXPECT_FALSE(box.SofreuAlteracao());
+}
+
+TEST_F(NovoBoxTest, TypingEditsTheClickedCell) {
+  int told = 0;
+  box.SofreuAlteracaoEvent = [&] { ++told; };
+  Fill({{"a", "1"}, {"b", "22"}, {"c", "3"}});
+  box.ClickCelula(3);
+  EXPECT_FALSE(box.EditingPlace()) << "editing is off";
+  EXPECT_FALSE(box.KeyPress('x'));
+  box.SetAlteraCelula(true);
+  EXPECT_FALSE(box.SofreuAlteracao());
+  box.ClickCelula(3);
+  EXPECT_EQ(box.EditingPlace(), (NovoBox::Place{1, 1}));
+  EXPECT_TRUE(box.KeyPress('4'));
+  EXPECT_FALSE(box.KeyPress('\r'));
+  box.PlaceEditorCaret(0, 1);
+  EXPECT_TRUE(box.KeyDown(46));  // Delete
+  EXPECT_EQ(box.LeVetor(1, 1) + box.LeCelula(1, 1), "2424");
+  EXPECT_TRUE(box.KeyDown(35, true));  // End, selecting
+  EXPECT_TRUE(box.KeyDown(8));
+  EXPECT_TRUE(box.KeyDown(8));
+  EXPECT_EQ(box.LeVetor(1, 1), "");
+  EXPECT_EQ(told, 3);
+  EXPECT_TRUE(box.KeyDown(40));
+  EXPECT_EQ(box.EditingPlace(), (NovoBox::Place{2, 1}));
+  EXPECT_EQ(box.Editor().Text(), "3");
+  EXPECT_TRUE(box.KeyDown(40));
+  EXPECT_EQ(box.EditingPlace(), (NovoBox::Place{2, 1}));
+  EXPECT_TRUE(box.SofreuAlteracao());
+  box.SetAlteraCelula(false);
+  EXPECT_FALSE(box.EditingPlace());
+}
+
+TEST_F(NovoBoxTest, AnEditedCellLosesItsFocusAndItsColours) {
+  int lost = 0;
+  box.CelulaPerdeuFoco = [&] { ++lost; };
+  box.SetAlteraCelula(true);
+  FillNumbers(10);
+  box.ClickCelula(2);
+  box.ClickCelula(2);
+  EXPECT_EQ(lost, 0);
+  EXPECT_EQ(box.Pool()[2].attributes.back, 4);
+  box.ClickCelula(3);
+  EXPECT_EQ(lost, 1);
+  EXPECT_EQ(box.ColBoxRef(), 1);
+  box.SetFocus(false);
+  box.SetFocus(false);
+  EXPECT_EQ(lost, 2);
+  EXPECT_EQ(box.Pool()[3].attributes.back, 2);
+  // What moves the rows, or takes them away, leaves no cell behind.
+  const std::vector<std::function<void()>> ends = {[&] { box.ClickTitle(0); },  [&] { box.RemoveLinha(1); },
+                                                   [&] { box.Desativa(); },     [&] { box.Ativa(false); },
+                                                   [&] { box.ClearVet(true); }, [&] { box.Clear(); }};
+  for (const auto& end : ends) {
+    FillNumbers(3);
+    box.ClickCelula(2);
+    ASSERT_TRUE(box.EditingPlace());
+    end();
+    EXPECT_FALSE(box.EditingPlace());
+    EXPECT_FALSE(box.KeyPress('x'));
+  }
+}
+
+TEST_F(NovoBoxTest, AScrolledPageTakesTheCursorToAnotherRow) {
+  FillNumbers(10);
+  EXPECT_EQ(box.Arg(0), "");
+  box.Selected(2);
+  EXPECT_EQ(box.Arg(0) + box.Arg(1) + box.Arg(2) + box.Arg(-1), "r2");
+  box.BarraVertical().SetValue(3);
+  EXPECT_EQ(box.ListIndex(), 5);
+  EXPECT_EQ(box.Arg(0), "r5");
+  EXPECT_EQ(box.Pool()[4].attributes.back, 4);
+}
+
+TEST_F(NovoBoxTest, ARowWithoutAValueKeepsTheCursor) {
+  Fill({{"a", "1"}});
+  box.BoxNew();  // a blank row
+  box.AddEnd();
+  box.Selected(0);
+  box.KeyDown(40);
+  EXPECT_EQ(box.ListIndex(), -1);
+  EXPECT_EQ(box.Pool()[2].attributes.back, 4);
+  box.AtualizaBox();
+  box.KeyDown(38);
+  EXPECT_EQ(box.ListIndex(), 0);
+}
+
+TEST_F(NovoBoxTest, AsksForTheFocusAndGivesItUp) {
+  std::string asked;
+  box.PedeFoco = [&](bool wanted) { asked += wanted ? '+' : '-'; };
+  box.SetaFoco();
+  EXPECT_TRUE(box.HasFocus());
+  box.Desativa();
+  EXPECT_FALSE(box.HasFocus());
+  box.SetFocus(true);
+  EXPECT_TRUE(box.HasFocus());
+  EXPECT_EQ(asked, "+-");
+}
+
+TEST_F(NovoBoxTest, WidthsStayWithinSixteenBits) {
+  box.Config({1, 2, "Tahoma", 10, false}, 3, 4);
+  box.Titulo("a", -5, NovoBox::Align::kLeft, false);
+  box.Titulo("b", 2'000'000'000, NovoBox::Align::kLeft, false);
+  EXPECT_EQ(box.TotalWidth(), 32767 * 120);
 }
 
 TEST_F(NovoBoxTest, ManyEditsOfOneCellHoldNoMoreMemory) {

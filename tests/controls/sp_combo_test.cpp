@@ -80,5 +80,69 @@ TEST_F(SpComboTest, TheListOpensChoosesAndCloses) {
   EXPECT_FALSE(combo.KeyPress('p'));
 }
 
+TEST_F(SpComboTest, KeysMoveTheHighlightOfTheOpenList) {
+  combo.SetListHeight(2);
+  combo.SetText("Paraná"_w);
+  combo.ArrowClick();
+  struct {
+    int code;
+    std::ptrdiff_t highlighted;
+    std::ptrdiff_t first;
+  } constexpr kSteps[] = {{40, 3, 2}, {40, 4, 3}, {40, 4, 3}, {38, 3, 3}, {38, 2, 2},
+                          {33, 0, 0}, {38, 0, 0}, {34, 2, 1}, {34, 4, 3}, {65, 4, 3}};
+  EXPECT_EQ(combo.FirstVisible(), 1) << "the chosen entry shows, as the last row";
+  for (const auto& step : kSteps) {
+    EXPECT_FALSE(combo.KeyDown(step.code, false));
+    EXPECT_EQ(combo.Highlighted(), step.highlighted) << step.code;
+    EXPECT_EQ(combo.FirstVisible(), step.first) << step.code;
+  }
+  EXPECT_EQ(combo.Text(), "Paraná"_w);
+  EXPECT_TRUE(combo.KeyDown(13, false));
+  EXPECT_EQ(combo.Text(), "Ébano"_w);
+  EXPECT_FALSE(combo.ListIsOpen());
+  combo.ArrowClick();
+  combo.KeyDown(38, false);
+  EXPECT_FALSE(combo.KeyDown(27, false));
+  EXPECT_EQ(combo.ListIndex(), 4);
+  combo.ArrowClick();
+  EXPECT_EQ(combo.Highlighted(), 4) << "what was not chosen is forgotten";
+}
+
+TEST_F(SpComboTest, TheOpenListFollowsWheelPointerAndTyping) {
+  combo.SetListHeight(2);
+  combo.Wheel(1);
+  EXPECT_EQ(combo.FirstVisible(), 0) << "a closed list";
+  combo.ArrowClick();
+  combo.Wheel(2);
+  EXPECT_EQ(combo.FirstVisible(), 2);
+  combo.ListHover(1);
+  EXPECT_EQ(combo.Highlighted(), SpCombo::kNoEntry) << "an entry that does not show";
+  combo.ListHover(3);
+  EXPECT_EQ(combo.Highlighted(), 3);
+  combo.Wheel(PTRDIFF_MAX);
+  EXPECT_EQ(combo.FirstVisible(), 3);
+  combo.Wheel(PTRDIFF_MIN);
+  EXPECT_EQ(combo.FirstVisible(), 0);
+  Typed("parai"_w);
+  EXPECT_EQ(combo.Text(), "Parai");
+  EXPECT_EQ(combo.Highlighted(), SpCombo::kNoEntry);
+  combo.SetText("");
+  Typed("bah");
+  EXPECT_EQ(combo.Highlighted(), 0);
+}
+
+TEST_F(SpComboTest, AShortOrEmptyListShowsWhatItHas) {
+  EXPECT_EQ(combo.ListRows(), 5);
+  combo.SetListHeight(-3);
+  EXPECT_EQ(combo.ListRows(), 1);
+  combo.SelLista(4);
+  combo.ArrowClick();
+  combo.Clear();
+  EXPECT_EQ(combo.ListRows() + combo.FirstVisible(), 0);
+  for (const int code : {40, 34, 33, 38, 13}) EXPECT_FALSE(combo.KeyDown(code, false));
+  EXPECT_EQ(combo.Text(), "Ébano"_w);
+  EXPECT_FALSE(combo.SelLista(0));
+}
+
 }  // namespace
 }  // namespace tessera

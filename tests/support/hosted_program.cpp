@@ -34,7 +34,7 @@ HostedProgram::HostedProgram(const Host& host, Display& display)
   wallpaper.Register(commands);
   AddDialogCommands(commands, run);
   AddSystemCommands(commands, run);
-  AddObjectCommands(commands, objects);
+  AddObjectCommands(commands, objects, display);
 }
 
 int HostedProgram::Run(std::string_view editor0, std::string_view routines,

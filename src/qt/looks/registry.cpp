@@ -2,13 +2,12 @@
 #include <typeindex>
 #include <typeinfo>
 
-#include "objects/botao.h"
-#include "objects/check.h"
-#include "objects/moldura.h"
-#include "objects/rotulo.h"
 #include "qt/looks/botao_look.h"
+#include "qt/looks/calendario_look.h"
 #include "qt/looks/check_look.h"
+#include "qt/looks/link_look.h"
 #include "qt/looks/look.h"
+#include "qt/looks/moeda_look.h"
 #include "qt/looks/moldura_look.h"
 #include "qt/looks/rotulo_look.h"
 

@@ -1,0 +1,127 @@
+#include "objects/calendario.h"
+
+#include "objects/object_frame.h"
+#include "platform/failure.h"
+#include "text/date.h"
+#include "text/one_based.h"
+#include "windows/display.h"
+
+namespace tessera {
+
+namespace {
+
+constexpr ControlPlace kCalendarSize = {.Width = 110, .Height = 22};
+constexpr std::string_view kTxt = ".Txt";
+constexpr Companion kCompanions[] = {{kTxt, kTypeString}};
+
+Value Txt(const SuffixCall& call) {
+  static_cast<CalendarioFamily&>(call.family).SetText(call.As<CalendarioControl>(), call.Text());
+  return {};
+}
+
+constexpr SuffixRow kSuffixes[] = {
+    {".ATIVO", suffix::Ativo},
+    {".VISIVEL", suffix::Visivel},
+    {".CORFUNDO", suffix::CorFundo},
+    {".CORLETRA", suffix::CorLetra},
+    {".INDICETAB", suffix::IndiceTab},
+    {".MOVEFOCO", suffix::MoveFoco},
+    {".DICA", suffix::Dica},
+    {".NOMEFONTE", suffix::NomeFonte},
+    {".TAMFONTE", suffix::TamFonte},
+    {".NEGRITO", suffix::Negrito},
+    {".ITALICO", suffix::Italico},
+    {".PAI", suffix::Pai},
+    {".TXT", Txt},
+};
+
+}  // namespace
+
+// The control
+
+CalendarioControl::CalendarioControl(Form& form, ControlEvents& events, int index, DateTime today)
+    : EntryControl(form, events, index, kCalendarSize), calendar_(today) {
+  SetBackColor(kWindowColour);
+}
+
+void CalendarioControl::SetValue(DateTime date) {
+  calendar_.SetValue(date);
+  Refresh();
+}
+
+void CalendarioControl::ButtonClick() {
+  calendar_.ButtonClick();
+  Refresh();
+}
+
+void CalendarioControl::ShowMonth(int monthsFromHere) {
+  calendar_.ShowMonth(monthsFromHere);
+  Refresh();
+}
+
+void CalendarioControl::Pick(DateTime date) {
+  Changed(calendar_.Pick(date));
+}
+
+EntryControl::Line CalendarioControl::Shown() const {
+  return {calendar_.TxtData(), calendar_.Caret(), calendar_.Caret(), 0};
+}
+
+void CalendarioControl::PlaceCaret(std::size_t, std::size_t caret) {
+  calendar_.PlaceCaret(caret);
+  Refresh();
+}
+
+void CalendarioControl::PickDate(std::string_view date) {
+  if (const auto day = ReadDate(date)) Pick(*day);
+}
+
+void CalendarioControl::OnKeyDown(int keyCode, KeyShift) {
+  Changed(calendar_.KeyDown(keyCode));
+}
+
+void CalendarioControl::OnKeyPress(char character) {
+  Changed(calendar_.KeyPress(character));
+}
+
+void CalendarioControl::ReplaceText(std::string_view text) {
+  PlaceCaret(0, 0);
+  for (const char character : text) OnKeyPress(character);
+}
+
+// The family
+
+CalendarioFamily::CalendarioFamily(ObjectFrame& frame)
+    : ObjectFamily(frame, "TxtCal", kCompanions, kSuffixes) {}
+
+std::shared_ptr<Control> CalendarioFamily::NewControl(Form& form, std::string_view, int index) {
+  const DateTime now = std::chrono::floor<std::chrono::seconds>(run().host.clock.Now());
+  return std::make_shared<CalendarioControl>(form, *this, index, now);
+}
+
+void CalendarioFamily::Create(Control& control, ObjectRow&, const Settings& arguments) {
+  Guard([&] {
+    Place(control, arguments, 1);
+    SetWidth(control, arguments, 3);
+  });
+  OnChange(control);
+}
+
+// A name behind a "$" is that of the variable which holds the name.
+std::string CalendarioFamily::LookupName(std::string_view written) {
+  if (!written.starts_with('$')) return std::string(written);
+  return run().variables.VarRead(Mid(written, 2)).ToText();
+}
+
+void CalendarioFamily::SetText(CalendarioControl& calendar, std::string_view date) {
+  const auto day = ReadDate(date);
+  if (!day) FailType();
+  calendar.SetValue(*day);
+  OnChange(calendar);
+}
+
+void CalendarioFamily::OnChange(Control& control) {
+  TellCompanion(control, kTxt, DateText(static_cast<CalendarioControl&>(control).State().Value()));
+}
+
+}  // namespace tessera

@@ -1,0 +1,129 @@
+#include "objects/combo.h"
+
+#include "objects/object_frame.h"
+#include "windows/display.h"
+
+namespace tessera {
+
+namespace {
+
+constexpr ControlPlace kComboSize = {.Width = 140, .Height = 22};
+constexpr double kListHeight = 120;
+constexpr std::string_view kTxt = ".Txt";
+constexpr Companion kCompanions[] = {{kTxt, kTypeString}};
+
+Value Adiciona(const SuffixCall& call) {
+  call.As<ComboControl>().AddItem(call.Nth(0).ToText());
+  return {};
+}
+
+Value Txt(const SuffixCall& call) {
+  static_cast<Combo&>(call.family).SetText(call.As<ComboControl>(), call.Word());
+  return {};
+}
+
+Value Linhas(const SuffixCall& call) {
+  call.As<ComboControl>().SetListHeight(call.Number().ToDouble() * call.frame.windows().TamLin);
+  return {};
+}
+
+constexpr SuffixRow kSuffixes[] = {
+    {".ATIVO", suffix::Ativo},
+    {".VISIVEL", suffix::Visivel},
+    {".CORFUNDO", suffix::CorFundo},
+    {".CORLETRA", suffix::CorLetra},
+    {".INDICETAB", suffix::IndiceTab},
+    {".MOVEFOCO", suffix::MoveFoco},
+    {".DICA", suffix::Dica},
+    {".NOMEFONTE", suffix::NomeFonte},
+    {".TAMFONTE", suffix::TamFonte},
+    {".NEGRITO", suffix::Negrito},
+    {".ITALICO", suffix::Italico},
+    {".PAI", suffix::Pai},
+    {".ADICIONA", Adiciona},
+    {".TXT", Txt},
+    {".LINHAS", Linhas},
+};
+
+}  // namespace
+
+// The control
+
+ComboControl::ComboControl(Form& form, ControlEvents& events, int index)
+    : EntryControl(form, events, index, kComboSize), listHeight_(kListHeight) {
+  SetBackColor(kWindowColour);
+}
+
+void ComboControl::SetText(std::string_view text) {
+  combo_.SetText(text);
+  Refresh();
+}
+
+void ComboControl::AddItem(std::string_view text) {
+  combo_.AddItem(text);
+  Refresh();
+}
+
+void ComboControl::ArrowClick() {
+  combo_.ArrowClick();
+  Refresh();
+}
+
+void ComboControl::ListClick(std::ptrdiff_t entry) {
+  const bool chosen = combo_.ListClick(entry);
+  Refresh();
+  if (!chosen) return;
+  Events().OnClick(*this);
+  Events().OnChange(*this);
+}
+
+void ComboControl::PlaceCaret(std::size_t anchor, std::size_t caret) {
+  combo_.PlaceCaret(anchor, caret);
+  Refresh();
+}
+
+void ComboControl::ReplaceText(std::string_view text) {
+  const bool isNews = text != combo_.Text();
+  combo_.SetText(text);
+  Changed(isNews);
+}
+
+void ComboControl::Choose(int entry) {
+  if (!combo_.ListIsOpen()) ArrowClick();
+  ListClick(entry);
+  if (combo_.ListIsOpen()) ArrowClick();
+}
+
+void ComboControl::OnKeyDown(int keyCode, KeyShift shift) {
+  Changed(combo_.KeyDown(keyCode, shift.shift));
+}
+
+void ComboControl::OnKeyPress(char character) {
+  Changed(combo_.KeyPress(character));
+}
+
+// The family
+
+Combo::Combo(ObjectFrame& frame) : ObjectFamily(frame, "Cmb", kCompanions, kSuffixes) {}
+
+std::shared_ptr<Control> Combo::NewControl(Form& form, std::string_view, int index) {
+  return std::make_shared<ComboControl>(form, *this, index);
+}
+
+void Combo::Create(Control& control, ObjectRow&, const Settings& arguments) {
+  auto& combo = static_cast<ComboControl&>(control);
+  Place(combo, arguments, 1);
+  SetWidth(combo, arguments, 3);
+  combo.SetText("");
+}
+
+void Combo::SetText(ComboControl& combo, std::string_view text) {
+  combo.SetText(text);
+  OnChange(combo);
+}
+
+void Combo::OnChange(Control& control) {
+  TellCompanion(control, kTxt, static_cast<ComboControl&>(control).State().Text());
+}
+
+}  // namespace tessera

@@ -1,0 +1,30 @@
+// What an entry drops down: a little window below it, which closes when the person turns elsewhere. The
+// keyboard stays with the entry.
+#pragma once
+
+#include <QWidget>
+#include <functional>
+
+namespace tessera {
+
+class DroppedView : public QWidget {
+ public:
+  // `closed` is called when the person has closed the view by turning elsewhere.
+  DroppedView(QWidget& entry, std::function<void()> closed);
+
+  // Shows the view in that size below the entry, or above where there is no room, or hides it.
+  void Open(QSize size);
+  void Close();
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void keyReleaseEvent(QKeyEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
+
+ private:
+  QWidget& entry_;
+  std::function<void()> closed_;
+  bool closesByItself_ = true;
+};
+
+}  // namespace tessera

@@ -1,0 +1,210 @@
+#include "qt/looks/entry_look.h"
+
+#include <QClipboard>
+#include <QFontMetricsF>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QStyleHints>
+#include <algorithm>
+#include <string>
+
+#include "controls/key_code.h"
+#include "qt/colour.h"
+#include "qt/looks/skin.h"
+#include "qt/text.h"
+#include "windows/display.h"
+
+namespace tessera {
+
+namespace {
+
+constexpr double kMargin = 5;
+constexpr double kButtonWidth = 20;
+
+}  // namespace
+
+EntryLook::EntryLook(EntryControl& control, LogicEntry& entry) : PaintedLook(control, entry) {
+  setCursor(Qt::IBeamCursor);
+}
+
+void EntryLook::FollowControl() {
+  RestartBlinking();
+  update();
+}
+
+// The geometry of the line
+
+QRectF EntryLook::ButtonRect() const {
+  if (!HasButton()) return {};
+  return {width() - kButtonWidth, 1, kButtonWidth - 1, height() - 2.0};
+}
+
+QRectF EntryLook::TextRect() const {
+  const double right = HasButton() ? kButtonWidth : kMargin;
+  return QRectF(rect()).adjusted(kMargin, 1, -right, -1);
+}
+
+double EntryLook::AdvanceOf(std::size_t characters) const {
+  const std::string_view text = control().Shown().text;
+  return QFontMetricsF(font(), this).horizontalAdvance(ToQString(text.substr(0, characters)));
+}
+
+double EntryLook::TextLeft() const {
+  const QRectF area = TextRect();
+  const EntryControl::Line line = control().Shown();
+  const double textWidth = AdvanceOf(line.text.size());
+  if (textWidth < area.width()) {
+    scrolled_ = 0;
+    return IsRightAligned() ? area.right() - textWidth - 1 : area.left();
+  }
+  const double caret = AdvanceOf(line.caret);
+  if (!hasFocus()) scrolled_ = 0;
+  scrolled_ = std::clamp(scrolled_, caret - area.width() + 2, caret);
+  return area.left() - scrolled_;
+}
+
+QRectF EntryLook::CaretRect() const {
+  const QRectF area = TextRect();
+  const double height = QFontMetricsF(font(), this).height();
+  const double left = qRound(TextLeft() + AdvanceOf(control().Shown().caret));
+  return {left, area.center().y() - height / 2, 1, height};
+}
+
+std::size_t EntryLook::PlaceAt(double x) const {
+  const std::size_t size = control().Shown().text.size();
+  const double left = TextLeft();
+  for (std::size_t place = 0; place < size; ++place) {
+    if (x < left + (AdvanceOf(place) + AdvanceOf(place + 1)) / 2) return place;
+  }
+  return size;
+}
+
+// Painting
+
+void EntryLook::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  const QColor ground = isEnabled() ? ToQColor(control().BackColor()) : QColor(skin::kFieldDisabled);
+  skin::PaintFrame(painter, rect(), ground, skin::StateOf(*this));
+  if (HasButton()) PaintButton(painter, ButtonRect());
+
+  const QRectF area = TextRect();
+  const EntryControl::Line line = control().Shown();
+  const QString text = ToQString(line.text);
+  const double left = TextLeft();
+  const QFontMetricsF metrics(font(), this);
+  const double baseline = qRound(area.center().y() - metrics.height() / 2 + metrics.ascent());
+  painter.setClipRect(area.adjusted(-1, 0, 1, 0));
+  painter.setPen(skin::TextColour(*this, ToQColor(control().ForeColor())));
+  painter.drawText(QPointF(left, baseline), text);
+  if (!hasFocus()) return;
+  if (line.selLength > 0) {
+    const double from = left + AdvanceOf(line.selStart);
+    const double to = left + AdvanceOf(line.selStart + line.selLength);
+    const QRectF selected(from, CaretRect().top(), to - from, CaretRect().height());
+    painter.fillRect(selected, QColor(skin::kAccent));
+    painter.setClipRect(selected.intersected(area));
+    painter.setPen(Qt::white);
+    painter.drawText(QPointF(left, baseline), text);
+    painter.setClipRect(area.adjusted(-1, 0, 1, 0));
+  }
+  if (caretIsLit_) painter.fillRect(CaretRect(), ToQColor(control().ForeColor()));
+}
+
+void EntryLook::RestartBlinking() {
+  caretIsLit_ = true;
+  const int flash = QGuiApplication::styleHints()->cursorFlashTime();
+  if (hasFocus() && flash > 1) {
+    blink_.start(flash / 2, this);
+  } else {
+    blink_.stop();
+  }
+}
+
+void EntryLook::timerEvent(QTimerEvent*) {
+  caretIsLit_ = !caretIsLit_;
+  update();
+}
+
+void EntryLook::focusInEvent(QFocusEvent*) {
+  RestartBlinking();
+  update();
+}
+
+void EntryLook::focusOutEvent(QFocusEvent*) {
+  RestartBlinking();
+  update();
+}
+
+void EntryLook::enterEvent(QEnterEvent*) {
+  update();
+}
+
+void EntryLook::leaveEvent(QEvent*) {
+  update();
+}
+
+QVariant EntryLook::inputMethodQuery(Qt::InputMethodQuery query) const {
+  if (query == Qt::ImEnabled) return isEnabled();
+  if (query == Qt::ImCursorRectangle) return CaretRect();
+  return QWidget::inputMethodQuery(query);
+}
+
+// Pointer and clipboard
+
+void EntryLook::mousePressEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton) return;
+  if (ButtonRect().contains(event->position())) return PressButton();
+  selects_ = true;
+  anchor_ = PlaceAt(event->position().x());
+  Tell([place = anchor_](EntryControl& entry) { entry.PlaceCaret(place, place); });
+}
+
+void EntryLook::mouseMoveEvent(QMouseEvent* event) {
+  setCursor(ButtonRect().contains(event->position()) ? Qt::ArrowCursor : Qt::IBeamCursor);
+  if (!selects_) return;
+  Tell([from = anchor_, to = PlaceAt(event->position().x())](EntryControl& entry) {
+    entry.PlaceCaret(from, to);
+  });
+}
+
+void EntryLook::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton || !std::exchange(selects_, false)) return;
+  if (rect().contains(event->pos())) Tell([](EntryControl& entry) { entry.Click(); });
+}
+
+void EntryLook::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton) return;
+  if (ButtonRect().contains(event->position())) return PressButton();
+  Tell([](EntryControl& entry) {
+    entry.PlaceCaret(0, entry.Shown().text.size());
+    entry.DoubleClick();
+  });
+}
+
+bool EntryLook::TakeShortcut(const QKeyEvent& event) {
+  const auto is = [&event](QKeySequence::StandardKey key) { return event.matches(key); };
+  if (is(QKeySequence::SelectAll)) {
+    Tell([](EntryControl& entry) { entry.PlaceCaret(0, entry.Shown().text.size()); });
+    return true;
+  }
+  if (is(QKeySequence::Copy) || is(QKeySequence::Cut)) {
+    const EntryControl::Line line = control().Shown();
+    if (line.selLength > 0) {
+      QGuiApplication::clipboard()->setText(ToQString(line.text.substr(line.selStart, line.selLength)));
+      if (is(QKeySequence::Cut)) Tell([](EntryControl& entry) { entry.OnKeyDown(key::kDelete, {}); });
+    }
+    return true;
+  }
+  if (is(QKeySequence::Paste)) {
+    const std::string text = FromQString(QGuiApplication::clipboard()->text());
+    Tell([line = text.substr(0, text.find_first_of("\r\n"))](EntryControl& entry) {
+      for (const char character : line) entry.OnKeyPress(character);
+    });
+    return true;
+  }
+  return false;
+}
+
+}  // namespace tessera
