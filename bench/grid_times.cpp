@@ -65,7 +65,7 @@ class Grid {
 
   NovoBox& Box() { return box_; }
   double Fill() const { return fill_; }
-  double BytesPerCell() const { return static_cast<double>(box_.MatrixBytes()) / kCells; }
+  double BytesPerCell() const { return static_cast<double>(box_.Bytes()) / kCells; }
   double CharactersPerCell() const { return characters_ / kCells; }
 
  private:

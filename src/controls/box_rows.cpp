@@ -143,6 +143,10 @@ int BoxRows::ColumnWidth(int column) const {
   return columns_[Index(column)].larg * kTwipsPerTextColumn;
 }
 
+std::size_t BoxRows::Bytes() const {
+  return matrix_.Bytes() + valueTexts_.Used() + values_.capacity() * sizeof(Valor);
+}
+
 bool BoxRows::EditCell(std::int32_t row, std::int32_t column, std::string_view text) {
   if (!editable_ || !enabled_ || !InMatrix(row, column)) return false;
   matrix_.SetText(Index(row), Index(column), text);

@@ -90,7 +90,8 @@ class BoxRows {
   int ColumnLeft(int column) const;
   int ColumnWidth(int column) const;
   int TotalWidth() const { return ColumnLeft(TotalColunas()); }
-  std::size_t MatrixBytes() const { return matrix_.Bytes(); }
+  // Held by the rows and the value vector, for measuring.
+  std::size_t Bytes() const;
 
   ScrollBar& BarraVertical() { return barraVertical_; }
 

@@ -34,6 +34,11 @@ void NovoBox::AtivaAtributos(bool on) {
   ReshapeMatrix(Matrix().Columns(), on);
 }
 
+void NovoBox::Resize(Size size, Heights heights) {
+  size_ = size;
+  heights_ = heights;
+}
+
 void NovoBox::Ativa(bool fixedHeight) {
   // 1, 2. The page begins anew, the value vector too.
   hoverTitle_.reset();

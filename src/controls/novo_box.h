@@ -58,6 +58,8 @@ class NovoBox : public BoxRows {
   // Whether each cell keeps attributes of its own; what the rows hold keeps its texts.
   void AtivaAtributos(bool on);
   bool ComAtributos() const { return Matrix().HasAttributes(); }
+  // Another extent or font; the next Ativa lays the page out by them.
+  void Resize(Size size, Heights heights);
   void Ativa(bool fixedHeight);
   void ListaVetStr(std::int32_t firstRow) { PaintFrom(firstRow); }
   void AtualizaBox() { PaintFrom(LinIniVet()); }

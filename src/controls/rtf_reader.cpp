@@ -18,6 +18,11 @@ constexpr int kMaxHalfPoints = static_cast<int>(2 * kMaxPoints);
 constexpr int kMaxParameter = 99'999'999;
 constexpr std::size_t kDocumentDepth = 2;  // its own group inside what stands outside of all
 
+// Groups that begin with these words hold nothing of the text.
+constexpr std::string_view kAsides[] = {"stylesheet", "info",   "pict",    "header",  "headerl", "headerr",
+                                        "headerf",    "footer", "footerl", "footerr", "footerf", "footnote",
+                                        "filetbl",    "revtbl", "xe",      "tc"};
+
 bool IsAsciiLetter(char c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 }
@@ -126,7 +131,7 @@ class RtfReader {
   CharFormat format_;
 };
 
-// The words that are known; a word that is not tells nothing.
+// The other words that are known; a word that is not tells nothing.
 const RtfReader::Word RtfReader::kWords[] = {
     {"par", &RtfReader::Break},
     {"line", &RtfReader::Break},
@@ -166,22 +171,6 @@ const RtfReader::Word RtfReader::kWords[] = {
     {"blue", &RtfReader::SetChannel<&RtfReader::blue_>},
     {"fonttbl", &RtfReader::Redirect<RtfReader::Destination::kFontTable>},
     {"colortbl", &RtfReader::Redirect<RtfReader::Destination::kColorTable>},
-    {"stylesheet", &RtfReader::Redirect<RtfReader::Destination::kSkipped>},
-    {"info", &RtfReader::Redirect<RtfReader::Destination::kSkipped>},
-    {"pict", &RtfReader::Redirect<RtfReader::Destination::kSkipped>},
-    {"header", &RtfReader::Redirect<RtfReader::Destination::kSkipped>},
-    {"headerl", &RtfReader::Redirect<RtfReader::Destination::kSkipped>},
-    {"headerr", &RtfReader::Redirect<RtfReader::Destination::kSkipped>},
-    {"headerf", &RtfReader::Redirect<RtfReader::Destination::kSkipped>},
-    {"footer", &RtfReader::Redirect<RtfReader::Destination::kSkipped>},
-    {"footerl", &RtfReader::Redirect<RtfReader::Destination::kSkipped>},
-    {"footerr", &RtfReader::Redirect<RtfReader::Destination::kSkipped>},
-    {"footerf", &RtfReader::Redirect<RtfReader::Destination::kSkipped>},
-    {"footnote", &RtfReader::Redirect<RtfReader::Destination::kSkipped>},
-    {"filetbl", &RtfReader::Redirect<RtfReader::Destination::kSkipped>},
-    {"revtbl", &RtfReader::Redirect<RtfReader::Destination::kSkipped>},
-    {"xe", &RtfReader::Redirect<RtfReader::Destination::kSkipped>},
-    {"tc", &RtfReader::Redirect<RtfReader::Destination::kSkipped>},
 };
 
 StyledText RtfReader::Read() {
@@ -276,6 +265,9 @@ void RtfReader::ControlWord() {
     return;
   }
   if (Now().destination == Destination::kSkipped) return;
+  if (std::find(std::begin(kAsides), std::end(kAsides), name) != std::end(kAsides)) {
+    return Direct(Destination::kSkipped);
+  }
   const auto word =
       std::find_if(std::begin(kWords), std::end(kWords), [name](const Word& w) { return w.name == name; });
   if (word != std::end(kWords)) (this->*word->action)(parameter);

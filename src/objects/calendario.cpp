@@ -64,11 +64,11 @@ void CalendarioControl::Pick(DateTime date) {
 }
 
 EntryControl::Line CalendarioControl::Shown() const {
-  return {calendar_.TxtData(), calendar_.Caret(), calendar_.Caret(), 0};
+  return LineOf(calendar_.TxtData().Field());
 }
 
-void CalendarioControl::PlaceCaret(std::size_t, std::size_t caret) {
-  calendar_.PlaceCaret(caret);
+void CalendarioControl::PlaceCaret(std::size_t anchor, std::size_t caret) {
+  calendar_.PlaceCaret(anchor, caret);
   Refresh();
 }
 
@@ -76,8 +76,8 @@ void CalendarioControl::PickDate(std::string_view date) {
   if (const auto day = ReadDate(date)) Pick(*day);
 }
 
-void CalendarioControl::OnKeyDown(int keyCode, KeyShift) {
-  Changed(calendar_.KeyDown(keyCode));
+void CalendarioControl::OnKeyDown(int keyCode, KeyShift shift) {
+  Changed(calendar_.KeyDown(keyCode, shift.shift));
 }
 
 void CalendarioControl::OnKeyPress(char character) {

@@ -23,7 +23,6 @@ class CalendarioControl final : public EntryControl {
   void Pick(DateTime date);
 
   Line Shown() const override;
-  // The date field has no selection: the caret goes to the second place.
   void PlaceCaret(std::size_t anchor, std::size_t caret) override;
   void PickDate(std::string_view date) override;
   void OnKeyDown(int keyCode, KeyShift shift) override;

@@ -95,6 +95,10 @@ TEST_F(NovoBoxTest, ThePoolEndsBeforeAHalfRowAndAt200Cells) {
     tall.Ativa(c.fixedHeight);
     EXPECT_EQ(tall.TotalLinhas(), c.rows) << c.height;
   }
+  box.Resize({3000, 1500}, {300, 100, 250});
+  EXPECT_EQ(box.TotalLinhas(), 4);
+  box.Ativa(false);
+  EXPECT_EQ(box.TotalLinhas(), 12);
   NovoBox narrow({1000, 1100}, {300, 200, 250}, MeasureText);
   narrow.Titulo("a", 20, NovoBox::Align::kLeft, false);
   narrow.Ativa(false);
@@ -377,7 +381,7 @@ TEST_F(NovoBoxTest, ManyEditsOfOneCellHoldNoMoreMemory) {
   const std::string text(10000, 'x');
   for (int edit = 0; edit < 1000; ++edit) box.GravaVetor(0, 0, text, {});
   EXPECT_EQ(box.LeVetor(0, 0), text);
-  EXPECT_LT(box.MatrixBytes(), 2'000'000U);
+  EXPECT_LT(box.Bytes(), 2'000'000U);
 }
 
 TEST_F(NovoBoxTest, PointsFindCellsAndTitles) {
