@@ -2,7 +2,6 @@
 
 #include <QCoreApplication>
 #include <QLibraryInfo>
-#include <QLocale>
 #include <algorithm>
 #include <array>
 #include <string_view>
@@ -22,6 +21,8 @@ class PortugueseTexts final : public QTranslator {
   QString translate(const char* context, const char* text, const char* what, int count) const override {
     const bool isStyle = std::find(kStyles.begin(), kStyles.end(), text) != kStyles.end();
     if (isStyle && std::string_view(context) == "QFontDatabase") return {};
+    // The translation lacks it.
+    if (std::string_view(text) == "Folder") return QStringLiteral("Pasta");
     return QTranslator::translate(context, text, what, count);
   }
 };
@@ -29,7 +30,6 @@ class PortugueseTexts final : public QTranslator {
 }  // namespace
 
 std::unique_ptr<QTranslator> InstallPortuguese() {
-  QLocale::setDefault(QLocale(QLocale::Portuguese, QLocale::Brazil));
   auto texts = std::make_unique<PortugueseTexts>();
   if (texts->load("qtbase_pt_BR", QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
     QCoreApplication::installTranslator(texts.get());

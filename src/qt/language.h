@@ -1,4 +1,4 @@
-// The window system's own texts, dates and numbers as this system writes them.
+// The window system's own texts in Portuguese.
 #pragma once
 
 #include <QTranslator>

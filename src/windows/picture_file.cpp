@@ -11,6 +11,7 @@
 #include <system_error>
 
 #include "platform/whole_file.h"
+#include "windows/icon_picture.h"
 
 namespace tessera {
 
@@ -22,7 +23,8 @@ constexpr std::uintmax_t kLargestFile = 256U << 20;  // bytes
 constexpr std::uint64_t kMostPixels = 100'000'000;
 constexpr std::uint64_t kMostPixelsOfAByte = 8300;
 
-constexpr std::array kFormats = {FIF_BMP, FIF_GIF, FIF_ICO, FIF_JPEG, FIF_PNG};
+constexpr std::array kFormats = {FIF_BMP, FIF_GIF, FIF_JPEG, FIF_PNG};
+constexpr std::string_view kPngStart = "\x89PNG";
 
 struct CloseMemory {
   void operator()(FIMEMORY* memory) const { FreeImage_CloseMemory(memory); }
@@ -34,9 +36,7 @@ using Memory = std::unique_ptr<FIMEMORY, CloseMemory>;
 using Bitmap = std::unique_ptr<FIBITMAP, Unload>;
 
 int FlagsOf(FREE_IMAGE_FORMAT format) {
-  if (format == FIF_JPEG) return JPEG_ACCURATE | JPEG_EXIFROTATE;
-  if (format == FIF_ICO) return ICO_MAKEALPHA;
-  return 0;
+  return format == FIF_JPEG ? JPEG_ACCURATE | JPEG_EXIFROTATE : 0;
 }
 
 Bitmap Load(FREE_IMAGE_FORMAT format, FIMEMORY* memory, int flags) {
@@ -67,14 +67,10 @@ std::uint64_t PixelsOf(FREE_IMAGE_FORMAT format, FIMEMORY* memory, std::string_v
   return header ? std::uint64_t{FreeImage_GetWidth(header.get())} * FreeImage_GetHeight(header.get()) : 0;
 }
 
-constexpr Pixel Multiplied(Pixel channel, Pixel opacity) {
-  return (channel * opacity + 127) / 255;
-}
-
-Pixel PixelOf(const BYTE* bytes, bool isTransparent) {
-  const Pixel opacity = isTransparent ? bytes[FI_RGBA_ALPHA] : 255;
-  return opacity << 24 | Multiplied(bytes[FI_RGBA_RED], opacity) << 16 |
-         Multiplied(bytes[FI_RGBA_GREEN], opacity) << 8 | Multiplied(bytes[FI_RGBA_BLUE], opacity);
+Pixel PixelAt(const BYTE* bytes, bool isTransparent) {
+  const std::uint32_t colour = std::uint32_t{bytes[FI_RGBA_RED]} << 16 |
+                               std::uint32_t{bytes[FI_RGBA_GREEN]} << 8 | bytes[FI_RGBA_BLUE];
+  return PixelOf(colour, isTransparent ? bytes[FI_RGBA_ALPHA] : 255);
 }
 
 PictureRef ToPicture(FIBITMAP* source) {
@@ -89,14 +85,12 @@ PictureRef ToPicture(FIBITMAP* source) {
     // The library keeps its rows from the bottom up.
     const BYTE* bytes = FreeImage_GetScanLine(bitmap.get(), size.height - 1 - y);
     Pixel* row = picture.raster.Row(y);
-    for (int x = 0; x < size.width; ++x) row[x] = PixelOf(bytes + 4 * x, isTransparent);
+    for (int x = 0; x < size.width; ++x) row[x] = PixelAt(bytes + 4 * x, isTransparent);
   }
   return std::make_shared<const Picture>(std::move(picture));
 }
 
-}  // namespace
-
-PictureRef DecodePicture(std::string_view bytes) {
+PictureRef DecodeByLibrary(std::string_view bytes) {
   std::string copy(bytes);  // the library takes bytes that it might write to
   const Memory memory(
       FreeImage_OpenMemory(reinterpret_cast<BYTE*>(copy.data()), static_cast<DWORD>(copy.size())));
@@ -106,6 +100,14 @@ PictureRef DecodePicture(std::string_view bytes) {
   if (pixels == 0 || pixels > std::min(kMostPixels, kMostPixelsOfAByte * bytes.size())) return nullptr;
   const Bitmap bitmap = Load(format, memory.get(), FlagsOf(format));
   return bitmap ? ToPicture(bitmap.get()) : nullptr;
+}
+
+}  // namespace
+
+PictureRef DecodePicture(std::string_view bytes) {
+  if (!IsIcon(bytes)) return DecodeByLibrary(bytes);
+  const std::string_view image = FirstIconImage(bytes);
+  return image.starts_with(kPngStart) ? DecodeByLibrary(image) : DecodeIconBitmap(image);
 }
 
 PictureRef LoadPicture(const std::string& path) {

@@ -1,5 +1,5 @@
-// Pictures in files: BMP, GIF, ICO, JPEG and PNG, known by what is in the file and not by its name. The one
-// place that knows the image library, which needs no display.
+// Pictures in files: BMP, GIF, ICO, CUR, JPEG and PNG, known by what is in the file and not by its name. The
+// one place that knows the image library, which needs no display; icons are read in icon_picture.h.
 #pragma once
 
 #include <string>
