@@ -23,8 +23,14 @@ constexpr std::uintmax_t kLargestFile = 256U << 20;  // bytes
 constexpr std::uint64_t kMostPixels = 100'000'000;
 constexpr std::uint64_t kMostPixelsOfAByte = 8300;
 
-constexpr std::array kFormats = {FIF_BMP, FIF_GIF, FIF_JPEG, FIF_PNG};
+struct Format {
+  std::string_view start;  // the bytes that a file of the format begins with
+  FREE_IMAGE_FORMAT number;
+};
+
 constexpr std::string_view kPngStart = "\x89PNG";
+constexpr std::array kFormats = {Format{"BM", FIF_BMP}, Format{"GIF8", FIF_GIF},
+                                 Format{"\xFF\xD8\xFF", FIF_JPEG}, Format{kPngStart, FIF_PNG}};
 
 struct CloseMemory {
   void operator()(FIMEMORY* memory) const { FreeImage_CloseMemory(memory); }
@@ -91,11 +97,13 @@ PictureRef ToPicture(FIBITMAP* source) {
 }
 
 PictureRef DecodeByLibrary(std::string_view bytes) {
+  const auto found = std::find_if(kFormats.begin(), kFormats.end(),
+                                  [&](const Format& format) { return bytes.starts_with(format.start); });
+  if (found == kFormats.end()) return nullptr;
+  const FREE_IMAGE_FORMAT format = found->number;
   std::string copy(bytes);  // the library takes bytes that it might write to
   const Memory memory(
       FreeImage_OpenMemory(reinterpret_cast<BYTE*>(copy.data()), static_cast<DWORD>(copy.size())));
-  const FREE_IMAGE_FORMAT format = FreeImage_GetFileTypeFromMemory(memory.get(), 0);
-  if (std::find(kFormats.begin(), kFormats.end(), format) == kFormats.end()) return nullptr;
   const std::uint64_t pixels = PixelsOf(format, memory.get(), bytes);
   if (pixels == 0 || pixels > std::min(kMostPixels, kMostPixelsOfAByte * bytes.size())) return nullptr;
   const Bitmap bitmap = Load(format, memory.get(), FlagsOf(format));

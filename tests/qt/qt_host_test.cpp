@@ -4,6 +4,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QCursor>
 #include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -343,6 +344,37 @@ TEST_F(QtHostTest, TheFirstShowingHasTheFormThatItsStarterAskedFor) {
       EXPECT_TRUE(janela->isActiveWindow()) << int(row.form);
     }
   }
+}
+
+TEST_F(QtHostTest, ThePointerIsHiddenOverAllWindowsAndShownAgain) {
+  const auto isHidden = [] {
+    const QCursor* cursor = QGuiApplication::overrideCursor();
+    return cursor != nullptr && cursor->shape() == Qt::BlankCursor;
+  };
+  ASSERT_EQ(program.janela.Start({}, ""), RunOutcome::Ended);
+  program.commands.CommandCall("Janela", "AtivaCursor = Nao");
+  EXPECT_TRUE(isHidden());
+  program.commands.CommandCall("Janela", "AtivaCursor = Nao");
+  program.commands.CommandCall("Janela", "AtivaCursor = Sim");
+  EXPECT_FALSE(isHidden()) << "hidden twice, shown once";
+}
+
+TEST_F(QtHostTest, ThePointerIsToldInPixelsOfTheScreen) {
+  ASSERT_EQ(program.janela.Start({}, ""), RunOutcome::Ended);
+  const auto place = [&] { return Variable("LinhaMouse") + " " + Variable("ColunaMouse"); };
+  const auto pointAt = [](int x, int y) {
+    QTest::mouseMove(WidgetNamed("Janela")->windowHandle(), QPoint(x, y));
+  };
+  program.commands.CommandCall("Janela", "MouseGeral = Sim");
+  pointAt(80, 42);
+  EXPECT_EQ(place(), "0 0") << "the window tells nothing";
+  QCursor::setPos(123, 45);
+  QTest::qWait(120);
+  EXPECT_EQ(place(), "45 123");
+  program.commands.CommandCall("Janela", "MouseGeral = Nao");
+  pointAt(160, 28);
+  QTest::qWait(120);
+  EXPECT_EQ(place(), "2 20") << "the timer has no effect any more";
 }
 
 TEST_F(QtHostTest, AHelpButtonStandsInATitleWithoutSizeButtons) {

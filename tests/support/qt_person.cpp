@@ -25,6 +25,8 @@ Qt::KeyboardModifiers ToQt(KeyShift shift) {
 
 Qt::Key KeyOf(int code) {
   switch (code) {
+    case 9:
+      return Qt::Key_Tab;
     case 13:
       return Qt::Key_Return;
     case 16:
