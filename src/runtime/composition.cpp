@@ -62,7 +62,7 @@ int RunProgram(const ProgramStart& start, const Host& host, Display& display) {
   MachineCommands machine(run, MachineCommands::UserPlaces());
   CommandTable commands;
   const RecordDatabase database(run, commands);
-  ObjectFrame objects(run, janela.windows());
+  const ObjectCommands objects(commands, run, janela.windows(), display);
   FillDoors(run, commands);
   AddTextCommands(commands, run);
   AddNumberCommands(commands, run);
@@ -78,7 +78,6 @@ int RunProgram(const ProgramStart& start, const Host& host, Display& display) {
   AddDrawingCommands(commands, run, janela.windows());
   AddPictureCommands(commands, run, janela.windows());
   AddFontCommands(commands, run, display);
-  AddObjectCommands(commands, objects, display);
 
   const ProjectStyle style = ScanProjectStyle(start.program.EditorText);
   return janela.RunProgram(start.program.EditorText, style.ProjectStyleWord);

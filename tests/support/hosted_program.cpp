@@ -2,7 +2,6 @@
 
 #include "commands/dialog_commands.h"
 #include "commands/system_commands.h"
-#include "objects/object_commands.h"
 #include "support/core_program.h"
 #include "windows/drawing_commands.h"
 #include "windows/event_commands.h"
@@ -13,7 +12,7 @@
 namespace tessera::test {
 
 HostedProgram::HostedProgram(const Host& host, Display& display)
-    : run(host), engine(run), janela(run, engine, display), objects(run, janela.windows()) {
+    : run(host), engine(run), janela(run, engine, display), objects(commands, run, janela.windows(), display) {
   run.ProgramFileName = "TESTE.TSC";
   run.ProgramFolderText = "/programas/teste\\";
   run.RuntimeFolderText = "/programas\\";
@@ -29,7 +28,6 @@ HostedProgram::HostedProgram(const Host& host, Display& display)
   AddFontCommands(commands, run, display);
   AddDialogCommands(commands, run);
   AddSystemCommands(commands, run);
-  AddObjectCommands(commands, objects, display);
 }
 
 int HostedProgram::Run(std::string_view editor0, std::string_view routines,
