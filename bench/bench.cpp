@@ -151,6 +151,8 @@ class Bench {
     const tessera::bench::GridTimes times = tessera::bench::MeasureGrid();
     std::printf("\n%-40s %8s %12s\n", "grid of 1,000,000 rows, 5 columns", "ms", "each second");
     PerSecond("cells filled", double{kGridRows} * tessera::bench::kGridColumns, {times.fill, 0});
+    PerSecond("cells filled by a program", CountOf(programs_ / "grid.tsc"),
+              Run({tessera_, "run", "--console", (programs_ / "grid.tsc").string()}));
     PerSecond("rows sorted by a text", kGridRows, {times.sortText, 0});
     PerSecond("rows sorted by a number", kGridRows, {times.sortNumber, 0});
     PerSecond("pages, from end to end", times.pageCount, {times.pages, 0});

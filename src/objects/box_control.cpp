@@ -17,6 +17,7 @@ namespace {
 
 constexpr ControlPlace kBoxSize = {.Width = 400, .Height = 160};
 constexpr double kSmallestWidth = 64;
+constexpr double kWindowMargin = 8;  // between a grid and the right edge of its window
 constexpr int kBarWidth = NovoBox::kVerticalBarInset / static_cast<int>(kTwipsPerPixel);
 constexpr int kTitlePadding = 6;  // above and below a title together
 constexpr int kRowPadding = 3;    // above and below a text in its cell together
@@ -90,7 +91,7 @@ void BoxControl::Config() {
 // as far as its window has room.
 void BoxControl::Ativa() {
   ControlPlace place = Place();
-  const double room = std::max(form().ScaleWidth() - place.Left, kSmallestWidth);
+  const double room = std::max(form().ScaleWidth() - kWindowMargin - place.Left, kSmallestWidth);
   place.Width = std::clamp(PixelsOfTwips(grid_.TotalWidth()) + kBarWidth, kSmallestWidth, room);
   Move(place);
   grid_.Ativa(true);

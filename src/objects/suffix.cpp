@@ -21,8 +21,9 @@ std::vector<std::string> SuffixCall::Values() const {
   if (blank > 0) values.emplace_back(Trim(Mid(first, blank)));
   std::size_t place = 1;
   if (arguments.Raw(place) == "=") ++place;
-  for (; place < Settings::kPlaces; ++place) values.push_back(arguments.Raw(place));
-  while (!values.empty() && values.back().empty()) values.pop_back();
+  std::size_t end = Settings::kPlaces;
+  while (end > place && arguments.Raw(end - 1).empty()) --end;
+  for (; place < end; ++place) values.push_back(arguments.Raw(place));
   return values;
 }
 

@@ -251,8 +251,20 @@ void QtForm::ShowStyle() {
   widget_->setVisible(Visible());
 }
 
+// The measures of the font asked for last.
+struct QtForm::FontMeasures {
+  FontFace font;
+  int dotsPerInch;
+  QFontMetricsF metrics;
+};
+
 TextSize QtForm::MeasureText(std::string_view text, const FontFace& font) const {
-  const QFontMetricsF metrics(ToQFont(font), widget_.get());
+  const int dotsPerInch = widget_->logicalDpiX();
+  if (!measures_ || measures_->font != font || measures_->dotsPerInch != dotsPerInch) {
+    measures_ = std::make_unique<FontMeasures>(
+        FontMeasures{font, dotsPerInch, QFontMetricsF(ToQFont(font), widget_.get())});
+  }
+  const QFontMetricsF& metrics = measures_->metrics;
   return {.width = std::ceil(metrics.horizontalAdvance(ToQString(text))),
           .height = std::ceil(metrics.height())};
 }

@@ -72,6 +72,9 @@ class QtForm final : public Form {
   bool isServing_ = false;
   LogicEntry& entry_;
   FrontWatch& front_;
+  // FAST: lists measure many texts in one font, and asking for a font costs more than measuring in it.
+  struct FontMeasures;
+  mutable std::unique_ptr<FontMeasures> measures_;
   std::unique_ptr<FormWidget> widget_;
 };
 

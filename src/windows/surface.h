@@ -30,6 +30,7 @@ struct FontFace {
   double size = 10;  // points, at 96 dots an inch
   bool bold = false;
   bool italic = false;
+  bool operator==(const FontFace&) const = default;
 };
 
 // Whether boxes are filled.

@@ -46,7 +46,7 @@ TEST_F(BoxTest, IsAsWideAsItsColumnsAsFarAsTheWindowHasRoom) {
       "Box B, 1, 40, 10\nBox B.Titulo, \"a\", 50\nBox B.Ativa\n");
   EXPECT_EQ(Box(0).Place().Width, 30 * 8 + 10);
   EXPECT_FALSE(Box(0).Grid().ShowsHorizontalBar());
-  EXPECT_EQ(Box(1).Place().Width, Window().ScaleWidth() - 40 * 8);
+  EXPECT_EQ(Box(1).Place().Width, Window().ScaleWidth() - 8 - 40 * 8);
   EXPECT_TRUE(Box(1).Grid().ShowsHorizontalBar());
 }
 

@@ -20,6 +20,7 @@ namespace tessera {
 namespace {
 
 constexpr QRgb kLine = 0xFFD9DFE5;
+constexpr double kArrowMargin = 2;  // around the sort arrow, that it needs not
 constexpr int kRowsPerNotch = 3;
 constexpr int kNotch = 120;
 
@@ -103,18 +104,20 @@ void BoxLook::PaintTitles(QPainter& painter) {
     const NovoBox::Column& title = grid.Columns()[static_cast<std::size_t>(column)];
     const QRectF area(control().ColumnLeft(column), 0, PixelsOfTwips(grid.ColumnWidth(column)), height);
     paintGround(area, ColoursOf(grid.TitleStateOf(column)));
-    QRectF text = area.adjusted(BoxControl::kCellPadding, 0, -BoxControl::kCellPadding, 0);
-    const QColor colour = skin::TextColour(*this, ToQColor(control().ForeColor()));
+    int room = grid.ColumnWidth(column);
     if (grid.SortColumn() == column) {
-      const double arrow = PixelsOfTwips(NovoBox::kSortArrowInset);
-      skin::PaintArrow(painter, QRectF(area.right() - arrow, 0, arrow, height),
+      room -= NovoBox::kSortArrowInset;
+      const QRectF arrow(area.left() + PixelsOfTwips(room), 0, PixelsOfTwips(NovoBox::kSortArrowInset),
+                         height);
+      skin::PaintArrow(painter, arrow.adjusted(-kArrowMargin, 0, kArrowMargin, 0),
                        grid.SortDescending() ? skin::Direction::Down : skin::Direction::Up, skin::kAccent);
-      text.setRight(area.right() - arrow);
     }
-    painter.setPen(colour);
-    painter.drawText(text, static_cast<int>(ToQt(title.align) | Qt::AlignVCenter) | Qt::TextSingleLine,
-                     painter.fontMetrics().elidedText(ToQString(title.titulo), Qt::ElideRight,
-                                                      static_cast<int>(text.width())));
+    QRectF text = area;
+    text.setWidth(PixelsOfTwips(room));
+    painter.setPen(skin::TextColour(*this, Qt::black));
+    painter.drawText(text.adjusted(BoxControl::kCellPadding, 0, -BoxControl::kCellPadding, 0),
+                     static_cast<int>(ToQt(title.align) | Qt::AlignVCenter) | Qt::TextSingleLine,
+                     ToQString(grid.FitText(title.titulo, room, grid.Defaults())));
   }
 }
 
