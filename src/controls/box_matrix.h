@@ -20,6 +20,9 @@ struct CellAttributes {
   std::int16_t size = 0;
   bool bold = false;
   auto operator<=>(const CellAttributes&) const = default;
+  bool HasFontOf(const CellAttributes& other) const {
+    return size == other.size && bold == other.bold && font == other.font;
+  }
 };
 
 class BoxMatrix {

@@ -28,6 +28,11 @@ void BoxRows::Config(const CellAttributes& defaults, std::int32_t corLetraSel, s
   Clear();
 }
 
+void BoxRows::SetDefaults(const CellAttributes& defaults) {
+  defaults_ = defaults;
+  PaintFrom(linIniVet_);
+}
+
 bool BoxRows::Titulo(std::string_view text, int larg, Align align, bool numeric) {
   if (TotalColunas() == kMaxColumns) return false;
   columns_.push_back({std::string(text), std::clamp(larg, 0, kMaxLarg), align, numeric});

@@ -45,6 +45,8 @@ class BoxRows {
 
   // Forgets the columns and stores the defaults and the colours of the cursor row.
   void Config(const CellAttributes& defaults, std::int32_t corLetraSel, std::int32_t corFundoSel);
+  // What cells take that are blank, or added without attributes, from now on.
+  void SetDefaults(const CellAttributes& defaults);
   // False beyond the 50th column. A width outside 0 to kMaxLarg is clipped.
   bool Titulo(std::string_view text, int larg, Align align, bool numeric);
 
@@ -87,6 +89,8 @@ class BoxRows {
   int LinBoxRef() const { return linBoxRef_; }
   std::int32_t LinVetRef() const { return linIniVet_ + linBoxRef_; }
   const std::vector<Column>& Columns() const { return columns_; }
+  // What a cell without attributes of its own has; the titles have its font.
+  const CellAttributes& Defaults() const { return defaults_; }
   int ColumnLeft(int column) const;
   int ColumnWidth(int column) const;
   int TotalWidth() const { return ColumnLeft(TotalColunas()); }
@@ -94,6 +98,7 @@ class BoxRows {
   std::size_t Bytes() const;
 
   ScrollBar& BarraVertical() { return barraVertical_; }
+  const ScrollBar& BarraVertical() const { return barraVertical_; }
 
   bool Enabled() const { return enabled_; }
   void SetEnabled(bool enabled) { enabled_ = enabled; }
@@ -130,7 +135,6 @@ class BoxRows {
   bool InMatrix(std::int32_t row, std::int32_t column) const;
   bool HasCursor() const { return hasCursor_; }
   bool IsCursor(int visibleRow) const { return hasCursor_ && visibleRow == linBoxRef_; }
-  const CellAttributes& Defaults() const { return defaults_; }
   CellAttributes WithDefaults(CellAttributes attributes) const;
   std::int32_t CorLetraSel() const { return corLetraSel_; }
   std::int32_t CorFundoSel() const { return corFundoSel_; }

@@ -54,6 +54,9 @@ class NovoBox : public BoxRows {
   // The focus has left the cell that was being edited; the owner's lost-focus event.
   std::function<void()> CelulaPerdeuFoco;
 
+  // The next page is built for that size.
+  void SetSize(Size size) { size_ = size; }
+
   void Config(const CellAttributes& defaults, std::int32_t corLetraSel, std::int32_t corFundoSel);
   // Whether each cell keeps attributes of its own; what the rows hold keeps its texts.
   void AtivaAtributos(bool on);
@@ -79,6 +82,7 @@ class NovoBox : public BoxRows {
   void AtributosCelula(int visibleRow, int column, const CellAttributes& attributes);
   // A cell of the rows, under the same rule.
   void GravaVetor(std::int32_t row, std::int32_t column, std::string_view text, CellAttributes attributes);
+  CellAttributes AttributesOf(std::int32_t row, std::int32_t column) const;
 
   struct Place {
     std::int32_t row;
@@ -94,6 +98,7 @@ class NovoBox : public BoxRows {
   const std::vector<Celula>& Pool() const { return pool_; }
 
   ScrollBar& BarraHorizontal() { return barraHorizontal_; }
+  const ScrollBar& BarraHorizontal() const { return barraHorizontal_; }
   bool ShowsHorizontalBar() const { return TotalWidth() > size_.width; }
   int RowHeight() const { return rowHeight_; }
 
@@ -136,7 +141,6 @@ class NovoBox : public BoxRows {
 
  private:
   void PaintRow(int visibleRow) override;
-  CellAttributes AttributesOf(std::int32_t row, std::int32_t column) const;
   bool InPool(int visibleRow, int column) const;
   bool EditKey(int code, bool shift);
 

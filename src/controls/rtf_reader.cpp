@@ -21,7 +21,7 @@ constexpr std::size_t kDocumentDepth = 2;  // its own group inside what stands o
 // Groups that begin with these words hold nothing of the text.
 constexpr std::string_view kAsides[] = {"stylesheet", "info",   "pict",    "header",  "headerl", "headerr",
                                         "headerf",    "footer", "footerl", "footerr", "footerf", "footnote",
-                                        "filetbl",    "revtbl", "xe",      "tc"};
+                                        "filetbl",    "revtbl", "fldinst", "xe",      "tc"};
 
 bool IsAsciiLetter(char c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');

@@ -10,7 +10,7 @@ namespace tessera {
 
 namespace {
 
-constexpr ControlPlace kCalendarSize = {.Width = 110, .Height = 22};
+constexpr ControlPlace kCalendarSize = {.Width = 110, .Height = 20};
 constexpr std::string_view kTxt = ".Txt";
 constexpr Companion kCompanions[] = {{kTxt, kTypeString}};
 
@@ -82,11 +82,6 @@ void CalendarioControl::OnKeyDown(int keyCode, KeyShift shift) {
 
 void CalendarioControl::OnKeyPress(char character) {
   Changed(calendar_.KeyPress(character));
-}
-
-void CalendarioControl::ReplaceText(std::string_view text) {
-  PlaceCaret(0, 0);
-  for (const char character : text) OnKeyPress(character);
 }
 
 // The family

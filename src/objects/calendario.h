@@ -28,7 +28,6 @@ class CalendarioControl final : public EntryControl {
   void OnKeyDown(int keyCode, KeyShift shift) override;
   void OnKeyPress(char character) override;
   void DoubleClick() override { Events().OnDoubleClick(*this); }
-  void ReplaceText(std::string_view text) override;
 
  protected:
   void FocusLost() override { calendar_.PerdeuFoco(); }

@@ -7,8 +7,8 @@ namespace tessera {
 
 namespace {
 
-constexpr ControlPlace kComboSize = {.Width = 140, .Height = 22};
-constexpr double kListHeight = 120;
+constexpr ControlPlace kComboSize = {.Width = 140, .Height = 20};
+constexpr double kRowMargin = 4;  // pixels of a row beyond its text
 constexpr std::string_view kTxt = ".Txt";
 constexpr Companion kCompanions[] = {{kTxt, kTypeString}};
 
@@ -50,7 +50,7 @@ constexpr SuffixRow kSuffixes[] = {
 // The control
 
 ComboControl::ComboControl(Form& form, ControlEvents& events, int index)
-    : EntryControl(form, events, index, kComboSize), listHeight_(kListHeight) {
+    : EntryControl(form, events, index, kComboSize) {
   SetBackColor(kWindowColour);
 }
 
@@ -66,6 +66,25 @@ void ComboControl::AddItem(std::string_view text) {
 
 void ComboControl::ArrowClick() {
   combo_.ArrowClick();
+  Refresh();
+}
+
+double ComboControl::RowHeight() const {
+  return form().MeasureText("A", Font()).height + kRowMargin;
+}
+
+void ComboControl::SetListHeight(double pixels) {
+  combo_.SetListHeight(static_cast<std::ptrdiff_t>(pixels / RowHeight()));
+  Refresh();
+}
+
+void ComboControl::ListHover(std::ptrdiff_t entry) {
+  combo_.ListHover(entry);
+  Refresh();
+}
+
+void ComboControl::Wheel(std::ptrdiff_t rows) {
+  combo_.Wheel(rows);
   Refresh();
 }
 

@@ -16,13 +16,16 @@ class ComboControl final : public EntryControl {
   const SpCombo& State() const { return combo_; }
   void SetText(std::string_view text);
   void AddItem(std::string_view text);
-  // Pixels of the open list.
-  double ListHeight() const { return listHeight_; }
-  void SetListHeight(double pixels) { Set(listHeight_, pixels); }
+  // The open list is so many pixels high, in whole rows.
+  void SetListHeight(double pixels);
+  double RowHeight() const;
 
-  // The arrow beside the field, and an entry of the open list, from 0.
+  // The arrow beside the field; in the open list an entry, from 0, below the pointer or clicked, and the
+  // wheel.
   void ArrowClick();
+  void ListHover(std::ptrdiff_t entry);
   void ListClick(std::ptrdiff_t entry);
+  void Wheel(std::ptrdiff_t rows);
 
   Line Shown() const override { return LineOf(combo_.TxtAux()); }
   void PlaceCaret(std::size_t anchor, std::size_t caret) override;
@@ -38,7 +41,6 @@ class ComboControl final : public EntryControl {
 
  private:
   SpCombo combo_;
-  double listHeight_;
 };
 
 class Combo final : public ObjectFamily {

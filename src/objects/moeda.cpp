@@ -8,7 +8,7 @@ namespace tessera {
 
 namespace {
 
-constexpr ControlPlace kEntrySize = {.Width = 120, .Height = 22};
+constexpr ControlPlace kEntrySize = {.Width = 120, .Height = 20};
 constexpr std::string_view kValor = ".Valor";
 constexpr Companion kCompanions[] = {{kValor, kTypeDecimal}};
 

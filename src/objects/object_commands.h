@@ -1,12 +1,21 @@
-// All families of objects of the language, by their commands.
+// All families of objects of the language, by their commands, and the menus beside them.
 #pragma once
 
 #include "commands/command_table.h"
+#include "objects/menu_sistema.h"
 #include "objects/object_frame.h"
 #include "windows/display.h"
 
 namespace tessera {
 
-void AddObjectCommands(CommandTable& table, ObjectFrame& frame, Display& display);
+// The object commands of a run; they live as long as it does.
+class ObjectCommands {
+ public:
+  ObjectCommands(CommandTable& table, Run& run, WindowModel& windows, Display& display);
+
+ private:
+  ObjectFrame frame_;
+  MenuSistema menus_;
+};
 
 }  // namespace tessera

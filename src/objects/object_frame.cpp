@@ -59,7 +59,11 @@ PersonObject* ObjectFrame::Find(std::string_view name, const ProgramWindow& wind
       if (first == nullptr) first = object;
     }
   }
-  return first;
+  if (first != nullptr) return first;
+  for (const Finder& find : finders_) {
+    if (PersonObject* found = find(name, window)) return found;
+  }
+  return nullptr;
 }
 
 void ObjectFrame::CopyTexts() {

@@ -2,11 +2,14 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "commands/command_table.h"
+#include "objects/grd_lst_a.h"
 #include "objects/object_family.h"
 #include "values/run.h"
 #include "windows/window_model.h"
@@ -35,11 +38,16 @@ class ObjectFrame final : public WindowObjects {
   // The place in the Tab order of the next new object. Failure 6 beyond 16 bits.
   int TakeTabIndex();
 
+  // What a person may call by a name without its being an object of a table, on the window in hand.
+  using Finder = std::function<PersonObject*(std::string_view name, const ProgramWindow& window)>;
+  void AddFinder(Finder finder) { finders_.push_back(std::move(finder)); }
+
   // The object of the family that pictures belong to, by name blind to case; null where there is none.
   Control* FindPicture(std::string_view name) const;
   void SetPictures(ObjectFamily& family) { pictures_ = &family; }
 
   void Reset() override;
+  void LoadStanding(Form& form) override { grdLstA_.LoadOn(form); }
   void ClearWindow(std::string_view caption) override;
   void ClearMainWindow() override;
   PersonObject* Find(std::string_view name, const ProgramWindow& window) override;
@@ -50,7 +58,9 @@ class ObjectFrame final : public WindowObjects {
 
   Run& run_;
   WindowModel& windows_;
+  GrdLstA grdLstA_{*this};
   std::vector<std::unique_ptr<ObjectFamily>> families_;
+  std::vector<Finder> finders_;
   ObjectFamily* pictures_ = nullptr;
   std::int16_t NextTabIndex_ = 0;
 };

@@ -1,15 +1,15 @@
 #include "objects/rotulo.h"
 
+#include <algorithm>
+
 #include "objects/object_frame.h"
-#include "platform/failure.h"
-#include "text/literal.h"
 #include "windows/display.h"
 
 namespace tessera {
 
 namespace {
 
-constexpr ControlPlace kLabelSize = {.Width = 80, .Height = 16};
+constexpr ControlPlace kLabelSize = {.Width = 80, .Height = 20};
 constexpr std::string_view kTxt = ".Txt";
 constexpr Companion kCompanions[] = {{kTxt, kTypeString}};
 
@@ -19,7 +19,7 @@ Value Txt(const SuffixCall& call) {
 }
 
 Value Justifica(const SuffixCall& call) {
-  call.As<RotuloControl>().SetAlignment(AlignmentOf(call.Number()));
+  call.As<RotuloControl>().SetAlignment(suffix::AlignmentOf(call));
   return {};
 }
 
@@ -41,12 +41,6 @@ constexpr SuffixRow kSuffixes[] = {
 
 }  // namespace
 
-Alignment AlignmentOf(const Value& value) {
-  const std::int32_t number = value.ToInteger();
-  if (number < 0 || number > 2) throw RunFailure(380, "Valor de propriedade inválido"_w);
-  return static_cast<Alignment>(number);
-}
-
 RotuloControl::RotuloControl(Form& form, ControlEvents& events, int index)
     : Control(form, events, index, kLabelSize) {}
 
@@ -56,8 +50,7 @@ std::shared_ptr<Control> Rotulo::NewControl(Form& form, std::string_view, int in
   return std::make_shared<RotuloControl>(form, *this, index);
 }
 
-// OPEN: without a width the label is as wide as its text, and at least a line high, so that nothing of it is
-// cut off.
+// OPEN: without a width or height the label is as large as its text needs, so that nothing of it is cut off.
 void Rotulo::Create(Control& control, ObjectRow&, const Settings& arguments) {
   auto& label = static_cast<RotuloControl&>(control);
   label.SetFont({.name = "MS Sans Serif", .size = 8});
@@ -67,7 +60,7 @@ void Rotulo::Create(Control& control, ObjectRow&, const Settings& arguments) {
   ControlPlace place = label.Place();
   const TextSize needed = label.form().MeasureText(text, label.Font());
   place.Width = needed.width;
-  place.Height = needed.height;
+  place.Height = std::max(kLabelSize.Height, needed.height);
   label.Move(place);
   SetWidth(label, arguments, 4);
   SetHeight(label, arguments, 5);

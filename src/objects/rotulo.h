@@ -4,14 +4,10 @@
 #include <string>
 #include <string_view>
 
+#include "controls/text_align.h"
 #include "objects/object_family.h"
 
 namespace tessera {
-
-enum class Alignment { Left = 0, Right = 1, Centre = 2 };
-
-// 0, 1 or 2; failure 380 for another value.
-Alignment AlignmentOf(const Value& value);
 
 class RotuloControl final : public Control {
  public:
@@ -20,8 +16,8 @@ class RotuloControl final : public Control {
   // May hold several lines; longer ones wrap at the control's width.
   const std::string& Caption() const { return caption_; }
   void SetCaption(std::string_view caption) { Set(caption_, std::string(caption)); }
-  Alignment TextAlignment() const { return alignment_; }
-  void SetAlignment(Alignment alignment) { Set(alignment_, alignment); }
+  TextAlign Alignment() const { return alignment_; }
+  void SetAlignment(TextAlign alignment) { Set(alignment_, alignment); }
 
   bool TakesFocus() const override { return false; }
   void Click() override { Events().OnClick(*this); }
@@ -29,7 +25,7 @@ class RotuloControl final : public Control {
 
  private:
   std::string caption_;
-  Alignment alignment_ = Alignment::Left;
+  TextAlign alignment_ = TextAlign::kLeft;
 };
 
 class Rotulo final : public ObjectFamily {

@@ -3,6 +3,8 @@
 #include <utility>
 
 #include "objects/object_frame.h"
+#include "platform/failure.h"
+#include "text/literal.h"
 #include "text/one_based.h"
 #include "values/eval.h"
 
@@ -109,6 +111,12 @@ Value Altura(const SuffixCall& call) {
   place.Height = call.Number().ToDouble() * call.frame.windows().TamLin;
   call.control.Move(place);
   return {};
+}
+
+TextAlign AlignmentOf(const SuffixCall& call) {
+  const std::int32_t number = call.Number().ToInteger();
+  if (number < 0 || number > 2) throw RunFailure(380, "Valor de propriedade inválido"_w);
+  return static_cast<TextAlign>(number);
 }
 
 }  // namespace suffix

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "controls/text_align.h"
 #include "values/run.h"
 #include "values/value.h"
 #include "windows/control.h"
@@ -68,6 +69,9 @@ Value Italico(const SuffixCall& call);
 Value Pai(const SuffixCall& call);
 // `Height` in lines.
 Value Altura(const SuffixCall& call);
+
+// The value of `.JUSTIFICA`: 0 left, 1 right, 2 centre; failure 380 for another.
+TextAlign AlignmentOf(const SuffixCall& call);
 
 }  // namespace suffix
 

@@ -65,7 +65,7 @@ int RunProgram(const ProgramStart& start, const Host& host, Display& display) {
   WallpaperCommand wallpaper(run, display);
   CommandTable commands;
   const RecordDatabase database(run, commands);
-  ObjectFrame objects(run, janela.windows());
+  const ObjectCommands objects(commands, run, janela.windows(), display);
   FillDoors(run, commands);
   AddTextCommands(commands, run);
   AddNumberCommands(commands, run);
@@ -82,7 +82,6 @@ int RunProgram(const ProgramStart& start, const Host& host, Display& display) {
   AddPictureCommands(commands, run, janela.windows());
   AddFontCommands(commands, run, display);
   wallpaper.Register(commands);
-  AddObjectCommands(commands, objects, display);
 
   const ProjectStyle style = ScanProjectStyle(start.program.EditorText);
   return janela.RunProgram(start.program.EditorText, style.ProjectStyleWord);

@@ -44,6 +44,12 @@ void Control::SetParent(Control& picture) {
   Refresh();
 }
 
+void Control::SetFont(const FontFace& font) {
+  font_ = font;
+  FontChanged();
+  Refresh();
+}
+
 bool Control::IsInReach() const {
   const Control* parent = Parent();
   return visible_ && enabled_ && (parent == nullptr || parent->Visible());

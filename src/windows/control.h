@@ -85,7 +85,7 @@ class Control : public PersonObject, public std::enable_shared_from_this<Control
   Colour ForeColor() const { return foreColor_; }
   virtual void SetForeColor(Colour colour) { Set(foreColor_, colour); }
   const FontFace& Font() const { return font_; }
-  void SetFont(const FontFace& font) { Set(font_, font); }
+  void SetFont(const FontFace& font);
   const std::string& ToolTipText() const { return toolTipText_; }
   void SetToolTipText(std::string_view text) { Set(toolTipText_, std::string(text)); }
 
@@ -126,6 +126,7 @@ class Control : public PersonObject, public std::enable_shared_from_this<Control
   virtual void FocusLost() {}
   virtual void EnabledChanged() {}
   virtual void Resized() {}
+  virtual void FontChanged() {}
 
   template <typename T>
   void Set(T& property, T value) {

@@ -193,10 +193,6 @@ class Form : public Surface {
   bool PressKey(int keyCode, KeyShift shift);
   bool TypeCharacter(char character);
   void ReleaseKey(int keyCode, KeyShift shift);
-  // The window's part of a key alone, for a host whose own widget edits the object's text.
-  bool PreviewKey(int keyCode, KeyShift shift);
-  bool PreviewCharacter(char character);
-
   // Width and height in pixels of one line of text.
   virtual TextSize MeasureText(std::string_view text, const FontFace& font) const = 0;
 
@@ -243,6 +239,9 @@ class Form : public Surface {
   virtual void ServeModal() = 0;
 
  private:
+  // The window's part of a key, and whether it has used it up.
+  bool PreviewKey(int keyCode, KeyShift shift);
+  bool PreviewCharacter(char character);
   static double OnPixels(double twips) { return TwipsOfPixels(std::round(PixelsOfTwips(twips))); }
 
   FormEvents& events_;

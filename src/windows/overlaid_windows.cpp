@@ -39,6 +39,11 @@ OverlaidWindow::OverlaidWindow(Run& run, WindowModel& windows, Display& display,
   form_ = display.NewForm(name, *this);
   form_->SetCaption(name);
   form_->SetStyle(StyleOf(kind));
+  LoadStanding();
+}
+
+void OverlaidWindow::LoadStanding() {
+  if (windows_.objects != nullptr) windows_.objects->LoadStanding(*form_);
 }
 
 // OPEN: the flag stops the loops of the window's own routine. Closing a window whose routine has returned
@@ -51,6 +56,7 @@ void OverlaidWindow::Unload() {
   closing_ = true;
   Hide();
   form_->UnloadControls();
+  LoadStanding();
   form_->Cls();
   closing_ = false;
 }

@@ -40,6 +40,8 @@ class OverlaidWindow final : public ProgramWindow {
   bool Carries(std::string_view array) const override;
 
  private:
+  void LoadStanding();
+
   WindowKind kind_;
 };
 

@@ -37,7 +37,10 @@ void WindowModel::Reset(Form& mainWindow, ProgramWindow& owner) {
   WindowObjects* const kept = objects;
   *this = {};
   objects = kept;
-  if (objects != nullptr) objects->Reset();
+  if (objects != nullptr) {
+    objects->Reset();
+    objects->LoadStanding(mainWindow);
+  }
   MainWindow = CurrentForm = &mainWindow;
   CurrentWindowName = kMainWindowName;
   slots[0] = {&mainWindow, CurrentWindowName, &owner};

@@ -6,6 +6,7 @@
 
 namespace tessera {
 
+class Form;
 class PersonObject;
 class ProgramWindow;
 
@@ -14,6 +15,8 @@ class WindowObjects {
   virtual ~WindowObjects() = default;
   // Empties all tables and counters: the program starts.
   virtual void Reset() = 0;
+  // A window is made, or made anew: the hidden elements that stand on it from the start.
+  virtual void LoadStanding(Form& form) = 0;
   // The window of that caption closes: its objects leave the tables.
   virtual void ClearWindow(std::string_view caption) = 0;
   // The main window closes.

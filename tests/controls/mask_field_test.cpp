@@ -84,7 +84,7 @@ TEST(MaskField, ATypedCharacterTakesTheSelectionsPlace) {
   MaskField field;
   field.SetMask("##/##");
   Typed(field, "1234");
-  field.Select(4, 1);
+  field.Select(1, 4);
   EXPECT_FALSE(field.KeyPress('x'));
   EXPECT_EQ(field.Field().SelLength(), 3U);
   EXPECT_TRUE(field.KeyPress('9'));

@@ -231,7 +231,9 @@ TEST_F(NovoBoxTest, SortsTextsAsTheyCompare) {
 TEST_F(NovoBoxTest, ARemovedRowLeavesMatrixAndVector) {
   FillNumbers(6);
   box.Selected(5);
+  EXPECT_EQ(box.BarraVertical().Value(), 2);
   box.RemoveLinha(1);
+  EXPECT_EQ(box.BarraVertical().Value(), 1);
   box.RemoveLinha(9);
   EXPECT_EQ(ColumnText(0), "r0 r2 r3 r4 r5 ");
   EXPECT_EQ(box.ListCount(), 5);
@@ -315,6 +317,7 @@ TEST_F(NovoBoxTest, AnEditedCellLosesItsFocusAndItsColours) {
   box.ClickCelula(3);
   EXPECT_EQ(lost, 1);
   EXPECT_EQ(box.ColBoxRef(), 1);
+  EXPECT_EQ(box.Pool()[2].attributes.back, 4) << "the cursor came to its row again";
   box.SetFocus(false);
   box.SetFocus(false);
   EXPECT_EQ(lost, 2);

@@ -163,8 +163,13 @@ TEST_F(RichTextTest, ChangesWhatIsToldAndLeavesTheRest) {
   EXPECT_EQ(text.Content().Runs(), runs);
   text.SetFormat({.font = "Courier New", .underline = true});
   EXPECT_EQ(text.Content().FormatAt(1), (CharFormat{"Courier New", 12, false, true, true, 255}));
+  text.Select(3, 3);
+  text.SetSelFormat({.bold = true});
+  text.SetFormat({.color = 9});
+  Type("x");
+  EXPECT_EQ(text.Content().FormatAt(3), (CharFormat{"Courier New", 8, true, true, true, 9}));
   text.SetText("n");
-  EXPECT_EQ(text.Content().FormatAt(0), (CharFormat{"Courier New", 8, false, false, true, 0}));
+  EXPECT_EQ(text.Content().FormatAt(0), (CharFormat{"Courier New", 8, false, false, true, 9}));
 }
 
 TEST_F(RichTextTest, TextRtfIsADocumentOrPlain) {

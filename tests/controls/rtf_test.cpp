@@ -71,6 +71,11 @@ TEST(Rtf, ReadsWhatWordProcessorsWrite) {
        "[:rs]"},
       {"{\\rtf1\\bin2 }}a}b", "[:a]"},
       {"{\\rtf1 a\\b}", "[:a]"},
+      {"{\\rtf1{\\u233}ab}",
+       "[:\xE9"
+       "ab]"},
+      {"{\\rtf1\\*\\stylesheet a}", "[:a]"},
+      {"{\\rtf1{\\colortbl\\red9\\green1\\blue2;\\red3;}\\cf1 a}", "[c3:a]"},
       {"{\\rtf1\\b1 a\\b00 b}", "[b:a][:b]"},
   };
   for (const auto& c : kCases) EXPECT_EQ(Read(c.rtf), c.shown) << c.rtf;
@@ -82,6 +87,7 @@ TEST(Rtf, TheFirstParagraphTellsTheAlignment) {
     TextAlign alignment;
   } constexpr kCases[] = {{"{\\rtf1\\pard\\qc a\\par\\pard\\qr b}", TextAlign::kCentre},
                           {"{\\rtf1\\qr\\pard a}", TextAlign::kLeft},
+                          {"{\\rtf1{\\header\\qc x}a}", TextAlign::kLeft},
                           {"{\\rtf1{\\header\\qc x}\\qr}", TextAlign::kRight}};
   for (const auto& c : kCases) EXPECT_EQ(ReadRtf(c.rtf, kBase).Alignment(), c.alignment) << c.rtf;
 }

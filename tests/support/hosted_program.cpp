@@ -2,7 +2,6 @@
 
 #include "commands/dialog_commands.h"
 #include "commands/system_commands.h"
-#include "objects/object_commands.h"
 #include "support/core_program.h"
 #include "windows/drawing_commands.h"
 #include "windows/event_commands.h"
@@ -16,8 +15,8 @@ HostedProgram::HostedProgram(const Host& host, Display& display)
     : run(host),
       engine(run),
       janela(run, engine, display),
-      wallpaper(run, display),
-      objects(run, janela.windows()) {
+      objects(commands, run, janela.windows(), display),
+      wallpaper(run, display) {
   run.ProgramFileName = "TESTE.TSC";
   run.ProgramFolderText = "/programas/teste\\";
   run.RuntimeFolderText = "/programas\\";
@@ -34,7 +33,6 @@ HostedProgram::HostedProgram(const Host& host, Display& display)
   wallpaper.Register(commands);
   AddDialogCommands(commands, run);
   AddSystemCommands(commands, run);
-  AddObjectCommands(commands, objects, display);
 }
 
 int HostedProgram::Run(std::string_view editor0, std::string_view routines,

@@ -8,7 +8,7 @@
 
 #include "commands/command_table.h"
 #include "engine/engine.h"
-#include "objects/object_frame.h"
+#include "objects/object_commands.h"
 #include "platform/host.h"
 #include "values/run.h"
 #include "windows/janela.h"
@@ -27,8 +27,8 @@ class HostedProgram {
   CommandTable commands;
   Engine engine;
   Janela janela;
+  ObjectCommands objects;
   WallpaperCommand wallpaper;
-  ObjectFrame objects;
 };
 
 }  // namespace tessera::test

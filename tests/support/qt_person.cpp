@@ -9,6 +9,7 @@
 #include <QWindow>
 
 #include "qt/form.h"
+#include "support/qt_objects.h"
 
 namespace tessera::test {
 
@@ -33,8 +34,16 @@ Qt::Key KeyOf(int code) {
       return Qt::Key_Shift;
     case 19:
       return Qt::Key_Pause;
+    case 33:
+      return Qt::Key_PageUp;
+    case 34:
+      return Qt::Key_PageDown;
     case 37:
       return Qt::Key_Left;
+    case 38:
+      return Qt::Key_Up;
+    case 40:
+      return Qt::Key_Down;
     case 117:
       return Qt::Key_F6;
     default:
@@ -69,6 +78,19 @@ bool QtPerson::HostServes() const {
   if (windows == nullptr || windows->WindowInHand() == nullptr) return false;
   const auto& form = static_cast<QtForm&>(*windows->WindowInHand());
   return form.IsServing() || (form.Visible() && QThread::currentThread()->loopLevel() > 0);
+}
+
+PersonObject* QtPerson::FindObject(std::string_view name) {
+  PersonObject* found = windows->FindObject(name);
+  object_ = found == nullptr ? nullptr : RealEventsOn(*found);
+  return object_.get();
+}
+
+bool QtPerson::TurnTo(PersonObject& object) {
+  const Form* form = object.Window();
+  if (!object.IsInReach() || !form->Visible() || !windows->CanBeReached(*form)) return false;
+  object.SetFocus();
+  return true;
 }
 
 void QtPerson::Click() {
@@ -155,7 +177,9 @@ bool ScriptedDispatch::AwaitNextEvents() {
 
 bool ScriptedDispatch::PlayLine() {
   std::string line;
-  if (!std::getline(lines_, line)) return false;
+  do {
+    if (!std::getline(lines_, line)) return false;
+  } while (line.empty() || line.starts_with('\''));
   const std::string fault = DoEventLine(line, person);
   EXPECT_EQ(fault, "") << line;
   return true;

@@ -24,8 +24,8 @@ class QtPerson final : public Person {
   // True while the host delivers events by itself, for a modal window or behind the program's end.
   bool HostServes() const;
 
-  PersonObject* FindObject(std::string_view) override { return nullptr; }
-  bool TurnTo(PersonObject&) override { return true; }
+  PersonObject* FindObject(std::string_view name) override;
+  bool TurnTo(PersonObject& object) override;
   void Click() override;
   void DoubleClick() override;
   void PressButton(MouseButton button) override;
@@ -42,6 +42,7 @@ class QtPerson final : public Person {
   QWidget& InHand() const;
   QPoint PointerIn(const QWidget& widget) const;
 
+  std::unique_ptr<PersonObject> object_;  // the last one that was found
   double pointerLine_ = 0;
   double pointerColumn_ = 0;
 };

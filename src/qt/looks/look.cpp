@@ -86,7 +86,8 @@ bool LookView::eventFilter(QObject*, QEvent* event) {
       event->accept();
       return true;
     case QEvent::KeyPress:
-      return TakeKey(static_cast<QKeyEvent&>(*event));
+      TakeKey(static_cast<QKeyEvent&>(*event));
+      return true;
     case QEvent::KeyRelease: {
       const auto& key = static_cast<QKeyEvent&>(*event);
       if (key.isAutoRepeat()) return false;
@@ -96,7 +97,6 @@ bool LookView::eventFilter(QObject*, QEvent* event) {
       return false;
     }
     case QEvent::InputMethod: {
-      if (body_->EditsByItself()) return false;
       const QString committed = static_cast<QInputMethodEvent&>(*event).commitString();
       logic_.Tell([typed = FromQString(committed)](Control& control) {
         for (const char character : typed) control.form().TypeCharacter(character);
@@ -108,27 +108,13 @@ bool LookView::eventFilter(QObject*, QEvent* event) {
   }
 }
 
-// True where the key is used up.
-bool LookView::TakeKey(const QKeyEvent& event) {
-  if (body_->TakeShortcut(event)) return true;
-  const int code = KeyCodeOf(event);
-  const KeyShift shift = ShiftOf(event);
-  const std::string typed = TypedText(event);
-  if (!body_->EditsByItself()) {
-    logic_.Tell([code, shift, typed](Control& control) {
-      Form& form = control.form();
-      if (form.PressKey(code, shift)) return;
-      for (const char character : typed) form.TypeCharacter(character);
-    });
-    return true;
-  }
-  // The entry may come later than this call.
-  const auto used = std::make_shared<bool>(false);
-  logic_.Tell([=](Control& control) {
+void LookView::TakeKey(const QKeyEvent& event) {
+  if (body_->TakeShortcut(event)) return;
+  logic_.Tell([code = KeyCodeOf(event), shift = ShiftOf(event), typed = TypedText(event)](Control& control) {
     Form& form = control.form();
-    *used = form.PreviewKey(code, shift) || (!typed.empty() && form.PreviewCharacter(typed.front()));
+    if (form.PressKey(code, shift)) return;
+    for (const char character : typed) form.TypeCharacter(character);
   });
-  return *used;
 }
 
 }  // namespace tessera

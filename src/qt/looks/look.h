@@ -27,8 +27,6 @@ class LookBody {
   virtual void FollowControl() { Widget().update(); }
   // A key combination of the desktop's own, like that of the clipboard; true where it was one.
   virtual bool TakeShortcut(const QKeyEvent& /*event*/) { return false; }
-  // True where the widget edits its text on its own; the logic then has the window's preview of a key alone.
-  virtual bool EditsByItself() const { return false; }
 };
 
 // Where a widget's events go into the logic. It goes with the control; what comes later is dropped.
@@ -66,7 +64,7 @@ class LookView final : public QObject, public ControlView {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  bool TakeKey(const QKeyEvent& event);
+  void TakeKey(const QKeyEvent& event);
 
   LookBody* body_;
   Control& control_;

@@ -2,14 +2,20 @@
 #include <typeindex>
 #include <typeinfo>
 
+#include "qt/looks/barra_look.h"
 #include "qt/looks/botao_look.h"
+#include "qt/looks/box_look.h"
 #include "qt/looks/calendario_look.h"
 #include "qt/looks/check_look.h"
+#include "qt/looks/combo_look.h"
+#include "qt/looks/guia_look.h"
 #include "qt/looks/link_look.h"
 #include "qt/looks/look.h"
+#include "qt/looks/mascara_look.h"
 #include "qt/looks/moeda_look.h"
 #include "qt/looks/moldura_look.h"
 #include "qt/looks/rotulo_look.h"
+#include "qt/looks/texto_look.h"
 
 namespace tessera {
 
@@ -26,8 +32,13 @@ std::pair<const std::type_index, Maker> Row() {
 
 const std::map<std::type_index, Maker>& Makers() {
   static const std::map<std::type_index, Maker> makers = {
-      Row<BotaoControl, BotaoLook>(), Row<CheckControl, CheckLook>(),   Row<MolduraControl, MolduraLook>(),
-      Row<OpcaoControl, OpcaoLook>(), Row<RotuloControl, RotuloLook>(),
+      Row<BarraControl, BarraLook>(),     Row<BotaoControl, BotaoLook>(),
+      Row<BoxControl, BoxLook>(),         Row<CalendarioControl, CalendarioLook>(),
+      Row<CheckControl, CheckLook>(),     Row<ComboControl, ComboLook>(),
+      Row<GuiaControl, GuiaLook>(),       Row<LinkControl, LinkLook>(),
+      Row<MascaraControl, MascaraLook>(), Row<MoedaControl, MoedaLook>(),
+      Row<MolduraControl, MolduraLook>(), Row<OpcaoControl, OpcaoLook>(),
+      Row<RotuloControl, RotuloLook>(),   Row<TextoControl, TextoLook>(),
   };
   return makers;
 }

@@ -2,9 +2,11 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <algorithm>
 #include <utility>
 
 #include "qt/colour.h"
+#include "qt/looks/alignment.h"
 #include "qt/looks/skin.h"
 #include "qt/text.h"
 
@@ -12,17 +14,7 @@ namespace tessera {
 
 namespace {
 
-Qt::Alignment ToQt(Alignment alignment) {
-  switch (alignment) {
-    case Alignment::Right:
-      return Qt::AlignRight;
-    case Alignment::Centre:
-      return Qt::AlignHCenter;
-    case Alignment::Left:
-      break;
-  }
-  return Qt::AlignLeft;
-}
+constexpr double kTopOfLine = 4;  // pixels above the first line of an entry
 
 }  // namespace
 
@@ -31,12 +23,16 @@ void RotuloLook::FollowControl() {
   update();
 }
 
+// The first line stands as high as that of an entry beside the label, as far as the label has room.
 void RotuloLook::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.fillRect(rect(), ToQColor(control().BackColor()));
   painter.setPen(skin::TextColour(*this, ToQColor(control().ForeColor())));
-  const auto flags = ToQt(control().TextAlignment()) | Qt::AlignTop | Qt::TextWordWrap;
-  painter.drawText(rect(), static_cast<int>(flags), ToQLines(control().Caption()));
+  const int flags = static_cast<int>(ToQAlignment(control().Alignment()) | Qt::AlignTop) | Qt::TextWordWrap;
+  const QString caption = ToQLines(control().Caption());
+  const QRectF needed = painter.boundingRect(QRectF(rect()), flags, caption);
+  const double top = std::clamp((height() - needed.height()) / 2, 0.0, kTopOfLine);
+  painter.drawText(QRectF(rect()).adjusted(0, qRound(top), 0, 0), flags, caption);
 }
 
 void RotuloLook::mouseReleaseEvent(QMouseEvent* event) {

@@ -1,0 +1,246 @@
+#include "objects/texto.h"
+
+#include <algorithm>
+#include <chrono>
+#include <utility>
+
+#include "controls/key_code.h"
+#include "controls/numeric_filter.h"
+#include "objects/object_frame.h"
+#include "text/one_based.h"
+#include "values/eval.h"
+#include "windows/display.h"
+
+namespace tessera {
+
+namespace {
+
+constexpr ControlPlace kLineSize = {.Width = 120, .Height = 20};
+constexpr ControlPlace kLinesSize = {.Width = 240, .Height = 80};
+constexpr std::string_view kOneLine = "Texto";
+constexpr std::string_view kMultiLine = "MultiLine";
+constexpr std::string_view kNumeric = "NUMERICO";
+constexpr std::string_view kTxt = ".Txt";
+constexpr Companion kCompanions[] = {{kTxt, kTypeString}};
+constexpr std::chrono::milliseconds kCopyInterval{5};
+constexpr std::size_t kLinesPlace = 4;
+
+std::size_t CountOf(const Value& value) {
+  return static_cast<std::size_t>(std::max(value.ToInteger(), 0));
+}
+
+Value Txt(const SuffixCall& call) {
+  static_cast<Texto&>(call.family).SetText(call.As<TextoControl>(), call.Word());
+  return {};
+}
+
+Value TextoRtf(const SuffixCall& call) {
+  auto& entry = call.As<TextoControl>();
+  if (call.arguments.Raw(1) != "=") return Quote(entry.State().TextRTF());
+  entry.SetTextRTF(call.Text());
+  return {};
+}
+
+// Start, length, font, size, "NEGRITO", colour; without any of them the whole text.
+Value Seleciona(const SuffixCall& call) {
+  auto& entry = call.As<TextoControl>();
+  const std::vector<std::string> values = call.Values();
+  if (values.empty()) {
+    entry.Select(0, entry.Text().size());
+    return {};
+  }
+  const auto isGiven = [&](std::size_t place) { return place < values.size() && !values[place].empty(); };
+  entry.Select(CountOf(call.Nth(0)), isGiven(1) ? CountOf(call.Nth(1)) : 0);
+  FormatChange change;
+  if (isGiven(2)) change.font = EvalText(call.run, values[2]).ToText();
+  if (isGiven(3)) change.size = call.Nth(3).ToDouble();
+  if (isGiven(4) && Upper(call.Nth(4).ToText()) == "NEGRITO") change.bold = true;
+  if (isGiven(5)) change.color = call.Nth(5).ToInteger();
+  entry.SetSelFormat(change);
+  return {};
+}
+
+Value Justifica(const SuffixCall& call) {
+  call.As<TextoControl>().SetAlignment(suffix::AlignmentOf(call));
+  return {};
+}
+
+Value Maximo(const SuffixCall& call) {
+  call.As<TextoControl>().SetMaxLength(CountOf(call.Number()));
+  return {};
+}
+
+Value MargemDireita(const SuffixCall& call) {
+  call.As<TextoControl>().SetRightMargin(call.Number().ToInteger());
+  return {};
+}
+
+Value PosCursor(const SuffixCall& call) {
+  call.As<TextoControl>().Select(CountOf(call.Number()), 0);
+  return {};
+}
+
+Value Numerico(const SuffixCall& call) {
+  call.As<TextoControl>().SetTag(call.Word() == "SIM" ? kNumeric : "");
+  return {};
+}
+
+constexpr SuffixRow kSuffixes[] = {
+    {".ATIVO", suffix::Ativo},
+    {".VISIVEL", suffix::Visivel},
+    {".CORFUNDO", suffix::CorFundo},
+    {".CORLETRA", suffix::CorLetra},
+    {".INDICETAB", suffix::IndiceTab},
+    {".MOVEFOCO", suffix::MoveFoco},
+    {".DICA", suffix::Dica},
+    {".NOMEFONTE", suffix::NomeFonte},
+    {".TAMFONTE", suffix::TamFonte},
+    {".NEGRITO", suffix::Negrito},
+    {".ITALICO", suffix::Italico},
+    {".PAI", suffix::Pai},
+    {".TXT", Txt},
+    {".TEXTORTF", TextoRtf},
+    {".SELECIONA", Seleciona},
+    {".JUSTIFICA", Justifica},
+    {".MAXIMO", Maximo},
+    {".MARGEMDIREITA", MargemDireita},
+    {".POSCURSOR", PosCursor},
+    {".NUMERICO", Numerico},
+};
+
+}  // namespace
+
+// The control
+
+TextoControl::TextoControl(Form& form, ControlEvents& events, int index, bool multiLine)
+    : Control(form, events, index, multiLine ? kLinesSize : kLineSize) {
+  text_.SetMultiLine(multiLine);
+  SetBackColor(kWindowColour);
+  FontChanged();
+}
+
+void TextoControl::SetText(std::string_view text) {
+  text_.SetText(text);
+  Refresh();
+}
+
+void TextoControl::SetTextRTF(std::string_view rtf) {
+  text_.SetTextRTF(rtf);
+  Refresh();
+}
+
+void TextoControl::SetForeColor(Colour colour) {
+  const FormatChange change{.color = colour};
+  if (text_.SelLength() > 0) return SetSelFormat(change);
+  text_.SetFormat(change);
+  Control::SetForeColor(colour);
+}
+
+void TextoControl::Select(std::size_t start, std::size_t length) {
+  text_.SetSelStart(start);
+  text_.SetSelLength(length);
+  Refresh();
+}
+
+void TextoControl::SetSelFormat(const FormatChange& change) {
+  text_.SetSelFormat(change);
+  Refresh();
+}
+
+void TextoControl::SetAlignment(TextAlign alignment) {
+  text_.SetAlignment(alignment);
+  Refresh();
+}
+
+void TextoControl::SetRightMargin(int pixels) {
+  text_.SetRightMargin(pixels);
+  Refresh();
+}
+
+void TextoControl::PlaceCaret(std::size_t anchor, std::size_t caret) {
+  text_.Select(anchor, caret);
+  Refresh();
+}
+
+// What a filter would not let in comes in by no other way.
+void TextoControl::Paste(std::string_view text) {
+  if (tag_ == kNumeric) {
+    for (const char character : text) OnKeyPress(character);
+    return;
+  }
+  text_.Paste(text);
+  Refresh();
+}
+
+void TextoControl::TakeLayout(std::function<std::size_t(std::size_t caret, int lines)> moveByLines,
+                              int pageLines) {
+  text_.MoveByLines = std::move(moveByLines);
+  text_.SetPageLines(pageLines);
+}
+
+void TextoControl::ReplaceText(std::string_view text) {
+  text_.SelectAll();
+  OnKeyDown(key::kDelete, {});
+  for (const char character : text) OnKeyPress(character);
+}
+
+void TextoControl::OnKeyDown(int keyCode, KeyShift shift) {
+  text_.KeyDown(keyCode, shift.shift, shift.ctrl);
+  Refresh();
+}
+
+void TextoControl::OnKeyPress(char character) {
+  const std::optional<char> typed =
+      tag_ == kNumeric ? NumericFilter(text_.Text(), text_.SelStart(), character) : character;
+  if (typed) text_.KeyPress(*typed);
+  Refresh();
+}
+
+void TextoControl::FontChanged() {
+  text_.SetFormat({.font = Font().name, .size = Font().size, .bold = Font().bold, .italic = Font().italic});
+}
+
+// The family
+
+Texto::Texto(ObjectFrame& frame) : ObjectFamily(frame, kOneLine, kCompanions, kSuffixes) {}
+
+std::string Texto::ArrayFor(const Settings& arguments) {
+  const bool isTall = !arguments.Raw(kLinesPlace).empty() && arguments.Number(kLinesPlace).ToDouble() >= 3;
+  return std::string(isTall ? kMultiLine : kOneLine);
+}
+
+std::shared_ptr<Control> Texto::NewControl(Form& form, std::string_view array, int index) {
+  return std::make_shared<TextoControl>(form, *this, index, array == kMultiLine);
+}
+
+void Texto::Create(Control& control, ObjectRow&, const Settings& arguments) {
+  Place(control, arguments, 1);
+  SetWidth(control, arguments, 3);
+  const bool isOneLine = !arguments.Raw(kLinesPlace).empty() && arguments.Number(kLinesPlace).ToDouble() == 1;
+  if (!isOneLine) SetHeight(control, arguments, kLinesPlace);
+  static_cast<TextoControl&>(control).SetText("");
+  if (!Timer2_) Timer2_ = run().host.events.StartTimer(kCopyInterval, [this] { CopyTexts(); });
+}
+
+void Texto::SetText(TextoControl& entry, std::string_view text) {
+  entry.SetText(text);
+  TellCompanion(entry, kTxt, entry.Text());
+}
+
+void Texto::CopyTexts() {
+  bool isInUse = false;
+  for (const ObjectRow& row : Rows()) {
+    const auto entry = std::static_pointer_cast<TextoControl>(row.object.lock());
+    if (row.name.empty() || !entry) continue;
+    isInUse = true;
+    TellCompanion(*entry, kTxt, entry->Text());
+  }
+  if (!isInUse) Timer2_.reset();
+}
+
+void Texto::Reset() {
+  ObjectFamily::Reset();
+  Timer2_.reset();
+}
+
+}  // namespace tessera

@@ -1,0 +1,274 @@
+// The grid on a real window: what it shows, and what real pointer and key events do to it.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QClipboard>
+#include <QImage>
+#include <QPixmap>
+#include <QTest>
+#include <QWheelEvent>
+#include <QWindow>
+
+#include "objects/box_control.h"
+#include "qt/colour.h"
+#include "qt/looks/look.h"
+#include "qt/looks/skin.h"
+#include "qt/qt_host.h"
+#include "support/core_program.h"
+#include "support/hosted_program.h"
+
+namespace tessera::test {
+
+namespace {
+
+constexpr std::string_view kList =
+    "Var i Inteiro, nome String\n"
+    "Box G, 1, 1, 12\n"
+    "Box G.Titulo, \"Nome\", 20\n"
+    "Box G.Titulo, \"Meio\", 10, \"CENTRO\"\n"
+    "Box G.Titulo, \"Valor\", 10, \"DIR\", \"NUMERICO\"\n"
+    "Box G.Ativa\n"
+    "Enquanto i < 60\n"
+    "nome = \"item \" & i\n"
+    "Box G.Add nome\n"
+    "Box G.Add \"um texto longo demais para a sua coluna\"\n"
+    "Box G.Add 100 - i\n"
+    "Box G.New\n"
+    "i++\n"
+    "Repita\n"
+    "Box G.Fim\n";
+
+class BoxOnWindows : public testing::Test {
+ protected:
+  void Start(std::string_view source) {
+    EditorTexts editors;
+    editors[0] = FromSource(source);
+    ASSERT_EQ(program.janela.Start(editors, ""), RunOutcome::Ended);
+    qt.ProcessEvents();
+  }
+
+  BoxControl& Box() {
+    return dynamic_cast<BoxControl&>(*program.janela.windows().MainWindow->Controls().Element("GrdLstB", 0));
+  }
+  NovoBox& Grid() { return Box().Grid(); }
+  QWidget& Widget() { return static_cast<LookView&>(*Box().View()).Widget(); }
+  QWindow* Top() { return Widget().window()->windowHandle(); }
+  QPoint InWindow(QPoint at) { return Widget().mapTo(Widget().window(), at); }
+  void Click(QPoint at) { QTest::mouseClick(Top(), Qt::LeftButton, {}, InWindow(at)); }
+  void Move(QPoint at) { QTest::mouseMove(Top(), InWindow(at)); }
+
+  int Right(int column) {
+    return static_cast<int>(Box().ColumnLeft(column) + PixelsOfTwips(Grid().ColumnWidth(column)));
+  }
+  int RowTop(int row) {
+    return static_cast<int>(Box().TitleHeight() + row * PixelsOfTwips(Grid().RowHeight()));
+  }
+  QPoint InCell(int row, int column) {
+    return {static_cast<int>(Box().ColumnLeft(column)) + 12, RowTop(row) + 8};
+  }
+  QPoint InTitle(int column) { return {static_cast<int>(Box().ColumnLeft(column)) + 12, 6}; }
+
+  QImage Shown(int scale = 1) {
+    QPixmap picture(Widget().size() * scale);
+    picture.setDevicePixelRatio(scale);
+    Widget().render(&picture);
+    return picture.toImage();
+  }
+
+  QtHost qt;
+  HostedProgram program{qt.host(), qt};
+};
+
+// The pixels of a colour, or near it, in a part of a picture.
+int Ink(const QImage& picture, const QRect& part, const QColor& colour) {
+  int found = 0;
+  for (int y = part.top(); y <= part.bottom(); ++y) {
+    for (int x = part.left(); x <= part.right(); ++x) {
+      const QColor pixel = picture.pixelColor(x, y);
+      const int distance = std::abs(pixel.red() - colour.red()) + std::abs(pixel.green() - colour.green()) +
+                           std::abs(pixel.blue() - colour.blue());
+      found += distance < 60;
+    }
+  }
+  return found;
+}
+
+}  // namespace
+
+TEST_F(BoxOnWindows, TitlesStandOverTheirColumnsOnEveryScreen) {
+  Start(kList);
+  for (const int scale : {1, 2}) {
+    const QImage picture = Shown(scale);
+    for (int column = 0; column < 3; ++column) {
+      const int line = Right(column) * scale - 1;
+      const int title = 4 * scale;
+      const int cell = (RowTop(3) + 8) * scale;
+      EXPECT_NE(picture.pixel(line, title), picture.pixel(line - scale, title)) << column << " " << scale;
+      EXPECT_NE(picture.pixel(line, cell), qRgb(255, 255, 255)) << column << " " << scale;
+    }
+  }
+}
+
+TEST_F(BoxOnWindows, ShowsWholeRowsAndTheWindowBelowThem) {
+  Start(kList);
+  const QImage picture = Widget().window()->grab().toImage();
+  const int bottom = static_cast<int>(Box().FramePlace().Height);
+  ASSERT_LT(bottom, Widget().height());
+  const QPoint inside = InWindow({30, bottom - 3});
+  const QPoint below = InWindow({30, Widget().height() - 2});
+  EXPECT_EQ(picture.pixelColor(below), ToQColor(kButtonFaceColour));
+  EXPECT_NE(picture.pixelColor(inside), ToQColor(kButtonFaceColour));
+  EXPECT_EQ(bottom, RowTop(Grid().TotalLinhas()));
+}
+
+TEST_F(BoxOnWindows, TextsStandOnTheirSideOfTheCellAndNeverLeaveIt) {
+  Start(kList);
+  const QImage picture = Shown();
+  const auto ink = [&](int column, int from, int to) {
+    return Ink(picture, {QPoint(from, RowTop(0) + 2), QPoint(to, RowTop(Grid().TotalLinhas()) - 3)},
+               Qt::black) > 0
+               ? column
+               : -1;
+  };
+  EXPECT_EQ(ink(0, 4, 30), 0);
+  EXPECT_EQ(ink(0, Right(0) - 40, Right(0) - 3), -1);
+  EXPECT_EQ(ink(2, Right(2) - 24, Right(2) - 3), 2);
+  EXPECT_EQ(ink(2, Right(1) + 3, Right(1) + 30), -1);
+  // The long text is cut, and what is left of it ends before the column does.
+  EXPECT_TRUE(Grid().LeCelula(0, 1).ends_with("..."));
+  EXPECT_EQ(ink(1, Right(1) - 3, Right(1) - 2), -1);
+}
+
+TEST_F(BoxOnWindows, ATitleIsHoveredPressedAndLeft) {
+  Start(kList);
+  const auto ground = [&] { return Shown().pixelColor(Right(0) - 4, 3); };
+  Move({30, RowTop(3)});
+  const QColor blue = ground();
+  Move(InTitle(0));
+  const QColor orange = ground();
+  EXPECT_GT(orange.red(), orange.blue() + 8);
+  EXPECT_LE(blue.red(), blue.blue());
+  Click(InTitle(0));
+  const QColor pressed = Shown().pixelColor(60, 3);
+  EXPECT_GT(pressed.red(), pressed.blue() + 60);
+  Move({30, RowTop(3)});
+  EXPECT_EQ(Shown().pixelColor(60, 3), blue);
+}
+
+TEST_F(BoxOnWindows, AClickOnATitleSortsAndShowsItsArrow) {
+  Start(kList);
+  const QRect arrow(Right(2) - 13, 2, 12, Box().TitleHeight() - 4);
+  EXPECT_EQ(Ink(Shown(), arrow, QColor(skin::kAccent)), 0);
+  Click(InTitle(2));
+  const int up = Ink(Shown(), arrow, QColor(skin::kAccent));
+  EXPECT_GT(up, 4);
+  EXPECT_EQ(Grid().LeVetor(0, 2), "41");
+  Click(InTitle(2));
+  EXPECT_EQ(Grid().LeVetor(0, 2), "100");
+  Click(InTitle(0));
+  EXPECT_EQ(Ink(Shown(), arrow, QColor(skin::kAccent)), 0);
+}
+
+TEST_F(BoxOnWindows, TheThumbIsDraggedFromEndToEnd) {
+  Start(kList);
+  const ControlPlace bar = Box().VerticalBarPlace();
+  const int x = static_cast<int>(bar.Left) + 5;
+  const ScrollBar& state = Grid().BarraVertical();
+  const int grip = static_cast<int>(bar.Top) + state.ThumbPosition() + state.ThumbLength() / 2;
+  QTest::mousePress(Top(), Qt::LeftButton, {}, InWindow({x, grip}));
+  Move({x, static_cast<int>(bar.Top + bar.Height) + 40});
+  QTest::mouseRelease(Top(), Qt::LeftButton, {}, InWindow({x, static_cast<int>(bar.Top + bar.Height) + 40}));
+  EXPECT_EQ(Grid().LinIniVet(), 60 - Grid().TotalLinhas());
+  EXPECT_EQ(Grid().LeCelula(Grid().TotalLinhas() - 1, 0), "item 59");
+}
+
+TEST_F(BoxOnWindows, AHeldArrowRepeatsItsStep) {
+  Start(kList);
+  const ControlPlace bar = Box().VerticalBarPlace();
+  const QPoint down = InWindow({static_cast<int>(bar.Left) + 5, static_cast<int>(bar.Top + bar.Height) - 3});
+  QTest::mousePress(Top(), Qt::LeftButton, {}, down);
+  EXPECT_EQ(Grid().LinIniVet(), 1);
+  QTRY_VERIFY_WITH_TIMEOUT(Grid().LinIniVet() > 3, 5000);
+  QTest::mouseRelease(Top(), Qt::LeftButton, {}, down);
+  const int stopped = Grid().LinIniVet();
+  QTest::qWait(3 * ScrollBar::kTickMs);
+  EXPECT_EQ(Grid().LinIniVet(), stopped);
+}
+
+TEST_F(BoxOnWindows, TheWheelMovesThePage) {
+  Start(kList);
+  const auto turn = [&](int angle) {
+    const QPointF at(40, 60);
+    QWheelEvent wheel(at, Widget().mapToGlobal(at), {}, {0, angle}, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&Widget(), &wheel);
+  };
+  turn(-120);
+  EXPECT_EQ(Grid().LinIniVet(), 3);
+  turn(-40);
+  EXPECT_EQ(Grid().LinIniVet(), 4);
+  turn(1200);
+  EXPECT_EQ(Grid().LinIniVet(), 0);
+}
+
+TEST_F(BoxOnWindows, KeysMoveTheCursorAndEnterIsADoubleClick) {
+  Start(kList);
+  Click(InCell(2, 0));
+  EXPECT_EQ(program.janela.windows().events.EventoBox, "CLIQUEBOX");
+  const QColor ground(skin::kAccent);
+  EXPECT_GT(Ink(Shown(), {4, RowTop(2) + 4, 100, 8}, ground), 300);
+  QTest::keyClick(Top(), Qt::Key_Down);
+  EXPECT_EQ(Grid().LinVetRef(), 3);
+  EXPECT_EQ(Ink(Shown(), {4, RowTop(2) + 4, 100, 8}, ground), 0);
+  EXPECT_GT(Ink(Shown(), {4, RowTop(3) + 4, 100, 8}, ground), 300);
+  QTest::keyClick(Top(), Qt::Key_Return);
+  EXPECT_EQ(program.janela.windows().events.EventoBox, "DUPLOCLIQUEBOX");
+}
+
+TEST_F(BoxOnWindows, ACellIsEditedByKeysAndClipboard) {
+  Start(std::string(kList) + "Box G.AlteraCelula = \"SIM\"\n");
+  Click(InCell(1, 0));
+  QTest::keyClick(Top(), Qt::Key_A, Qt::ControlModifier);
+  for (const char character : std::string_view("Novo")) QTest::keyClick(Top(), character);
+  EXPECT_EQ(Grid().LeVetor(1, 0), "Novo");
+  EXPECT_EQ(program.janela.windows().events.EventoBoxAlterado, "SofreuAlteracao");
+  QTest::keyClick(Top(), Qt::Key_Home, Qt::ShiftModifier);
+  QTest::keyClick(Top(), Qt::Key_X, Qt::ControlModifier);
+  EXPECT_EQ(Grid().LeVetor(1, 0), "");
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), "Novo");
+  QGuiApplication::clipboard()->setText(QStringLiteral("çã\n"));
+  QTest::keyClick(Top(), Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(Grid().LeVetor(1, 0), "\xE7\xE3");
+  // The edited cell stands out from its row, until the focus leaves the grid.
+  const QPoint corner(static_cast<int>(Right(0)) - 6, RowTop(1) + 6);
+  EXPECT_EQ(Shown().pixelColor(corner), QColor(Qt::white));
+  QTest::keyClick(Top(), Qt::Key_Down);
+  ASSERT_TRUE(Grid().EditingPlace());
+  EXPECT_EQ(Grid().EditingPlace()->row, 2);
+}
+
+TEST_F(BoxOnWindows, ADisabledGridFeelsNothingAndLooksGrey) {
+  Start(std::string(kList) + "Box G.Ativo = \"NAO\"\n");
+  Click(InTitle(2));
+  Click(InCell(1, 0));
+  EXPECT_EQ(Grid().LeVetor(0, 2), "100");
+  EXPECT_EQ(program.janela.windows().events.EventoBox, "");
+  EXPECT_EQ(Shown().pixelColor(Right(0) - 6, RowTop(1) + 6), QColor(skin::kFieldDisabled));
+}
+
+TEST_F(BoxOnWindows, WideColumnsAreReachedByTheBarBelow) {
+  Start(
+      "Box G, 1, 1, 12\nBox G.Titulo, \"a\", 60\nBox G.Titulo, \"b\", 60\nBox G.Ativa\n"
+      "Box G.Add 1\nBox G.Add 2\nBox G.New\nBox G.Fim\n");
+  const ControlPlace bar = Box().HorizontalBarPlace();
+  ASSERT_GT(bar.Width, 0);
+  EXPECT_EQ(bar.Top + bar.Height, Box().FramePlace().Height);
+  const QPoint right(static_cast<int>(bar.Left + bar.Width) - 3, static_cast<int>(bar.Top) + 5);
+  for (int click = 0; click < 40; ++click) Click(right);
+  // The last column ends where the vertical bar begins.
+  EXPECT_EQ(Right(1), static_cast<int>(Box().VerticalBarPlace().Left));
+  Click(InTitle(1));
+  EXPECT_EQ(Grid().SortColumn(), 1);
+}
+
+}  // namespace tessera::test
