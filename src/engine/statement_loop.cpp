@@ -7,6 +7,14 @@
 
 namespace tessera {
 
+namespace {
+
+// Statements from one breath to the next: far less than a screen's picture takes, and too many to cost
+// anything.
+constexpr std::uint32_t kBreath = 512;
+
+}  // namespace
+
 void StatementLoop::RunFrom(std::int32_t startStatement) {
   run_.stack.Check();
   run_.StopFlag = false;
@@ -14,9 +22,10 @@ void StatementLoop::RunFrom(std::int32_t startStatement) {
   if (startStatement == 0 && firstTag == 0) return;
   const Line* line =
       text_.FindStatement(startStatement == 0 ? text_.text().NumberAt(firstTag) : startStatement, 1);
-  while (line != nullptr) {
+  for (std::uint32_t count = 1; line != nullptr; ++count) {
     if (!run_.RunningFlag || run_.WindowCodeStopFlag || run_.StopFlag) return;
     run_.sourcePosition = line->source;
+    if (count % kBreath == 0) run_.host.events.ShowDrawn();
     line = Step(*line);
   }
 }

@@ -95,6 +95,10 @@ class EventDispatch {
   // Sleeps, letting no event run.
   virtual void Pause(std::chrono::milliseconds time) = 0;
 
+  // The breath of a program that computes on, taken every few hundred statements: shows what was drawn and
+  // waits for the screen. Lets no event run.
+  virtual void ShowDrawn() {}
+
   // Calls `tick` every `interval` until the timer is destroyed; ticks run inside a dispatch alone. A timer
   // without an interval ticks in every dispatch, in a script's own time too.
   virtual std::unique_ptr<Timer> StartTimer(std::chrono::milliseconds interval,

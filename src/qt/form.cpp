@@ -66,6 +66,7 @@ class FormWidget final : public QWidget {
   void Draw(const Spans& spans, Pixel pixel);
   void Paint(const PictureRef& picture, QPoint at);
   void Clear();
+  void ShowDrawn();
   void TakeGround();
   bool IsPainted() const { return isPainted_; }
 
@@ -102,8 +103,12 @@ class FormWidget final : public QWidget {
 };
 
 QtForm::QtForm(const QString& objectName, QSize design, FormEvents& events, LogicEntry& entry,
-               FrontWatch& front)
-    : Form(events), entry_(entry), front_(front), widget_(std::make_unique<FormWidget>(*this, objectName)) {
+               FrontWatch& front, DrawnForms& drawn)
+    : Form(events),
+      entry_(entry),
+      front_(front),
+      drawn_(drawn),
+      widget_(std::make_unique<FormWidget>(*this, objectName)) {
   const double width = TwipsOfPixels(design.width());
   const double height = TwipsOfPixels(design.height()) + kFrameTwips;
   const QSize screen = QGuiApplication::primaryScreen()->size();
@@ -117,6 +122,7 @@ QtForm::QtForm(const QString& objectName, QSize design, FormEvents& events, Logi
 QtForm::~QtForm() {
   UnloadControls();
   if (front_.expected == this) front_.expected = nullptr;
+  std::erase(drawn_, this);
 }
 
 void QtForm::Activate() {
@@ -126,6 +132,14 @@ void QtForm::Activate() {
 
 QWidget* QtForm::widget() {
   return widget_.get();
+}
+
+void QtForm::WaitsToBeShown() {
+  if (std::find(drawn_.begin(), drawn_.end(), this) == drawn_.end()) drawn_.push_back(this);
+}
+
+void QtForm::ShowDrawn() {
+  widget_->ShowDrawn();
 }
 
 void QtForm::Print(std::string_view text) {
@@ -351,11 +365,22 @@ void FormWidget::TakeGround() {
 void FormWidget::Touch(const QRect& area) {
   // Many small areas cost more to tell apart than to paint as one.
   touched_ = touched_.rectCount() > kTouchedAreas ? QRegion(touched_.boundingRect() | area) : touched_ | area;
+  form_.WaitsToBeShown();
   if (nextPaint_.isActive()) return;
   if (sincePaint_.elapsed() >= kPaintInterval) {
     update(std::exchange(touched_, {}));
   } else {
     nextPaint_.start();
+  }
+}
+
+// What was drawn too soon behind the last painting to show at once.
+void FormWidget::ShowDrawn() {
+  if (touched_.isEmpty()) return;
+  if (sincePaint_.elapsed() < kPaintInterval) {
+    form_.WaitsToBeShown();
+  } else {
+    repaint(std::exchange(touched_, {}));
   }
 }
 

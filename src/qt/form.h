@@ -5,6 +5,7 @@
 #include <QSize>
 #include <memory>
 #include <string_view>
+#include <vector>
 
 #include "qt/logic_entry.h"
 #include "windows/display.h"
@@ -22,11 +23,17 @@ struct FrontWatch {
   const void* expected = nullptr;
 };
 
+class QtForm;
+
+// The windows on which something drawn waits to be shown.
+using DrawnForms = std::vector<QtForm*>;
+
 class QtForm final : public Form {
  public:
   // `objectName` is the name by which tests and assistive tools find the widget.
   // `design` is its first client size, in pixels; it stands in the middle of the screen.
-  QtForm(const QString& objectName, QSize design, FormEvents& events, LogicEntry& entry, FrontWatch& front);
+  QtForm(const QString& objectName, QSize design, FormEvents& events, LogicEntry& entry, FrontWatch& front,
+         DrawnForms& drawn);
   ~QtForm() override;
   QtForm(const QtForm&) = delete;
   QtForm& operator=(const QtForm&) = delete;
@@ -35,6 +42,9 @@ class QtForm final : public Form {
 
   // True while it delivers events as a modal window.
   bool IsServing() const { return isServing_; }
+
+  // Shows what waits to be shown, where the screen is ready for it.
+  void ShowDrawn();
 
   void Print(std::string_view text) override;
   void Activate() override;
@@ -65,6 +75,7 @@ class QtForm final : public Form {
 
   void TakeSizeOfWidget();
   void TakeFront();
+  void WaitsToBeShown();
   void FitSizable();
   bool DragBySystem();
   void WaitForFirstPainting();
@@ -75,6 +86,7 @@ class QtForm final : public Form {
   // FAST: lists measure many texts in one font, and asking for a font costs more than measuring in it.
   struct FontMeasures;
   mutable std::unique_ptr<FontMeasures> measures_;
+  DrawnForms& drawn_;
   std::unique_ptr<FormWidget> widget_;
 };
 

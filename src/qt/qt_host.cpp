@@ -119,11 +119,11 @@ QtHost::~QtHost() = default;
 
 // Where a person clicks the window system finds the window by itself.
 std::unique_ptr<Form> QtHost::NewMainForm(FormEvents& events, const WindowDirectory&) {
-  return std::make_unique<QtForm>("Janela", kMainDesign, events, entry_, front_);
+  return std::make_unique<QtForm>("Janela", kMainDesign, events, entry_, front_, drawn_);
 }
 
 std::unique_ptr<Form> QtHost::NewForm(std::string_view name, FormEvents& events) {
-  return std::make_unique<QtForm>(ToQString(name), kFormDesign, events, entry_, front_);
+  return std::make_unique<QtForm>(ToQString(name), kFormDesign, events, entry_, front_, drawn_);
 }
 
 void QtHost::ShowPointer(bool visible) {
@@ -253,6 +253,10 @@ void QtHost::Pause(std::chrono::milliseconds time) {
   } else {
     std::this_thread::sleep_until(end);
   }
+}
+
+void QtHost::ShowDrawn() {
+  for (QtForm* form : std::exchange(drawn_, {})) form->ShowDrawn();
 }
 
 std::unique_ptr<Timer> QtHost::StartTimer(std::chrono::milliseconds interval, std::function<void()> tick) {

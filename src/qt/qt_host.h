@@ -51,6 +51,7 @@ class QtHost final : public Display, public Dialogs, public EventDispatch {
   bool AwaitEvents(std::chrono::milliseconds sleep) override;
   bool AwaitNextEvents() override;
   void Pause(std::chrono::milliseconds time) override;
+  void ShowDrawn() override;
   std::unique_ptr<Timer> StartTimer(std::chrono::milliseconds interval, std::function<void()> tick) override;
 
  private:
@@ -64,6 +65,7 @@ class QtHost final : public Display, public Dialogs, public EventDispatch {
   std::unique_ptr<QEventLoop> serving_;
   LogicEntry entry_;
   FrontWatch front_;
+  DrawnForms drawn_;
   SystemClock clock_;
   SeededRandom random_;
 };

@@ -121,6 +121,26 @@ TEST_F(QtDrawingTest, DrawingShowsThoughTheProgramLetsNoEventThroughAndNoOftener
   EXPECT_LE(counter.paintings, milliseconds / 16 + 5) << milliseconds << " ms";
 }
 
+// The second circle comes too soon behind the first to be painted at once, and then the program computes.
+TEST_F(QtDrawingTest, WhatWasDrawnLastShowsThoughTheProgramMerelyComputesOn) {
+  PaintCounter counter;
+  int paintings = 0;
+  program.commands.Add("LEPORTA", [&](std::string_view, std::string_view) {
+    qApp->installEventFilter(&counter);
+    return Value();
+  });
+  program.commands.Add("ENVIAPORTA", [&](std::string_view, std::string_view) {
+    paintings = counter.paintings;
+    return Value();
+  });
+  Draw(
+      "Var i Inteiro\nCirculo 9, 9, 2, Verde\nLePorta\nCirculo 9, 20, 2, Verde\n"
+      "Enquanto i < 30000\ni++\nRepita\nEnviaPorta\n");
+  qApp->removeEventFilter(&counter);
+  EXPECT_GE(paintings, 1);
+  EXPECT_LE(paintings, 2);
+}
+
 TEST_F(QtDrawingTest, ABackgroundLiesBelowDrawingsAndAPaintedFileAboveThem) {
   Draw("LinhaReta 0, 0, 0, 79, Vermelho\n");
   SetFundo(program.run, program.janela.windows(), Window(), {"ImgPantano", "", ""}, StockNames::Known);
