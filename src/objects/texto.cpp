@@ -168,8 +168,7 @@ void TextoControl::Paste(std::string_view text) {
     for (const char character : text) OnKeyPress(character);
     return;
   }
-  text_.Paste(text);
-  Refresh();
+  Changed(text_.Paste(text));
 }
 
 void TextoControl::TakeLayout(std::function<std::size_t(std::size_t caret, int lines)> moveByLines,
@@ -185,15 +184,18 @@ void TextoControl::ReplaceText(std::string_view text) {
 }
 
 void TextoControl::OnKeyDown(int keyCode, KeyShift shift) {
-  text_.KeyDown(keyCode, shift.shift, shift.ctrl);
-  Refresh();
+  Changed(text_.KeyDown(keyCode, shift.shift, shift.ctrl));
 }
 
 void TextoControl::OnKeyPress(char character) {
   const std::optional<char> typed =
       tag_ == kNumeric ? NumericFilter(text_.Text(), text_.SelStart(), character) : character;
-  if (typed) text_.KeyPress(*typed);
+  Changed(typed && text_.KeyPress(*typed));
+}
+
+void TextoControl::Changed(bool textChanged) {
   Refresh();
+  if (textChanged) Events().OnChange(*this);
 }
 
 void TextoControl::FontChanged() {
@@ -224,7 +226,12 @@ void Texto::Create(Control& control, ObjectRow&, const Settings& arguments) {
 
 void Texto::SetText(TextoControl& entry, std::string_view text) {
   entry.SetText(text);
-  TellCompanion(entry, kTxt, entry.Text());
+  OnChange(entry);
+}
+
+// What a person types is there before the timer comes by, however soon the program looks.
+void Texto::OnChange(Control& control) {
+  TellCompanion(control, kTxt, static_cast<TextoControl&>(control).Text());
 }
 
 void Texto::CopyTexts() {
@@ -233,7 +240,7 @@ void Texto::CopyTexts() {
     const auto entry = std::static_pointer_cast<TextoControl>(row.object.lock());
     if (row.name.empty() || !entry) continue;
     isInUse = true;
-    TellCompanion(*entry, kTxt, entry->Text());
+    OnChange(*entry);
   }
   if (!isInUse) Timer2_.reset();
 }

@@ -46,6 +46,8 @@ class TextoControl final : public Control {
   void FontChanged() override;
 
  private:
+  void Changed(bool textChanged);
+
   RichText text_;
   std::string tag_;
 };
@@ -60,6 +62,7 @@ class Texto final : public ObjectFamily {
   // The texts of all rows go into their variables; the timer that does it ends when no row is in use.
   void CopyTexts() override;
   void Reset() override;
+  void OnChange(Control& control) override;
   void OnDoubleClick(Control& control) override { OnClick(control); }
 
  protected:

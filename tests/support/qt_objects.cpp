@@ -1,12 +1,23 @@
 #include "support/qt_objects.h"
 
+#include <QGuiApplication>
+#include <QInputMethodEvent>
 #include <QTest>
 #include <QWidget>
 #include <QWindow>
 #include <algorithm>
+#include <cmath>
 
+#include "objects/barra_rolagem.h"
 #include "objects/box_control.h"
+#include "objects/check.h"
+#include "objects/texto.h"
+#include "qt/looks/calendario_look.h"
+#include "qt/looks/combo_look.h"
 #include "qt/looks/look.h"
+#include "qt/text.h"
+#include "text/date.h"
+#include "text/number.h"
 #include "text/one_based.h"
 #include "windows/display.h"
 
@@ -29,6 +40,8 @@ class QtObject : public PersonObject {
   void DoubleClick() override { DoubleClickAt(widget_.rect().center()); }
 
  protected:
+  Control& Target() const { return control_; }
+  QWidget& Widget() const { return widget_; }
   QWindow* TopWindow() const { return widget_.window()->windowHandle(); }
   QPoint InWindow(QPointF at) const { return widget_.mapTo(widget_.window(), at.toPoint()); }
   void ClickAt(QPointF at) const { QTest::mouseClick(TopWindow(), Qt::LeftButton, {}, InWindow(at)); }
@@ -44,8 +57,8 @@ class QtGrid final : public QtObject {
   explicit QtGrid(BoxControl& box) : QtObject(box), box_(box) {}
 
   // On the cursor row; without one on a place that has no row.
-  void Click() override { ClickAt(Target()); }
-  void DoubleClick() override { DoubleClickAt(Target()); }
+  void Click() override { ClickAt(CursorPlace()); }
+  void DoubleClick() override { DoubleClickAt(CursorPlace()); }
 
   void ClickTitle(std::string_view title) override {
     for (int column = 0; column < Grid().TotalColunas(); ++column) {
@@ -84,7 +97,7 @@ class QtGrid final : public QtObject {
     return {Middle(column), box_.TitleHeight() + (row - Grid().LinIniVet() + 0.5) * height};
   }
 
-  QPointF Target() const {
+  QPointF CursorPlace() const {
     if (Grid().ListIndex() >= 0) return CellAt(Grid().LinVetRef(), 0);
     const ControlPlace bar = box_.VerticalBarPlace();
     return {bar.Left + bar.Width / 2, bar.Top / 2};
@@ -111,12 +124,123 @@ class QtGrid final : public QtObject {
   BoxControl& box_;
 };
 
+// An entry of one line, and what it drops down.
+class QtEntry : public QtObject {
+ public:
+  explicit QtEntry(Control& entry) : QtObject(entry) {}
+
+  void Click() override { ClickAt({10, Widget().height() / 2.0}); }
+  void DoubleClick() override { DoubleClickAt({10, Widget().height() / 2.0}); }
+
+  void ReplaceText(std::string_view text) override {
+    QTest::keyClick(TopWindow(), Qt::Key_A, Qt::ControlModifier);
+    if (text.empty()) QTest::keyClick(TopWindow(), Qt::Key_Delete);
+    TypeCharacters(TopWindow(), text);
+  }
+  void EnterValue(double value) override { ReplaceText(NumberText(value)); }
+
+  // The entry's row of the open list, walked to by the wheel.
+  void Choose(int entry) override {
+    auto& combo = dynamic_cast<ComboControl&>(Target());
+    if (entry >= static_cast<int>(combo.State().Entries().size())) return;
+    PressButton();
+    auto& list = *Widget().findChild<ListView*>();
+    while (list.EntryRect(entry).top() < 0 || list.EntryRect(entry).bottom() > list.height()) {
+      QTest::keyClick(&list, Qt::Key_Down);
+    }
+    QTest::mouseClick(&list, Qt::LeftButton, {}, list.EntryRect(entry).center().toPoint());
+  }
+
+  // Month by month to the day.
+  void PickDate(std::string_view date) override {
+    const Calendario& calendar = dynamic_cast<CalendarioControl&>(Target()).State();
+    const auto wanted = CalendarDay(*ReadDate(date));
+    PressButton();
+    auto& view = *Widget().findChild<MonthView*>();
+    const auto monthOf = [](std::chrono::year_month_day day) { return day.year() / day.month(); };
+    while (monthOf(calendar.Marked()) != monthOf(wanted)) {
+      const QRectF button =
+          monthOf(calendar.Marked()) < monthOf(wanted) ? view.NextRect() : view.PreviousRect();
+      QTest::mouseClick(&view, Qt::LeftButton, {}, button.center().toPoint());
+    }
+    const auto days = calendar.View();
+    for (std::size_t day = 0; day < days.size(); ++day) {
+      if (days[day].date != wanted) continue;
+      QTest::mouseClick(&view, Qt::LeftButton, {}, view.DayRect(day).center().toPoint());
+      return;
+    }
+  }
+
+ private:
+  void PressButton() const { ClickAt(dynamic_cast<EntryLook&>(Widget()).ButtonRect().center()); }
+};
+
+class QtCheck final : public QtObject {
+ public:
+  explicit QtCheck(CheckControl& check) : QtObject(check), check_(check) {}
+
+  void Click() override { ClickAt({8, Widget().height() / 2.0}); }
+  void EnterValue(double value) override {
+    const bool isOption = dynamic_cast<OpcaoControl*>(&check_) != nullptr;
+    if (isOption || check_.Value() != (value != 0)) Click();
+  }
+
+ private:
+  CheckControl& check_;
+};
+
+class QtBar final : public QtObject {
+ public:
+  explicit QtBar(BarraControl& bar) : QtObject(bar), bar_(bar) {}
+
+  void PressArrow(bool up) override { ClickAt(At(up ? Length() - 3 : 3)); }
+
+  // Drags the thumb as near as a pixel can, and goes the rest by the arrows.
+  void EnterValue(double value) override {
+    const ScrollBar& bar = bar_.State();
+    const auto wanted = static_cast<std::int32_t>(std::clamp<double>(value, 0, bar.Max()));
+    const int room = Length() - 2 * bar.ArrowLength() - bar.ThumbLength();
+    const int to = bar.ArrowLength() + static_cast<int>(std::lround(double(room) * wanted / bar.Max()));
+    const int grip = bar.ThumbLength() / 2;
+    QTest::mousePress(TopWindow(), Qt::LeftButton, {}, InWindow(At(bar.ThumbPosition() + grip)));
+    QTest::mouseMove(TopWindow(), InWindow(At(to + grip)));
+    QTest::mouseRelease(TopWindow(), Qt::LeftButton, {}, InWindow(At(to + grip)));
+    while (bar.Value() != wanted) PressArrow(bar.Value() < wanted);
+  }
+
+ private:
+  bool IsVertical() const { return bar_.Direction() == BarDirection::Vertical; }
+  int Length() const { return IsVertical() ? Widget().height() : Widget().width(); }
+  QPointF At(int along) const {
+    return IsVertical() ? QPointF(Widget().width() / 2.0, along) : QPointF(along, Widget().height() / 2.0);
+  }
+
+  BarraControl& bar_;
+};
+
 }  // namespace
+
+// Keys of the first 127 characters; others come composed, as those of dead keys do.
+void TypeCharacters(QWindow* window, std::string_view text) {
+  for (const char character : text) {
+    if (static_cast<unsigned char>(character) < 128) {
+      QTest::keyClick(window, character);
+    } else {
+      QInputMethodEvent composed;
+      composed.setCommitString(ToQString({&character, 1}));
+      QCoreApplication::sendEvent(QGuiApplication::focusObject(), &composed);
+    }
+  }
+}
 
 std::unique_ptr<PersonObject> RealEventsOn(PersonObject& object) {
   auto* control = dynamic_cast<Control*>(&object);
   if (control == nullptr || control->View() == nullptr) return nullptr;
   if (auto* box = dynamic_cast<BoxControl*>(control)) return std::make_unique<QtGrid>(*box);
+  if (auto* check = dynamic_cast<CheckControl*>(control)) return std::make_unique<QtCheck>(*check);
+  if (auto* bar = dynamic_cast<BarraControl*>(control)) return std::make_unique<QtBar>(*bar);
+  const bool isEntry = dynamic_cast<EntryControl*>(control) != nullptr;
+  if (isEntry || dynamic_cast<TextoControl*>(control) != nullptr) return std::make_unique<QtEntry>(*control);
   return std::make_unique<QtObject>(*control);
 }
 

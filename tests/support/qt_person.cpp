@@ -9,6 +9,7 @@
 #include <QWindow>
 
 #include "qt/form.h"
+#include "text/code_page.h"
 #include "support/qt_objects.h"
 
 namespace tessera::test {
@@ -122,7 +123,7 @@ void QtPerson::MovePointer(double line, double column) {
 }
 
 void QtPerson::TypeText(std::string_view text) {
-  for (const char character : text) QTest::keyClick(InHand().windowHandle(), character);
+  TypeCharacters(InHand().windowHandle(), text);
 }
 
 void QtPerson::PressKey(int keyCode, KeyShift shift) {
@@ -154,7 +155,7 @@ void QtPerson::LetTimePass(std::chrono::milliseconds time) {
 }
 
 ScriptedDispatch::ScriptedDispatch(EventDispatch& host, const std::string& script)
-    : host_(host), lines_(script) {
+    : host_(host), lines_(FromUtf8Lossy(script)) {
   idle_.callOnTimeout([this] { PlayIdle(); });
   idle_.start(5);
 }
