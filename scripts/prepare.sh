@@ -4,9 +4,10 @@
 packages=(
   g++ cmake ninja-build ccache mold          # build
   libcli11-dev qt6-base-dev qt6-svg-dev libfreeimage-dev libgtest-dev libsqlite3-dev  # libraries
+  qt6-translations-l10n                      # the desktop's dialogs in Portuguese
   x11-xserver-utils                          # the screen's modes, for "RESVIDEO"
   fonts-dejavu-core fonts-liberation         # faces for "Courier New" and its like
-  xvfb xauth sqlite3                         # tests with a real display, and a look at what was exported
+  xvfb xauth xdotool libxcb1-dev sqlite3      # tests with a real display, and a look at what was exported
 )
 
 is_installed() {

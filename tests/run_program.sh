@@ -23,6 +23,10 @@ input=/dev/null
 arguments=()
 [ -f "$expected.args" ] && mapfile -t arguments < "$expected.args"
 
+# A program may write beside itself, so a copy of it runs.
+cp -r "$program" "$work/"
+program=$work/$(basename "$program")
+
 "$tessera" run --console "$program" -- "${arguments[@]}" < "$input" > "$work/out" 2> "$work/err"
 echo $? > "$work/status"
 

@@ -1,6 +1,7 @@
 #include "commands/dialog_commands.h"
 
 #include <optional>
+#include <utility>
 
 #include "commands/arguments.h"
 #include "text/number.h"
@@ -55,7 +56,9 @@ std::optional<Answer> Ask(Run& run, const Arguments& arguments, std::string_view
     return Answer{"Retorno", FontRecord(*font)};
   }
   run.variables.VarWrite("Retorno", std::string(), true);
-  if (!dialogs.AskPrinter(title)) return std::nullopt;
+  auto printer = dialogs.AskPrinter(title);
+  if (!printer) return std::nullopt;
+  run.PrinterName = std::move(*printer);
   return Answer{"Retorno", std::string("OK")};
 }
 

@@ -11,6 +11,7 @@
 #include "platform/failure.h"
 #include "platform/file_system.h"
 #include "platform/paths.h"
+#include "platform/start_form.h"
 #include "text/code_page.h"
 #include "text/literal.h"
 #include "text/one_based.h"
@@ -28,18 +29,22 @@ bool IsRoot(std::string_view root) {
 
 struct WindowForm {
   std::string_view word;
-  int number;
+  StartForm form;
 };
 
 constexpr std::array kWindowForms = {
-    WindowForm{"OCULTO", 0},     WindowForm{"NORMAL", 1},        WindowForm{"MINIMIZADO", 2},
-    WindowForm{"MAXIMIZADO", 3}, WindowForm{"NORMALSEMFOCO", 4}, WindowForm{"MINIMIZADOSEMFOCO", 6},
+    WindowForm{"OCULTO", StartForm::Hidden},
+    WindowForm{"NORMAL", StartForm::Normal},
+    WindowForm{"MINIMIZADO", StartForm::Minimised},
+    WindowForm{"MAXIMIZADO", StartForm::Maximised},
+    WindowForm{"NORMALSEMFOCO", StartForm::NormalWithoutFocus},
+    WindowForm{"MINIMIZADOSEMFOCO", StartForm::MinimisedWithoutFocus},
 };
 
-int WindowFormNumber(std::string_view word) {
+StartForm StartFormOf(std::string_view word) {
   const auto found = std::find_if(kWindowForms.begin(), kWindowForms.end(),
                                   [&](const WindowForm& form) { return form.word == Upper(word); });
-  return found == kWindowForms.end() ? 0 : found->number;
+  return found == kWindowForms.end() ? StartForm::Hidden : found->form;
 }
 
 // The programs' numbers of ports have 16 bits, of which none is a sign on the machine.
@@ -96,14 +101,13 @@ Value MachineCommands::Chame(std::string_view text) {
   return failure ? Quote("Erro " + std::to_string(failure->number())) : answer;
 }
 
-// OPEN: no program of this system can set the window of another one. The window's form goes to the new
-// process in the variable TESSERA_JANELA, by its number, for a program that follows it; others open their
-// windows as they please.
+// OPEN: no program of this system can set the window of another one, so that the form is asked for in the
+// environment (start_form.h).
 int MachineCommands::Start(const std::string& line, std::string_view form) {
   ForgetEnded(processes_);
   std::vector<std::string> words = CommandWords(line);
   for (std::size_t i = 0; i < words.size(); ++i) words[i] = i == 0 ? ProgramPath(words[i]) : ToUtf8(words[i]);
-  processes_.push_back(StartProgram(words, {"TESSERA_JANELA=" + std::to_string(WindowFormNumber(form))}));
+  processes_.push_back(StartProgram(words, {StartFormVariable(StartFormOf(form))}));
   return processes_.back();
 }
 

@@ -10,6 +10,7 @@
 #include "text/literal.h"
 #include "text/number.h"
 #include "text/one_based.h"
+#include "windows/client_drag.h"
 #include "windows/window_model.h"
 
 namespace tessera {
@@ -110,6 +111,7 @@ class ConsoleForm final : public Form {
   // The pointer's place, in pixels.
   double pointerX = 0;
   double pointerY = 0;
+  ClientDrag drag;
 
  protected:
   void ServeModal() override {
@@ -331,11 +333,13 @@ void ConsoleHost::DoubleClick() {
 
 void ConsoleHost::PressButton(MouseButton button) {
   ConsoleForm& form = BringInHand();
+  if (form.drag.Press(form, button, form.pointerX, form.pointerY)) return;
   form.Events().OnMouseDown(button, form.pointerX, form.pointerY);
 }
 
 void ConsoleHost::ReleaseButton(MouseButton button) {
   ConsoleForm& form = InHand();
+  if (form.drag.Release(button)) return;
   form.Events().OnMouseUp(button, form.pointerX, form.pointerY);
   if (button == MouseButton::Left) form.Events().OnClick();
 }
@@ -346,7 +350,9 @@ void ConsoleHost::MovePointer(double line, double column) {
   form.pointerX = column * grid.TamCol;
   form.pointerY = line * grid.TamLin;
   const Placement before = form.Place();
-  form.Events().OnMouseMove(form.pointerX, form.pointerY);
+  if (!form.drag.Move(form, form.pointerX, form.pointerY)) {
+    form.Events().OnMouseMove(form.pointerX, form.pointerY);
+  }
   // A window that moves slides along below the pointer.
   form.pointerX -= PixelsOfTwips(form.Place().Left - before.Left);
   form.pointerY -= PixelsOfTwips(form.Place().Top - before.Top);

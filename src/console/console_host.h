@@ -53,6 +53,7 @@ class ConsoleHost final : public Display, public Dialogs, public EventDispatch, 
   void ShowPointer(bool) override {}
   ScreenPoint PointerPlace() override;
   std::string SetVideoMode(const VideoMode& mode) override;
+  bool SetWallpaper(const std::string&) override { return false; }
   ScreenSize Screen() override;
   std::vector<std::string> FontNames() override;
   void TellAbandonedRun(std::string_view position, std::string_view description) override;

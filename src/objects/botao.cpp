@@ -59,7 +59,7 @@ const PictureRef& ButtonSkin::Of(BtnEsp::Picture state) const {
   return BtnUp;
 }
 
-SkinStore::SkinStore() {
+void SkinStore::Unpack() {
   constexpr Colour kWhite = 0xFFFFFF;
   for (std::vector<PictureRef> skin = StockSkin(0); !skin.empty();
        skin = StockSkin(static_cast<std::int32_t>(skins_.size()))) {
@@ -73,6 +73,7 @@ SkinStore::SkinStore() {
 }
 
 ButtonSkin& SkinStore::Element(std::int32_t number) {
+  if (skins_.empty()) Unpack();
   if (number < 0 || static_cast<std::size_t>(number) >= skins_.size()) Fail(340);
   return skins_[static_cast<std::size_t>(number)];
 }

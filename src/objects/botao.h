@@ -27,14 +27,15 @@ struct ButtonSkin {
   const PictureRef& Of(BtnEsp::Picture state) const;
 };
 
-// The skins by their numbers. The program changes element 0.
+// The skins by their numbers, unpacked when the first is asked for. The program changes element 0.
 class SkinStore {
  public:
-  SkinStore();
   // Failure 340 for a number that the store has not got.
   ButtonSkin& Element(std::int32_t number);
 
  private:
+  void Unpack();
+
   std::vector<ButtonSkin> skins_;
 };
 

@@ -34,11 +34,11 @@ std::optional<std::string> ShowFileDialog(const FileRequest& request, QWidget* p
   dialog.setAcceptMode(request.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   dialog.setFileMode(request.save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
   dialog.setNameFilter(NameFilter(request));
-  dialog.setLabelText(QFileDialog::Accept, request.save ? "&Salvar" : "&Abrir");
-  dialog.setLabelText(QFileDialog::Reject, "&Cancelar");
-  dialog.setLabelText(QFileDialog::FileName, "&Nome:");
-  dialog.setLabelText(QFileDialog::FileType, "&Tipo:");
-  dialog.setLabelText(QFileDialog::LookIn, "&Pasta:");
+  dialog.setLabelText(QFileDialog::Accept, request.save ? "Salvar" : "Abrir");
+  dialog.setLabelText(QFileDialog::Reject, "Cancelar");
+  dialog.setLabelText(QFileDialog::FileName, "Nome:");
+  dialog.setLabelText(QFileDialog::FileType, "Tipo:");
+  dialog.setLabelText(QFileDialog::LookIn, "Pasta:");
   if (!request.proposed.empty()) dialog.selectFile(ToQString(request.proposed));
   if (!IsAccepted(dialog, "DialogoArquivo", request.title)) return std::nullopt;
   return FromQString(dialog.selectedFiles().value(0));

@@ -19,9 +19,11 @@
 #include <QWidget>
 #include <QWindow>
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <optional>
 #include <utility>
+#include <vector>
 
 #include "qt/colour.h"
 #include "qt/fonts.h"
@@ -29,7 +31,10 @@
 #include "qt/looks/look.h"
 #include "qt/pictures.h"
 #include "qt/print_surface.h"
+#include "qt/quiet_dispatch.h"
+#include "qt/sys_menu_view.h"
 #include "qt/text.h"
+#include "windows/client_drag.h"
 #include "windows/event_state.h"
 
 namespace tessera {
@@ -44,6 +49,11 @@ std::optional<MouseButton> ButtonOf(const QMouseEvent& event) {
   if (event.button() == Qt::LeftButton) return MouseButton::Left;
   if (event.button() == Qt::RightButton) return MouseButton::Right;
   return std::nullopt;
+}
+
+WindowState StateOf(const QWidget& widget) {
+  if (widget.isMinimized()) return WindowState::Minimised;
+  return widget.isMaximized() ? WindowState::Maximised : WindowState::Normal;
 }
 
 }  // namespace
@@ -88,6 +98,7 @@ class FormWidget final : public QWidget {
   QTimer nextPaint_;
   bool isPainted_ = false;
   bool afterDoubleClick_ = false;
+  ClientDrag drag_;
 };
 
 QtForm::QtForm(const QString& objectName, QSize design, FormEvents& events, LogicEntry& entry,
@@ -119,10 +130,6 @@ QWidget* QtForm::widget() {
 
 void QtForm::Print(std::string_view text) {
   widget_->Print(QPointF(CurrentX, CurrentY), ToQLines(text), ToQFont(Font), ToQColor(ForeColor));
-}
-
-PictureRef QtForm::WithPixels(PictureRef picture) {
-  return PaintedVector(std::move(picture));
 }
 
 void QtForm::ShowGround() {
@@ -175,10 +182,13 @@ void QtForm::FitSizable() {
 }
 
 void QtForm::ShowVisible() {
+  const bool takesFocus = !Visible() || !std::exchange(ShowWithoutFocus, false);
+  widget_->setAttribute(Qt::WA_ShowWithoutActivating, !takesFocus);
   widget_->setVisible(Visible());
-  if (!Visible()) return;
+  // Bringing it to the front would take a minimised window out of its place.
+  if (!Visible() || State() == WindowState::Minimised) return;
   widget_->raise();
-  Activate();
+  if (takesFocus) Activate();
   WaitForFirstPainting();
 }
 
@@ -210,13 +220,14 @@ void QtForm::WaitForFirstPainting() {
   QElapsedTimer waiting;
   waiting.start();
   while (!widget_->IsPainted() && waiting.elapsed() < kFirstPaintingLimit) {
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    DispatchAllButInput();
     QThread::msleep(1);
   }
 }
 
 void QtForm::ShowState() {
-  widget_->setWindowState(State() == WindowState::Maximised ? Qt::WindowMaximized : Qt::WindowNoState);
+  constexpr std::array kStates = {Qt::WindowNoState, Qt::WindowMinimized, Qt::WindowMaximized};
+  widget_->setWindowState(kStates[static_cast<std::size_t>(State())]);
 }
 
 void QtForm::ShowStyle() {
@@ -230,6 +241,8 @@ void QtForm::ShowStyle() {
   flags.setFlag(Qt::WindowCloseButtonHint, style.ControlBox);
   flags.setFlag(Qt::WindowMinimizeButtonHint, style.ControlBox && style.MinButton);
   flags.setFlag(Qt::WindowMaximizeButtonHint, style.ControlBox && style.MaxButton && style.Sizable);
+  flags.setFlag(Qt::WindowContextHelpButtonHint,
+                style.ControlBox && style.WhatsThisButton && !style.MinButton && !style.MaxButton);
   flags.setFlag(Qt::WindowStaysOnTopHint, style.TopMost);
   FitSizable();
   if (flags == widget_->windowFlags()) return;
@@ -264,23 +277,27 @@ void QtForm::ShowSinkFocus() {
   widget_->setFocus();
 }
 
-void QtForm::ShapeMe(Colour colour) {
-  const QImage picture = widget_->grab().toImage().scaled(widget_->size());
-  const QRgb cut = ToQColor(colour).rgb();
-  QRegion shape(widget_->rect());
-  for (int y = 0; y < picture.height(); ++y) {
-    for (int x = 0; x < picture.width();) {
-      int end = x;
-      while (end < picture.width() && picture.pixel(end, y) == cut) ++end;
-      if (end > x) shape -= QRect(x, y, end - x, 1);
-      x = std::max(end, x + 1);
-    }
-  }
-  if (shape == QRegion(widget_->rect())) {
-    widget_->clearMask();
-  } else {
-    widget_->setMask(shape);
-  }
+void QtForm::ShowShape() {
+  if (!Shape()) return widget_->clearMask();
+  std::vector<QRect> runs;
+  for (const Span& span : *Shape()) runs.emplace_back(QPoint(span.left, span.y), QPoint(span.right, span.y));
+  QRegion region;
+  region.setRects(runs.data(), static_cast<int>(runs.size()));
+  widget_->setMask(region);
+}
+
+// False where the window system moves no window for its program.
+bool QtForm::DragBySystem() {
+  QWindow* window = widget_->windowHandle();
+  return window != nullptr && window->startSystemMove();
+}
+
+void QtForm::DragForm() {
+  DragBySystem();
+}
+
+void QtForm::ShowSysMenu() {
+  PopUpSysMenu(*this, *widget_);
 }
 
 void QtForm::TakeFront() {
@@ -378,7 +395,7 @@ void FormWidget::moveEvent(QMoveEvent*) {
 void FormWidget::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
   if (event->type() == QEvent::WindowStateChange) {
-    form_.TakeState(isMaximized() ? WindowState::Maximised : WindowState::Normal);
+    form_.TakeState(StateOf(*this));
   }
   if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
     form_.TakeFront();
@@ -409,13 +426,17 @@ void FormWidget::mousePressEvent(QMouseEvent* event) {
   if (!button) return;
   form_.front_.expected = nullptr;
   form_.TakeFront();
-  if (button == MouseButton::Left && form_.Style().AutoDrag && windowHandle()->startSystemMove()) return;
-  form_.entry_.Enter(
-      [this, button, at = event->position()] { form_.Events().OnMouseDown(*button, at.x(), at.y()); });
+  if (button == MouseButton::Left && form_.Style().AutoDrag && form_.DragBySystem()) return;
+  form_.entry_.Enter([this, button, at = event->position()] {
+    if (drag_.Press(form_, *button, at.x(), at.y())) return;
+    form_.Events().OnMouseDown(*button, at.x(), at.y());
+  });
 }
 
 void FormWidget::mouseMoveEvent(QMouseEvent* event) {
-  form_.entry_.Enter([this, at = event->position()] { form_.Events().OnMouseMove(at.x(), at.y()); });
+  form_.entry_.Enter([this, at = event->position()] {
+    if (!drag_.Move(form_, at.x(), at.y())) form_.Events().OnMouseMove(at.x(), at.y());
+  });
 }
 
 void FormWidget::mouseReleaseEvent(QMouseEvent* event) {
@@ -423,6 +444,7 @@ void FormWidget::mouseReleaseEvent(QMouseEvent* event) {
   if (!button) return;
   const bool isClick = *button == MouseButton::Left && !std::exchange(afterDoubleClick_, false);
   form_.entry_.Enter([this, button, isClick, at = event->position()] {
+    if (drag_.Release(*button)) return;
     form_.Events().OnMouseUp(*button, at.x(), at.y());
     if (isClick) form_.Events().OnClick();
   });

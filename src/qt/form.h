@@ -39,10 +39,10 @@ class QtForm final : public Form {
   void Print(std::string_view text) override;
   void Activate() override;
   TextSize MeasureText(std::string_view text, const FontFace& font) const override;
-  void ShapeMe(Colour colour) override;
+  void DragForm() override;
+  void ShowSysMenu() override;
 
  protected:
-  PictureRef WithPixels(PictureRef picture) override;
   void ShowGround() override;
   void ShowMouseIcon() override;
   void ShowIcon() override;
@@ -54,6 +54,7 @@ class QtForm final : public Form {
   void ShowVisible() override;
   void ShowState() override;
   void ShowStyle() override;
+  void ShowShape() override;
   std::unique_ptr<ControlView> NewView(Control& control) override;
   void ShowSinkFocus() override;
   void PrepareModal(Form& opener) override;
@@ -65,6 +66,7 @@ class QtForm final : public Form {
   void TakeSizeOfWidget();
   void TakeFront();
   void FitSizable();
+  bool DragBySystem();
   void WaitForFirstPainting();
 
   bool isServing_ = false;

@@ -7,10 +7,8 @@
 
 namespace tessera {
 
-// The picture at a device pixel ratio: stock pictures are painted anew for it, others keep their pixels.
+// The picture for a device pixel ratio: on a finer screen stock pictures are painted anew, others keep their
+// pixels.
 QImage ToQImage(const Picture& picture, double pixelRatio);
-
-// The picture itself, or for a stock picture one that has its pixels too.
-PictureRef PaintedVector(PictureRef picture);
 
 }  // namespace tessera

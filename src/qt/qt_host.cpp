@@ -19,8 +19,11 @@
 #include "qt/desktop_dialogs.h"
 #include "qt/fonts.h"
 #include "qt/form.h"
+#include "qt/language.h"
+#include "qt/quiet_dispatch.h"
 #include "qt/screen_mode.h"
 #include "qt/text.h"
+#include "qt/wallpaper.h"
 
 namespace tessera {
 
@@ -32,8 +35,7 @@ constexpr QSize kFormDesign(480, 300);
 
 // Warnings of the window system that tell a person nothing.
 constexpr std::array kHarmless = {
-    "This plugin does not support propagateSizeHints",
-    "This plugin does not support raise()",
+    "This plugin does not support",  // what a screen in memory has no use for
     "QStandardPaths: XDG_RUNTIME_DIR not set",
     "QStandardPaths: runtime directory",
     "QStandardPaths: wrong permissions on runtime directory",
@@ -108,6 +110,7 @@ QtHost::QtHost() : entry_([this] { LeaveLoops(); }), random_(std::random_device{
     arguments_ = std::make_unique<ApplicationArguments>();
     application_ = std::make_unique<QApplication>(arguments_->count, arguments_->texts.data());
   }
+  portuguese_ = InstallPortuguese();
   QApplication::setQuitOnLastWindowClosed(false);
   serving_ = std::make_unique<QEventLoop>();
 }
@@ -135,6 +138,10 @@ ScreenPoint QtHost::PointerPlace() {
 
 std::string QtHost::SetVideoMode(const VideoMode& mode) {
   return SetScreenMode(mode);
+}
+
+bool QtHost::SetWallpaper(const std::string& bitmap) {
+  return SetDesktopWallpaper(bitmap);
 }
 
 void QtHost::OpenAddress(std::string_view address) {
@@ -240,7 +247,7 @@ void QtHost::Pause(std::chrono::milliseconds time) {
   if (time > kShort) {
     const LogicEntry::Hold hold(entry_);
     for (auto now = Steady::now(); now < end; now = Steady::now()) {
-      QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+      DispatchAllButInput();
       std::this_thread::sleep_for(std::min<Steady::duration>(end - Steady::now(), kShort));
     }
   } else {

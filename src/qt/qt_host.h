@@ -12,6 +12,7 @@
 
 class QApplication;
 class QEventLoop;
+class QTranslator;
 class QWidget;
 
 namespace tessera {
@@ -32,6 +33,7 @@ class QtHost final : public Display, public Dialogs, public EventDispatch {
   void ShowPointer(bool visible) override;
   ScreenPoint PointerPlace() override;
   std::string SetVideoMode(const VideoMode& mode) override;
+  bool SetWallpaper(const std::string& bitmap) override;
   void OpenAddress(std::string_view address) override;
   ScreenSize Screen() override;
   std::vector<std::string> FontNames() override;
@@ -58,6 +60,7 @@ class QtHost final : public Display, public Dialogs, public EventDispatch {
   // The window system keeps references into its arguments.
   std::unique_ptr<ApplicationArguments> arguments_;
   std::unique_ptr<QApplication> application_;
+  std::unique_ptr<QTranslator> portuguese_;
   std::unique_ptr<QEventLoop> serving_;
   LogicEntry entry_;
   FrontWatch front_;

@@ -25,6 +25,7 @@
 #include "windows/font_commands.h"
 #include "windows/janela.h"
 #include "windows/picture_commands.h"
+#include "windows/wallpaper_command.h"
 #include "windows/window_commands.h"
 
 namespace tessera {
@@ -38,6 +39,7 @@ void TellProgram(Run& run, const ProgramStart& start) {
   run.ProgramFolderText = FolderText(start.folder) + "\\";
   run.RuntimeFolderText = run.ProgramFolderText;
   run.CommandLineText = start.commandLine;
+  run.startForm = TakeStartForm();
   run.paths =
       PathMapping(start.folder.string(), SystemDataFolder(std::getenv("XDG_DATA_HOME"), std::getenv("HOME")));
 }
@@ -60,6 +62,7 @@ int RunProgram(const ProgramStart& start, const Host& host, Display& display) {
   Janela janela(run, engine, display);
   FileCommands files(run);
   MachineCommands machine(run, MachineCommands::UserPlaces());
+  WallpaperCommand wallpaper(run, display);
   CommandTable commands;
   const RecordDatabase database(run, commands);
   const ObjectCommands objects(commands, run, janela.windows(), display);
@@ -78,6 +81,7 @@ int RunProgram(const ProgramStart& start, const Host& host, Display& display) {
   AddDrawingCommands(commands, run, janela.windows());
   AddPictureCommands(commands, run, janela.windows());
   AddFontCommands(commands, run, display);
+  wallpaper.Register(commands);
 
   const ProjectStyle style = ScanProjectStyle(start.program.EditorText);
   return janela.RunProgram(start.program.EditorText, style.ProjectStyleWord);

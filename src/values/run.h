@@ -12,6 +12,7 @@
 #include "platform/host.h"
 #include "platform/paths.h"
 #include "platform/stack_limit.h"
+#include "platform/start_form.h"
 #include "prepare/prepare.h"
 #include "values/function_table.h"
 #include "values/value.h"
@@ -66,6 +67,11 @@ struct Run {
   std::string ProgramFolderText;
   std::string RuntimeFolderText;
   std::string CommandLineText;
+  // The window form that whoever started the program asked for.
+  StartForm startForm = StartForm::Normal;
+
+  // The printer that the person chose in `CaixaDialogo`; empty for the system's own choice.
+  std::string PrinterName;
 
   // Where the program's file names lead.
   PathMapping paths;

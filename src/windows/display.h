@@ -6,6 +6,7 @@
 
 #include <cmath>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -41,7 +42,7 @@ struct Placement {
   double Height = 0;
 };
 
-enum class WindowState { Normal = 0, Maximised = 2 };
+enum class WindowState { Normal = 0, Minimised = 1, Maximised = 2 };
 
 // The frame of a window and how a person may handle it.
 struct WindowStyle {
@@ -52,7 +53,9 @@ struct WindowStyle {
   bool Sizable = true;
   bool ToolWindow = false;  // a narrow title, and no place among the desktop's windows
   bool TopMost = false;
-  bool AutoDrag = false;  // the window moves when it is dragged by its client area
+  bool AutoDrag = false;         // the window moves when it is dragged by its client area
+  bool AutoSysMenu = true;       // the system menu follows the buttons
+  bool WhatsThisButton = false;  // a help button, where the title has neither of the two size buttons
 };
 
 enum class MouseButton { Left = 1, Right = 2 };
@@ -147,6 +150,9 @@ class Form : public Surface {
     ServeModal();
   }
 
+  // Where set, the next showing leaves the focus with the window that has it.
+  bool ShowWithoutFocus = false;
+
   // Brings a shown window to the front.
   virtual void Activate() {}
 
@@ -190,9 +196,16 @@ class Form : public Surface {
   // Width and height in pixels of one line of text.
   virtual TextSize MeasureText(std::string_view text, const FontFace& font) const = 0;
 
-  // Cuts the window to the shape of what it shows: what has the colour is cut out. A window that shows no
-  // such pixel keeps its full rectangle.
-  virtual void ShapeMe(Colour /*colour*/) {}
+  // Cuts the window to the shape of what is drawn on it: it loses its caption, its ground takes the colour, and
+  // what has the colour is cut out. A window that shows no such pixel keeps its full rectangle.
+  void ShapeMe(Colour colour);
+  // The runs of pixels that make the window; nothing for the full rectangle.
+  const std::optional<Spans>& Shape() const { return shape_; }
+
+  // Lets the pointer, whose button is down, move the window.
+  virtual void DragForm() {}
+  // Shows the system menu (sys_menu.h) at the pointer, where there is a screen.
+  virtual void ShowSysMenu() {}
 
  protected:
   // The place before the window is first shown or felt.
@@ -215,6 +228,7 @@ class Form : public Surface {
   virtual void ShowVisible() {}
   virtual void ShowState() {}
   virtual void ShowStyle() {}
+  virtual void ShowShape() {}
   // The host's picture of a control; none where nothing is shown.
   virtual std::unique_ptr<ControlView> NewView(Control& /*control*/) { return nullptr; }
   // The focus is the key sink's.
@@ -236,6 +250,7 @@ class Form : public Surface {
   Placement place_;
   WindowState state_ = WindowState::Normal;
   WindowStyle style_;
+  std::optional<Spans> shape_;
   bool visible_ = false;
   ControlArrays controls_;
   std::weak_ptr<Control> focus_;
@@ -293,6 +308,9 @@ class Display {
 
   // Changes the screen's mode. Empty, or the reason why it can't, in the user's language.
   virtual std::string SetVideoMode(const VideoMode& mode) = 0;
+
+  // Puts a bitmap file, by the system's path, on the desktop. False where the desktop doesn't take it.
+  virtual bool SetWallpaper(const std::string& bitmap) = 0;
 
   // Opens an address of the net, or a file, with the desktop's program for it. Where there is none, nothing.
   virtual void OpenAddress(std::string_view /*address*/) {}

@@ -23,6 +23,21 @@ constexpr std::size_t IndexOf(MouseButton button) {
   return button == MouseButton::Left ? 0 : 1;
 }
 
+WindowState StateOf(StartForm form) {
+  switch (form) {
+    case StartForm::Minimised:
+    case StartForm::MinimisedWithoutFocus:
+      return WindowState::Minimised;
+    case StartForm::Maximised:
+      return WindowState::Maximised;
+    case StartForm::Hidden:
+    case StartForm::Normal:
+    case StartForm::NormalWithoutFocus:
+      break;
+  }
+  return WindowState::Normal;
+}
+
 constexpr std::string_view kHiddenWord = "IniciaJanelaInvisivel";
 constexpr std::string_view kTransparentWord = "JanelaTransparente";
 
@@ -94,12 +109,18 @@ RunOutcome Janela::FirstActivation(const EditorTexts& editors, std::string_view 
   }
   if (!Prepare(editors)) return RunOutcome::Refused;
   WriteGridVariables(run_, windows_, display_.Screen());
-  if (!Contains(run_.program.ProgramText->text(), kHiddenWord)) {
-    form_->SetState(WindowState::Normal);
-    Show();
-  }
+  ShowFirst();
   engine_.RunStatements(run_.program.ProgramText, 0);
   return RunOutcome::Ended;
+}
+
+// OPEN: a form that was asked for is that of the first showing, and a program started hidden shows its window
+// when it says so itself.
+void Janela::ShowFirst() {
+  const StartForm form = run_.startForm;
+  form_->ShowWithoutFocus = form == StartForm::NormalWithoutFocus || form == StartForm::MinimisedWithoutFocus;
+  form_->SetState(StateOf(form));
+  if (form != StartForm::Hidden && !Contains(run_.program.ProgramText->text(), kHiddenWord)) Show();
 }
 
 void Janela::SetLooks() {

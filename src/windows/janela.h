@@ -72,6 +72,7 @@ class Janela final : private OwnedWindows, public ProgramWindow {
  private:
   void Load();
   RunOutcome FirstActivation(const EditorTexts& editors, std::string_view projectStyleWord);
+  void ShowFirst();
   void SetLooks();
   void DeclareBuiltins();
   bool Prepare(const EditorTexts& editors);

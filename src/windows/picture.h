@@ -11,8 +11,7 @@ namespace tessera {
 
 struct Picture {
   Raster raster;
-  // An SVG of the program's own stock, from which a host that can paints it at any fineness. Where it stands
-  // the pixels are for the host to fill in.
+  // An SVG of the system's own stock, from which a host that can paints it for a finer screen.
   std::string_view vector = {};
 
   Size size() const { return raster.size(); }

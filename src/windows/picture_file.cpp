@@ -10,6 +10,9 @@
 #include <memory>
 #include <system_error>
 
+#include "platform/whole_file.h"
+#include "windows/icon_picture.h"
+
 namespace tessera {
 
 namespace {
@@ -20,7 +23,14 @@ constexpr std::uintmax_t kLargestFile = 256U << 20;  // bytes
 constexpr std::uint64_t kMostPixels = 100'000'000;
 constexpr std::uint64_t kMostPixelsOfAByte = 8300;
 
-constexpr std::array kFormats = {FIF_BMP, FIF_GIF, FIF_ICO, FIF_JPEG, FIF_PNG};
+struct Format {
+  std::string_view start;  // the bytes that a file of the format begins with
+  FREE_IMAGE_FORMAT number;
+};
+
+constexpr std::string_view kPngStart = "\x89PNG";
+constexpr std::array kFormats = {Format{"BM", FIF_BMP}, Format{"GIF8", FIF_GIF},
+                                 Format{"\xFF\xD8\xFF", FIF_JPEG}, Format{kPngStart, FIF_PNG}};
 
 struct CloseMemory {
   void operator()(FIMEMORY* memory) const { FreeImage_CloseMemory(memory); }
@@ -32,9 +42,7 @@ using Memory = std::unique_ptr<FIMEMORY, CloseMemory>;
 using Bitmap = std::unique_ptr<FIBITMAP, Unload>;
 
 int FlagsOf(FREE_IMAGE_FORMAT format) {
-  if (format == FIF_JPEG) return JPEG_ACCURATE | JPEG_EXIFROTATE;
-  if (format == FIF_ICO) return ICO_MAKEALPHA;
-  return 0;
+  return format == FIF_JPEG ? JPEG_ACCURATE | JPEG_EXIFROTATE : 0;
 }
 
 Bitmap Load(FREE_IMAGE_FORMAT format, FIMEMORY* memory, int flags) {
@@ -65,14 +73,10 @@ std::uint64_t PixelsOf(FREE_IMAGE_FORMAT format, FIMEMORY* memory, std::string_v
   return header ? std::uint64_t{FreeImage_GetWidth(header.get())} * FreeImage_GetHeight(header.get()) : 0;
 }
 
-constexpr Pixel Multiplied(Pixel channel, Pixel opacity) {
-  return (channel * opacity + 127) / 255;
-}
-
-Pixel PixelOf(const BYTE* bytes, bool isTransparent) {
-  const Pixel opacity = isTransparent ? bytes[FI_RGBA_ALPHA] : 255;
-  return opacity << 24 | Multiplied(bytes[FI_RGBA_RED], opacity) << 16 |
-         Multiplied(bytes[FI_RGBA_GREEN], opacity) << 8 | Multiplied(bytes[FI_RGBA_BLUE], opacity);
+Pixel PixelAt(const BYTE* bytes, bool isTransparent) {
+  const std::uint32_t colour = std::uint32_t{bytes[FI_RGBA_RED]} << 16 |
+                               std::uint32_t{bytes[FI_RGBA_GREEN]} << 8 | bytes[FI_RGBA_BLUE];
+  return PixelOf(colour, isTransparent ? bytes[FI_RGBA_ALPHA] : 255);
 }
 
 PictureRef ToPicture(FIBITMAP* source) {
@@ -87,23 +91,31 @@ PictureRef ToPicture(FIBITMAP* source) {
     // The library keeps its rows from the bottom up.
     const BYTE* bytes = FreeImage_GetScanLine(bitmap.get(), size.height - 1 - y);
     Pixel* row = picture.raster.Row(y);
-    for (int x = 0; x < size.width; ++x) row[x] = PixelOf(bytes + 4 * x, isTransparent);
+    for (int x = 0; x < size.width; ++x) row[x] = PixelAt(bytes + 4 * x, isTransparent);
   }
   return std::make_shared<const Picture>(std::move(picture));
+}
+
+PictureRef DecodeByLibrary(std::string_view bytes) {
+  const auto found = std::find_if(kFormats.begin(), kFormats.end(),
+                                  [&](const Format& format) { return bytes.starts_with(format.start); });
+  if (found == kFormats.end()) return nullptr;
+  const FREE_IMAGE_FORMAT format = found->number;
+  std::string copy(bytes);  // the library takes bytes that it might write to
+  const Memory memory(
+      FreeImage_OpenMemory(reinterpret_cast<BYTE*>(copy.data()), static_cast<DWORD>(copy.size())));
+  const std::uint64_t pixels = PixelsOf(format, memory.get(), bytes);
+  if (pixels == 0 || pixels > std::min(kMostPixels, kMostPixelsOfAByte * bytes.size())) return nullptr;
+  const Bitmap bitmap = Load(format, memory.get(), FlagsOf(format));
+  return bitmap ? ToPicture(bitmap.get()) : nullptr;
 }
 
 }  // namespace
 
 PictureRef DecodePicture(std::string_view bytes) {
-  std::string copy(bytes);  // the library takes bytes that it might write to
-  const Memory memory(
-      FreeImage_OpenMemory(reinterpret_cast<BYTE*>(copy.data()), static_cast<DWORD>(copy.size())));
-  const FREE_IMAGE_FORMAT format = FreeImage_GetFileTypeFromMemory(memory.get(), 0);
-  if (std::find(kFormats.begin(), kFormats.end(), format) == kFormats.end()) return nullptr;
-  const std::uint64_t pixels = PixelsOf(format, memory.get(), bytes);
-  if (pixels == 0 || pixels > std::min(kMostPixels, kMostPixelsOfAByte * bytes.size())) return nullptr;
-  const Bitmap bitmap = Load(format, memory.get(), FlagsOf(format));
-  return bitmap ? ToPicture(bitmap.get()) : nullptr;
+  if (!IsIcon(bytes)) return DecodeByLibrary(bytes);
+  const std::string_view image = FirstIconImage(bytes);
+  return image.starts_with(kPngStart) ? DecodeByLibrary(image) : DecodeIconBitmap(image);
 }
 
 PictureRef LoadPicture(const std::string& path) {
@@ -114,6 +126,30 @@ PictureRef LoadPicture(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   if (!file.read(bytes.data(), static_cast<std::streamsize>(length))) return nullptr;
   return DecodePicture(bytes);
+}
+
+// OPEN: a bitmap has no transparency; white stands for it.
+bool SaveBitmap(const Picture& picture, const std::string& path) {
+  constexpr Pixel kWhite = 0xFFFFFFFF;
+  constexpr int kDepth = 24;
+  const Size size = picture.size();
+  const Bitmap bitmap(FreeImage_Allocate(size.width, size.height, kDepth));
+  const Memory memory(FreeImage_OpenMemory());
+  if (!bitmap || !memory) return false;
+  for (int y = 0; y < size.height; ++y) {
+    BYTE* bytes = FreeImage_GetScanLine(bitmap.get(), size.height - 1 - y);
+    for (int x = 0; x < size.width; ++x, bytes += kDepth / 8) {
+      const Pixel pixel = Blend(picture.raster.At(x, y), kWhite);
+      bytes[FI_RGBA_RED] = static_cast<BYTE>(pixel >> 16);
+      bytes[FI_RGBA_GREEN] = static_cast<BYTE>(pixel >> 8);
+      bytes[FI_RGBA_BLUE] = static_cast<BYTE>(pixel);
+    }
+  }
+  BYTE* saved = nullptr;
+  DWORD length = 0;
+  return FreeImage_SaveToMemory(FIF_BMP, bitmap.get(), memory.get()) &&
+         FreeImage_AcquireMemory(memory.get(), &saved, &length) &&
+         ReplaceFile(path, {reinterpret_cast<const char*>(saved), length});
 }
 
 }  // namespace tessera

@@ -1,5 +1,5 @@
-// Pictures in files: BMP, GIF, ICO, JPEG and PNG, known by what is in the file and not by its name. The one
-// place that knows the image library, which needs no display.
+// Pictures in files: BMP, GIF, ICO, CUR, JPEG and PNG, known by what is in the file and not by its name. The
+// one place that knows the image library, which needs no display; icons are read in icon_picture.h.
 #pragma once
 
 #include <string>
@@ -15,5 +15,9 @@ PictureRef LoadPicture(const std::string& path);
 
 // The same from the bytes themselves.
 PictureRef DecodePicture(std::string_view bytes);
+
+// Puts the picture into a file as a bitmap of 24 bits, what is transparent in white. False where the disk
+// refuses.
+bool SaveBitmap(const Picture& picture, const std::string& path);
 
 }  // namespace tessera

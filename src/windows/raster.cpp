@@ -4,6 +4,12 @@
 
 namespace tessera {
 
+Pixel PixelOf(std::uint32_t colour, Pixel opacity) {
+  Pixel pixel = opacity << 24;
+  for (const int shift : {0, 8, 16}) pixel |= ((colour >> shift & 0xFF) * opacity + 127) / 255 << shift;
+  return pixel;
+}
+
 Pixel Blend(Pixel above, Pixel below) {
   const Pixel through = 255 - (above >> 24);
   Pixel blended = 0;

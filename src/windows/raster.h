@@ -29,6 +29,9 @@ struct Span {
 
 using Spans = std::vector<Span>;
 
+// A colour 0xRRGGBB at an opacity from 0 to 255.
+Pixel PixelOf(std::uint32_t colour, Pixel opacity);
+
 // `above` laid over `below`.
 Pixel Blend(Pixel above, Pixel below);
 

@@ -1,6 +1,6 @@
 // The pictures of the system's own stock, that programs call by name: figures of buttons, backgrounds and
-// animations. They are drawn in vector form; a host that can gives them their pixels (`Surface::WithPixels`),
-// elsewhere they have their size alone and are transparent.
+// animations. Each has its pixels, the same for every host, and the vector form that they were painted from.
+// A picture is unpacked when it is asked for.
 #pragma once
 
 #include <cstdint>

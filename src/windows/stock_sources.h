@@ -1,4 +1,4 @@
-// The vector forms of the system's own pictures, from the folder stock/.
+// The system's own pictures, drawn in the folder stock/: the build writes their table.
 #pragma once
 
 #include <span>
@@ -9,6 +9,7 @@ namespace tessera {
 struct StockSource {
   std::string_view name;
   std::string_view svg;
+  std::string_view png;  // its pixels, of which all hosts show and read the same
 };
 
 std::span<const StockSource> StockSources();

@@ -102,19 +102,18 @@ void Surface::FloodFill(PixelPoint at) {
 }
 
 void Surface::PaintPicture(const PictureRef& picture, PixelPoint at) {
-  const PictureRef source = WithPixels(picture);
   const Size size = ClientSize();
   Raster& canvas = Canvas();
-  for (int row = 0; row < source->size().height; ++row) {
-    for (int column = 0; column < source->size().width; ++column) {
+  for (int row = 0; row < picture->size().height; ++row) {
+    for (int column = 0; column < picture->size().width; ++column) {
       const std::int64_t x = std::int64_t{at.x} + column;
       const std::int64_t y = std::int64_t{at.y} + row;
       if (x < 0 || y < 0 || x >= size.width || y >= size.height) continue;
       Pixel& below = canvas.Row(static_cast<int>(y))[x];
-      below = Blend(source->raster.At(column, row), below);
+      below = Blend(picture->raster.At(column, row), below);
     }
   }
-  ShowPainted(source, at);
+  ShowPainted(picture, at);
 }
 
 }  // namespace tessera

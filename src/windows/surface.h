@@ -64,7 +64,7 @@ class Surface {
   // The background picture at the upper left corner, in its own size; none is allowed. What is drawn stays.
   const PictureRef& Background() const { return background_; }
   void SetBackground(PictureRef picture) {
-    background_ = picture ? WithPixels(std::move(picture)) : nullptr;
+    background_ = std::move(picture);
     ShowGround();
   }
 
@@ -105,9 +105,6 @@ class Surface {
   void PaintPicture(const PictureRef& picture, PixelPoint at);
 
  protected:
-  // A host that paints vector forms gives a stock picture its pixels.
-  virtual PictureRef WithPixels(PictureRef picture) { return picture; }
-
   virtual void ShowGround() {}
   virtual void ShowMouseIcon() {}
   virtual void ShowErased() {}

@@ -130,6 +130,18 @@ TEST(Chame, StartsAProgramOfTheFolderOrOfTheSystemAndAnswersItsNumber) {
   EXPECT_EQ(program.Written("saida2"), "0\n");
 }
 
+TEST(Chame, AProgramTakesTheFormOutOfItsEnvironment) {
+  setenv("TESSERA_JANELA", "3", 1);
+  EXPECT_EQ(TakeStartForm(), StartForm::Maximised);
+  EXPECT_EQ(std::getenv("TESSERA_JANELA"), nullptr);
+  EXPECT_EQ(TakeStartForm(), StartForm::Normal) << "nobody asked";
+  for (const char* odd : {"5", "", "x", "33", "-1"}) {
+    setenv("TESSERA_JANELA", odd, 1);
+    EXPECT_EQ(TakeStartForm(), StartForm::Normal) << odd;
+    EXPECT_EQ(std::getenv("TESSERA_JANELA"), nullptr);
+  }
+}
+
 TEST(Chame, AFailureIsAnsweredByItsNumber) {
   MachineProgram program;
   program.folder.Write("dados.txt", "x");

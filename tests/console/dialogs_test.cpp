@@ -20,9 +20,19 @@ TEST_F(DialogTest, EachDialogTakesALineAndWritesItsVariable) {
   EXPECT_EQ(Printed(),
             "/tmp/a b.txt\nCANCELADO\nnovo.txt\n255\n"
             "Arial                         12 VerdadeiroFalso     \nOK\nCANCELADO\nCANCELADO\n");
+  EXPECT_EQ(program.run.PrinterName, "Laser");
   EXPECT_EQ(err.str(),
             "[dialogo] ABRIR Abra\n[dialogo] ABRIR Abra\n[dialogo] SALVAR Salve\n[dialogo] COR Cores\n"
             "[dialogo] FONTE Letra\n[dialogo] IMPRESSORA Folha\n[dialogo] COR Cores\n");
+}
+
+TEST_F(DialogTest, ACancelledPrinterDialogKeepsThePrinterChosenBefore) {
+  in.str("Laser\n\n");
+  Draw(
+      "CaixaDialogo \"Folha\", \"\", \"\", \"IMPRESSORA\", \"\"\n"
+      "CaixaDialogo \"Folha\", \"\", \"\", \"IMPRESSORA\", \"\"\nEscreva Retorno\n");
+  EXPECT_EQ(Printed(), "CANCELADO\n");
+  EXPECT_EQ(program.run.PrinterName, "Laser");
 }
 
 TEST_F(DialogTest, FontsAreListedByIndex) {

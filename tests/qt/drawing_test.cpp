@@ -1,11 +1,13 @@
 // Drawing and the desktop's dialogs on real widgets.
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QColorDialog>
 #include <QElapsedTimer>
 #include <QFileDialog>
 #include <QFontDialog>
+#include <QLabel>
 #include <QPainter>
 #include <QTest>
 #include <QTimer>
@@ -51,6 +53,9 @@ class With {
       if (dialog == nullptr || done_) return;
       done_ = true;
       timer_.stop();
+      if (const char* folder = std::getenv("TESSERA_LOOK_AT")) {
+        dialog->grab().save(QString(folder) + "/" + name + ".png");
+      }
       act(*dialog);
     });
     timer_.start(5);
@@ -189,6 +194,44 @@ TEST_F(QtDrawingTest, TheDialogsAnswerWhatThePersonChoseAndCancelIsNothing) {
   With<QDialog> cancelling("DialogoImpressora",
                            [](QDialog& dialog) { QTest::keyClick(dialog.windowHandle(), Qt::Key_Escape); });
   EXPECT_FALSE(ShowPrinterDialog("", nullptr));
+}
+
+TEST_F(QtDrawingTest, TheDialogsSpeakPortuguese) {
+  // Titles of what a person may press, in all that the dialog shows.
+  const auto expectWords = [](QDialog& dialog, const QStringList& words) {
+    QStringList seen;
+    for (const auto* button : dialog.findChildren<QAbstractButton*>()) seen << button->text().remove(u'&');
+    for (const auto* label : dialog.findChildren<QLabel*>()) seen << label->text().remove(u'&');
+    for (const QString& word : words) {
+      EXPECT_TRUE(seen.contains(word)) << qPrintable(word) << " in " << qPrintable(seen.join(" | "));
+    }
+    for (const char* english : {"Cancel", "Open", "Print", "Red:", "Size", "Effects"}) {
+      EXPECT_FALSE(seen.contains(QLatin1String(english))) << english;
+    }
+    dialog.reject();
+  };
+  {
+    With<QDialog> look("DialogoArquivo", [&](QDialog& dialog) {
+      expectWords(dialog, {"Abrir", "Cancelar", "Pasta:", "Nome:", "Tipo:"});
+    });
+    ShowFileDialog({}, nullptr);
+  }
+  {
+    With<QDialog> look("DialogoCor", [&](QDialog& dialog) {
+      expectWords(dialog, {"Cancelar", "Vermelho:", "Verde:", "Azul:"});
+    });
+    ShowColourDialog("", nullptr);
+  }
+  {
+    With<QDialog> look("DialogoFonte", [&](QDialog& dialog) {
+      expectWords(dialog, {"Cancelar", "Fonte", "Tamanho", "Sublinhado"});
+    });
+    ShowFontDialog("", nullptr);
+  }
+  With<QDialog> look("DialogoImpressora", [&](QDialog& dialog) {
+    expectWords(dialog, {"Imprimir", "Cancelar"});
+  });
+  ShowPrinterDialog("", nullptr);
 }
 
 }  // namespace tessera::test

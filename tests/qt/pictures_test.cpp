@@ -7,6 +7,7 @@
 #include <map>
 #include <vector>
 
+#include "qt/svg_painting.h"
 #include "windows/stock_pictures.h"
 
 namespace tessera::test {
@@ -90,12 +91,34 @@ TEST(Pictures, AStockPictureIsPaintedAnewForAFineScreen) {
   EXPECT_NE(fine, coarse.scaled(64, 64));
 }
 
-TEST(Pictures, AStockPictureHasItsPixelsForTheProgramToRead) {
-  const PictureRef figure = StockPicture(StockKind::Figure, StockNumber(StockKind::Figure, "FigOK"));
-  EXPECT_EQ(figure->raster.At(16, 6), 0U);
-  const PictureRef painted = PaintedVector(figure);
-  EXPECT_EQ(painted->raster.At(16, 5), 0xFF43A047U);
-  EXPECT_EQ(painted->raster.At(0, 0), 0U);
+TEST(Pictures, ThePixelsAreThoseOfTheDrawing) {
+  for (const Stock& stock : kStock) {
+    for (const PictureRef& picture : AllOf(stock)) {
+      const QImage drawn = PaintSvg(picture->vector, 1);
+      ASSERT_EQ(drawn.size(), QSize(picture->size().width, picture->size().height));
+      const QImage shown = ToQImage(*picture, 1);
+      for (int y = 0; y < drawn.height(); ++y) {
+        for (int x = 0; x < drawn.width(); ++x) {
+          const QRgb wanted = drawn.pixel(x, y);
+          const QRgb pixel = shown.pixel(x, y);
+          ASSERT_EQ(qAlpha(pixel), qAlpha(wanted));
+          // Where a pixel is nearly transparent its colours have few steps.
+          if (qAlpha(wanted) == 255) {
+            ASSERT_EQ(pixel, wanted);
+          }
+        }
+      }
+    }
+  }
+}
+
+TEST(Pictures, TheStockIsAsLargeAsProgramsKnowIt) {
+  const Size sizes[] = {{32, 32}, {640, 420}, {96, 96}};
+  for (const Stock& stock : kStock) {
+    for (const PictureRef& picture : AllOf(stock)) {
+      EXPECT_EQ(picture->size(), sizes[static_cast<std::size_t>(stock.kind)]);
+    }
+  }
 }
 
 }  // namespace tessera::test

@@ -4,21 +4,25 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QCursor>
 #include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMessageBox>
 #include <QPainter>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
 #include <QWindow>
+#include <cstdlib>
 #include <ctime>
 
 #include "qt/boxes.h"
 #include "qt/fonts.h"
 #include "qt/print_surface.h"
 #include "support/hosted_program.h"
+#include "windows/stock_pictures.h"
 
 namespace tessera::test {
 
@@ -313,14 +317,149 @@ TEST_F(QtHostTest, TheFrameFollowsTheStyle) {
   Run("Enquanto 1 = 1\nAguarde 10\nRepita\n");
 }
 
+TEST_F(QtHostTest, TheFirstShowingHasTheFormThatItsStarterAskedFor) {
+  struct Row {
+    StartForm form;
+    bool isShown;
+    Qt::WindowStates state;
+    bool takesFocus;
+  };
+  for (const Row& row : {Row{StartForm::Hidden, false, Qt::WindowNoState, false},
+                         Row{StartForm::Normal, true, Qt::WindowNoState, true},
+                         Row{StartForm::Minimised, true, Qt::WindowMinimized, false},
+                         Row{StartForm::Maximised, true, Qt::WindowMaximized, true},
+                         Row{StartForm::NormalWithoutFocus, true, Qt::WindowNoState, false}}) {
+    QtHost anotherHost;
+    HostedProgram another(anotherHost.host(), anotherHost);
+    another.run.startForm = row.form;
+    ASSERT_EQ(another.janela.Start({}, ""), RunOutcome::Ended);
+    QTest::qWait(20);
+    const QWidget* janela = WidgetNamed("Janela");
+    ASSERT_EQ(janela != nullptr, row.isShown) << int(row.form);
+    if (janela == nullptr) continue;
+    EXPECT_EQ(janela->windowState() & ~Qt::WindowStates(Qt::WindowActive), row.state) << int(row.form);
+    EXPECT_EQ(!janela->testAttribute(Qt::WA_ShowWithoutActivating),
+              row.form != StartForm::NormalWithoutFocus);
+    if (row.takesFocus) {
+      EXPECT_TRUE(janela->isActiveWindow()) << int(row.form);
+    }
+  }
+}
+
+TEST_F(QtHostTest, ThePointerIsHiddenOverAllWindowsAndShownAgain) {
+  const auto isHidden = [] {
+    const QCursor* cursor = QGuiApplication::overrideCursor();
+    return cursor != nullptr && cursor->shape() == Qt::BlankCursor;
+  };
+  ASSERT_EQ(program.janela.Start({}, ""), RunOutcome::Ended);
+  program.commands.CommandCall("Janela", "AtivaCursor = Nao");
+  EXPECT_TRUE(isHidden());
+  program.commands.CommandCall("Janela", "AtivaCursor = Nao");
+  program.commands.CommandCall("Janela", "AtivaCursor = Sim");
+  EXPECT_FALSE(isHidden()) << "hidden twice, shown once";
+}
+
+TEST_F(QtHostTest, ThePointerIsToldInPixelsOfTheScreen) {
+  ASSERT_EQ(program.janela.Start({}, ""), RunOutcome::Ended);
+  const auto place = [&] { return Variable("LinhaMouse") + " " + Variable("ColunaMouse"); };
+  const auto pointAt = [](int x, int y) {
+    QTest::mouseMove(WidgetNamed("Janela")->windowHandle(), QPoint(x, y));
+  };
+  program.commands.CommandCall("Janela", "MouseGeral = Sim");
+  pointAt(80, 42);
+  EXPECT_EQ(place(), "0 0") << "the window tells nothing";
+  QCursor::setPos(123, 45);
+  QTest::qWait(120);
+  EXPECT_EQ(place(), "45 123");
+  program.commands.CommandCall("Janela", "MouseGeral = Nao");
+  pointAt(160, 28);
+  QTest::qWait(120);
+  EXPECT_EQ(place(), "2 20") << "the timer has no effect any more";
+}
+
+TEST_F(QtHostTest, AHelpButtonStandsInATitleWithoutSizeButtons) {
+  When shown("Janela", [&](QWidget& janela) {
+    Form& form = *program.janela.windows().MainWindow;
+    const auto hasHelp = [&] { return janela.windowFlags().testFlag(Qt::WindowContextHelpButtonHint); };
+    form.SetStyle({.WhatsThisButton = true});
+    EXPECT_FALSE(hasHelp());
+    form.SetStyle({.MinButton = false, .MaxButton = false, .WhatsThisButton = true});
+    EXPECT_TRUE(hasHelp());
+    form.SetStyle({.MinButton = false, .MaxButton = false});
+    EXPECT_FALSE(hasHelp());
+    janela.close();
+  });
+  Run("Enquanto 1 = 1\nAguarde 10\nRepita\n");
+}
+
+TEST_F(QtHostTest, TheSystemMenuActsOnItsWindow) {
+  const auto choose = [&](const char* label) {
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    for (QAction* action : menu->actions()) {
+      if (action->text() != QLatin1String(label)) continue;
+      ASSERT_TRUE(action->isEnabled()) << label;
+      QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
+      return;
+    }
+    FAIL() << "no entry " << label;
+  };
+  When shown("Janela", [&](QWidget& janela) {
+    Form& form = *program.janela.windows().MainWindow;
+    form.ShowSysMenu();
+    if (const char* folder = std::getenv("TESSERA_LOOK_AT")) {
+      QApplication::activePopupWidget()->grab().save(QString(folder) + "/menu.png");
+    }
+    choose("Ma&ximizar");
+    EXPECT_TRUE(janela.isMaximized());
+    EXPECT_EQ(form.State(), WindowState::Maximised);
+    form.ShowSysMenu();
+    choose("&Restaurar");
+    EXPECT_FALSE(janela.isMaximized());
+    form.SetStyle({.ControlBox = false});
+    form.ShowSysMenu();
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << "there is none";
+    form.SetStyle({});
+    form.ShowSysMenu();
+    choose("&Fechar");
+  });
+  EXPECT_EQ(Run("Enquanto 1 = 1\nAguarde 10\nRepita\n"), 0);
+  EXPECT_FALSE(program.run.RunningFlag);
+}
+
+TEST_F(QtHostTest, AWindowIsDraggedByItsClientArea) {
+  When shown("Janela", [&](QWidget& janela) {
+    Form& form = *program.janela.windows().MainWindow;
+    form.SetStyle({.AutoDrag = true});
+    const QPoint before = janela.pos();
+    QTest::mousePress(janela.windowHandle(), Qt::LeftButton, {}, QPoint(50, 40));
+    QTest::mouseMove(janela.windowHandle(), QPoint(70, 45));
+    EXPECT_EQ(janela.pos() - before, QPoint(20, 5));
+    QTest::mouseRelease(janela.windowHandle(), Qt::LeftButton, {}, QPoint(50, 40));
+    QTest::mouseMove(janela.windowHandle(), QPoint(90, 90));
+    EXPECT_EQ(janela.pos() - before, QPoint(20, 5));
+    EXPECT_EQ(Variable("CliqueMouse"), "");
+    janela.close();
+  });
+  Run("Enquanto 1 = 1\nAguarde 10\nRepita\n");
+}
+
 TEST_F(QtHostTest, AWindowIsShapedByTheColourThatIsCutOut) {
   const auto look = [&](QWidget& janela) {
     Form& form = *program.janela.windows().MainWindow;
-    form.ShapeMe(0x123456);
-    EXPECT_TRUE(janela.mask().isEmpty()) << "no such pixel";
     form.ShapeMe(0x00FF00);
+    EXPECT_EQ(janela.windowTitle(), "");
     EXPECT_FALSE(janela.mask().contains(QPoint(5, 5)));
     EXPECT_TRUE(janela.mask().contains(QPoint(200, 200)));
+    int pixels = 0;
+    for (const QRect& rect : janela.mask()) pixels += rect.width() * rect.height();
+    int kept = 0;
+    for (const Span& span : *form.Shape()) kept += span.right - span.left + 1;
+    EXPECT_EQ(pixels, kept);
+    EXPECT_NEAR(pixels, 31400, 400) << "a disc of radius 100";
+    form.SetBackground(StockPicture(StockKind::Background, 0));
+    form.ShapeMe(0x00FF00);
+    EXPECT_TRUE(janela.mask().isEmpty()) << "no such pixel";
     janela.close();
   };
   When shown("Janela", look, ProgramEnded());

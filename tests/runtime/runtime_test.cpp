@@ -1,7 +1,10 @@
 // The built runtime as a process: what stands in its file, and what it does with and without a program.
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <cstdlib>
 #include <filesystem>
+#include <thread>
 
 #include "image/image_layout.h"
 #include "support/process.h"
@@ -57,9 +60,31 @@ TEST_F(Runtime, AProgramInWindowsEndsWithItsMainWindow) {
   const ProcessResult packed = Offscreen({Build("jogo", source)});
   EXPECT_EQ(packed.status, 0) << packed.err;
   EXPECT_EQ(packed.out, "") << "prints go into the window";
+  EXPECT_EQ(packed.err, "") << "the window system has nothing to say to a person";
   const ProcessResult run = Offscreen({TESSERA_TOOL, "run", folder_ / "jogo.tsc"});
   EXPECT_EQ(run.status, 0) << run.err;
   EXPECT_EQ(run.out, "");
+}
+
+// The started program writes down how wide its window is.
+TEST_F(Runtime, AProgramStartedByAnotherTakesTheFormThatItIsAskedFor) {
+  Build("filho",
+        "Aguarde 50\nAbreArquivo S, \"largura.txt\", \"TextoGravacao\"\n"
+        "GravaArquivo S, LarguraJanela()\nFechaArquivo S\nFimJanela");
+  const auto columns = [this](const std::string& form) {
+    const std::string file = folder_ / "largura.txt";
+    std::filesystem::remove(file);
+    const std::string starter =
+        Build("mae_" + form, "Var n Inteiro\nn = Chame(\"filho\", \"" + form + "\")\nAguarde 1\nFimJanela");
+    EXPECT_EQ(Offscreen({starter}).status, 0);
+    for (int i = 0; i < 500 && !ReadBytes(file).ends_with('\n'); ++i) {
+      std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    return std::atoi(ReadBytes(file).c_str());
+  };
+  EXPECT_EQ(columns("NORMAL"), 80);
+  EXPECT_EQ(columns("OCULTO"), 80);
+  EXPECT_GT(columns("MAXIMIZADO"), 90);
 }
 
 TEST_F(Runtime, WithoutAProgramItSaysSo) {

@@ -12,7 +12,11 @@
 namespace tessera::test {
 
 HostedProgram::HostedProgram(const Host& host, Display& display)
-    : run(host), engine(run), janela(run, engine, display), objects(commands, run, janela.windows(), display) {
+    : run(host),
+      engine(run),
+      janela(run, engine, display),
+      objects(commands, run, janela.windows(), display),
+      wallpaper(run, display) {
   run.ProgramFileName = "TESTE.TSC";
   run.ProgramFolderText = "/programas/teste\\";
   run.RuntimeFolderText = "/programas\\";
@@ -26,6 +30,7 @@ HostedProgram::HostedProgram(const Host& host, Display& display)
   AddDrawingCommands(commands, run, janela.windows());
   AddPictureCommands(commands, run, janela.windows());
   AddFontCommands(commands, run, display);
+  wallpaper.Register(commands);
   AddDialogCommands(commands, run);
   AddSystemCommands(commands, run);
 }

@@ -12,6 +12,7 @@
 #include "platform/host.h"
 #include "values/run.h"
 #include "windows/janela.h"
+#include "windows/wallpaper_command.h"
 
 namespace tessera::test {
 
@@ -27,6 +28,7 @@ class HostedProgram {
   Engine engine;
   Janela janela;
   ObjectCommands objects;
+  WallpaperCommand wallpaper;
 };
 
 }  // namespace tessera::test

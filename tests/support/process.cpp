@@ -3,9 +3,11 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <thread>
 
 namespace tessera {
 
@@ -36,15 +38,41 @@ namespace {
 }  // namespace
 
 ProcessResult RunProcess(const ProcessCall& call) {
-  const TemporaryFolder files;
-  files.Write("in", call.input);
-  const pid_t child = fork();
-  if (child == 0) BecomeCalled(call, files);
+  RunningProcess process(call);
+  const int status = process.Wait();
+  return {.status = status, .out = process.Out(), .err = process.Err()};
+}
+
+RunningProcess::RunningProcess(const ProcessCall& call) {
+  files_.Write("in", call.input);
+  process_ = fork();
+  if (process_ == 0) BecomeCalled(call, files_);
+}
+
+RunningProcess::~RunningProcess() {
+  if (status_) return;
+  kill(process_, SIGKILL);
+  waitpid(process_, nullptr, 0);
+}
+
+int RunningProcess::Wait() {
   int status = 0;
-  waitpid(child, &status, 0);
-  return {.status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status),
-          .out = ReadBytes(files / "out"),
-          .err = ReadBytes(files / "err")};
+  if (!status_ && waitpid(process_, &status, 0) == process_) TakeStatus(status);
+  return status_.value_or(-1);
+}
+
+std::optional<int> RunningProcess::WaitFor(std::chrono::milliseconds time) {
+  const auto end = std::chrono::steady_clock::now() + time;
+  while (!status_ && std::chrono::steady_clock::now() < end) {
+    int status = 0;
+    if (waitpid(process_, &status, WNOHANG) == process_) TakeStatus(status);
+    std::this_thread::sleep_for(std::chrono::milliseconds(2));
+  }
+  return status_;
+}
+
+void RunningProcess::TakeStatus(int status) {
+  status_ = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
 
 TemporaryFolder::TemporaryFolder() {

@@ -1,7 +1,11 @@
 // Runs a real process in a test, and keeps a folder for what it reads and writes.
 #pragma once
 
+#include <sys/types.h>
+
+#include <chrono>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,9 +23,6 @@ struct ProcessCall {
   std::vector<std::string> environment = {};  // "NAME=value" on top of the test's own; "NAME" removes
   std::filesystem::path folder = {};          // working directory; empty: the test's own
 };
-
-// Waits for the end of the process.
-ProcessResult RunProcess(const ProcessCall& call);
 
 // A new folder that vanishes with its owner.
 class TemporaryFolder {
@@ -42,5 +43,33 @@ class TemporaryFolder {
 };
 
 std::string ReadBytes(const std::filesystem::path& file);
+
+// Waits for the end of the process.
+ProcessResult RunProcess(const ProcessCall& call);
+
+// A process beside the test. It is killed with its owner.
+class RunningProcess {
+ public:
+  explicit RunningProcess(const ProcessCall& call);
+  RunningProcess(const RunningProcess&) = delete;
+  RunningProcess& operator=(const RunningProcess&) = delete;
+  ~RunningProcess();
+
+  // What it has written until now.
+  std::string Out() const { return ReadBytes(files_ / "out"); }
+  std::string Err() const { return ReadBytes(files_ / "err"); }
+
+  // Its exit status, or 128 + the signal.
+  int Wait();
+  // The same, or nothing where it still runs after that time.
+  std::optional<int> WaitFor(std::chrono::milliseconds time);
+
+ private:
+  void TakeStatus(int status);
+
+  TemporaryFolder files_;
+  pid_t process_ = 0;
+  std::optional<int> status_;
+};
 
 }  // namespace tessera

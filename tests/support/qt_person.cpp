@@ -26,6 +26,8 @@ Qt::KeyboardModifiers ToQt(KeyShift shift) {
 
 Qt::Key KeyOf(int code) {
   switch (code) {
+    case 9:
+      return Qt::Key_Tab;
     case 13:
       return Qt::Key_Return;
     case 16:

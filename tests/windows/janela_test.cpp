@@ -29,6 +29,27 @@ TEST_F(JanelaTest, StandsCentredInItsLooksAndIsShownBeforeTheFirstStatement) {
   EXPECT_EQ(Windows().FindWindow(""), nullptr);
 }
 
+TEST_F(JanelaTest, TheFirstShowingHasTheFormThatItsStarterAskedFor) {
+  struct Row {
+    StartForm form;
+    bool visible;
+    WindowState state;
+  };
+  for (const Row& row : {Row{StartForm::Hidden, false, WindowState::Normal},
+                         Row{StartForm::Minimised, true, WindowState::Minimised},
+                         Row{StartForm::Maximised, true, WindowState::Maximised},
+                         Row{StartForm::MinimisedWithoutFocus, true, WindowState::Minimised}}) {
+    HostedProgram started(host.host(), host);
+    started.run.startForm = row.form;
+    EditorTexts editors;
+    EXPECT_EQ(started.janela.Start(editors, ""), RunOutcome::Ended);
+    EXPECT_EQ(started.janela.form().Visible(), row.visible);
+    EXPECT_EQ(started.janela.form().State(), row.state);
+    started.commands.CommandCall("Janela", "Visivel = Sim");
+    EXPECT_TRUE(started.janela.form().Visible()) << "where the program says so";
+  }
+}
+
 TEST_F(JanelaTest, BuiltinVariablesAreFilled) {
   program.Run(
       "Escreva Azul, \" \", Amarelo, \" \", AzulEscuro, \" \", AmareloEscuro\n"

@@ -32,6 +32,29 @@ const std::string kGif =
     "!\xF9\x04\x01\0\0\x01\0"s
     ",\0\0\0\0\x01\0\x02\0\0\x02\x02\x44\x0A\0;"s;
 
+// Two by two pixels with opacity, uncompressed: red and green above, blue and nothing below.
+const std::string kPng =
+    "\211\120\116\107\015\012\032\012\000\000\000\015\111\110\104\122\000\000\000\002\000\000\000\002"s
+    "\010\006\000\000\000\162\266\015\044\000\000\000\035\111\104\101\124\170\001\001\022\000\355\377"s
+    "\000\377\000\000\377\000\377\000\377\000\000\000\377\377\000\000\000\000\077\322\005\373\315\220"s
+    "\254\114\000\000\000\000\111\105\116\104\256\102\140\202"s;
+
+// The same four pixels as an icon of 32 bits.
+const std::string kIco =
+    "\000\000\001\000\001\000\002\002\000\000\001\000\040\000\100\000\000\000\026\000\000\000\050\000"s
+    "\000\000\002\000\000\000\004\000\000\000\001\000\040\000\000\000\000\000\020\000\000\000\000\000"s
+    "\000\000\000\000\000\000\000\000\000\000\000\000\000\000\377\000\000\377\000\000\000\000\000\000"s
+    "\377\377\000\377\000\377\000\000\000\000\000\000\000\000"s;
+
+// Eight by eight pixels of one grey, 140, by one code for each of the two tables.
+const std::string kJpeg =
+    "\377\330\377\333\000\103\000\001\001\001\001\001\001\001\001\001\001\001\001\001\001\001\001\001"s
+    "\001\001\001\001\001\001\001\001\001\001\001\001\001\001\001\001\001\001\001\001\001\001\001\001"s
+    "\001\001\001\001\001\001\001\001\001\001\001\001\001\001\001\001\001\001\001\001\001\001\001\377"s
+    "\300\000\013\010\000\010\000\010\001\001\021\000\377\304\000\024\000\001\000\000\000\000\000\000"s
+    "\000\000\000\000\000\000\000\000\000\007\377\304\000\024\020\001\000\000\000\000\000\000\000\000"s
+    "\000\000\000\000\000\000\000\000\377\332\000\010\001\001\000\000\077\000\140\177\377\331"s;
+
 }  // namespace
 
 TEST(PictureFile, ABitmapsPixelsStandFromTheTopDown) {
@@ -64,21 +87,90 @@ TEST(PictureFile, OtherContentsAreNoPictureWhateverTheyAreCalled) {
   EXPECT_NE(LoadPicture(folder / "gif.txt"), nullptr);
 }
 
+TEST(PictureFile, EachFormatHasItsPixelsAndItsTransparency) {
+  for (const std::string& bytes : {kPng, kIco}) {
+    const PictureRef picture = DecodePicture(bytes);
+    ASSERT_NE(picture, nullptr);
+    ASSERT_EQ(picture->size(), (Size{2, 2}));
+    EXPECT_EQ(picture->raster.At(0, 0), 0xFFFF0000U);
+    EXPECT_EQ(picture->raster.At(1, 0), 0xFF00FF00U);
+    EXPECT_EQ(picture->raster.At(0, 1), 0xFF0000FFU);
+    EXPECT_EQ(picture->raster.At(1, 1), 0U);
+  }
+  const PictureRef grey = DecodePicture(kJpeg);
+  ASSERT_NE(grey, nullptr);
+  EXPECT_EQ(grey->size(), (Size{8, 8}));
+  EXPECT_EQ(grey->raster.At(3, 5), 0xFF8C8C8CU);
+}
+
+// Two colours and a mask, as old icons have them: one row of white, black, nothing.
+TEST(PictureFile, AnOldIconHasColoursAndAMask) {
+  const std::string header = "\0\0\x02\0\x01\0\x03\x01\x02\0\0\0\0\0\x38\0\0\0\x16\0\0\0"s;
+  const std::string image =
+      "\x28\0\0\0\x03\0\0\0\x02\0\0\0\x01\0\x01\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0"s
+      "\0\0\0\0\xFF\xFF\xFF\0"s
+      "\x80\0\0\0"s
+      "\x20\0\0\0"s;
+  const PictureRef picture = DecodePicture(header + image);
+  ASSERT_NE(picture, nullptr);
+  ASSERT_EQ(picture->size(), (Size{3, 1}));
+  EXPECT_EQ(picture->raster.At(0, 0), 0xFFFFFFFFU);
+  EXPECT_EQ(picture->raster.At(1, 0), 0xFF000000U);
+  EXPECT_EQ(picture->raster.At(2, 0), 0U);
+}
+
+TEST(PictureFile, AnIconMayHoldAPng) {
+  std::string icon = kIco.substr(0, 22) + kPng;
+  icon[14] = static_cast<char>(kPng.size());
+  const PictureRef picture = DecodePicture(icon);
+  ASSERT_NE(picture, nullptr);
+  EXPECT_EQ(picture->raster.At(1, 0), 0xFF00FF00U);
+  EXPECT_EQ(DecodePicture(icon.substr(0, icon.size() - 30)), nullptr);
+}
+
+// Every cut, every single bit, and many threes of bytes.
 TEST(PictureFile, DamagedBytesGiveAPictureOrNone) {
+  const auto expectSound = [](const std::string& damaged) {
+    const PictureRef picture = DecodePicture(damaged);
+    EXPECT_TRUE(picture == nullptr || (picture->size().width > 0 && picture->size().height > 0));
+  };
   std::mt19937 engine(3);
-  for (const std::string& whole : {kBmp, kGif}) {
-    for (std::size_t length = 0; length < whole.size(); ++length) DecodePicture(whole.substr(0, length));
+  for (const std::string& whole : {kBmp, kGif, kPng, kIco, kJpeg}) {
+    for (std::size_t length = 0; length < whole.size(); ++length) expectSound(whole.substr(0, length));
+    for (std::size_t bit = 0; bit < whole.size() * 8; ++bit) {
+      std::string flipped = whole;
+      flipped[bit / 8] = static_cast<char>(flipped[bit / 8] ^ 1 << bit % 8);
+      expectSound(flipped);
+    }
     for (int round = 0; round < 1000; ++round) {
       std::string damaged = whole;
       for (int i = 0; i < 3; ++i) damaged[engine() % damaged.size()] = static_cast<char>(engine());
-      const PictureRef picture = DecodePicture(damaged);
-      EXPECT_TRUE(picture == nullptr || !picture->raster.IsEmpty());
+      expectSound(damaged);
     }
   }
+}
+
+TEST(PictureFile, APictureThatPromisesMoreThanItHoldsIsNone) {
   EXPECT_EQ(DecodePicture(kBmp.substr(0, 20)), nullptr);
+  EXPECT_EQ(DecodePicture(kPng.substr(0, 40)), nullptr);
+  EXPECT_EQ(DecodePicture(kIco.substr(0, 30)), nullptr);
+  EXPECT_EQ(DecodePicture(kJpeg.substr(0, 80)), nullptr);
   std::string endless = kBmp;
   endless.replace(18, 8, "\xFF\xFF\xFF\x7F\xFF\xFF\xFF\x7F"s);
   EXPECT_EQ(DecodePicture(endless), nullptr);
+  std::string tall = kJpeg;
+  tall.replace(tall.find("\xFF\xC0"s) + 5, 4, "\xFF\xFF\xFF\xFF"s);
+  EXPECT_EQ(DecodePicture(tall), nullptr);
+}
+
+TEST(PictureFile, ADamagedFileOnTheDiskIsNone) {
+  TempFolder folder;
+  for (const auto& [name, bytes] : {std::pair{"a.png", kPng}, {"a.ico", kIco}, {"a.jpg", kJpeg}}) {
+    folder.Write(name, bytes);
+    EXPECT_NE(LoadPicture(folder / name), nullptr) << name;
+    folder.Write(name, bytes.substr(0, bytes.size() / 3));
+    EXPECT_EQ(LoadPicture(folder / name), nullptr) << name;
+  }
 }
 
 TEST(StockPictures, ANameIsFoundWhereverItStandsBeforeItsNumber) {
@@ -91,6 +183,14 @@ TEST(StockPictures, ANameIsFoundWhereverItStandsBeforeItsNumber) {
   EXPECT_EQ(StockNumber(StockKind::Background, ""), 0);
   EXPECT_EQ(StockNumber(StockKind::Background, "imgsobre"), kNoStockNumber);
   EXPECT_EQ(StockNumber(StockKind::Background, "FigOK"), kNoStockNumber);
+}
+
+TEST(StockPictures, HaveTheirPixelsWithoutADisplay) {
+  const PictureRef figure = StockPicture(StockKind::Figure, StockNumber(StockKind::Figure, "FigOK"));
+  EXPECT_EQ(figure->raster.At(16, 5), 0xFF43A047U);
+  EXPECT_EQ(figure->raster.At(0, 0), 0U);
+  const PictureRef swamp = StockPicture(StockKind::Background, 0);
+  EXPECT_EQ(swamp->raster.At(500, 92), 0xFFFFF8E1U) << "the sun";
 }
 
 class BackgroundTest : public ConsoleWindowTest {

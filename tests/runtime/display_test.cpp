@@ -1,0 +1,143 @@
+// A finished program from its building to its end, on a real X server: a person types, points and closes, and
+// the program writes down what it saw.
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <string>
+#include <thread>
+
+#include "support/process.h"
+#include "support/virtual_screen.h"
+
+namespace tessera {
+
+namespace {
+
+using std::chrono::milliseconds;
+
+constexpr milliseconds kPatience{10000};
+
+// Writes what it sees, over and over: a line and a column of the window are one pixel each.
+constexpr const char* kWitness =
+    "Var tecla String, ultima String, dito String, botoes String, visto String\n"
+    "Janela Resolucao = 420, 640\n"
+    "Enquanto 1 = 1\n"
+    "  Aguarde 5\n"
+    "  tecla = TestaTecla(65)\n"
+    "  dito = TestaTecla(\"?\")\n"
+    "  Se dito <> \"\"\n    ultima = dito\n  FimSe\n"
+    "  botoes = TestaMouse()\n"
+    "  visto = Unir(tecla, \" \", ultima, \" \", botoes, \" \", LinhaMouse, \" \", ColunaMouse, \" \", "
+    "CliqueMouse)\n"
+    "  AbreArquivo S, \"visto.txt\", \"TextoGravacao\"\n"
+    "  GravaArquivo S, visto\n"
+    "  FechaArquivo S\n"
+    "Repita\n";
+
+class OnDisplay : public testing::Test {
+ protected:
+  // Starts a finished program called JOGO, and waits for its window of that title.
+  void Start(const std::string& source, const std::string& title = "Tessera - JOGO.TSC") {
+    const ProcessResult built =
+        RunProcess({.words = {TESSERA_TOOL, "build", folder.Write("jogo.tsc", source)}});
+    ASSERT_EQ(built.status, 0) << built.err;
+    program = std::make_unique<RunningProcess>(
+        ProcessCall{.words = {folder / "jogo"}, .environment = screen.Environment()});
+    window = screen.WindowNamed(title);
+    ASSERT_NE(window, 0U) << program->Err();
+  }
+
+  // Waits until the program has seen just that.
+  void ExpectSeen(const std::string& wanted) {
+    std::string seen;
+    const auto end = std::chrono::steady_clock::now() + kPatience;
+    do {
+      std::this_thread::sleep_for(milliseconds(5));
+      seen = ReadBytes(folder / "visto.txt");
+    } while (seen != wanted + "\r\n" && std::chrono::steady_clock::now() < end);
+    EXPECT_EQ(seen, wanted + "\r\n") << program->Err();
+  }
+
+  // The program ends of itself, and never said a word on the terminal.
+  void ExpectEnd() {
+    EXPECT_EQ(program->WaitFor(kPatience), 0);
+    EXPECT_EQ(program->Out(), "");
+    EXPECT_EQ(program->Err(), "");
+  }
+
+  TemporaryFolder folder;
+  VirtualScreen screen;
+  std::unique_ptr<RunningProcess> program;
+  std::uint32_t window = 0;
+};
+
+}  // namespace
+
+TEST_F(OnDisplay, KeysAreSeenWhileTheyAreDownAndF6Ends) {
+  Start(kWitness);
+  ExpectSeen("65-  0 0 0 ");
+  screen.Do({"keydown", "a"});
+  ExpectSeen("65+ 65 0 0 0 ");
+  screen.Do({"keyup", "a"});
+  ExpectSeen("65- 65 0 0 0 ");
+  screen.Do({"key", "shift+F5"});
+  ExpectSeen("65- 116SHIFT 0 0 0 ");
+  screen.Do({"key", "F6"});
+  ExpectEnd();
+}
+
+TEST_F(OnDisplay, ThePointerTellsItsPlaceButtonsAndClicksAndTheFrameCloses) {
+  Start(kWitness);
+  screen.PointAt(window, 80, 42);
+  ExpectSeen("65-  0 42 80 ");
+  screen.Do({"mousedown", "1"});
+  ExpectSeen("65-  10 42 80 ");
+  screen.PointAt(window, 300, 200);
+  ExpectSeen("65-  10 200 300 ");
+  screen.Do({"mouseup", "1"});
+  ExpectSeen("65-  0 200 300 CLIQUE");
+  screen.Do({"mousedown", "3"});
+  ExpectSeen("65-  1 200 300 CLIQUE");
+  screen.Do({"mouseup", "3"});
+  screen.Do({"click", "--repeat", "2", "--delay", "20", "1"});
+  ExpectSeen("65-  0 200 300 DUPLOCLIQUE");
+  screen.Close(window);
+  ExpectEnd();
+}
+
+TEST_F(OnDisplay, TheInputFormAndABoxAreAnsweredByKeys) {
+  Start(
+      "Var nome String, certo String\nnome = EntraTexto(\"Nome\", \"\")\n"
+      "certo = Mensagem(\"OPCAOSIMNAO\", nome)\nAbreArquivo S, \"visto.txt\", \"TextoGravacao\"\n"
+      "GravaArquivo S, Unir(nome, \" \", certo)\nFechaArquivo S\nEnquanto 1 = 1\nAguarde 5\nRepita\n",
+      "JOGO");
+  screen.Do({"type", "Ana"});
+  screen.Do({"key", "Return"});
+  screen.Do({"key", "Return"});
+  screen.WindowNamed("JOGO", window);
+  screen.Do({"key", "alt+s"});
+  ExpectSeen("Ana SIM");
+  screen.Do({"key", "Pause"});
+  ExpectEnd();
+}
+
+// Behind the key nothing else happens on the screen.
+TEST_F(OnDisplay, WhatComesWhileTheProgramSleepsIsSeenWhenItWakes) {
+  Start(
+      "Var tecla String\nAguarde 1000\ntecla = TestaTecla(\"?\")\n"
+      "AbreArquivo S, \"visto.txt\", \"TextoGravacao\"\nGravaArquivo S, tecla\nFechaArquivo S\n"
+      "Enquanto 1 = 1\nAguarde 5\nRepita\n");
+  screen.Do({"key", "b"});
+  ExpectSeen("66");
+}
+
+TEST_F(OnDisplay, AProgramThatComputesIsClosedWhenItNextLetsEventsThrough) {
+  Start(
+      "Var i Inteiro\nEnquanto i < 300000\ni++\nRepita\nAbreArquivo S, \"visto.txt\", \"TextoGravacao\"\n"
+      "GravaArquivo S, \"fim\"\nFechaArquivo S\nEnquanto 1 = 1\nAguarde 5\nRepita\n");
+  screen.Do({"key", "F6"});
+  ExpectEnd();
+  EXPECT_EQ(ReadBytes(folder / "visto.txt"), "fim\r\n");
+}
+
+}  // namespace tessera
