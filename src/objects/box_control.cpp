@@ -154,7 +154,8 @@ void BoxControl::EnabledChanged() {
 
 ScrollBar* BoxControl::BarAt(Point at) {
   if (!ShowsBars()) return nullptr;
-  if (Covers(VerticalBarPlace(), at.x, at.y)) return &grid_.BarraVertical();
+  // An empty list has nothing that its bar could move.
+  if (Covers(VerticalBarPlace(), at.x, at.y)) return grid_.LinVet() > 0 ? &grid_.BarraVertical() : nullptr;
   return Covers(HorizontalBarPlace(), at.x, at.y) ? &grid_.BarraHorizontal() : nullptr;
 }
 
@@ -238,6 +239,7 @@ void BoxControl::PointerLeave() {
 }
 
 void BoxControl::Scroll(int rows) {
+  if (grid_.LinVet() == 0) return;
   ScrollBar& bar = grid_.BarraVertical();
   bar.SetValue(std::clamp(bar.Value() + rows, 0, bar.Max()));
   Refresh();

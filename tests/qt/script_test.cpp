@@ -62,9 +62,9 @@ INSTANTIATE_TEST_SUITE_P(
                     "closing_a_static_window_stops_its_waiting_routine_alone",
                     "dynamic_windows_stay_open_behind_their_routine",
                     "enter_moves_the_focus_where_the_window_says_so",
-                    "f6_in_a_static_window_ends_the_program", "keys_leave_their_state_and_one_pending_text",
-                    "main_window_is_dragged_by_its_area", "mouse_tells_buttons_clicks_and_places",
-                    "static_window_takes_events_until_it_is_closed",
+                    "f6_in_a_static_window_ends_the_program", "grids_stand_on_every_window",
+                    "keys_leave_their_state_and_one_pending_text", "main_window_is_dragged_by_its_area",
+                    "mouse_tells_buttons_clicks_and_places", "static_window_takes_events_until_it_is_closed",
                     "waiting_for_a_click_ends_with_the_input", "windows_of_fixed_frame_keep_their_size",
                     "window_table_takes_twenty_and_static_ones_from_five_slots"));
 

@@ -7,10 +7,11 @@
 #include <QThread>
 #include <QWidget>
 #include <QWindow>
+#include <map>
 
 #include "qt/form.h"
-#include "text/code_page.h"
 #include "support/qt_objects.h"
+#include "text/code_page.h"
 
 namespace tessera::test {
 
@@ -26,30 +27,14 @@ Qt::KeyboardModifiers ToQt(KeyShift shift) {
 }
 
 Qt::Key KeyOf(int code) {
-  switch (code) {
-    case 9:
-      return Qt::Key_Tab;
-    case 13:
-      return Qt::Key_Return;
-    case 16:
-      return Qt::Key_Shift;
-    case 19:
-      return Qt::Key_Pause;
-    case 33:
-      return Qt::Key_PageUp;
-    case 34:
-      return Qt::Key_PageDown;
-    case 37:
-      return Qt::Key_Left;
-    case 38:
-      return Qt::Key_Up;
-    case 40:
-      return Qt::Key_Down;
-    case 117:
-      return Qt::Key_F6;
-    default:
-      return static_cast<Qt::Key>(code);
-  }
+  static const std::map<int, Qt::Key> keys = {
+      {8, Qt::Key_Backspace}, {9, Qt::Key_Tab},     {13, Qt::Key_Return},   {16, Qt::Key_Shift},
+      {19, Qt::Key_Pause},    {33, Qt::Key_PageUp}, {34, Qt::Key_PageDown}, {35, Qt::Key_End},
+      {36, Qt::Key_Home},     {37, Qt::Key_Left},   {38, Qt::Key_Up},       {39, Qt::Key_Right},
+      {40, Qt::Key_Down},     {46, Qt::Key_Delete}, {117, Qt::Key_F6},
+  };
+  const auto key = keys.find(code);
+  return key == keys.end() ? static_cast<Qt::Key>(code) : key->second;
 }
 
 // Counts the dispatches on the stack, also where the program's end leaves them.
