@@ -38,6 +38,7 @@ Value TextoRtf(const SuffixCall& call) {
   auto& entry = call.As<TextoControl>();
   if (call.arguments.Raw(1) != "=") return Quote(entry.State().TextRTF());
   entry.SetTextRTF(call.Text());
+  call.family.OnChange(entry);
   return {};
 }
 

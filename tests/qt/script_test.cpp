@@ -56,9 +56,10 @@ TEST_P(ScriptOnWindows, WritesWhatTheConsoleHostWrites) {
 INSTANTIATE_TEST_SUITE_P(
     Programs, ScriptOnWindows,
     testing::Values("entries_tell_their_variables", "objects_come_and_go_by_rows",
-                    "objects_share_their_suffixes", "a_grid_is_sorted_by_its_titles",
-                    "cells_of_a_grid_are_edited", "clicks_of_a_grid_leave_its_row_in_variables",
-                    "a_stock_background_reads_its_pixels",
+                    "objects_share_their_suffixes", "objects_go_with_their_window",
+                    "texts_have_formats_and_filters", "buttons_are_made_in_three_forms",
+                    "a_grid_is_sorted_by_its_titles", "cells_of_a_grid_are_edited",
+                    "clicks_of_a_grid_leave_its_row_in_variables", "a_stock_background_reads_its_pixels",
                     "closing_a_static_window_stops_its_waiting_routine_alone",
                     "dynamic_windows_stay_open_behind_their_routine",
                     "enter_moves_the_focus_where_the_window_says_so",

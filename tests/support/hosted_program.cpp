@@ -2,6 +2,7 @@
 
 #include "commands/dialog_commands.h"
 #include "commands/system_commands.h"
+#include "commands/text_commands.h"
 #include "support/core_program.h"
 #include "windows/drawing_commands.h"
 #include "windows/event_commands.h"
@@ -33,6 +34,7 @@ HostedProgram::HostedProgram(const Host& host, Display& display)
   wallpaper.Register(commands);
   AddDialogCommands(commands, run);
   AddSystemCommands(commands, run);
+  AddTextCommands(commands, run);
 }
 
 int HostedProgram::Run(std::string_view editor0, std::string_view routines,

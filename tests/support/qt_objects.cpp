@@ -1,7 +1,9 @@
 #include "support/qt_objects.h"
 
+#include <QApplication>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
+#include <QMenu>
 #include <QTest>
 #include <QWidget>
 #include <QWindow>
@@ -11,9 +13,11 @@
 #include "objects/barra_rolagem.h"
 #include "objects/box_control.h"
 #include "objects/check.h"
+#include "objects/menu_sistema.h"
 #include "objects/texto.h"
 #include "qt/looks/calendario_look.h"
 #include "qt/looks/combo_look.h"
+#include "qt/looks/guia_look.h"
 #include "qt/looks/look.h"
 #include "qt/text.h"
 #include "text/date.h"
@@ -218,6 +222,42 @@ class QtBar final : public QtObject {
   BarraControl& bar_;
 };
 
+// A tab of a window's menu bar, or an entry of the menu that it drops.
+class QtMenuItem final : public PersonObject {
+ public:
+  explicit QtMenuItem(MenuItem& item) : item_(item) {}
+
+  Form* Window() const override { return item_.Window(); }
+  bool IsInReach() const override { return item_.IsInReach(); }
+
+  void Click() override {
+    for (std::size_t menu = 0; menu < GuiaControl::kMenus; ++menu) {
+      if (&Bar().Guia(menu) == &item_) return ClickTab(menu);
+      const auto& entries = Bar().MenuGuia(menu);
+      for (std::size_t entry = 0; entry < entries.size(); ++entry) {
+        if (entries[entry].get() != &item_) continue;
+        ClickTab(menu);
+        auto& dropped = *Look().findChild<QMenu*>();
+        const QRect place = dropped.actionGeometry(dropped.actions()[static_cast<qsizetype>(entry)]);
+        return QTest::mouseClick(&dropped, Qt::LeftButton, {}, place.center());
+      }
+    }
+  }
+
+ private:
+  GuiaControl& Bar() const {
+    return dynamic_cast<GuiaControl&>(*item_.Window()->Controls().Element("Guia", 0));
+  }
+  GuiaLook& Look() const { return dynamic_cast<GuiaLook&>(static_cast<LookView&>(*Bar().View()).Widget()); }
+  // An open menu is closed first, as by a person who looks elsewhere.
+  void ClickTab(std::size_t menu) const {
+    if (QWidget* open = QApplication::activePopupWidget()) open->close();
+    QTest::mouseClick(&Look(), Qt::LeftButton, {}, Look().TabRect(menu).center().toPoint());
+  }
+
+  MenuItem& item_;
+};
+
 }  // namespace
 
 // Keys of the first 127 characters; others come composed, as those of dead keys do.
@@ -234,6 +274,7 @@ void TypeCharacters(QWindow* window, std::string_view text) {
 }
 
 std::unique_ptr<PersonObject> RealEventsOn(PersonObject& object) {
+  if (auto* item = dynamic_cast<MenuItem*>(&object)) return std::make_unique<QtMenuItem>(*item);
   auto* control = dynamic_cast<Control*>(&object);
   if (control == nullptr || control->View() == nullptr) return nullptr;
   if (auto* box = dynamic_cast<BoxControl*>(control)) return std::make_unique<QtGrid>(*box);
