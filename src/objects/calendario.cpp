@@ -20,18 +20,6 @@ Value Txt(const SuffixCall& call) {
 }
 
 constexpr SuffixRow kSuffixes[] = {
-    {".ATIVO", suffix::Ativo},
-    {".VISIVEL", suffix::Visivel},
-    {".CORFUNDO", suffix::CorFundo},
-    {".CORLETRA", suffix::CorLetra},
-    {".INDICETAB", suffix::IndiceTab},
-    {".MOVEFOCO", suffix::MoveFoco},
-    {".DICA", suffix::Dica},
-    {".NOMEFONTE", suffix::NomeFonte},
-    {".TAMFONTE", suffix::TamFonte},
-    {".NEGRITO", suffix::Negrito},
-    {".ITALICO", suffix::Italico},
-    {".PAI", suffix::Pai},
     {".TXT", Txt},
 };
 
@@ -87,7 +75,7 @@ void CalendarioControl::OnKeyPress(char character) {
 // The family
 
 CalendarioFamily::CalendarioFamily(ObjectFrame& frame)
-    : ObjectFamily(frame, "TxtCal", kCompanions, kSuffixes) {}
+    : ObjectFamily(frame, "TxtCal", kCompanions, kSuffixes, suffix::kOfEntries) {}
 
 std::shared_ptr<Control> CalendarioFamily::NewControl(Form& form, std::string_view, int index) {
   const DateTime now = std::chrono::floor<std::chrono::seconds>(run().host.clock.Now());

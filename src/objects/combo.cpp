@@ -28,18 +28,6 @@ Value Linhas(const SuffixCall& call) {
 }
 
 constexpr SuffixRow kSuffixes[] = {
-    {".ATIVO", suffix::Ativo},
-    {".VISIVEL", suffix::Visivel},
-    {".CORFUNDO", suffix::CorFundo},
-    {".CORLETRA", suffix::CorLetra},
-    {".INDICETAB", suffix::IndiceTab},
-    {".MOVEFOCO", suffix::MoveFoco},
-    {".DICA", suffix::Dica},
-    {".NOMEFONTE", suffix::NomeFonte},
-    {".TAMFONTE", suffix::TamFonte},
-    {".NEGRITO", suffix::Negrito},
-    {".ITALICO", suffix::Italico},
-    {".PAI", suffix::Pai},
     {".ADICIONA", Adiciona},
     {".TXT", Txt},
     {".LINHAS", Linhas},
@@ -123,7 +111,7 @@ void ComboControl::OnKeyPress(char character) {
 
 // The family
 
-Combo::Combo(ObjectFrame& frame) : ObjectFamily(frame, "Cmb", kCompanions, kSuffixes) {}
+Combo::Combo(ObjectFrame& frame) : ObjectFamily(frame, "Cmb", kCompanions, kSuffixes, suffix::kOfEntries) {}
 
 std::shared_ptr<Control> Combo::NewControl(Form& form, std::string_view, int index) {
   return std::make_shared<ComboControl>(form, *this, index);

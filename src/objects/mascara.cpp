@@ -31,14 +31,10 @@ Value Seleciona(const SuffixCall& call) {
 }
 
 constexpr SuffixRow kSuffixes[] = {
-    {".ATIVO", suffix::Ativo},         {".VISIVEL", suffix::Visivel},
-    {".CORFUNDO", suffix::CorFundo},   {".CORLETRA", suffix::CorLetra},
-    {".INDICETAB", suffix::IndiceTab}, {".MOVEFOCO", suffix::MoveFoco},
-    {".DICA", suffix::Dica},           {".NOMEFONTE", suffix::NomeFonte},
-    {".TAMFONTE", suffix::TamFonte},   {".NEGRITO", suffix::Negrito},
-    {".ITALICO", suffix::Italico},     {".PAI", suffix::Pai},
-    {".ALTURA", suffix::Altura},       {".TXT", Txt},
-    {".SELECIONA", Seleciona},         {".MASCARA", Mask},
+    {".ALTURA", suffix::Altura},
+    {".TXT", Txt},
+    {".SELECIONA", Seleciona},
+    {".MASCARA", Mask},
 };
 
 }  // namespace
@@ -75,7 +71,8 @@ void MascaraControl::OnKeyPress(char character) {
 
 // The family
 
-Mascara::Mascara(ObjectFrame& frame) : ObjectFamily(frame, "TxtMask", kCompanions, kSuffixes) {}
+Mascara::Mascara(ObjectFrame& frame)
+    : ObjectFamily(frame, "TxtMask", kCompanions, kSuffixes, suffix::kOfEntries) {}
 
 std::shared_ptr<Control> Mascara::NewControl(Form& form, std::string_view, int index) {
   return std::make_shared<MascaraControl>(form, *this, index);

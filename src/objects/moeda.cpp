@@ -23,18 +23,6 @@ Value Valor(const SuffixCall& call) {
 }
 
 constexpr SuffixRow kSuffixes[] = {
-    {".ATIVO", suffix::Ativo},
-    {".VISIVEL", suffix::Visivel},
-    {".CORFUNDO", suffix::CorFundo},
-    {".CORLETRA", suffix::CorLetra},
-    {".INDICETAB", suffix::IndiceTab},
-    {".MOVEFOCO", suffix::MoveFoco},
-    {".DICA", suffix::Dica},
-    {".NOMEFONTE", suffix::NomeFonte},
-    {".TAMFONTE", suffix::TamFonte},
-    {".NEGRITO", suffix::Negrito},
-    {".ITALICO", suffix::Italico},
-    {".PAI", suffix::Pai},
     {".ALTURA", suffix::Altura},
     {".CASAS", Casas},
     {".VALOR", Valor},
@@ -78,7 +66,8 @@ void MoedaControl::OnKeyPress(char character) {
 
 // The family
 
-Moeda::Moeda(ObjectFrame& frame) : ObjectFamily(frame, "TxtNum", kCompanions, kSuffixes) {}
+Moeda::Moeda(ObjectFrame& frame)
+    : ObjectFamily(frame, "TxtNum", kCompanions, kSuffixes, suffix::kOfEntries) {}
 
 std::shared_ptr<Control> Moeda::NewControl(Form& form, std::string_view, int index) {
   return std::make_shared<MoedaControl>(form, *this, index);

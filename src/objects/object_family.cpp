@@ -12,8 +12,8 @@
 namespace tessera {
 
 ObjectFamily::ObjectFamily(ObjectFrame& frame, std::string_view array, std::span<const Companion> companions,
-                           std::span<const SuffixRow> suffixes)
-    : frame_(frame), array_(array), companions_(companions), suffixes_(suffixes) {}
+                           std::span<const SuffixRow> suffixes, std::span<const SuffixRow> shared)
+    : frame_(frame), array_(array), companions_(companions), suffixes_(suffixes), shared_(shared) {}
 
 Run& ObjectFamily::run() const {
   return frame_.run();
@@ -74,9 +74,12 @@ Value ObjectFamily::DoSuffix(const Settings& arguments, ObjectRow& row, Position
   BeforeSuffix(call);
   const Position blank = Find(first, " ", point);
   const std::string word = Upper(Mid(first, point, blank == 0 ? std::string_view::npos : blank - point));
-  const auto suffix = std::find_if(suffixes_.begin(), suffixes_.end(),
-                                   [&word](const SuffixRow& r) { return r.word == word; });
-  return suffix == suffixes_.end() ? Value() : suffix->act(call);
+  for (const auto& table : {suffixes_, shared_}) {
+    for (const SuffixRow& suffix : table) {
+      if (suffix.word == word) return suffix.act(call);
+    }
+  }
+  return {};
 }
 
 // Creation

@@ -37,8 +37,9 @@ struct ObjectRow {
 
 class ObjectFamily : public ControlEvents {
  public:
+  // `shared` are the suffixes that the family has in common with others.
   ObjectFamily(ObjectFrame& frame, std::string_view array, std::span<const Companion> companions,
-               std::span<const SuffixRow> suffixes);
+               std::span<const SuffixRow> suffixes, std::span<const SuffixRow> shared = {});
   ~ObjectFamily() override = default;
   ObjectFamily(const ObjectFamily&) = delete;
   ObjectFamily& operator=(const ObjectFamily&) = delete;
@@ -116,6 +117,7 @@ class ObjectFamily : public ControlEvents {
   std::string_view array_;
   std::span<const Companion> companions_;
   std::span<const SuffixRow> suffixes_;
+  std::span<const SuffixRow> shared_;
   std::vector<ObjectRow> rows_;
 };
 

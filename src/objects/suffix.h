@@ -70,6 +70,13 @@ Value Pai(const SuffixCall& call);
 // `Height` in lines.
 Value Altura(const SuffixCall& call);
 
+// What all entries have: state, colours, focus, hover text, font and `.PAI`.
+inline constexpr SuffixRow kOfEntries[] = {
+    {".ATIVO", Ativo},         {".VISIVEL", Visivel},   {".CORFUNDO", CorFundo}, {".CORLETRA", CorLetra},
+    {".INDICETAB", IndiceTab}, {".MOVEFOCO", MoveFoco}, {".DICA", Dica},         {".NOMEFONTE", NomeFonte},
+    {".TAMFONTE", TamFonte},   {".NEGRITO", Negrito},   {".ITALICO", Italico},   {".PAI", Pai},
+};
+
 // The value of `.JUSTIFICA`: 0 left, 1 right, 2 centre; failure 380 for another.
 TextAlign AlignmentOf(const SuffixCall& call);
 

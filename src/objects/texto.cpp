@@ -87,18 +87,6 @@ Value Numerico(const SuffixCall& call) {
 }
 
 constexpr SuffixRow kSuffixes[] = {
-    {".ATIVO", suffix::Ativo},
-    {".VISIVEL", suffix::Visivel},
-    {".CORFUNDO", suffix::CorFundo},
-    {".CORLETRA", suffix::CorLetra},
-    {".INDICETAB", suffix::IndiceTab},
-    {".MOVEFOCO", suffix::MoveFoco},
-    {".DICA", suffix::Dica},
-    {".NOMEFONTE", suffix::NomeFonte},
-    {".TAMFONTE", suffix::TamFonte},
-    {".NEGRITO", suffix::Negrito},
-    {".ITALICO", suffix::Italico},
-    {".PAI", suffix::Pai},
     {".TXT", Txt},
     {".TEXTORTF", TextoRtf},
     {".SELECIONA", Seleciona},
@@ -205,7 +193,8 @@ void TextoControl::FontChanged() {
 
 // The family
 
-Texto::Texto(ObjectFrame& frame) : ObjectFamily(frame, kOneLine, kCompanions, kSuffixes) {}
+Texto::Texto(ObjectFrame& frame)
+    : ObjectFamily(frame, kOneLine, kCompanions, kSuffixes, suffix::kOfEntries) {}
 
 std::string Texto::ArrayFor(const Settings& arguments) {
   const bool isTall = !arguments.Raw(kLinesPlace).empty() && arguments.Number(kLinesPlace).ToDouble() >= 3;

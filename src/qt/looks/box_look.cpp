@@ -1,7 +1,5 @@
 #include "qt/looks/box_look.h"
 
-#include <QClipboard>
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -230,29 +228,28 @@ void BoxLook::leaveEvent(QEvent*) {
 
 // The clipboard belongs to the cell that is edited.
 bool BoxLook::TakeShortcut(const QKeyEvent& event) {
-  const NovoBox& grid = control().Grid();
-  if (!grid.EditingPlace()) return false;
-  QClipboard& clipboard = *QGuiApplication::clipboard();
-  const bool isCut = event.matches(QKeySequence::Cut);
-  if (isCut || event.matches(QKeySequence::Copy)) {
-    const TextField& editor = grid.Editor();
-    if (editor.SelLength() > 0) {
-      clipboard.setText(ToQString(editor.Text().substr(editor.SelStart(), editor.SelLength())));
-    }
-    if (isCut && editor.SelLength() > 0) Tell([](BoxControl& box) { box.OnKeyDown(key::kDelete, {}); });
-    return true;
-  }
-  if (event.matches(QKeySequence::SelectAll)) {
-    Tell([](BoxControl& box) {
-      box.Change([](NovoBox& edited) { edited.PlaceEditorCaret(0, edited.Editor().Text().size()); });
-    });
-    return true;
-  }
-  if (!event.matches(QKeySequence::Paste)) return false;
-  Tell([text = FromQString(clipboard.text())](BoxControl& box) {
+  return control().Grid().EditingPlace() && ServeClipboardKey(event, *this);
+}
+
+void BoxLook::SelectAll() {
+  Tell([](BoxControl& box) {
+    box.Change([](NovoBox& edited) { edited.PlaceEditorCaret(0, edited.Editor().Text().size()); });
+  });
+}
+
+std::string BoxLook::Selected() const {
+  const TextField& editor = control().Grid().Editor();
+  return editor.Text().substr(editor.SelStart(), editor.SelLength());
+}
+
+void BoxLook::DeleteSelected() {
+  Tell([](BoxControl& box) { box.OnKeyDown(key::kDelete, {}); });
+}
+
+void BoxLook::Paste(const std::string& text) {
+  Tell([text](BoxControl& box) {
     for (const char character : text) box.OnKeyPress(character);
   });
-  return true;
 }
 
 }  // namespace tessera

@@ -4,11 +4,11 @@
 #include <QTimer>
 
 #include "objects/box_control.h"
-#include "qt/looks/look.h"
+#include "qt/looks/text_look.h"
 
 namespace tessera {
 
-class BoxLook final : public PaintedLook<BoxControl> {
+class BoxLook final : public PaintedLook<BoxControl>, private ClipboardUser {
  public:
   BoxLook(BoxControl& control, LogicEntry& entry);
 
@@ -25,6 +25,11 @@ class BoxLook final : public PaintedLook<BoxControl> {
   void leaveEvent(QEvent* event) override;
 
  private:
+  void SelectAll() override;
+  std::string Selected() const override;
+  void DeleteSelected() override;
+  void Paste(const std::string& text) override;
+
   void PaintTitles(QPainter& painter);
   void PaintCells(QPainter& painter);
   void PaintEditor(QPainter& painter);

@@ -1,12 +1,8 @@
 #include "qt/looks/entry_look.h"
 
-#include <QClipboard>
 #include <QFontMetricsF>
-#include <QGuiApplication>
-#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QStyleHints>
 #include <algorithm>
 #include <string>
 
@@ -25,7 +21,7 @@ constexpr double kButtonWidth = 20;
 
 }  // namespace
 
-EntryLook::EntryLook(EntryControl& control, LogicEntry& entry) : PaintedLook(control, entry) {
+EntryLook::EntryLook(EntryControl& control, LogicEntry& entry) : TextLook(control, entry) {
   setCursor(Qt::IBeamCursor);
 }
 
@@ -109,40 +105,7 @@ void EntryLook::paintEvent(QPaintEvent*) {
     painter.drawText(QPointF(left, baseline), text);
     painter.setClipRect(area.adjusted(-1, 0, 1, 0));
   }
-  if (caretIsLit_) painter.fillRect(CaretRect(), ToQColor(control().ForeColor()));
-}
-
-void EntryLook::RestartBlinking() {
-  caretIsLit_ = true;
-  const int flash = QGuiApplication::styleHints()->cursorFlashTime();
-  if (hasFocus() && flash > 1) {
-    blink_.start(flash / 2, this);
-  } else {
-    blink_.stop();
-  }
-}
-
-void EntryLook::timerEvent(QTimerEvent*) {
-  caretIsLit_ = !caretIsLit_;
-  update();
-}
-
-void EntryLook::focusInEvent(QFocusEvent*) {
-  RestartBlinking();
-  update();
-}
-
-void EntryLook::focusOutEvent(QFocusEvent*) {
-  RestartBlinking();
-  update();
-}
-
-void EntryLook::enterEvent(QEnterEvent*) {
-  update();
-}
-
-void EntryLook::leaveEvent(QEvent*) {
-  update();
+  if (CaretIsLit()) painter.fillRect(CaretRect(), ToQColor(control().ForeColor()));
 }
 
 QVariant EntryLook::inputMethodQuery(Qt::InputMethodQuery query) const {
@@ -183,28 +146,24 @@ void EntryLook::mouseDoubleClickEvent(QMouseEvent* event) {
   });
 }
 
-bool EntryLook::TakeShortcut(const QKeyEvent& event) {
-  const auto is = [&event](QKeySequence::StandardKey key) { return event.matches(key); };
-  if (is(QKeySequence::SelectAll)) {
-    Tell([](EntryControl& entry) { entry.PlaceCaret(0, entry.Shown().text.size()); });
-    return true;
-  }
-  if (is(QKeySequence::Copy) || is(QKeySequence::Cut)) {
-    const EntryControl::Line line = control().Shown();
-    if (line.selLength > 0) {
-      QGuiApplication::clipboard()->setText(ToQString(line.text.substr(line.selStart, line.selLength)));
-      if (is(QKeySequence::Cut)) Tell([](EntryControl& entry) { entry.OnKeyDown(key::kDelete, {}); });
-    }
-    return true;
-  }
-  if (is(QKeySequence::Paste)) {
-    const std::string text = FromQString(QGuiApplication::clipboard()->text());
-    Tell([line = text.substr(0, text.find_first_of("\r\n"))](EntryControl& entry) {
-      for (const char character : line) entry.OnKeyPress(character);
-    });
-    return true;
-  }
-  return false;
+void EntryLook::SelectAll() {
+  Tell([](EntryControl& entry) { entry.PlaceCaret(0, entry.Shown().text.size()); });
+}
+
+std::string EntryLook::Selected() const {
+  const EntryControl::Line line = control().Shown();
+  return line.text.substr(line.selStart, line.selLength);
+}
+
+void EntryLook::DeleteSelected() {
+  Tell([](EntryControl& entry) { entry.OnKeyDown(key::kDelete, {}); });
+}
+
+// The first line of what comes, key by key.
+void EntryLook::Paste(const std::string& text) {
+  Tell([line = text.substr(0, text.find_first_of("\r\n"))](EntryControl& entry) {
+    for (const char character : line) entry.OnKeyPress(character);
+  });
 }
 
 }  // namespace tessera

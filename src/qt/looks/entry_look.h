@@ -3,32 +3,29 @@
 // and hands over keys, the caret's place and the clipboard.
 #pragma once
 
-#include <QBasicTimer>
-
 #include "objects/entry_control.h"
-#include "qt/looks/look.h"
+#include "qt/looks/text_look.h"
 
 class QPainter;
 
 namespace tessera {
 
-class EntryLook : public PaintedLook<EntryControl> {
+class EntryLook : public TextLook<EntryControl> {
  public:
   EntryLook(EntryControl& control, LogicEntry& entry);
 
   void FollowControl() override;
-  bool TakeShortcut(const QKeyEvent& event) override;
 
   // Where the button is painted; empty for an entry without one.
   QRectF ButtonRect() const;
 
  protected:
+  void SelectAll() override;
+  std::string Selected() const override;
+  void DeleteSelected() override;
+  void Paste(const std::string& text) override;
+
   void paintEvent(QPaintEvent* event) override;
-  void enterEvent(QEnterEvent* event) override;
-  void leaveEvent(QEvent* event) override;
-  void focusInEvent(QFocusEvent* event) override;
-  void focusOutEvent(QFocusEvent* event) override;
-  void timerEvent(QTimerEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
@@ -48,10 +45,7 @@ class EntryLook : public PaintedLook<EntryControl> {
   double AdvanceOf(std::size_t characters) const;
   QRectF CaretRect() const;
   std::size_t PlaceAt(double x) const;
-  void RestartBlinking();
 
-  QBasicTimer blink_;
-  bool caretIsLit_ = true;
   std::size_t anchor_ = 0;  // where a selection with the pointer began
   bool selects_ = false;
   mutable double scrolled_ = 0;

@@ -1,12 +1,8 @@
 #include "qt/looks/texto_look.h"
 
 #include <QAbstractTextDocumentLayout>
-#include <QClipboard>
-#include <QGuiApplication>
-#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QStyleHints>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QWheelEvent>
@@ -42,7 +38,7 @@ QTextCharFormat ToQt(const CharFormat& format) {
 
 }  // namespace
 
-TextoLook::TextoLook(TextoControl& control, LogicEntry& entry) : PaintedLook(control, entry) {
+TextoLook::TextoLook(TextoControl& control, LogicEntry& entry) : TextLook(control, entry) {
   setCursor(Qt::IBeamCursor);
   document_.setDocumentMargin(0);
   document_.setUndoRedoEnabled(false);
@@ -153,7 +149,7 @@ void TextoLook::paintEvent(QPaintEvent*) {
   if (!isEnabled()) painter.setOpacity(0.5);
   document_.documentLayout()->draw(&painter, context);
   painter.setOpacity(1);
-  if (hasFocus() && caretIsLit_) {
+  if (hasFocus() && CaretIsLit()) {
     painter.fillRect(CaretRect(text.Caret())
                          .translated(-0.5, 0)
                          .toAlignedRect()
@@ -177,42 +173,9 @@ void TextoLook::PaintMark(QPainter& painter) {
   painter.drawRoundedRect(mark, kMarkWidth / 2, kMarkWidth / 2);
 }
 
-void TextoLook::RestartBlinking() {
-  caretIsLit_ = true;
-  const int flash = QGuiApplication::styleHints()->cursorFlashTime();
-  if (hasFocus() && flash > 1) {
-    blink_.start(flash / 2, this);
-  } else {
-    blink_.stop();
-  }
-}
-
-void TextoLook::timerEvent(QTimerEvent*) {
-  caretIsLit_ = !caretIsLit_;
-  update();
-}
-
 void TextoLook::resizeEvent(QResizeEvent*) {
   LayOut();
   ScrollToCaret();
-}
-
-void TextoLook::focusInEvent(QFocusEvent*) {
-  RestartBlinking();
-  update();
-}
-
-void TextoLook::focusOutEvent(QFocusEvent*) {
-  RestartBlinking();
-  update();
-}
-
-void TextoLook::enterEvent(QEnterEvent*) {
-  update();
-}
-
-void TextoLook::leaveEvent(QEvent*) {
-  update();
 }
 
 QVariant TextoLook::inputMethodQuery(Qt::InputMethodQuery query) const {
@@ -262,26 +225,20 @@ void TextoLook::wheelEvent(QWheelEvent* event) {
   update();
 }
 
-bool TextoLook::TakeShortcut(const QKeyEvent& event) {
-  const auto is = [&event](QKeySequence::StandardKey key) { return event.matches(key); };
-  if (is(QKeySequence::SelectAll)) {
-    Tell([](TextoControl& text) { text.PlaceCaret(0, text.State().Content().Text().size()); });
-    return true;
-  }
-  if (is(QKeySequence::Copy) || is(QKeySequence::Cut)) {
-    const RichText& text = control().State();
-    if (text.SelLength() > 0) {
-      QGuiApplication::clipboard()->setText(ToQLines(text.SelText()));
-      if (is(QKeySequence::Cut)) Tell([](TextoControl& entry) { entry.OnKeyDown(key::kDelete, {}); });
-    }
-    return true;
-  }
-  if (is(QKeySequence::Paste)) {
-    const std::string text = FromQString(QGuiApplication::clipboard()->text());
-    Tell([text](TextoControl& entry) { entry.Paste(text); });
-    return true;
-  }
-  return false;
+void TextoLook::SelectAll() {
+  Tell([](TextoControl& text) { text.PlaceCaret(0, text.State().Content().Text().size()); });
+}
+
+std::string TextoLook::Selected() const {
+  return control().State().SelText();
+}
+
+void TextoLook::DeleteSelected() {
+  Tell([](TextoControl& text) { text.OnKeyDown(key::kDelete, {}); });
+}
+
+void TextoLook::Paste(const std::string& text) {
+  Tell([text](TextoControl& entry) { entry.Paste(text); });
 }
 
 }  // namespace tessera

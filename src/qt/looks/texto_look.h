@@ -2,29 +2,27 @@
 // lines. The text is the control's; a document of the window system lays it out.
 #pragma once
 
-#include <QBasicTimer>
 #include <QTextDocument>
 
 #include "objects/texto.h"
-#include "qt/looks/look.h"
+#include "qt/looks/text_look.h"
 
 namespace tessera {
 
-class TextoLook final : public PaintedLook<TextoControl> {
+class TextoLook final : public TextLook<TextoControl> {
  public:
   TextoLook(TextoControl& control, LogicEntry& entry);
 
   void FollowControl() override;
-  bool TakeShortcut(const QKeyEvent& event) override;
 
  protected:
+  void SelectAll() override;
+  std::string Selected() const override;
+  void DeleteSelected() override;
+  void Paste(const std::string& text) override;
+
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
-  void enterEvent(QEnterEvent* event) override;
-  void leaveEvent(QEvent* event) override;
-  void focusInEvent(QFocusEvent* event) override;
-  void focusOutEvent(QFocusEvent* event) override;
-  void timerEvent(QTimerEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
@@ -44,13 +42,10 @@ class TextoLook final : public PaintedLook<TextoControl> {
   std::size_t PlaceAt(QPointF at) const;
   std::size_t MovedByLines(std::size_t caret, int lines) const;
   void PaintMark(QPainter& painter);
-  void RestartBlinking();
 
   QTextDocument document_;
   StyledText shown_;  // what the document was filled with
   QPointF scrolled_;
-  QBasicTimer blink_;
-  bool caretIsLit_ = true;
   std::size_t seenCaret_ = 0;
   std::size_t anchor_ = 0;
   bool selects_ = false;
