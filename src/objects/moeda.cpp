@@ -2,6 +2,7 @@
 
 #include "objects/object_frame.h"
 #include "text/number.h"
+#include "text/one_based.h"
 #include "windows/display.h"
 
 namespace tessera {
@@ -54,6 +55,13 @@ void MoedaControl::PlaceCaret(std::size_t anchor, std::size_t caret) {
 
 void MoedaControl::EnterValue(double value) {
   ReplaceText(NumberText(value));
+}
+
+// A text in the form in which the field shows numbers comes without its group marks, which nobody types.
+void MoedaControl::ReplaceText(std::string_view text) {
+  std::string typed(text);
+  if (Contains(typed, ",")) std::erase(typed, '.');
+  EntryControl::ReplaceText(typed);
 }
 
 void MoedaControl::OnKeyDown(int keyCode, KeyShift shift) {

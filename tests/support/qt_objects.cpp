@@ -9,11 +9,13 @@
 #include <QWindow>
 #include <algorithm>
 #include <cmath>
+#include <string>
 
 #include "objects/barra_rolagem.h"
 #include "objects/box_control.h"
 #include "objects/check.h"
 #include "objects/menu_sistema.h"
+#include "objects/moeda.h"
 #include "objects/texto.h"
 #include "qt/looks/calendario_look.h"
 #include "qt/looks/combo_look.h"
@@ -139,7 +141,10 @@ class QtEntry : public QtObject {
   void ReplaceText(std::string_view text) override {
     QTest::keyClick(TopWindow(), Qt::Key_A, Qt::ControlModifier);
     if (text.empty()) QTest::keyClick(TopWindow(), Qt::Key_Delete);
-    TypeCharacters(TopWindow(), text);
+    // Nobody types the group marks of a number.
+    std::string typed(text);
+    if (dynamic_cast<MoedaControl*>(&Target()) != nullptr && Contains(typed, ",")) std::erase(typed, '.');
+    TypeCharacters(TopWindow(), typed);
   }
   void EnterValue(double value) override { ReplaceText(NumberText(value)); }
 
