@@ -171,7 +171,7 @@ std::string EntraNum::Formata(std::string_view text, int casas) {
   return shown;
 }
 
-// OPEN: the two other helpers of the border's drawing have no meaning without a pixel, and are left out.
+// OPEN: the two other operations of the border's drawing have no meaning without a pixel, and are left out.
 std::int32_t EntraNum::Clareia(std::int32_t color) {
   constexpr std::int32_t kWhite = 0xFFFFFF;
   constexpr std::int32_t kHalves = 0x7F7F7F;
