@@ -7,6 +7,7 @@
 #include <QTextCursor>
 #include <QWheelEvent>
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "controls/key_code.h"
@@ -108,7 +109,8 @@ void TextoLook::ScrollToCaret() {
   // A single line stands in the middle of its height.
   const double x = std::clamp(scrolled_.x(), caret.left() - area.width() + 2, caret.left());
   const double room = area.width() - document_.idealWidth();
-  scrolled_ = {room >= 0 ? 0 : std::max(0.0, x), -(area.height() - document_.size().height()) / 2};
+  scrolled_ = {room >= 0 ? 0 : std::max(0.0, x),
+               -std::round((area.height() - document_.size().height()) / 2)};
 }
 
 std::size_t TextoLook::PlaceAt(QPointF at) const {
