@@ -57,7 +57,8 @@ void MoedaControl::EnterValue(double value) {
   ReplaceText(NumberText(value));
 }
 
-// A text in the form in which the field shows numbers comes without its group marks, which nobody types.
+// OPEN: a text in the form in which the field shows numbers comes without its group marks, which nobody
+// types.
 void MoedaControl::ReplaceText(std::string_view text) {
   std::string typed(text);
   if (Contains(typed, ",")) std::erase(typed, '.');

@@ -102,6 +102,7 @@ void ObjectFamily::CreateObject(const Settings& arguments) {
       std::find_if(rows_.begin(), rows_.end(), [](const ObjectRow& row) { return row.name.empty(); });
   const auto index = static_cast<std::size_t>(free - rows_.begin());
   // Element 0 stands on each window from the start.
+  // OPEN: so it keeps what an object before has set.
   std::shared_ptr<Control> control = form.Controls().Element(array, static_cast<int>(index));
   if (index > 0 || !control) {
     control = NewControl(form, array, static_cast<int>(index));

@@ -33,7 +33,8 @@ struct SuffixCall {
     return static_cast<T&>(control);
   }
 
-  // The value behind the equals sign: a number or a word, and a name or path, which must stay text.
+  // The value behind the equals sign: a number, a word or a text, and a name or path, which must stay text.
+  // OPEN: texts are computed as numbers are.
   Value Number() const { return arguments.Number(kValue); }
   std::string Word() const { return Number().ToText(); }
   std::string Text() const;

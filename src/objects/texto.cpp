@@ -219,7 +219,7 @@ void Texto::SetText(TextoControl& entry, std::string_view text) {
   OnChange(entry);
 }
 
-// What a person types is there before the timer comes by, however soon the program looks.
+// OPEN: what a person types is there before the timer comes by, however soon the program looks.
 void Texto::OnChange(Control& control) {
   TellCompanion(control, kTxt, static_cast<TextoControl&>(control).Text());
 }

@@ -17,6 +17,7 @@ void Control::Move(const ControlPlace& place) {
   Refresh();
 }
 
+// OPEN: a control that a person can't reach has no focus, and is given none.
 void Control::SetVisible(bool visible) {
   Set(visible_, visible);
   if (!visible) form_.DropFocus(*this);
