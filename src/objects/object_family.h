@@ -62,6 +62,7 @@ class ObjectFamily : public ControlEvents {
   void ClearMainWindow();
   // Texts that were typed reach the companion variables.
   virtual void CopyTexts() {}
+  virtual void WakeCopying() {}
 
   void OnGotFocus(Control& control) override;
   void OnLostFocus(Control& control) override;

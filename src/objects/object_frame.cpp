@@ -70,4 +70,8 @@ void ObjectFrame::CopyTexts() {
   for (const auto& family : families_) family->CopyTexts();
 }
 
+void ObjectFrame::WakeCopying() {
+  for (const auto& family : families_) family->WakeCopying();
+}
+
 }  // namespace tessera

@@ -52,6 +52,7 @@ class ObjectFrame final : public WindowObjects {
   void ClearMainWindow() override;
   PersonObject* Find(std::string_view name, const ProgramWindow& window) override;
   void CopyTexts() override;
+  void WakeCopying() override;
 
  private:
   void AddFamily(CommandTable& table, std::string_view word, std::unique_ptr<ObjectFamily> family);

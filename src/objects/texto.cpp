@@ -211,7 +211,7 @@ void Texto::Create(Control& control, ObjectRow&, const Settings& arguments) {
   const bool isOneLine = !arguments.Raw(kLinesPlace).empty() && arguments.Number(kLinesPlace).ToDouble() == 1;
   if (!isOneLine) SetHeight(control, arguments, kLinesPlace);
   static_cast<TextoControl&>(control).SetText("");
-  if (!Timer2_) Timer2_ = run().host.events.StartTimer(kCopyInterval, [this] { CopyTexts(); });
+  WakeCopying();
 }
 
 void Texto::SetText(TextoControl& entry, std::string_view text) {
@@ -225,14 +225,30 @@ void Texto::OnChange(Control& control) {
 }
 
 void Texto::CopyTexts() {
-  bool isInUse = false;
+  if (!Copy()) Timer2_.reset();
+}
+
+bool Texto::Copy() {
+  bool differed = false;
   for (const ObjectRow& row : Rows()) {
     const auto entry = std::static_pointer_cast<TextoControl>(row.object.lock());
     if (row.name.empty() || !entry) continue;
-    isInUse = true;
+    const std::string variable = row.name + std::string(kTxt);
+    VariableStore& variables = run().variables;
+    if (variables.VarFind(variable) < 0 || variables.VarRead(variable).ToText() == entry->Text()) continue;
+    differed = true;
     OnChange(*entry);
   }
-  if (!isInUse) Timer2_.reset();
+  return differed;
+}
+
+void Texto::WakeCopying() {
+  const bool isInUse = std::any_of(Rows().begin(), Rows().end(), [](const ObjectRow& row) {
+    return !row.name.empty() && !row.object.expired();
+  });
+  if (isInUse && !Timer2_) {
+    Timer2_ = run().host.events.StartTimer(kCopyInterval, [this] { CopyTexts(); });
+  }
 }
 
 void Texto::Reset() {

@@ -27,6 +27,7 @@ void AwaitText(Run& run, std::string& pending) {
 Value Aguarde(Run& run, WindowModel& windows, std::string_view arguments) {
   const Arguments parts(run, arguments, kTwoArguments);
   const std::string mode = Upper(parts.Raw(0));
+  windows.OnYield();
   if (mode == "EVENTOS") {
     run.host.events.AwaitEvents(milliseconds(0));
   } else if (mode == "CLIQUEBOTAO" || mode == "CLIQUEOBJETO") {

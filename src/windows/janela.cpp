@@ -143,7 +143,10 @@ bool Janela::Prepare(const EditorTexts& editors) {
   const auto showCritical = [this](std::string_view text) { ShowCritical(run_, text); };
   InstallProgram(run_, PrepareProgram(editors, showCritical));
   if (run_.program.routines.HasTimersFlag) {
-    Timer1_ = run_.host.events.StartTimer(kTick, [this] { engine_.OnTickTimer(); });
+    Timer1_ = run_.host.events.StartTimer(kTick, [this] {
+      engine_.OnTickTimer();
+      windows_.OnYield();
+    });
   }
   const std::string problem = CheckBlocks(run_.program.ProgramText->text());
   if (problem.empty()) return true;

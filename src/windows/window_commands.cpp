@@ -48,6 +48,7 @@ Value Escreva(Run& run, WindowModel& windows, std::string_view arguments) {
   form.CurrentY = windows.PrintLinePixels + (isTitle ? 0 : windows.TamLin);
   windows.PrintColumnPixels = CursorInteger(form.CurrentX);
   windows.PrintLinePixels = CursorInteger(form.CurrentY);
+  windows.OnYield();
   run.host.events.ProcessEvents();
   return {};
 }

@@ -79,6 +79,10 @@ void WindowModel::OnLineDone() const {
   if (objects != nullptr) objects->CopyTexts();
 }
 
+void WindowModel::OnYield() const {
+  if (objects != nullptr) objects->WakeCopying();
+}
+
 bool WindowModel::CanBeReached(const Form& form) const {
   return modal.empty() || modal.back() == &form;
 }

@@ -81,6 +81,8 @@ struct WindowModel final : WindowDirectory {
   bool CanBeReached(const Form& form) const override;
   PersonObject* FindObject(std::string_view name) const override;
   void OnLineDone() const override;
+  // At each yield of the program.
+  void OnYield() const;
 };
 
 }  // namespace tessera
