@@ -22,7 +22,7 @@ Value Address(const SuffixCall& call) {
 }
 
 Value Sublinhado(const SuffixCall& call) {
-  SetBySimNao(call.Word(), [&](bool on) { call.As<LinkControl>().SetFontUnderline(on); });
+  call.As<LinkControl>().SetFontUnderline(suffix::IsSim(call));
   return {};
 }
 

@@ -43,10 +43,6 @@ Value SetFace(const SuffixCall& call, void (*change)(FontFace& face, const Suffi
   return {};
 }
 
-bool IsSim(const SuffixCall& call) {
-  return Upper(call.Word()) == "SIM";
-}
-
 }  // namespace
 
 // KEPT: the words stand in upper case here and in any case where a font is set
@@ -112,6 +108,10 @@ Value Altura(const SuffixCall& call) {
   place.Height = call.Number().ToDouble() * call.frame.windows().TamLin;
   call.control.Move(place);
   return {};
+}
+
+bool IsSim(const SuffixCall& call) {
+  return Upper(call.Word()) == "SIM";
 }
 
 TextAlign AlignmentOf(const SuffixCall& call) {

@@ -78,6 +78,9 @@ inline constexpr SuffixRow kOfEntries[] = {
     {".TAMFONTE", TamFonte},   {".NEGRITO", Negrito},   {".ITALICO", Italico},   {".PAI", Pai},
 };
 
+// Whether a font's property is set: "SIM" in any case, anything else clears it.
+bool IsSim(const SuffixCall& call);
+
 // The value of `.JUSTIFICA`: 0 left, 1 right, 2 centre; failure 380 for another.
 TextAlign AlignmentOf(const SuffixCall& call);
 

@@ -56,10 +56,6 @@ bool Control::IsInReach() const {
   return visible_ && enabled_ && (parent == nullptr || parent->Visible());
 }
 
-bool Control::HasFocus() const {
-  return form_.Focus() == this;
-}
-
 void Control::SetFocus() {
   if (IsInReach() && TakesFocus()) form_.MoveFocus(this);
 }

@@ -21,8 +21,8 @@ struct KeyShift {
   bool ctrl = false;
 };
 
-// What happens to the controls of a family. `index` is the element's place in its control array, which is the
-// object's row. The owner outlives its controls and only writes down what it hears.
+// What happens to the controls of a family; a control's `Index` is its object's row. The owner outlives its
+// controls and only writes down what it hears.
 class ControlEvents {
  public:
   virtual ~ControlEvents() = default;
@@ -100,7 +100,6 @@ class Control : public PersonObject, public std::enable_shared_from_this<Control
   virtual bool TakesFocus() const { return true; }
   // Whether Enter is the control's own, in a window that makes it a Tab.
   virtual bool TakesEnter() const { return false; }
-  bool HasFocus() const;
   // Draws the keyboard here; nothing happens while a person couldn't do it either.
   void SetFocus() override;
 

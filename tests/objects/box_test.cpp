@@ -146,7 +146,7 @@ TEST_F(BoxTest, LosesItsFocusWithEachCellThatWasEdited) {
   EXPECT_EQ(Read("PerdeuFoco"), "");
   PressCell(1, 0);
   EXPECT_EQ(Read("PerdeuFoco"), "G");
-  EXPECT_TRUE(Box().HasFocus());
+  EXPECT_EQ(Box().form().Focus(), &Box());
 }
 
 TEST_F(BoxTest, TheColoursOfTheControlAreThoseOfCellsToCome) {
