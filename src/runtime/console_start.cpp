@@ -6,7 +6,7 @@
 #include <optional>
 
 #include "console/console_host.h"
-#include "runtime/composition.h"
+#include "runtime/program_run.h"
 
 namespace tessera {
 
@@ -15,7 +15,7 @@ int RunOnConsole(const ProgramStart& start, bool answerCancel) {
   ConsoleStreams streams{.in = std::cin, .out = std::cout, .err = std::cerr};
   if (isatty(STDIN_FILENO) != 0) streams.terminal = STDIN_FILENO;
   ConsoleHost host(streams, {.programTitle = start.program.name, .answerCancel = answerCancel});
-  const int status = RunProgram(start, host.host(), host);
+  const int status = RunProgram(start, UserServices(host.host(), &host));
   std::cout.flush();
   return status;
 }

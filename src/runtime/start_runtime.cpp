@@ -11,10 +11,10 @@
 #include "qt/boxes.h"
 #include "qt/display_probe.h"
 #include "qt/qt_host.h"
-#include "runtime/composition.h"
 #include "runtime/console_start.h"
 #include "runtime/handover.h"
 #include "runtime/own_folder.h"
+#include "runtime/program_run.h"
 #include "runtime/program_start.h"
 #include "text/code_page.h"
 
@@ -47,7 +47,7 @@ int RunStart(const ProgramStart& start) {
     return RunOnConsole(start, false);
   }
   QtHost host;
-  return RunProgram(start, host.host(), host);
+  return RunProgram(start, UserServices(host.host(), &host));
 }
 
 // A file whose program cannot be read: the person may have no terminal, so a box tells it as well.
