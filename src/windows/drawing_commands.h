@@ -7,6 +7,6 @@
 
 namespace tessera {
 
-void AddDrawingCommands(CommandTable& table, Run& run, WindowModel& windows);
+void BindDrawingCommands(CommandTable& table, WindowModel& windows);
 
 }  // namespace tessera

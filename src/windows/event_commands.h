@@ -9,6 +9,6 @@
 
 namespace tessera {
 
-void AddEventCommands(CommandTable& table, Run& run, WindowModel& windows);
+void BindEventCommands(CommandTable& table, WindowModel& windows);
 
 }  // namespace tessera

@@ -7,6 +7,6 @@
 
 namespace tessera {
 
-void AddFontCommands(CommandTable& table, Run& run, Display& display);
+void BindFontCommands(CommandTable& table, Display& display);
 
 }  // namespace tessera

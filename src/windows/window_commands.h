@@ -8,6 +8,6 @@
 
 namespace tessera {
 
-void AddWindowCommands(CommandTable& table, Run& run, WindowModel& windows);
+void BindWindowCommands(CommandTable& table, WindowModel& windows);
 
 }  // namespace tessera

@@ -21,6 +21,7 @@
 #include "qt/boxes.h"
 #include "qt/fonts.h"
 #include "qt/print_surface.h"
+#include "support/core_program.h"
 #include "support/hosted_program.h"
 #include "windows/stock_pictures.h"
 
@@ -91,7 +92,7 @@ int DarkPixels(const QImage& picture, const QRect& area) {
 
 TEST_F(QtHostTest, TheWindowIsPaintedBeforeTheFirstStatementAndClosingItAfterTheEndEndsTheProcess) {
   bool wasPainted = false;
-  program.commands.Add("LEPORTA", [&](std::string_view, std::string_view) {
+  AtWord(program.run, "LePorta", [&](std::string_view) {
     QWidget* janela = WidgetNamed("Janela");
     wasPainted = janela != nullptr && janela->windowHandle()->isExposed();
     return Value();
