@@ -1,9 +1,9 @@
-#include "platform/system_reason.h"
 #include "tool/program_files.h"
+#include "platform/system_reason.h"
+#include "platform/whole_file.h"
 
 #include <algorithm>
 #include <cerrno>
-#include <fstream>
 #include <iterator>
 #include <optional>
 #include <vector>
@@ -54,7 +54,8 @@ Choice ChooseInFolder(const fs::path& folder, const std::string& folderName) {
   for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
     if (IsProgramFile(entry->path()) && entry->is_regular_file(error)) files.push_back(entry->path());
   }
-  if (error) return LoadProblem{folder.string() + ": não foi possível ler a pasta: " + SystemReason(error.value())};
+  if (error)
+    return LoadProblem{folder.string() + ": não foi possível ler a pasta: " + SystemReason(error.value())};
   std::sort(files.begin(), files.end());
 
   if (files.empty()) return LoadProblem{folder.string() + ": a pasta não tem nenhum arquivo .tsc"};
@@ -76,13 +77,11 @@ Choice ChooseInFolder(const fs::path& folder, const std::string& folderName) {
 }
 
 std::variant<std::string, LoadProblem> ReadSource(const fs::path& file) {
-  errno = 0;
-  std::ifstream stream(file, std::ios::binary);
-  const std::string bytes{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
-  if (!stream.is_open() || stream.bad()) {
-    return LoadProblem{file.string() + ": não foi possível ler o arquivo: " + SystemReason(errno)};
+  const auto read = ReadWholeFile(file.string());
+  if (const SystemError* error = std::get_if<SystemError>(&read)) {
+    return LoadProblem{file.string() + ": não foi possível ler o arquivo: " + SystemReason(error->number)};
   }
-  auto text = SourceTextFromBytes(bytes);
+  auto text = SourceTextFromBytes(std::get<std::string>(read));
   if (const SourceProblem* problem = std::get_if<SourceProblem>(&text)) {
     return LoadProblem{file.string() + ":" + std::to_string(problem->line) + ":" +
                        std::to_string(problem->column) + ": " + problem->reason};

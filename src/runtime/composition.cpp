@@ -19,6 +19,8 @@
 #include "image/image_reader.h"
 #include "objects/object_commands.h"
 #include "recorddb/record_database.h"
+#include "runtime/attentive_host.h"
+#include "text/literal.h"
 #include "values/run.h"
 #include "windows/drawing_commands.h"
 #include "windows/event_commands.h"
@@ -31,6 +33,8 @@
 namespace tessera {
 
 namespace {
+
+constexpr int kLostLines = 1;
 
 // OPEN: the program's folder is kept whole, however long: a path of this system is often longer than the 100
 // characters that a fixed text would keep, and a cut path names no folder.
@@ -55,13 +59,15 @@ void FillDoors(Run& run, CommandTable& commands) {
 }  // namespace
 
 int RunProgram(const ProgramStart& start, const Host& host, Display& display) {
-  Run run(host);
+  AttentiveHost attentive(host);
+  Run run(attentive.host());
+  attentive.Watch(run);
   TellProgram(run, start);
 
   Engine engine(run);
   Janela janela(run, engine, display);
   FileCommands files(run);
-  MachineCommands machine(run, MachineCommands::UserPlaces());
+  MachineCommands machine(run, MachineCommands::UserPlaces(start.isFinished));
   WallpaperCommand wallpaper(run, display);
   CommandTable commands;
   const RecordDatabase database(run, commands);
@@ -84,7 +90,16 @@ int RunProgram(const ProgramStart& start, const Host& host, Display& display) {
   wallpaper.Register(commands);
 
   const ProjectStyle style = ScanProjectStyle(start.program.EditorText);
-  return janela.RunProgram(start.program.EditorText, style.ProjectStyleWord);
+  const int status = janela.RunProgram(start.program.EditorText, style.ProjectStyleWord);
+  // The last lines are written, or it is told that they are lost.
+  const auto lost = run.fileNumbers.FlushAll();
+  if (!lost) return status;
+  host.dialogs.ShowBox(
+      {.text =
+           std::string("Linhas gravadas pelo programa não estão no disco: "_w).append(lost->description()),
+       .title = ProgramTitle(run),
+       .icon = BoxIcon::Critical});
+  return kLostLines;
 }
 
 }  // namespace tessera
