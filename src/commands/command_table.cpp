@@ -63,6 +63,7 @@ Value CommandTable::CommandCall(std::string_view name, std::string_view argument
   return command->handler({run_, command->word, name, arguments});
 }
 
+// OPEN: once in a run, so that a loop over such a word does not hold the program up.
 void CommandTable::TellComing(const WordCall& call) {
   if (!told_.insert(&call.word).second) return;
   ShowCritical(run_,

@@ -61,15 +61,6 @@ int FileCommands::Open(const std::string& path, std::string_view mode) {
   return number;
 }
 
-// Lines written so far are in their files before one of these is opened another way. What a disk refuses is
-// told by the commands on that file.
-void FileCommands::FlushWriters() {
-  for (const FileAlias& entry : table_) {
-    if (entry.number == 0 || entry.mode != kModeWrite) continue;
-    Guard([&] { run_.fileNumbers.Get<TextWriter>(entry.number).Flush(); });
-  }
-}
-
 // KEPT: with all aliases taken nothing is opened and nothing said (FileCommands.The21stAliasOpensNothing).
 // OPEN: an opening that fails leaves the entry free, so that the program may try again; a file without a name
 // could never be reached, and is failure 52.
@@ -81,7 +72,7 @@ Value FileCommands::AbreArquivo(const WordCall& call) {
   if (alias.empty()) Fail(52);
   const std::string path = run_.paths.SystemPath(arguments.Text("arquivo"));
   const std::string mode = Upper(arguments.Text("modo"));
-  FlushWriters();
+  run_.fileNumbers.FlushAll();
   const int number = Open(path, mode);
   *entry = {alias, number, mode};
   return {};
@@ -93,9 +84,7 @@ Value FileCommands::FechaArquivo(const WordCall& call) {
   const FileAlias closed = std::exchange(*entry, {});
   // A disk that refuses the last lines is told, and the file is closed all the same.
   const auto failure = Guard([&] {
-    if (closed.number != 0 && closed.mode == kModeWrite) {
-      run_.fileNumbers.Get<TextWriter>(closed.number).Flush();
-    }
+    if (closed.mode == kModeWrite) run_.fileNumbers.Get<TextWriter>(closed.number).Flush();
   });
   run_.fileNumbers.Close(closed.number);
   if (failure) throw RunFailure(*failure);
@@ -118,15 +107,18 @@ Value FileCommands::LeArquivo(const WordCall& call) {
   return {};
 }
 
+// What is written is worked out before the file is asked for: a function in it may close the file.
 Value FileCommands::GravaArquivo(const WordCall& call) {
   const Arguments arguments(call);
   const FileAlias* entry = FindAlias("GravaArquivo", arguments.Text("apelido"));
   if (entry == nullptr) return {};
   if (entry->mode == kModeBinary) {
     const std::uint64_t position = BytePosition(arguments.Number("texto ou posição"));
-    run_.fileNumbers.Get<BinaryFile>(entry->number).Write(position, arguments.Text("texto"));
+    const std::string bytes = arguments.Text("texto");
+    run_.fileNumbers.Get<BinaryFile>(entry->number).Write(position, bytes);
   } else if (entry->mode == kModeWrite) {
-    run_.fileNumbers.Get<TextWriter>(entry->number).WriteLine(arguments.Text("texto ou posição"));
+    const std::string line = arguments.Text("texto ou posição");
+    run_.fileNumbers.Get<TextWriter>(entry->number).WriteLine(line);
   }
   return {};
 }

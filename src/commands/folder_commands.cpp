@@ -36,8 +36,11 @@ Value RemoveArquivo(const WordCall& call) {
   return Quote(path);
 }
 
+// Lines that the program has written so far are in the file that is copied, packed or read by another
+// program.
 Value Copia(const WordCall& call) {
   const Arguments arguments(call);
+  call.run.fileNumbers.FlushAll();
   const auto failure = Guard([&] {
     const std::string source = call.run.paths.SystemPath(arguments.Number("origem").ToText());
     CopyFile(source, call.run.paths.SystemPath(arguments.Number("destino").ToText()));
@@ -59,6 +62,7 @@ Value InsereArquivo(const WordCall& call) {
   const std::string name = arguments.Text("nome");
   const std::string source = call.run.paths.SystemPath(ResolveFile(call.run, arguments.Text("origem")));
   const std::string package = arguments.Text("pacote");
+  call.run.fileNumbers.FlushAll();
   if (!InsertIntoPackage(name, source, call.run.paths.SystemPath(package))) {
     ShowCritical(call.run, std::string("InsereArquivo - Pacote cheio, cabem 300 arquivos: "_w)
                                .append(package)

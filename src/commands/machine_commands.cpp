@@ -54,9 +54,10 @@ std::uint16_t PortOf(const ArgumentView& arguments) {
 
 }  // namespace
 
-MachineCommands::Places MachineCommands::UserPlaces() {
+MachineCommands::Places MachineCommands::UserPlaces(bool isFinished) {
   return {.registry = RegistryFile(RegistryPath(std::getenv)),
-          .startList = StartList(UserConfigurationFolder(std::getenv) + "/autostart")};
+          .startList = StartList(UserConfigurationFolder(std::getenv) + "/autostart"),
+          .isFinished = isFinished};
 }
 
 Value MachineCommands::LeRegWin(const WordCall& call) {
@@ -78,8 +79,16 @@ Value MachineCommands::SalvaRegWin(const WordCall& call) {
 }
 
 // The entry starts this process's own program as it was started itself.
+// OPEN: a program that is run from its sources has no executable of its own, and is refused with a box.
 Value MachineCommands::AdicioneSistema(const WordCall& call) {
   const Arguments arguments(call);
+  if (!places_.isFinished) {
+    ShowCritical(run_, std::string("AdicioneSistema - O programa ainda não é um executável. "
+                                   "Grave-o com tessera build e execute o que foi gravado."_w)
+                           .append(kCrLf)
+                           .append(SourcePositionText(run_)));
+    return {};
+  }
   std::error_code ignored;
   places_.startList.Add(arguments.Number("entrada").ToText(), OwnCommand(),
                         std::filesystem::current_path(ignored).string());
@@ -105,6 +114,7 @@ Value MachineCommands::Chame(const WordCall& call) {
 // environment (start_form.h).
 int MachineCommands::Start(const std::string& line, std::string_view form) {
   ForgetEnded(processes_);
+  run_.fileNumbers.FlushAll();
   std::vector<std::string> words = CommandWords(line);
   for (std::size_t i = 0; i < words.size(); ++i) words[i] = i == 0 ? ProgramPath(words[i]) : ToUtf8(words[i]);
   processes_.push_back(StartProgram(words, {StartFormVariable(StartFormOf(form))}));

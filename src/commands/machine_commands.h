@@ -19,8 +19,9 @@ class MachineCommands {
     RegistryFile registry;
     StartList startList;
     HardwarePorts ports = HardwarePorts();
+    bool isFinished = true;  // the program has an executable of its own
   };
-  static Places UserPlaces();
+  static Places UserPlaces(bool isFinished);
 
   // The run and the group live as long as the table.
   MachineCommands(CommandTable& table, Run& run, Places places);

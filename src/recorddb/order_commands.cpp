@@ -227,13 +227,13 @@ Value Procure(RecordContext& context, const WordCall& call) {
   const auto values = arguments.List("valor");
   for (std::size_t i = 0; i < values.size(); ++i) {
     if (i >= kIndexFields) FailSubscript();
+    std::string value = EvalText(run, values[i]).ToText();
     if (i >= slot.indexFields.size()) {
       ShowCritical(run, SourcePositionText(run).append("\r").append(
                             "Erro no comando Procure!\r"
                             "Verifique se você definiu a ordem do banco de dados com o comando OrdemBD!"_w));
       return 0;
     }
-    std::string value = EvalText(run, values[i]).ToText();
     const std::int32_t row = FindField(context, slot.indexFields[i], number);
     if (row == -1) FailSubscript();
     value.resize(

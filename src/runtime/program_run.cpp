@@ -13,6 +13,8 @@
 #include "language/words.h"
 #include "objects/object_commands.h"
 #include "prepare/linking.h"
+#include "runtime/attentive_host.h"
+#include "text/literal.h"
 #include "values/builtin_variables.h"
 #include "windows/drawing_commands.h"
 #include "windows/event_commands.h"
@@ -41,6 +43,8 @@ struct ProgramRun::Windowed {
 };
 
 namespace {
+
+constexpr int kLostLines = 1;
 
 // OPEN: the program's folder is kept whole, however long: a path of this system is often longer than the 100
 // characters that a fixed text would keep, and a cut path names no folder.
@@ -118,9 +122,21 @@ RunOutcome ProgramRun::StartWithoutWindows(const EditorTexts& editors) {
   return RunOutcome::Ended;
 }
 
-int RunProgram(const ProgramStart& start, const Services& services) {
-  ProgramRun program(start, services);
-  return program.Live(start.program.EditorText, ScanProjectStyle(start.program.EditorText).ProjectStyleWord);
+int RunProgram(const ProgramStart& start, const Host& host, Display& display) {
+  AttentiveHost attentive(host);
+  ProgramRun program(start, UserServices(attentive.host(), &display, start.isFinished));
+  attentive.Watch(program.run);
+  const int status =
+      program.Live(start.program.EditorText, ScanProjectStyle(start.program.EditorText).ProjectStyleWord);
+  // The last lines are written, or it is told that they are lost.
+  const auto lost = program.run.fileNumbers.FlushAll();
+  if (!lost) return status;
+  host.dialogs.ShowBox(
+      {.text =
+           std::string("Linhas gravadas pelo programa não estão no disco: "_w).append(lost->description()),
+       .title = ProgramTitle(program.run),
+       .icon = BoxIcon::Critical});
+  return kLostLines;
 }
 
 }  // namespace tessera

@@ -59,7 +59,7 @@ class ProgramRun {
   std::unique_ptr<Windowed> windowed_;
 };
 
-// The life of a program from its start on.
-int RunProgram(const ProgramStart& start, const Services& services);
+// The life of a program from its start on, on a host and its display; the exit status of the process.
+int RunProgram(const ProgramStart& start, const Host& host, Display& display);
 
 }  // namespace tessera

@@ -6,12 +6,12 @@
 
 namespace tessera {
 
-Services UserServices(const Host& host, Display* display) {
+Services UserServices(const Host& host, Display* display, bool isFinished) {
   return {.host = host,
           .display = display,
           .folders = FindUserFolders(std::getenv),
           .dataFolder = SystemDataFolder(std::getenv("XDG_DATA_HOME"), std::getenv("HOME")),
-          .machine = MachineCommands::UserPlaces(),
+          .machine = MachineCommands::UserPlaces(isFinished),
           .startForm = TakeStartForm()};
 }
 

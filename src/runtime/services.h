@@ -26,7 +26,7 @@ struct Services {
 };
 
 // Those of the user who runs this process. The start form is taken out of the environment, so that no program
-// that this one starts finds it.
-Services UserServices(const Host& host, Display* display);
+// that this one starts finds it. `isFinished`: the program has an executable of its own.
+Services UserServices(const Host& host, Display* display, bool isFinished);
 
 }  // namespace tessera

@@ -87,6 +87,9 @@ struct Run {
   // Written by `Retorne`, read when a function ends, never cleared.
   Value ReturnValue;
   std::int32_t FunctionCallCounter = 0;
+  // Calls of the program's functions on the stack. Some expression waits for each, and with it a command that
+  // may hold a window.
+  std::int32_t FunctionsInProgress = 0;
 };
 
 // Makes a prepared program the one that runs.

@@ -156,6 +156,30 @@ TEST(FileCommands, AFullDiskIsToldAndTheFileCloses) {
   EXPECT_EQ(program.Answer("TamanhoArquivo", "a"), "40002");
 }
 
+// Whoever is handed a file by the program finds in it what the program has written.
+TEST(FileCommands, WrittenLinesAreInTheFileThatIsCopiedOrPacked) {
+  FileProgram program;
+  EXPECT_EQ(
+      program.Run("AbreArquivo \"S\", \"s.txt\", \"TextoGravacao\"\nGravaArquivo \"S\", \"um\"\n"
+                  "Copia \"s.txt\", \"c.txt\"\nGravaArquivo \"S\", \"dois\"\n"
+                  "InsereArquivo \"s\", \"s.txt\", \"p.pac\"\nExtraiArquivo \"s\", \"e.txt\", \"p.pac\"\n"),
+      "");
+  EXPECT_EQ(program.folder.Read("c.txt"), "um\r\n");
+  EXPECT_EQ(program.folder.Read("e.txt"), "um\r\ndois\r\n");
+}
+
+// What is written is worked out first, and may close the file on its way.
+TEST(FileCommands, AFunctionMayCloseTheFileThatIsWritten) {
+  for (const std::string mode : {"BINARIO", "TEXTOGRAVACAO"}) {
+    FileProgram program;
+    EXPECT_EQ(program.Run("AbreArquivo \"S\", \"s.txt\", \"" + mode + "\"\nGravaArquivo \"S\", " +
+                              (mode == "BINARIO" ? "1, " : "") + "Fecha(\"S\")\nEscreva 1",
+                          {"Funcao Fecha(a String) String\nFechaArquivo a\nRetorne \"x\"\nFimFuncao"}),
+              "falha 52\n")
+        << mode;
+  }
+}
+
 TEST(FileCommands, FilesAreOpenToOthersAndClosedOnEveryWayOut) {
   FileProgram program;
   program.Answer("AbreArquivo", "a, \"a.txt\", TEXTOGRAVACAO");

@@ -90,6 +90,31 @@ TEST(Registry, AFolderThatCanNotBeWrittenGivesNoMessage) {
   EXPECT_TRUE(program.Boxes().empty());
 }
 
+// A file that is there and can't be read is no empty one.
+TEST(Registry, WhatCanNotBeReadIsNotReplaced) {
+  TempFolder folder;
+  const RegistryFile registry(folder / "registro");
+  ASSERT_TRUE(registry.Write("HKEY_USERS", "k", "n", "v"));
+  std::filesystem::rename(folder / "registro", folder / "guardado");
+  std::filesystem::create_directory(folder / "registro");
+  EXPECT_EQ(registry.Read("HKEY_USERS", "k", "n"), "");
+  EXPECT_FALSE(registry.Write("HKEY_USERS", "k", "outro", "v"));
+  EXPECT_TRUE(std::filesystem::is_directory(folder / "registro"));
+  // A link leads on to the file.
+  std::filesystem::remove(folder / "registro");
+  std::filesystem::create_symlink(folder / "guardado", folder / "registro");
+  EXPECT_TRUE(registry.Write("HKEY_USERS", "k", "outro", "w"));
+  EXPECT_TRUE(std::filesystem::is_symlink(folder / "registro"));
+  EXPECT_EQ(RegistryFile(folder / "guardado").Read("HKEY_USERS", "k", "n"), "v");
+}
+
+TEST(StartList, AProgramThatIsNotBuiltIsRefused) {
+  FileProgram program("/dev/null/port", false);
+  program.Answer("ADICIONESISTEMA", "\"Loja\"");
+  EXPECT_EQ(program.Boxes().size(), 1u);
+  EXPECT_FALSE(program.folder.Has("config/autostart/Loja.desktop"));
+}
+
 TEST(StartList, AnEntryStartsThisProgramAndIsTakenAwayAgain) {
   MachineProgram program;
   program.Answer("ADICIONESISTEMA", "\"Minha loja/1\"");

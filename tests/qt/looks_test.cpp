@@ -123,6 +123,25 @@ TEST_F(LooksOnWindows, TextGoesOverTheClipboardFromOneEntryToAnother) {
   EXPECT_EQ(QApplication::clipboard()->text(), "1234,56");
 }
 
+// A number goes as it is shown, and a list's entry without the completion of its first letters.
+TEST_F(LooksOnWindows, ShownNumbersAndChosenTextsArePasted) {
+  Start(
+      "Botao B, 1, 1\nMoeda A, 4, 1, 20\nMoeda D, 6, 1, 20\nTexto N, 8, 1, 20\nTexto N.Numerico = \"SIM\"\n"
+      "Combo C, 10, 1, 20\nCombo C.Adiciona \"1.234.567,50 reais\"\nMoeda A.Valor = 1234567.5\nMoeda "
+      "A.MoveFoco\n");
+  QTest::keyClick(Top(), Qt::Key_A, Qt::ControlModifier);
+  QTest::keyClick(Top(), Qt::Key_C, Qt::ControlModifier);
+  ASSERT_EQ(QApplication::clipboard()->text(), "1.234.567,50");
+  for (const std::string_view variable : {"D.Valor", "N.Txt", "C.Txt"}) {
+    QTest::keyClick(Top(), Qt::Key_Tab);
+    QTest::keyClick(Top(), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(Variable(variable), variable == "D.Valor" ? "1234567,5"
+                                  : variable == "N.Txt" ? "1234567,50"
+                                                        : "1.234.567,50")
+        << variable;
+  }
+}
+
 TEST_F(LooksOnWindows, ThePointerPlacesTheCaretAndSelects) {
   Start(
       "Botao B, 1, 1\nCombo C, 4, 1, 30\nTexto T, 7, 1, 30, 4\nTexto T.Txt = \"uma duas três\"\nCombo C.Txt "

@@ -11,6 +11,7 @@ namespace tessera::test {
 
 BoxAnswer RecordedBoxes::ShowBox(const Box& box) {
   boxes.push_back(box);
+  if (meanwhile) meanwhile();
   return answer;
 }
 

@@ -23,13 +23,19 @@ class RecordedBoxes final : public Dialogs {
   std::optional<ChosenFont> AskFont(std::string_view) override { return std::nullopt; }
   std::optional<std::string> AskPrinter(std::string_view) override { return std::nullopt; }
 
+  std::function<void()> meanwhile;  // what happens while a box is open
   std::vector<Box> boxes;
   BoxAnswer answer = BoxAnswer::Ok;
 };
 
+// No event comes by itself; a test may let something happen in a yield.
 class NoEvents final : public EventDispatch {
  public:
-  void ProcessEvents() override {}
+  std::function<void()> meanwhile;
+
+  void ProcessEvents() override {
+    if (meanwhile) meanwhile();
+  }
   bool AwaitEvents(std::chrono::milliseconds) override { return false; }
   bool AwaitNextEvents() override { return false; }
   void Pause(std::chrono::milliseconds) override {}
