@@ -19,6 +19,9 @@
 #include "image/image_reader.h"
 #include "objects/object_commands.h"
 #include "recorddb/record_database.h"
+#include "runtime/own_folder.h"
+#include "sql/sql_commands.h"
+#include "sql/sql_provider.h"
 #include "values/run.h"
 #include "windows/drawing_commands.h"
 #include "windows/event_commands.h"
@@ -48,8 +51,6 @@ void FillDoors(Run& run, CommandTable& commands) {
   run.doors.CommandCall = [&commands](std::string_view name, std::string_view arguments) {
     return commands.CommandCall(name, arguments);
   };
-  // A word without a room behind it does nothing, like every word without a handler.
-  run.doors.SqlReadField = [](std::string_view, std::string_view, std::string_view) { return Value(); };
 }
 
 }  // namespace
@@ -65,6 +66,9 @@ int RunProgram(const ProgramStart& start, const Host& host, Display& display) {
   WallpaperCommand wallpaper(run, display);
   CommandTable commands;
   const RecordDatabase database(run, commands);
+  sql::ProviderPart sqlProvider(PartFolders());
+  const sql::SqlCommands sqlCommands(commands, run,
+                                     [&]() -> sql::SqlProvider& { return sqlProvider.Provider(); });
   const ObjectCommands objects(commands, run, janela.windows(), display);
   FillDoors(run, commands);
   AddTextCommands(commands, run);

@@ -19,7 +19,7 @@ const std::map<std::string, int> kFloors = {
     {"text", 0},     {"platform", 1}, {"image", 2},    {"prepare", 2}, {"values", 3},
     {"commands", 4}, {"engine", 5},   {"recorddb", 6}, {"sql", 6},     {"controls", 6},
     {"windows", 7},  {"objects", 8},  {"reports", 9},  {"media", 9},   {"system", 9},
-    {"console", 10}, {"qt", 10},      {"runtime", 11}, {"tool", 11},
+    {"console", 10}, {"qt", 10},      {"qtsql", 10},      {"runtime", 11}, {"tool", 11},
 };
 
 // Doors within one floor: the tool stands on the composition that it shares with the runtime.
