@@ -1,5 +1,5 @@
-#include "platform/system_reason.h"
 #include "tool/program_files.h"
+#include "platform/system_reason.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -54,7 +54,8 @@ Choice ChooseInFolder(const fs::path& folder, const std::string& folderName) {
   for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
     if (IsProgramFile(entry->path()) && entry->is_regular_file(error)) files.push_back(entry->path());
   }
-  if (error) return LoadProblem{folder.string() + ": não foi possível ler a pasta: " + SystemReason(error.value())};
+  if (error)
+    return LoadProblem{folder.string() + ": não foi possível ler a pasta: " + SystemReason(error.value())};
   std::sort(files.begin(), files.end());
 
   if (files.empty()) return LoadProblem{folder.string() + ": a pasta não tem nenhum arquivo .tsc"};
