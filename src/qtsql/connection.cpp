@@ -44,7 +44,7 @@ class Reader final : public sql::RowReader {
       column.baseName = engine == Engine::Sqlite ? OriginOf(query_, i) : column.name;
       if (column.baseName.empty()) column.baseTable.clear();
       if (engine != Engine::Sqlite) {
-        column.kind = KindOf(field);
+        column.kind = KindOf(field, engine);
       } else if (!column.baseTable.empty()) {
         const auto [table, isNew] = kinds.try_emplace(column.baseTable);
         if (isNew) table->second = KindsOf(database, column.baseTable);
@@ -87,7 +87,11 @@ Connection::Connection(const sql::ConnectionTarget& target)
     throw SqlError(std::string("Instale o pacote ").append(driver.package));
   database_ = QSqlDatabase::addDatabase(driver.name, name_);
   Aim(database_, target);
-  if (database_.open()) return;
+  if (database_.open()) {
+    // Its remarks would go to the terminal.
+    if (target.engine == Engine::PostgreSql) Execute("SET client_min_messages TO error");
+    return;
+  }
   const QSqlError error = database_.lastError();
   database_ = QSqlDatabase();
   QSqlDatabase::removeDatabase(name_);
@@ -100,9 +104,10 @@ Connection::~Connection() {
   QSqlDatabase::removeDatabase(name_);
 }
 
-QSqlQuery Connection::Run(const SqlChange& statement) {
+QSqlQuery Connection::Run(const SqlChange& statement, Rows rows) {
   QSqlQuery query(database_);
-  query.setForwardOnly(true);
+  // PostgreSQL's driver names no tables while it reads row by row.
+  query.setForwardOnly(rows == Rows::OneByOne || target_.engine != Engine::PostgreSql);
   query.setNumericalPrecisionPolicy(QSql::HighPrecision);
   const QString text = FromUtf8(statement.text);
   bool done = false;
@@ -140,7 +145,7 @@ std::unique_ptr<sql::RowReader> Connection::Query(const SqlChange& query) {
 std::unique_ptr<sql::RowReader> Connection::Stream(const std::string& text) {
   if (target_.engine == Engine::Sqlite && target_.path == ":memory:") return nullptr;
   auto own = std::make_unique<Connection>(target_);
-  QSqlQuery run = own->Run({text, {}});
+  QSqlQuery run = own->Run({text, {}}, Rows::OneByOne);
   if (!run.isSelect()) throw SqlError(FromUtf8Lossy("A consulta não devolve registros."));
   const QSqlDatabase database = own->database_;
   return std::make_unique<Reader>(std::move(run), database, target_.engine, std::move(own));

@@ -30,8 +30,10 @@ class Connection final : public sql::SqlConnection {
   std::string InsertDefaults(const std::string& quotedTable) const override;
 
  private:
+  enum class Rows { AtOnce, OneByOne };
+
   // Runs the statement; fails with the server's own text.
-  QSqlQuery Run(const sql::SqlChange& statement);
+  QSqlQuery Run(const sql::SqlChange& statement, Rows rows = Rows::AtOnce);
   void Check(bool done, const char* failing) const;
 
   sql::ConnectionTarget target_;

@@ -82,8 +82,11 @@ QVariant ToVariant(const SqlValue& value) {
   return {};
 }
 
-ColumnKind KindOf(const QSqlField& field) {
+ColumnKind KindOf(const QSqlField& field, sql::Engine engine) {
   const int type = field.metaType().id();
+  // MariaDB keeps truth values in its smallest integers.
+  if (engine == sql::Engine::MariaDb && (type == QMetaType::Char || type == QMetaType::SChar))
+    return ColumnKind::Truth;
   if (IsWhole(type)) return ColumnKind::Integer;
   switch (type) {
     case QMetaType::Bool:

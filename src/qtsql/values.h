@@ -13,7 +13,7 @@ sql::SqlValue FromVariant(const QVariant& value);
 QVariant ToVariant(const sql::SqlValue& value);
 
 // What a column of a server takes, by the type that the driver tells.
-sql::ColumnKind KindOf(const QSqlField& field);
+sql::ColumnKind KindOf(const QSqlField& field, sql::Engine engine);
 
 std::string ToUtf8(const QString& text);
 QString FromUtf8(const std::string& text);

@@ -130,7 +130,8 @@ std::optional<SqlValue> Converted(const std::string& text, ColumnKind kind) {
       if (const auto number = NumberOf(text)) return number;
       return SqlValue::Of(Kind::Text, ToUtf8(text));
     case ColumnKind::Truth:
-      return TruthOf(text);
+      if (const auto truth = TruthOf(text)) return truth;
+      return NumberOf(text);
     case ColumnKind::Date:
       return MomentOf(text, Kind::Date);
     case ColumnKind::Time:
