@@ -8,7 +8,7 @@
 #include <QUuid>
 
 #include "qtsql/dialect.h"
-#include "qtsql/sqlite_columns.h"
+#include "qtsql/sqlite_statement.h"
 #include "qtsql/values.h"
 #include "sql/sql_error.h"
 #include "text/code_page.h"
@@ -33,7 +33,7 @@ class Reader final : public sql::RowReader {
  public:
   // `connection` is the stream's own; null where the query runs on another's.
   Reader(QSqlQuery query, const QSqlDatabase& database, Engine engine, std::unique_ptr<Connection> connection)
-      : connection_(std::move(connection)), query_(std::move(query)) {
+      : connection_(std::move(connection)), query_(std::move(query)), statement_(StatementOf(query_)) {
     const QSqlRecord record = query_.record();
     std::map<std::string, std::map<std::string, sql::ColumnKind>> kinds;
     for (int i = 0; i < record.count(); ++i) {
@@ -41,7 +41,7 @@ class Reader final : public sql::RowReader {
       SqlColumn column;
       column.name = ToUtf8(field.name());
       column.baseTable = ToUtf8(field.tableName());
-      column.baseName = engine == Engine::Sqlite ? OriginOf(query_, i) : column.name;
+      column.baseName = engine == Engine::Sqlite ? OriginOf(statement_, i) : column.name;
       if (column.baseName.empty()) column.baseTable.clear();
       if (engine != Engine::Sqlite) {
         column.kind = KindOf(field, engine);
@@ -57,12 +57,18 @@ class Reader final : public sql::RowReader {
   const std::vector<SqlColumn>& Columns() const override { return columns_; }
 
   bool Next(SqlRow& row) override {
+    row.resize(columns_.size());
+    if (statement_ != nullptr) {
+      // The query has taken its first step when it was run.
+      const bool found = std::exchange(isFirst_, false) ? query_.next() : Step(statement_);
+      if (found) ReadRow(statement_, row);
+      return found;
+    }
     if (!query_.next()) {
       const QSqlError error = query_.lastError();
       if (error.type() != QSqlError::NoError) Fail(error);
       return false;
     }
-    row.resize(columns_.size());
     for (std::size_t i = 0; i < columns_.size(); ++i) {
       row[i] = FromVariant(query_.value(static_cast<int>(i)));
       // With all its digits an exact decimal comes as a text.
@@ -75,6 +81,8 @@ class Reader final : public sql::RowReader {
  private:
   std::unique_ptr<Connection> connection_;
   QSqlQuery query_;
+  sqlite3_stmt* statement_;  // of a database file's query
+  bool isFirst_ = true;
   std::vector<SqlColumn> columns_;
 };
 
