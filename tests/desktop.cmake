@@ -30,6 +30,9 @@ add_dependencies(display_test tessera tessera-runtime)
 # Programs over the part that reaches databases, which stands on Qt too.
 tessera_programs(sql ${CMAKE_SOURCE_DIR}/tests/sql/programs ${CMAKE_SOURCE_DIR}/tests/sql/programs)
 
+add_test(NAME sql.files_in_trouble COMMAND ${CMAKE_SOURCE_DIR}/tests/sql/trouble.sh $<TARGET_FILE:tessera>)
+set_tests_properties(sql.files_in_trouble PROPERTIES TIMEOUT 60)
+
 # The same program against each kind of server, started on loopback for the test. One that is not installed is
 # told as skipped.
 foreach(engine sqlite postgresql mariadb odbc)
