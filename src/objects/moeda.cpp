@@ -3,7 +3,7 @@
 #include "objects/object_frame.h"
 #include "text/number.h"
 #include "text/one_based.h"
-#include "windows/display.h"
+#include "windows/form.h"
 
 namespace tessera {
 

@@ -20,6 +20,7 @@
 #include "objects/object_commands.h"
 #include "recorddb/record_database.h"
 #include "values/run.h"
+#include "windows/display.h"
 #include "windows/drawing_commands.h"
 #include "windows/event_commands.h"
 #include "windows/font_commands.h"

@@ -4,9 +4,10 @@
 
 #include "platform/host.h"
 #include "runtime/program_start.h"
-#include "windows/display.h"
 
 namespace tessera {
+
+class Display;
 
 // The whole life of a program on a host and its display; returns the exit status of the process.
 int RunProgram(const ProgramStart& start, const Host& host, Display& display);

@@ -11,6 +11,8 @@
 #include "objects/object_commands.h"
 #include "platform/host.h"
 #include "values/run.h"
+#include "windows/display.h"
+#include "windows/form.h"
 #include "windows/janela.h"
 #include "windows/wallpaper_command.h"
 
