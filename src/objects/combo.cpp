@@ -1,7 +1,8 @@
 #include "objects/combo.h"
 
 #include "objects/object_frame.h"
-#include "windows/display.h"
+#include "windows/form.h"
+#include "windows/window_model.h"
 
 namespace tessera {
 
@@ -87,6 +88,10 @@ void ComboControl::ListClick(std::ptrdiff_t entry) {
 void ComboControl::PlaceCaret(std::size_t anchor, std::size_t caret) {
   combo_.PlaceCaret(anchor, caret);
   Refresh();
+}
+
+void ComboControl::Paste(std::string_view text) {
+  Changed(combo_.Paste(FirstLine(text)));
 }
 
 void ComboControl::ReplaceText(std::string_view text) {

@@ -9,7 +9,7 @@
 #include "objects/object_frame.h"
 #include "text/one_based.h"
 #include "values/eval.h"
-#include "windows/display.h"
+#include "windows/form.h"
 
 namespace tessera {
 
@@ -154,7 +154,7 @@ void TextoControl::PlaceCaret(std::size_t anchor, std::size_t caret) {
 // What a filter would not let in comes in by no other way.
 void TextoControl::Paste(std::string_view text) {
   if (tag_ == kNumeric) {
-    for (const char character : text) OnKeyPress(character);
+    for (const char character : WithoutGroupMarks(text)) OnKeyPress(character);
     return;
   }
   Changed(text_.Paste(text));

@@ -1,7 +1,8 @@
 // The host with windows: the window system's application, event dispatch, timers and boxes.
-// A main asks `FindDisplay` (display_probe.h) before it makes one.
+// A main asks the `DisplayProbe` (display_probe.h) before it makes one.
 #pragma once
 
+#include <chrono>
 #include <memory>
 
 #include "platform/host.h"
@@ -12,6 +13,8 @@
 
 class QApplication;
 class QEventLoop;
+class QObject;
+class QSocketNotifier;
 class QTranslator;
 class QWidget;
 
@@ -21,21 +24,23 @@ struct ApplicationArguments;
 
 class QtHost final : public Display, public Dialogs, public EventDispatch {
  public:
-  // Starts the window system, unless the process has started it already.
-  QtHost();
+  // Starts the window system, unless the process has started it already. A display that refuses it calls
+  // `refused`, which must not return: the window system would end the process.
+  explicit QtHost(std::function<void()> refused = {});
   ~QtHost() override;
 
   // What a `Run` is made with.
   Host host() { return {*this, *this, clock_, random_}; }
 
-  std::unique_ptr<Form> NewMainForm(FormEvents& events, const WindowDirectory& windows) override;
-  std::unique_ptr<Form> NewForm(std::string_view name, FormEvents& events) override;
+  std::unique_ptr<Form> NewMainForm(const Placement& place, FormEvents& events,
+                                    const WindowDirectory& windows) override;
+  std::unique_ptr<Form> NewForm(std::string_view name, const Placement& place, FormEvents& events) override;
   void ShowPointer(bool visible) override;
-  ScreenPoint PointerPlace() override;
+  PointerPlace Pointer() override;
   std::string SetVideoMode(const VideoMode& mode) override;
   bool SetWallpaper(const std::string& bitmap) override;
   void OpenAddress(std::string_view address) override;
-  ScreenSize Screen() override;
+  ScreenSize ScreenExtent() override;
   std::vector<std::string> FontNames() override;
   void TellAbandonedRun(std::string_view position, std::string_view description) override;
   void ServeEvents() override;
@@ -52,10 +57,13 @@ class QtHost final : public Display, public Dialogs, public EventDispatch {
   bool AwaitNextEvents() override;
   void Pause(std::chrono::milliseconds time) override;
   void ShowDrawn() override;
+  void Post(std::function<void()> act) override;
+  std::chrono::milliseconds DispatchTime() override;
   std::unique_ptr<Timer> StartTimer(std::chrono::milliseconds interval, std::function<void()> tick) override;
 
  private:
   void LeaveLoops();
+  void ServeTermination();
   QWidget* BoxParent() const;
 
   // The window system keeps references into its arguments.
@@ -63,9 +71,13 @@ class QtHost final : public Display, public Dialogs, public EventDispatch {
   std::unique_ptr<QApplication> application_;
   std::unique_ptr<QTranslator> portuguese_;
   std::unique_ptr<QEventLoop> serving_;
+  std::unique_ptr<QSocketNotifier> termination_;
+  Form* mainForm_ = nullptr;
   LogicEntry entry_;
   FrontWatch front_;
   DrawnForms drawn_;
+  std::unique_ptr<QObject> posted_;  // takes what other threads post; it goes with the host
+  const std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
   SystemClock clock_;
   SeededRandom random_;
 };

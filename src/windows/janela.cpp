@@ -2,14 +2,14 @@
 
 #include <chrono>
 #include <cmath>
-#include <cstdlib>
 
 #include "commands/command_table.h"
 #include "platform/failure.h"
 #include "platform/process_end.h"
 #include "prepare/linking.h"
 #include "text/one_based.h"
-#include "values/builtin_variables.h"
+#include "windows/display.h"
+#include "windows/form.h"
 
 namespace tessera {
 
@@ -78,8 +78,8 @@ void Janela::Load() {
   run_.RunningFlag = true;
   run_.StopFlag = false;
   run_.WindowCodeStopFlag = false;
-  form_ = display_.NewMainForm(*this, windows_);
-  const ScreenSize screen = display_.Screen();
+  form_ = display_.NewMainForm(Centred(kMainWindowSize, display_.ScreenExtent()), *this, windows_);
+  const ScreenSize screen = display_.ScreenExtent();
   Placement place = form_->Place();
   place.Top = (screen.Height - place.Height) / 2;
   place.Left = (screen.Width - place.Width) / 2;
@@ -101,14 +101,13 @@ RunOutcome Janela::FirstActivation(const EditorTexts& editors, std::string_view 
   windows_.Reset(*form_, *this);
   form_->SetCaption(kMainWindowName);
   SetLooks();
-  DeclareBuiltins();
   if (projectStyleWord == kTransparentWord) {
     WindowStyle style = form_->Style();
     style.Titlebar = style.ControlBox = style.Sizable = false;
     form_->SetStyle(style);
   }
   if (!Prepare(editors)) return RunOutcome::Refused;
-  WriteGridVariables(run_, windows_, display_.Screen());
+  WriteGridVariables(run_, windows_, display_.ScreenExtent());
   ShowFirst();
   engine_.RunStatements(run_.program.ProgramText, 0);
   return RunOutcome::Ended;
@@ -132,14 +131,8 @@ void Janela::SetLooks() {
   form_->Cls();
 }
 
-void Janela::DeclareBuiltins() {
-  DeclareBuiltinVariables(run_, {.folders = FindUserFolders(std::getenv),
-                                 .fontCount = static_cast<std::int32_t>(display_.FontNames().size())});
-}
-
 // False when the block check refuses the program.
 bool Janela::Prepare(const EditorTexts& editors) {
-  run_.functionTable.Fill(LanguageWords());
   const auto showCritical = [this](std::string_view text) { ShowCritical(run_, text); };
   InstallProgram(run_, PrepareProgram(editors, showCritical));
   if (run_.program.routines.HasTimersFlag) {

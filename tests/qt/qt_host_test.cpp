@@ -17,6 +17,7 @@
 #include <QWindow>
 #include <cstdlib>
 #include <ctime>
+#include <thread>
 
 #include "qt/boxes.h"
 #include "qt/fonts.h"
@@ -74,6 +75,22 @@ class QtHostTest : public testing::Test {
   QtHost host;
   HostedProgram program{host.host(), host};
 };
+
+TEST_F(QtHostTest, WhatAnotherThreadPostsRunsInADispatchInItsOrder) {
+  std::string seen;
+  std::thread([&] {
+    for (const char mark : {'a', 'b', 'c'}) host.Post([&, mark] { seen += mark; });
+  }).join();
+  EXPECT_EQ(seen, "");
+  host.ProcessEvents();
+  EXPECT_EQ(seen, "abc");
+  std::thread late([&] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    host.Post([&] { seen += "d"; });
+  });
+  while (seen != "abcd") host.AwaitNextEvents();
+  late.join();
+}
 
 void Close(QWidget& widget) {
   widget.close();
@@ -332,7 +349,7 @@ TEST_F(QtHostTest, TheFirstShowingHasTheFormThatItsStarterAskedFor) {
     QtHost anotherHost;
     HostedProgram another(anotherHost.host(), anotherHost);
     another.run.startForm = row.form;
-    ASSERT_EQ(another.janela.Start({}, ""), RunOutcome::Ended);
+    ASSERT_EQ(another.Start({}, ""), RunOutcome::Ended);
     QTest::qWait(20);
     const QWidget* janela = WidgetNamed("Janela");
     ASSERT_EQ(janela != nullptr, row.isShown) << int(row.form);
@@ -351,7 +368,7 @@ TEST_F(QtHostTest, ThePointerIsHiddenOverAllWindowsAndShownAgain) {
     const QCursor* cursor = QGuiApplication::overrideCursor();
     return cursor != nullptr && cursor->shape() == Qt::BlankCursor;
   };
-  ASSERT_EQ(program.janela.Start({}, ""), RunOutcome::Ended);
+  ASSERT_EQ(program.Start({}, ""), RunOutcome::Ended);
   program.commands.CommandCall("Janela", "AtivaCursor = Nao");
   EXPECT_TRUE(isHidden());
   program.commands.CommandCall("Janela", "AtivaCursor = Nao");
@@ -360,7 +377,7 @@ TEST_F(QtHostTest, ThePointerIsHiddenOverAllWindowsAndShownAgain) {
 }
 
 TEST_F(QtHostTest, ThePointerIsToldInPixelsOfTheScreen) {
-  ASSERT_EQ(program.janela.Start({}, ""), RunOutcome::Ended);
+  ASSERT_EQ(program.Start({}, ""), RunOutcome::Ended);
   const auto place = [&] { return Variable("LinhaMouse") + " " + Variable("ColunaMouse"); };
   const auto pointAt = [](int x, int y) {
     QTest::mouseMove(WidgetNamed("Janela")->windowHandle(), QPoint(x, y));

@@ -1,0 +1,20 @@
+#include "runtime/services.h"
+
+#include <cstdlib>
+
+#include "platform/paths.h"
+#include "runtime/own_folder.h"
+
+namespace tessera {
+
+Services UserServices(const Host& host, Display* display, bool isFinished) {
+  return {.host = host,
+          .display = display,
+          .folders = FindUserFolders(std::getenv),
+          .dataFolder = SystemDataFolder(std::getenv("XDG_DATA_HOME"), std::getenv("HOME")),
+          .machine = MachineCommands::UserPlaces(isFinished),
+          .partFolders = PartFolders(),
+          .startForm = TakeStartForm()};
+}
+
+}  // namespace tessera
