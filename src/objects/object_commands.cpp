@@ -15,7 +15,7 @@
 
 namespace tessera {
 
-ObjectCommands::ObjectCommands(CommandTable& table, Run& run, WindowModel& windows, Display& display)
+ObjectCommands::ObjectCommands(CommandTable& table, Run& run, WindowModel& windows, Desktop& desktop)
     : frame_(run, windows), menus_(frame_) {
   frame_.Add<Botao>(table).BindStyleCommand(table);
   frame_.Add<BoxFamily>(table);
@@ -29,7 +29,7 @@ ObjectCommands::ObjectCommands(CommandTable& table, Run& run, WindowModel& windo
   frame_.Add<CalendarioFamily>(table);
   frame_.Add<BarraRolagem>(table);
   frame_.Add<Moldura>(table);
-  frame_.Add<Link>(table, display);
+  frame_.Add<Link>(table, desktop);
   menus_.BindCommand(table);
 }
 

@@ -18,11 +18,13 @@
 #include "values/run.h"
 #include "values/value.h"
 #include "windows/control.h"
-#include "windows/window_model.h"
+#include "windows/window_settings.h"
 
 namespace tessera {
 
 class ObjectFrame;
+class ProgramWindow;
+struct WindowModel;
 
 struct ObjectRow {
   std::string name;  // as evaluated at the creation; an empty name is a free row

@@ -67,13 +67,11 @@ ProgramRun::ProgramRun(const ProgramStart& start, const Services& services)
       display_(services.display),
       files_(commands, run),
       machine_(commands, run, services.machine),
-      database_(commands, run, services.quickOrders) {
+      database_(commands, run, services.quickOrders),
+      sqlProvider_(services.partFolders),
+      sql_(commands, run, [this]() -> sql::SqlProvider& { return sqlProvider_.Provider(); }) {
   TellProgram(run, start, services);
   run.functionTable.Fill(WordNames());
-  // No room does SQL yet: reading a field is a use of its word.
-  run.doors.SqlReadField = [this](std::string_view, std::string_view, std::string_view) {
-    return commands.CommandCall("SQL", {});
-  };
   BindTextCommands(commands);
   BindNumberCommands(commands);
   BindDateCommands(commands);

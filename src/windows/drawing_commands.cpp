@@ -1,7 +1,8 @@
 #include "windows/drawing_commands.h"
 
 #include "commands/arguments.h"
-#include "windows/gradient.h"
+#include "windows/form.h"
+#include "windows/window_model.h"
 
 namespace tessera {
 

@@ -5,6 +5,8 @@
 
 #include "commands/arguments.h"
 #include "text/one_based.h"
+#include "windows/form.h"
+#include "windows/window_model.h"
 
 namespace tessera {
 

@@ -3,10 +3,10 @@
 
 #include "commands/command_table.h"
 #include "values/run.h"
-#include "windows/display.h"
+#include "windows/screen.h"
 
 namespace tessera {
 
-void BindFontCommands(CommandTable& table, Display& display);
+void BindFontCommands(CommandTable& table, Screen& screen);
 
 }  // namespace tessera

@@ -6,7 +6,10 @@
 #include "text/literal.h"
 #include "text/number.h"
 #include "text/one_based.h"
+#include "windows/form.h"
 #include "windows/program_window.h"
+#include "windows/screen.h"
+#include "windows/window_model.h"
 
 namespace tessera {
 
@@ -38,8 +41,8 @@ JanelaCommand::Keywords JanelaCommand::AllKeywords() {
   return {FindWord("Janela")->more.keywords, {kRows}};
 }
 
-JanelaCommand::JanelaCommand(CommandTable& table, Run& run, Display& display, WindowModel& windows)
-    : run_(run), display_(display), windows_(windows) {
+JanelaCommand::JanelaCommand(CommandTable& table, Run& run, Screen& screen, WindowModel& windows)
+    : run_(run), screen_(screen), windows_(windows) {
   constexpr MemberRow<JanelaCommand> kRows[] = {{"Janela", &JanelaCommand::Do}};
   Bind(table, kRows, *this);
 }
@@ -75,7 +78,7 @@ void JanelaCommand::AtivaEnter(const ArgumentView& values) {
 }
 
 void JanelaCommand::AtivaCursor(const ArgumentView& values) {
-  display_.ShowPointer(values.Word("valor") == kYes);
+  screen_.ShowPointer(values.Word("valor") == kYes);
 }
 
 void JanelaCommand::Visivel(const ArgumentView& values) {
@@ -94,7 +97,7 @@ void JanelaCommand::SetMouseGeral(const ArgumentView& values) {
 
 void JanelaCommand::OnTimer3() {
   if (!mouseGeral_) return;
-  const ScreenPoint at = display_.PointerPlace();
+  const PointerPlace at = screen_.Pointer();
   // A variable that the program has removed is passed over, as with every event.
   Guard([&] {
     run_.variables.VarWrite("LinhaMouse", NumberText(at.y), true);
@@ -107,15 +110,15 @@ void JanelaCommand::MouseIcone(const ArgumentView& values) {
 }
 
 void JanelaCommand::Resolucao(const ArgumentView& values) {
-  SetResolution(run_, windows_, display_.Screen(), *windows_.MainWindow, values);
+  SetResolution(run_, windows_, screen_.ScreenExtent(), *windows_.MainWindow, values);
 }
 
 void JanelaCommand::Tamanho(const ArgumentView& values) {
-  SetSize(*windows_.MainWindow, display_.Screen(), values);
+  SetSize(*windows_.MainWindow, screen_.ScreenExtent(), values);
 }
 
 void JanelaCommand::Posicao(const ArgumentView& values) {
-  SetPosition(*windows_.MainWindow, display_.Screen(), values, PositionNumbers::Literal);
+  SetPosition(*windows_.MainWindow, screen_.ScreenExtent(), values, PositionNumbers::Literal);
 }
 
 void JanelaCommand::Fundo(const ArgumentView& values) {
@@ -126,7 +129,7 @@ void JanelaCommand::ResVideo(const ArgumentView& values) {
   const VideoMode mode{.width = values.Number("largura").ToInteger(),
                        .height = values.Number("altura").ToInteger(),
                        .bits = values.Number("bits").ToInteger()};
-  const std::string reason = display_.SetVideoMode(mode);
+  const std::string reason = screen_.SetVideoMode(mode);
   if (reason.empty()) return;
   // OPEN: a mode that the screen refuses is told in a box, and the program goes on in the mode it has.
   ShowCritical(run_, std::string("Não foi possível mudar o vídeo para "_w)

@@ -7,17 +7,19 @@
 #include "commands/form_table.h"
 #include "platform/host.h"
 #include "values/run.h"
-#include "windows/display.h"
 #include "windows/picture_commands.h"
-#include "windows/window_model.h"
 #include "windows/window_settings.h"
 
 namespace tessera {
 
+class Form;
+class Screen;
+struct WindowModel;
+
 class JanelaCommand {
  public:
   // All outlive the command, and the command lives as long as the table is used.
-  JanelaCommand(CommandTable& table, Run& run, Display& display, WindowModel& windows);
+  JanelaCommand(CommandTable& table, Run& run, Screen& screen, WindowModel& windows);
   JanelaCommand(const JanelaCommand&) = delete;
   JanelaCommand& operator=(const JanelaCommand&) = delete;
 
@@ -51,7 +53,7 @@ class JanelaCommand {
   void OnTimer3();
 
   Run& run_;
-  Display& display_;
+  Screen& screen_;
   WindowModel& windows_;
   bool mouseGeral_ = false;
   std::unique_ptr<Timer> Timer3_;

@@ -7,6 +7,8 @@
 #include "platform/failure.h"
 #include "text/literal.h"
 #include "text/one_based.h"
+#include "windows/display.h"
+#include "windows/form.h"
 
 namespace tessera {
 
@@ -37,10 +39,14 @@ WindowKind KindOf(std::string_view word) {
 OverlaidWindow::OverlaidWindow(Run& run, WindowModel& windows, Display& display, WindowKind kind,
                                std::string_view name)
     : ProgramWindow(run, windows), kind_(kind) {
-  form_ = display.NewForm(name, *this);
+  form_ = display.NewForm(name, Centred(kWindowSize, display.ScreenExtent()), *this);
   form_->SetCaption(name);
   form_->SetStyle(StyleOf(kind));
   LoadStanding();
+}
+
+std::string_view OverlaidWindow::Name() const {
+  return form_->Caption();
 }
 
 void OverlaidWindow::LoadStanding() {
@@ -126,16 +132,16 @@ void OverlaidWindows::TamanhoPonto(WindowSlot& slot, const ArgumentView& values)
 }
 
 void OverlaidWindows::Resolucao(WindowSlot& slot, const ArgumentView& values) {
-  SetResolution(run_, windows_, display_.Screen(), *slot.window, values);
+  SetResolution(run_, windows_, display_.ScreenExtent(), *slot.window, values);
 }
 
 void OverlaidWindows::Tamanho(WindowSlot& slot, const ArgumentView& values) {
-  SetSize(*slot.window, display_.Screen(), values);
+  SetSize(*slot.window, display_.ScreenExtent(), values);
 }
 
 // OPEN: the suffix computes its numbers; only the keyword of `Janela` takes them as they are written.
 void OverlaidWindows::Posicao(WindowSlot& slot, const ArgumentView& values) {
-  SetPosition(*slot.window, display_.Screen(), values, PositionNumbers::Computed);
+  SetPosition(*slot.window, display_.ScreenExtent(), values, PositionNumbers::Computed);
 }
 
 void OverlaidWindows::Fundo(WindowSlot& slot, const ArgumentView& values) {

@@ -22,8 +22,8 @@ PictureRef PictureAt(const std::string& file) {
 
 }  // namespace
 
-WallpaperCommand::WallpaperCommand(CommandTable& table, Run& run, Display& display)
-    : run_(run), display_(display) {
+WallpaperCommand::WallpaperCommand(CommandTable& table, Run& run, Desktop& desktop)
+    : run_(run), desktop_(desktop) {
   constexpr MemberRow<WallpaperCommand> kRows[] = {{"MudaPapel", &WallpaperCommand::MudaPapel}};
   Bind(table, kRows, *this);
 }
@@ -44,7 +44,7 @@ Value WallpaperCommand::MudaPapel(const WordCall& call) {
 }
 
 void WallpaperCommand::Change(const std::string& bitmap) {
-  outcome_ = display_.SetWallpaper(bitmap) ? "SUCESSO" : "ERRO";
+  outcome_ = desktop_.SetWallpaper(bitmap) ? "SUCESSO" : "ERRO";
 }
 
 }  // namespace tessera

@@ -5,14 +5,14 @@
 
 #include "commands/command_table.h"
 #include "values/run.h"
-#include "windows/display.h"
+#include "windows/screen.h"
 
 namespace tessera {
 
 class WallpaperCommand {
  public:
   // All outlive the command, and the command lives as long as the table is used.
-  WallpaperCommand(CommandTable& table, Run& run, Display& display);
+  WallpaperCommand(CommandTable& table, Run& run, Desktop& desktop);
   WallpaperCommand(const WallpaperCommand&) = delete;
   WallpaperCommand& operator=(const WallpaperCommand&) = delete;
 
@@ -24,7 +24,7 @@ class WallpaperCommand {
   void Change(const std::string& bitmap);
 
   Run& run_;
-  Display& display_;
+  Desktop& desktop_;
   std::string outcome_;
 };
 

@@ -8,6 +8,8 @@
 #include "commands/form_table.h"
 #include "platform/failure.h"
 #include "text/one_based.h"
+#include "windows/form.h"
+#include "windows/window_model.h"
 
 namespace tessera {
 

@@ -3,10 +3,12 @@
 
 #include "commands/arguments.h"
 #include "values/run.h"
-#include "windows/display.h"
-#include "windows/window_model.h"
+#include "windows/placement.h"
 
 namespace tessera {
+
+class Form;
+struct WindowModel;
 
 // `AlturaTela` and `LarguraTela`: the screen in lines and columns of the grid.
 void WriteScreenVariables(Run& run, const WindowModel& windows, ScreenSize screen);
