@@ -14,7 +14,8 @@ struct SourcePlace {
   std::int32_t editor = 0;
   std::int32_t line = 1;
 
-  auto operator<=>(const SourcePlace&) const = default;
+  auto operator<=>(const SourcePlace&) const =
+      default;  // NOLINT(modernize-use-nullptr): it takes the 0 for one
 };
 
 // A problem at its place; the message in the code page, without line ends.
