@@ -22,7 +22,7 @@ struct Services {
   std::string dataFolder;
   MachineCommands::Places machine;
   // Where the system's parts may lie (own_folder.h).
-  std::vector<std::filesystem::path> partFolders;
+  std::vector<std::filesystem::path> partFolders = {};
   // The window form that whoever started the program asked for.
   StartForm startForm = StartForm::Normal;
   // Tests turn it off to compare the ordering of records with its plain form.

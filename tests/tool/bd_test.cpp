@@ -147,5 +147,62 @@ TEST_F(ToolBd, UnsuitableFilesAreRefusedAndLeftAlone) {
   EXPECT_EQ(Call({"bd"}).status, kWrongCall);
 }
 
+TEST_F(ToolBd, ImportTakesInWhatExportWrote) {
+  const std::string csv = folder_ / "gente.csv";
+  const std::string sqlite = folder_ / "gente.db";
+  ASSERT_EQ(Call({"bd", "export", file_, "--csv", csv, "--senha", "segredo"}).status, kDone);
+  ASSERT_EQ(Call({"bd", "export", file_, "--sqlite", sqlite, "--senha", "segredo"}).status, kDone);
+  for (const auto& [option, source] : {std::pair{"--csv", csv}, std::pair{"--sqlite", sqlite}}) {
+    const std::string made = folder_ / (std::string("De") + (option + 2) + ".Tsa");
+    const ProcessResult imported = Call({"bd", "import", made, option, source, "--senha", "nova"});
+    EXPECT_EQ(imported.status, kDone) << imported.err;
+    EXPECT_NE(imported.out.find("Nome, String, 12\nIdade, Inteiro\nPeso, Decimal\nFimBD\n"),
+              std::string::npos)
+        << imported.out;
+    const std::string back = folder_ / (std::string(option + 2) + ".csv");
+    EXPECT_EQ(Call({"bd", "export", made, "--csv", back, "--senha", "nova"}).status, kDone);
+    EXPECT_EQ(Read(back), Read(csv)) << option;
+    EXPECT_EQ(Call({"bd", "check", made}).status, kDone);
+    EXPECT_EQ(Call({"bd", "import", made, option, source}).status, kWrongCall) << "an existing file stays";
+  }
+}
+
+TEST_F(ToolBd, ImportFindsTheTypesOfATextOfFields) {
+  const std::string csv = folder_.Write("a.csv",
+                                        "\xEF\xBB\xBFNome do cliente,CPF,Idade,Peso,Idade,Vazia\n"
+                                        "\"Ana, \"\"a\nboa\"\"\",00123,30,60.5,x,\n\nJosé,,2147483648,7,,\n");
+  const std::string made = folder_ / "Gente.tsa";
+  const ProcessResult imported = Call({"bd", "import", made, "--csv", csv});
+  EXPECT_EQ(imported.status, kDone) << imported.err;
+  EXPECT_EQ(imported.out.substr(imported.out.find("BD ")),
+            "BD Gente, .\nNome_do_cliente, String, 12\nCPF, String, 5\nIdade, Decimal\nPeso, Decimal\n"
+            "Idade2, String, 1\nVazia, String, 1\nFimBD\n");
+  const std::string program =
+      folder_.Write("le.tsc",
+                    "BD Gente, .\nNome_do_cliente, String, 12\nCPF, String, 5\nIdade, Decimal\nPeso, Decimal\n"
+                    "Idade2, String, 1\nVazia, String, 1\nFimBD\nAbreBD Gente\nLeRegistro Gente, 0\n"
+                    "Escreva Gente.Nome_do_cliente, Gente.CPF, Gente.Peso\nLeRegistro Gente, 1\n"
+                    "Escreva Gente.Nome_do_cliente, Gente.CPF, Gente.Idade\n");
+  std::filesystem::rename(made, folder_ / "Gente.Tsa");
+  EXPECT_EQ(Call({"run", "--console", program}).out, "Ana, \"a\nboa\"0012360,5\nJosé2147483648\n");
+}
+
+TEST_F(ToolBd, ImportRefusesWhatARecordCantHold) {
+  const std::string made = folder_ / "Novo.Tsa";
+  const std::string wide = folder_.Write("wide.csv", "a\n" + std::string(32763, 'x') + "\n");
+  const std::string other = folder_.Write("other.db", "no database");
+  for (const std::vector<std::string>& words : {std::vector<std::string>{"--csv", wide},
+                                                {"--csv", folder_ / "ausente.csv"},
+                                                {"--sqlite", other},
+                                                {"--sqlite", folder_ / "ausente.db"},
+                                                {},
+                                                {"--csv", wide, "--sqlite", other}}) {
+    std::vector<std::string> call = {"bd", "import", made};
+    call.insert(call.end(), words.begin(), words.end());
+    EXPECT_EQ(Call(call).status, kWrongCall);
+    EXPECT_FALSE(std::filesystem::exists(made));
+  }
+}
+
 }  // namespace
 }  // namespace tessera
