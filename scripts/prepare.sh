@@ -3,6 +3,7 @@
 
 packages=(
   g++ cmake ninja-build ccache mold          # build
+  clang-format clang-tidy                    # the keepers
   libcli11-dev qt6-base-dev qt6-svg-dev libfreeimage-dev libgtest-dev libsqlite3-dev  # libraries
   qt6-translations-l10n                      # the desktop's dialogs in Portuguese
   x11-xserver-utils                          # the screen's modes, for "RESVIDEO"

@@ -196,8 +196,8 @@ class Form : public Surface {
   // Width and height in pixels of one line of text.
   virtual TextSize MeasureText(std::string_view text, const FontFace& font) const = 0;
 
-  // Cuts the window to the shape of what is drawn on it: it loses its caption, its ground takes the colour, and
-  // what has the colour is cut out. A window that shows no such pixel keeps its full rectangle.
+  // Cuts the window to the shape of what is drawn on it: it loses its caption, its ground takes the colour,
+  // and what has the colour is cut out. A window that shows no such pixel keeps its full rectangle.
   void ShapeMe(Colour colour);
   // The runs of pixels that make the window; nothing for the full rectangle.
   const std::optional<Spans>& Shape() const { return shape_; }
@@ -268,8 +268,8 @@ class WindowDirectory {
   virtual Form* FindWindow(std::string_view name) const = 0;
   // False while a modal window keeps the person from it.
   virtual bool CanBeReached(const Form& form) const = 0;
-  // By the name that the program gave it: that of the current window first, else the lowest row; nothing where
-  // there is none. A tab or a menu entry goes by its text.
+  // By the name that the program gave it: that of the current window first, else the lowest row; nothing
+  // where there is none. A tab or a menu entry goes by its text.
   virtual PersonObject* FindObject(std::string_view name) const = 0;
   // A line of an event script is done.
   virtual void OnLineDone() const = 0;

@@ -22,8 +22,8 @@ std::int32_t StockNumber(StockKind kind, std::string_view name);
 // The picture of a number of the list; an animation's first frame.
 PictureRef StockPicture(StockKind kind, std::int32_t number);
 
-// The five pictures of a button's skin: at rest, under the pointer, with the focus, pressed, disabled. Empty for
-// a number that the stock has not got.
+// The five pictures of a button's skin: at rest, under the pointer, with the focus, pressed, disabled. Empty
+// for a number that the stock has not got.
 std::vector<PictureRef> StockSkin(std::int32_t number);
 
 // The frames of an animation in their order.

@@ -61,7 +61,7 @@ struct WindowModel final : WindowDirectory {
 
   EventState events;
   WindowObjects* objects = nullptr;  // none in a run without object commands
-  bool FixedWindow = false;  // the main window may not stay maximised
+  bool FixedWindow = false;          // the main window may not stay maximised
 
   static constexpr std::int16_t kTamLin = 14;
   static constexpr std::int16_t kTamCol = 8;

@@ -25,7 +25,8 @@ class WindowObjects {
   virtual PersonObject* Find(std::string_view name, const ProgramWindow& window) = 0;
   // Texts that were typed reach the companion variables.
   virtual void CopyTexts() = 0;
-  // The program lets events through, or a timer of its own has run: what it has written may have to be copied.
+  // The program lets events through, or a timer of its own has run: what it has written may have to be
+  // copied.
   virtual void WakeCopying() = 0;
 };
 

@@ -1,0 +1,28 @@
+# The tests of the host with windows, and of the runtime that links it.
+find_package(Qt6 6.4 REQUIRED COMPONENTS Widgets Test)
+add_executable(qt_test qt/qt_test_main.cpp qt/box_test.cpp qt/drawing_test.cpp qt/looks_test.cpp qt/estoque_test.cpp
+  qt/pictures_test.cpp qt/qt_host_test.cpp qt/script_test.cpp qt/wallpaper_test.cpp support/qt_objects.cpp
+  support/qt_person.cpp)
+target_compile_definitions(qt_test PRIVATE TESSERA_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
+target_link_libraries(qt_test PRIVATE tessera_qt tessera_console tessera_hosted_support tessera_options Qt6::Test GTest::gtest)
+gtest_discover_tests(qt_test DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 60)
+
+tessera_test(runtime_test
+  support/process.cpp
+  runtime/runtime_test.cpp
+  ROOMS image)
+target_compile_definitions(runtime_test PRIVATE
+  TESSERA_TOOL="$<TARGET_FILE:tessera>" TESSERA_RUNTIME="$<TARGET_FILE:tessera-runtime>")
+add_dependencies(runtime_test tessera tessera-runtime)
+
+# A finished program on a virtual X server.
+find_library(XCB_LIBRARY xcb REQUIRED)
+tessera_test(display_test
+  support/process.cpp
+  support/virtual_screen.cpp
+  runtime/display_test.cpp
+  runtime/register_test.cpp)
+target_compile_definitions(display_test PRIVATE
+  TESSERA_TOOL="$<TARGET_FILE:tessera>" TESSERA_EXAMPLES="${CMAKE_SOURCE_DIR}/examples")
+target_link_libraries(display_test PRIVATE ${XCB_LIBRARY})
+add_dependencies(display_test tessera tessera-runtime)
