@@ -7,7 +7,7 @@
 
 #include "console/console_host.h"
 #include "platform/termination.h"
-#include "runtime/composition.h"
+#include "runtime/program_run.h"
 
 namespace tessera {
 

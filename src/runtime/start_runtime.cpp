@@ -17,10 +17,10 @@
 #include "qt/boxes.h"
 #include "qt/display_probe.h"
 #include "qt/qt_host.h"
-#include "runtime/composition.h"
 #include "runtime/console_start.h"
 #include "runtime/handover.h"
 #include "runtime/own_folder.h"
+#include "runtime/program_run.h"
 #include "runtime/program_start.h"
 #include "text/code_page.h"
 

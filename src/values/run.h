@@ -20,7 +20,7 @@
 
 namespace tessera {
 
-// The doors: what the rules call upward for. The composition root fills them before the program starts.
+// The doors: what the rules call upward for. `ProgramRun` and the rooms fill them before the program starts.
 struct Doors {
   // One word of the language with its raw argument text; an unknown word gives the empty value.
   std::function<Value(std::string_view name, std::string_view arguments)> CommandCall;

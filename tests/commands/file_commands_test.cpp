@@ -8,6 +8,8 @@ namespace tessera {
 namespace {
 
 using test::FileProgram;
+using test::LibraryProgram;
+using test::TempFolder;
 
 TEST(FileCommands, LinesGoOutAndComeBack) {
   FileProgram program;
@@ -185,10 +187,15 @@ TEST(FileCommands, FilesAreOpenToOthersAndClosedOnEveryWayOut) {
   EXPECT_EQ(program.Answer("AbreArquivo", "b, \"a.txt\", TEXTOLEITURA"), "");
   EXPECT_EQ(program.Answer("LeArquivo", "b"), "\"linha\"");
   program.Answer("GravaArquivo", "a, \"outra\"");
-  program.files.CloseAll();
-  EXPECT_EQ(program.folder.Read("a.txt"), "linha\r\noutra\r\n");
-  program.Answer("GravaArquivo", "a, \"x\"");
-  EXPECT_EQ(program.Boxes().size(), 1U);
+  const TempFolder folder;
+  {
+    LibraryProgram ending;
+    ending.run.paths = PathMapping(folder.path(), folder.path());
+    ending.Answer("AbreArquivo", "a, \"b.txt\", TEXTOGRAVACAO");
+    ending.Answer("GravaArquivo", "a, \"fim\"");
+    EXPECT_EQ(folder.Read("b.txt"), "");
+  }
+  EXPECT_EQ(folder.Read("b.txt"), "fim\r\n");
 }
 
 TEST(FileCommands, DiretorioGivesTheNamesOfPlainFiles) {

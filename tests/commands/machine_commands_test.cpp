@@ -17,12 +17,7 @@ using namespace std::string_literals;
 // The machine's commands in a folder of their own.
 class MachineProgram : public FileProgram {
  public:
-  explicit MachineProgram(std::string ports = "/dev/null/port")
-      : machine(run, {.registry = RegistryFile(folder / "config/tessera/registro"),
-                      .startList = StartList(folder / "config/autostart"),
-                      .ports = HardwarePorts(std::move(ports))}) {
-    machine.Register(commands);
-  }
+  using FileProgram::FileProgram;
 
   // What a started program wrote, waited for.
   std::string Written(std::string_view name) {
@@ -31,8 +26,6 @@ class MachineProgram : public FileProgram {
     }
     return folder.Read(name);
   }
-
-  MachineCommands machine;
 };
 
 }  // namespace

@@ -30,7 +30,7 @@ class LooksOnWindows : public testing::Test {
     EditorTexts editors;
     editors[0] = FromSource(source);
     editors[1] = FromSource(routines);
-    ASSERT_EQ(program.janela.Start(editors, ""), RunOutcome::Ended);
+    ASSERT_EQ(program.Start(editors, ""), RunOutcome::Ended);
     qt.ProcessEvents();
   }
 
@@ -55,7 +55,7 @@ TEST_F(LooksOnWindows, AButtonShowsEachOfItsStates) {
     HostedProgram fresh({boxes, qt, host.clock, host.random}, qt);
     EditorTexts editors;
     editors[0] = FromSource(form);
-    ASSERT_EQ(fresh.janela.Start(editors, ""), RunOutcome::Ended);
+    ASSERT_EQ(fresh.Start(editors, ""), RunOutcome::Ended);
     qt.ProcessEvents();
     Control& button = *fresh.janela.windows().MainWindow->Controls().Element("BtnNovo", 0);
     QWidget& widget = WidgetOf(button);

@@ -114,12 +114,10 @@ TEST_F(Tool, ChecksWhereABlockOpened) {
   EXPECT_EQ(routine.status, kRefused);
   EXPECT_EQ(routine.out, folder_ / "R.tsc" + ":3: Funcao sem o respectivo comando FimFuncao: Dobro\n");
 
-  for (const char* line : {"Sub X)(", "Sub Temporizador_T(99999)"}) {
-    const ProcessResult failed =
-        Call({"check",
-              folder_.Write("F.tsc", "FimPrograma\n\n\n" + std::string(line) + "\nFimSub\nSub Y()\nFimSub")});
-    EXPECT_TRUE(failed.out.starts_with(folder_ / "F.tsc" + ":4: Erro na criação")) << failed.out;
-  }
+  const ProcessResult failed =
+      Call({"check",
+            folder_.Write("F.tsc", "FimPrograma\n\n\nSub Temporizador_T(99999)\nFimSub\nSub Y()\nFimSub")});
+  EXPECT_TRUE(failed.out.starts_with(folder_ / "F.tsc" + ":4: Erro na criação")) << failed.out;
 
   const ProcessResult fine = Call({"check", main});
   EXPECT_EQ(fine.status, kDone);
