@@ -141,6 +141,7 @@ class NovoBox : public BoxRows {
 
  private:
   void PaintRow(int visibleRow) override;
+  int MostRows() const override { return kMaxCells / TotalColunas(); }
   bool InPool(int visibleRow, int column) const;
   bool EditKey(int code, bool shift);
 

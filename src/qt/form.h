@@ -75,6 +75,7 @@ class QtForm final : public Form {
   void TakeFront();
   void WaitsToBeShown();
   void FitSizable();
+  QSize SizeOfWidget() const;
   bool DragBySystem();
   void WaitForFirstPainting();
 
