@@ -1,10 +1,14 @@
-// `tessera bd info`, `check` and `unlock`: a look at a record file from outside.
+// `tessera bd info`, `check`, `unlock` and `repair`: a look at a record file from outside, and its mending.
 #include <unistd.h>
 
 #include <iostream>
+#include <random>
 
 #include "platform/failure.h"
+#include "platform/file_system.h"
+#include "platform/system_clock.h"
 #include "recorddb/header_lock.h"
+#include "recorddb/tsa_repair.h"
 #include "text/code_page.h"
 #include "tool/bd_file.h"
 #include "tool/subcommands.h"
@@ -41,28 +45,44 @@ std::string MessageOf(TsaProblem problem) {
   return {};
 }
 
-struct Tally {
-  std::int32_t live = 0;
-  std::int32_t deleted = 0;
-  std::int32_t damaged = 0;
-};
-
-template <typename Use>
-Tally Walk(const BdFile& bd, Use use) {
-  Tally tally;
-  for (std::int32_t number = 0; number < bd.header.count; ++number) {
-    const TsaRecord record = ReadTsaRecord(*bd.file, bd.header, number);
-    tally.live += record.state == TsaState::Live;
-    tally.deleted += record.state == TsaState::Deleted;
-    tally.damaged += record.state == TsaState::Damaged;
-    use(number, record);
-  }
-  return tally;
-}
-
 int Refuse(const std::string& message) {
   PrintError(message);
   return kWrongCall;
+}
+
+std::string Unreadable(const std::string& path, const RunFailure& failure) {
+  return path + ": não pode ser lido: " + ToUtf8(failure.description());
+}
+
+void PrintDamaged(const BdFile& bd, const TsaFindings& findings) {
+  for (const std::int32_t number : findings.damaged) {
+    const TsaRecord record = ReadTsaRecord(*bd.file, bd.header, number);
+    for (std::size_t i = 0; i < record.values.size(); ++i) {
+      if (record.values[i]) continue;
+      std::cout << "registro " << number << ": o campo " << ToUtf8(bd.header.fields[i].name)
+                << " não se decodifica\n";
+    }
+  }
+}
+
+// What a repair mends.
+void PrintBroken(const TsaFindings& findings) {
+  for (const std::int32_t number : findings.blank)
+    std::cout << "registro " << number << ": em branco, de uma inclusão que não terminou\n";
+  if (findings.missing > 0)
+    std::cout << "faltam no arquivo " << findings.missing << " registros da contagem\n";
+  if (findings.untold > 0)
+    std::cout << "o arquivo tem " << findings.untold << " registros além da contagem\n";
+  if (findings.rest > 0)
+    std::cout << "o arquivo termina com " << findings.rest << " bytes de um registro partido\n";
+  if (findings.busy) std::cout << "o arquivo está marcado como ocupado\n";
+}
+
+// A name beside the file that nothing has.
+std::string FreeCopyName(const std::string& path) {
+  std::string copy = path + ".copia";
+  for (int number = 2; IsFile(copy); ++number) copy = path + ".copia" + std::to_string(number);
+  return copy;
 }
 
 }  // namespace
@@ -94,15 +114,18 @@ int BdInfoSubcommand(const std::string& path) {
   if (const auto* message = std::get_if<std::string>(&opened)) return Refuse(*message);
   const BdFile& bd = std::get<BdFile>(opened);
   const TsaHeader& header = bd.header;
-  const Tally tally = Walk(bd, [](std::int32_t, const TsaRecord&) {});
+  TsaFindings findings;
+  if (const auto failure = Guard([&] { findings = ExamineTsa(*bd.file, header); }))
+    return Refuse(Unreadable(path, *failure));
   std::cout << "Banco de dados: " << ToUtf8(header.name) << '\n'
             << "Criado em: " << ToUtf8(header.created) << '\n'
             << "Último uso: " << ToUtf8(header.lastRun) << '\n'
             << "Senha: " << (header.password.empty() ? "não pede" : "pede") << '\n'
             << "Ocupado: " << (header.busy ? "sim" : "não") << '\n'
             << "Registros: " << header.count << '\n'
-            << "Excluídos: " << tally.deleted << '\n'
-            << "Ilegíveis: " << tally.damaged << '\n'
+            << "Excluídos: " << findings.deleted << '\n'
+            << "Ilegíveis: "
+            << findings.damaged.size() + findings.blank.size() + std::size_t(findings.missing) << '\n'
             << "Tamanho do registro: " << header.recordLength << '\n'
             << "Campos: " << header.fields.size() << '\n';
   for (const TsaField& field : header.fields) {
@@ -117,16 +140,52 @@ int BdCheckSubcommand(const std::string& path) {
   const auto opened = OpenBdFile(path);
   if (const auto* message = std::get_if<std::string>(&opened)) return Refuse(*message);
   const BdFile& bd = std::get<BdFile>(opened);
-  const Tally tally = Walk(bd, [&](std::int32_t number, const TsaRecord& record) {
-    for (std::size_t i = 0; i < record.values.size(); ++i) {
-      if (record.values[i]) continue;
-      std::cout << "registro " << number << ": o campo " << ToUtf8(bd.header.fields[i].name)
-                << " não se decodifica\n";
-    }
-  });
-  std::cout << tally.live << " registros bons, " << tally.deleted << " excluídos, " << tally.damaged
+  TsaFindings findings;
+  if (const auto failure = Guard([&] {
+        findings = ExamineTsa(*bd.file, bd.header);
+        PrintDamaged(bd, findings);
+      })) {
+    return Refuse(Unreadable(path, *failure));
+  }
+  PrintBroken(findings);
+  const std::size_t damaged = findings.damaged.size() + findings.blank.size() + std::size_t(findings.missing);
+  std::cout << findings.live << " registros bons, " << findings.deleted << " excluídos, " << damaged
             << " com defeito\n";
-  return tally.damaged == 0 ? kDone : kRefused;
+  if (findings.NeedsRepair()) std::cout << "Para consertar: tessera bd repair " << path << '\n';
+  return damaged == 0 && !findings.NeedsRepair() ? kDone : kRefused;
+}
+
+// The file is examined and mended under one lock, and copied before.
+int BdRepairSubcommand(const std::string& path) {
+  const auto raw = OpenRawFile(path);
+  if (const auto* message = std::get_if<std::string>(&raw)) return Refuse(*message);
+  BinaryFile& file = *std::get<std::unique_ptr<BinaryFile>>(raw);
+  Idle idle;
+  const FileLock lock(file, idle);
+  const auto opened = OpenBdFile(path);
+  if (const auto* message = std::get_if<std::string>(&opened)) return Refuse(*message);
+  const TsaHeader& header = std::get<BdFile>(opened).header;
+  SeededRandom random(std::random_device{}());
+  std::string copy;
+  TsaFindings findings;
+  const auto failure = Guard([&] {
+    findings = ExamineTsa(file, header);
+    if (!findings.NeedsRepair()) return;
+    copy = FreeCopyName(path);
+    CopyFile(path, copy);
+    RepairTsa(file, header, findings, random);
+  });
+  if (failure) return Refuse(path + ": não pode ser consertado: " + ToUtf8(failure->description()));
+  PrintBroken(findings);
+  if (!copy.empty()) {
+    std::cout << "O arquivo foi consertado; como estava, ficou em " << copy << '\n';
+  } else {
+    std::cout << "Não há nada a consertar.\n";
+  }
+  if (findings.damaged.empty()) return kDone;
+  std::cout << findings.damaged.size()
+            << " registros têm campos que não se decodificam e ficam como estão; veja tessera bd check\n";
+  return kRefused;
 }
 
 int BdUnlockSubcommand(const std::string& path) {

@@ -1,10 +1,5 @@
 // `tessera build`: the runtime's copy with the program's package behind it.
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <cerrno>
 #include <chrono>
-#include <cstdio>
 #include <filesystem>
 #include <iostream>
 #include <optional>
@@ -12,8 +7,10 @@
 #include "image/image_reader.h"
 #include "image/image_writer.h"
 #include "image/mapped_file.h"
+#include "image/seal.h"
 #include "platform/system_clock.h"
 #include "platform/system_reason.h"
+#include "platform/whole_file.h"
 #include "runtime/own_folder.h"
 #include "tool/program_files.h"
 #include "tool/subcommands.h"
@@ -24,6 +21,8 @@ namespace tessera {
 namespace {
 
 namespace fs = std::filesystem;
+
+constexpr mode_t kExecutable = 0777;
 
 constexpr std::string_view kElfMagic =
     "\x7F"
@@ -49,76 +48,55 @@ bool SamePrograms(const PackedProgram& a, const PackedProgram& b) {
   return a.name == b.name && a.EditorText == b.EditorText && a.EditorName == b.EditorName;
 }
 
-// True if what was written is what the runtime will find; a name that spells a marker is not.
-bool ReadsBack(const fs::path& file, const PackedProgram& program) {
-  const std::optional<MappedFile> written = MappedFile::Open(file.string());
-  if (!written) return false;
-  const auto read = ReadProgram(written->bytes());
+// True if these bytes are what the runtime will find; a name that spells a marker is not.
+bool ReadsBack(std::string_view file, const PackedProgram& program) {
+  const auto read = ReadProgram(file);
   const PackedProgram* found = std::get_if<PackedProgram>(&read);
   return found != nullptr && SamePrograms(*found, program);
 }
 
-// A new file beside its final place; it vanishes unless it is renamed to it. A running program can be
-// replaced this way, and a full disk leaves the old one as it was.
-class NewFile {
- public:
-  explicit NewFile(const fs::path& place)
-      : place_(place), path_(place.string() + ".novo" + std::to_string(getpid())) {
-    file_ = std::fopen(path_.c_str(), "wxb");
-  }
-  NewFile(const NewFile&) = delete;
-  NewFile& operator=(const NewFile&) = delete;
-  ~NewFile() {
-    if (file_ != nullptr) std::fclose(file_);
-    if (!path_.empty()) std::remove(path_.c_str());
-  }
+// A finished program of before, whole or damaged.
+bool IsFinishedProgram(const fs::path& file) {
+  const std::optional<MappedFile> there = MappedFile::Open(file.string());
+  if (!there || !there->bytes().starts_with(kElfMagic)) return false;
+  const auto read = ReadProgram(there->bytes());
+  const ImageProblem* problem = std::get_if<ImageProblem>(&read);
+  return problem == nullptr || *problem != ImageProblem::NoProgram;
+}
 
-  const std::string& path() const { return path_; }
-
-  bool Append(std::string_view bytes) {
-    return file_ != nullptr && std::fwrite(bytes.data(), 1, bytes.size(), file_) == bytes.size();
+// Why the program must not take the place of what is there, or empty.
+std::string OutputProblem(const fs::path& output, const std::string& runtime, const LoadedProgram& program,
+                          bool force) {
+  std::error_code error;
+  const fs::file_type link = fs::symlink_status(output, error).type();
+  if (link == fs::file_type::not_found) return {};
+  const fs::file_type type = fs::status(output, error).type();
+  if (type == fs::file_type::directory) return "já existe uma pasta com este nome; indique outro com -o";
+  if (type != fs::file_type::regular && type != fs::file_type::not_found)
+    return "não é um arquivo comum; indique outro nome com -o";
+  if (fs::equivalent(output, runtime, error)) return "o programa não pode ser gravado sobre o executor";
+  for (const std::string& source : program.files) {
+    if (!source.empty() && fs::equivalent(output, source, error))
+      return "é um dos editores do programa; indique outro nome com -o";
   }
-
-  // All bytes on the disk, executable as the user's mask permits.
-  bool Finish() {
-    const mode_t mask = umask(0);
-    umask(mask);
-    const bool written =
-        file_ != nullptr && std::fflush(file_) == 0 && fchmod(fileno(file_), 0777 & ~mask) == 0;
-    const bool closed = file_ != nullptr && std::fclose(file_) == 0;
-    file_ = nullptr;
-    return written && closed;
-  }
-
-  bool Rename() {
-    if (std::rename(path_.c_str(), place_.c_str()) != 0) return false;
-    path_.clear();
-    return true;
-  }
-
- private:
-  fs::path place_;
-  std::string path_;
-  std::FILE* file_;
-};
+  if (force || IsFinishedProgram(output)) return {};
+  return "já existe e não é um programa gravado; indique outro nome com -o, ou --force para o substituir";
+}
 
 int Refuse(const std::string& message) {
   PrintError(message);
   return kWrongCall;
 }
 
-int Write(const fs::path& output, std::string_view runtime, std::string_view image,
-          const PackedProgram& program) {
-  const auto failed = [&] {
-    return Refuse(output.string() + ": não foi possível gravar: " + SystemReason(errno));
-  };
-  NewFile file(output);
-  if (!file.Append(runtime) || !file.Append(image) || !file.Finish()) return failed();
-  if (!ReadsBack(file.path(), program)) {
+// A running program can be replaced this way, and a full disk leaves the old one as it was.
+int Write(const fs::path& output, std::string_view bytes, const PackedProgram& program) {
+  if (!ReadsBack(bytes, program)) {
     return Refuse(output.string() +
                   ": o nome do programa não pode ser usado; mude o nome do arquivo ou da pasta");
   }
-  if (!file.Rename()) return failed();
+  if (const int error = ReplaceFile(output.string(), bytes, NewFilePermissions(kExecutable))) {
+    return Refuse(output.string() + ": não foi possível gravar: " + SystemReason(error));
+  }
   std::cout << output.string() << '\n';
   return kDone;
 }
@@ -136,13 +114,8 @@ int BuildSubcommand(const BuildCall& call) {
     return Refuse(problem);
 
   const fs::path output = call.output.empty() ? program.folder / program.stem : fs::path(call.output);
-  std::error_code ignored;
-  if (fs::is_directory(output, ignored)) {
-    return Refuse(output.string() + ": já existe uma pasta com este nome; indique outro com -o");
-  }
-  if (fs::equivalent(output, runtimePath, ignored)) {
-    return Refuse(output.string() + ": o programa não pode ser gravado sobre o executor");
-  }
+  if (const std::string problem = OutputProblem(output, runtimePath, program, call.force); !problem.empty())
+    return Refuse(output.string() + ": " + problem);
 
   SeededRandom random(
       static_cast<std::uint64_t>(std::chrono::steady_clock::now().time_since_epoch().count()));
@@ -152,7 +125,7 @@ int BuildSubcommand(const BuildCall& call) {
                   ": um dos editores não pode ser codificado; mude uma linha do texto e tente "
                   "de novo");
   }
-  return Write(output, runtime->bytes(), *image, program.program);
+  return Write(output, SealedFile(runtime->bytes(), *image), program.program);
 }
 
 }  // namespace tessera

@@ -30,9 +30,17 @@ std::variant<Prepared, LoadProblem> LoadAndPrepare(const std::string& path) {
   return prepared;
 }
 
+// A source that spells a statement's head names an editor of its own invention: such a place is the
+// program's.
+std::string PlaceText(const LoadedProgram& loaded, const SourcePlace& place) {
+  const auto editor = static_cast<std::size_t>(place.editor);
+  if (place.editor < 0 || editor >= loaded.files.size() || loaded.files[editor].empty())
+    return loaded.files[0];
+  return loaded.files[editor] + ":" + std::to_string(place.line);
+}
+
 void PrintProblem(const LoadedProgram& loaded, const PlacedProblem& problem) {
-  std::cout << loaded.files.at(static_cast<std::size_t>(problem.place.editor)) << ':' << problem.place.line
-            << ": " << ToUtf8(problem.message) << '\n';
+  std::cout << PlaceText(loaded, problem.place) << ": " << ToUtf8(problem.message) << '\n';
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/prepare_process.h"
 #include "platform/stack_limit.h"
 #include "tool/subcommands.h"
 #include "tool/terminal.h"
@@ -128,6 +129,7 @@ class CommandLine {
                                      [this] { return BuildSubcommand(build_); });
     build->add_option("-o", build_.output, "Arquivo a gravar; sem ele, o nome do programa na própria pasta")
         ->type_name("ARQUIVO");
+    build->add_flag("--force", build_.force, "Substitui um arquivo que não é um programa já gravado");
     build
         ->add_option("--runtime", build_.runtime,
                      "Executor a copiar; sem ele, o tessera-runtime ao lado da ferramenta")
@@ -149,6 +151,8 @@ class CommandLine {
         [this] { return BdCheckSubcommand(name_); });
     add("unlock", "Libera um arquivo que ficou marcado como ocupado", name_,
         [this] { return BdUnlockSubcommand(name_); });
+    add("repair", "Conserta o que um fim repentino deixou; antes guarda uma cópia", name_,
+        [this] { return BdRepairSubcommand(name_); });
     CLI::App* exported = add("export", "Grava os registros em outro formato", export_.file,
                              [this] { return BdExportSubcommand(export_); });
     exported->add_option("--csv", export_.csv, "Texto com ponto e vírgula entre os campos")
@@ -198,6 +202,11 @@ class CommandLine {
 }  // namespace tessera
 
 int main(int argc, char** argv) {
+  tessera::PrepareProcess();
   tessera::StackLimit::Raise(tessera::StackLimit::kRunStack);
-  return tessera::CommandLine().Run(argc, argv);
+  const int status = tessera::CommandLine().Run(argc, argv);
+  std::cout.flush();
+  if (std::cout || status != tessera::kDone) return status;
+  tessera::PrintError("a saída não pôde ser gravada");
+  return tessera::kRefused;
 }

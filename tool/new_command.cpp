@@ -1,10 +1,10 @@
 // `tessera new`: a folder with a first program that runs.
 #include <filesystem>
-#include <fstream>
 #include <iostream>
 #include <string>
 
 #include "platform/system_reason.h"
+#include "platform/whole_file.h"
 #include "tool/subcommands.h"
 #include "tool/terminal.h"
 
@@ -46,10 +46,8 @@ int NewSubcommand(const std::string& folder) {
     return kWrongCall;
   }
   const fs::path file = place / (place.filename().string() + ".tsc");
-  std::ofstream stream(file, std::ios::binary);
-  stream << kFirstProgram;
-  if (!stream.flush()) {
-    PrintError(file.string() + ": não foi possível gravar o programa");
+  if (const int reason = CreateFile(file.string(), kFirstProgram)) {
+    PrintError(file.string() + ": não foi possível gravar o programa: " + SystemReason(reason));
     return kWrongCall;
   }
   std::cout << "Programa criado: " << file.string() << "\n"

@@ -1,9 +1,9 @@
 #include "tool/program_files.h"
 #include "platform/system_reason.h"
+#include "platform/whole_file.h"
 
 #include <algorithm>
 #include <cerrno>
-#include <fstream>
 #include <iterator>
 #include <optional>
 #include <vector>
@@ -77,13 +77,11 @@ Choice ChooseInFolder(const fs::path& folder, const std::string& folderName) {
 }
 
 std::variant<std::string, LoadProblem> ReadSource(const fs::path& file) {
-  errno = 0;
-  std::ifstream stream(file, std::ios::binary);
-  const std::string bytes{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
-  if (!stream.is_open() || stream.bad()) {
-    return LoadProblem{file.string() + ": não foi possível ler o arquivo: " + SystemReason(errno)};
+  const auto read = ReadWholeFile(file.string());
+  if (const SystemError* error = std::get_if<SystemError>(&read)) {
+    return LoadProblem{file.string() + ": não foi possível ler o arquivo: " + SystemReason(error->number)};
   }
-  auto text = SourceTextFromBytes(bytes);
+  auto text = SourceTextFromBytes(std::get<std::string>(read));
   if (const SourceProblem* problem = std::get_if<SourceProblem>(&text)) {
     return LoadProblem{file.string() + ":" + std::to_string(problem->line) + ":" +
                        std::to_string(problem->column) + ": " + problem->reason};

@@ -50,8 +50,10 @@ SourceProblem ProblemAt(std::string_view bytes, std::size_t offset, bool utf8, s
 // "U+1F600" of the valid sequence at `offset`.
 std::string CodePointName(std::string_view character) {
   const auto lead = static_cast<unsigned char>(character[0]);
-  unsigned codePoint = character.size() == 1 ? lead : lead & (0xFFu >> (character.size() + 1));
-  for (const char byte : character.substr(1))
+  // A lead byte tells of two to four; more continuations than these belong to malformed text.
+  const std::size_t length = std::min<std::size_t>(character.size(), 4);
+  unsigned codePoint = length == 1 ? lead : lead & (0xFFu >> (length + 1));
+  for (const char byte : character.substr(1, length - 1))
     codePoint = (codePoint << 6) | (static_cast<unsigned char>(byte) & 0x3F);
   char name[16];
   std::snprintf(name, sizeof name, "U+%04X", codePoint);

@@ -19,6 +19,7 @@ struct BuildCall {
   std::string program;
   std::string output;   // empty: the program's name in its own folder
   std::string runtime;  // empty: `tessera-runtime` beside the tool
+  bool force = false;   // also over a file that is no older finished program
 };
 int BuildSubcommand(const BuildCall& call);
 
@@ -30,6 +31,7 @@ int NewSubcommand(const std::string& folder);
 int BdInfoSubcommand(const std::string& file);
 int BdCheckSubcommand(const std::string& file);
 int BdUnlockSubcommand(const std::string& file);
+int BdRepairSubcommand(const std::string& file);
 
 struct BdExportCall {
   std::string file;

@@ -1,35 +1,15 @@
 #include "commands/command_table.h"
 
-#include <algorithm>
-#include <array>
-
+#include "language/words.h"
 #include "text/one_based.h"
 
 namespace tessera {
 
-namespace {
-
-constexpr std::string_view kFunctionTable =
-    "Unir,Mensagem,Escreva,Formata,Comprimento,Separe,PosicaoInicial,AbreArquivo,AbreBD,AdicionaRegistro,"
-    "AdicioneIconeBarra,AdicioneSistema,Aguarde,Aleatorio,AlturaJanela,Antilogaritmo,Apara,API,Arcotangente,"
-    "Arredonda,Asc,AtualizaRegistro,BaixaArquivoFTP,BarraRolagem,BinDec,Box,CaixaDialogo,Calendario,"
-    "CaptureJanela,Caractere,Chame,Check,Circulo,Cls,Combo,ConectaFTP,ConectaP2P,ConvStr,Copia,Cosseno,"
-    "CriaPasta,ConverteData,DataAdiciona,DataDif,DecBin,DescaptureJanela,DesenheFiguras,DiaSemana,Diretorio,"
-    "EntraTexto,EnviaP2P,EnviaPorta,EscutaP2P,EstiloBotao,Evento,ExcluiRegistro,ExtraiArquivo,FechaArquivo,"
-    "FechaBD,Figura,Fontes,Gradiente,GravaArquivo,GravaSom,GifAnimado,Hexadecimal,Hora,Imagem,InsereArquivo,"
-    "InverteData,LarguraJanela,LeArquivo,LePonto,LePorta,LeRegWin,LeString,LimpaBD,LinhaReta,Link,"
-    "LimpaJanela,"
-    "Logaritmo,Mascara,MenuSistema,MinimizeBarra,Moeda,Moldura,MudaIcone,MudaPapel,Navegador,NovaJanela,"
-    "OrdemBD,Opcao,ParteInteira,Pinte,PoeArquivoFTP,PosIni,Posicione,ProcureArquivo,Procure,RaizQuadrada,"
-    "Rel.TestaFimPag,RGB,RemoveArquivo,RemoveSistema,RemovePasta,Retangulo,Rotulo,SalvaRegWin,SalvaString,"
-    "Seno,Sequencia,Sinal,Sobreponha,SQL,TamanhoArquivo,Tangente,Temporizador,TestaCPF,TestaCNPJ,TestaEmail,"
-    "TestaData,TestaMouse,TestaTecla,Texto,TotalRegistrosBD,Transicao,ValorAbsoluto,ValorInteiro,ValStr,Var,"
-    "Variavel,Video,WebCam,Ano,Botao,Car,Data,Dia,Fonte,Icone,Imp,Janela,LeRegistro,Mes,Ponto,Rel,Som";
-
-constexpr std::array<std::string_view, 8> kBlockWordTable = {"ENQUANTO", "REPITA", "SE",     "CASOCONTRARIO",
-                                                             "FIMSE",    "VAPARA", "FIMSUB", "FIMFUNCAO"};
-
-}  // namespace
+CommandTable::CommandTable(Run& run) {
+  run.doors.CommandCall = [this](std::string_view name, std::string_view arguments) {
+    return CommandCall(name, arguments);
+  };
+}
 
 void CommandTable::Add(std::string_view word, CommandHandler handler) {
   handlers_.insert_or_assign(std::string(word), std::move(handler));
@@ -49,21 +29,9 @@ Value CommandTable::CommandCall(std::string_view name, std::string_view argument
   return {};
 }
 
-std::vector<std::string> LanguageWords() {
-  std::vector<std::string> words;
-  for (Position begin = 1; begin != 0;) {
-    const Position comma = Find(kFunctionTable, ",", begin);
-    words.emplace_back(Mid(kFunctionTable, begin, comma == 0 ? std::string_view::npos : comma - begin));
-    begin = comma == 0 ? 0 : comma + 1;
-  }
-  return words;
-}
-
 bool IsReservedWord(const FunctionTable& functions, std::string_view word) {
   const std::string upper = Upper(word);
-  const auto opens = [&](std::string_view block) { return upper.starts_with(block); };
-  return functions.ContainsIgnoringCase(word) ||
-         std::any_of(kBlockWordTable.begin(), kBlockWordTable.end(), opens) || upper.ends_with(':') ||
+  return functions.ContainsIgnoringCase(word) || BeginsWithBlockWord(upper) || upper.ends_with(':') ||
          upper.ends_with('+') || upper.ends_with('-');
 }
 

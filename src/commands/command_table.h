@@ -1,5 +1,5 @@
 // The dispatcher of the language's words: an upper-cased word leads to its handler, and behind all words
-// stand the prefix rules. A command group adds its words; nobody but the composition root lists the groups.
+// stand the prefix rules. A command group adds its words; nobody but `ProgramRun` lists the groups.
 #pragma once
 
 #include <functional>
@@ -20,6 +20,11 @@ using CommandHandler = std::function<Value(std::string_view name, std::string_vi
 
 class CommandTable {
  public:
+  // Fills the door `CommandCall` of the run, which outlives the table.
+  explicit CommandTable(Run& run);
+  CommandTable(const CommandTable&) = delete;
+  CommandTable& operator=(const CommandTable&) = delete;
+
   // `word` in upper case.
   void Add(std::string_view word, CommandHandler handler);
   // Reached by any word whose first three letters, upper-cased, are `prefix`, when no word fits.
@@ -47,9 +52,6 @@ void AddRows(CommandTable& table, Run& run, const CommandRow (&rows)[N]) {
     });
   }
 }
-
-// All words of the language in the order in which expressions search for them.
-std::vector<std::string> LanguageWords();
 
 // True if `word` may go to the dispatcher: a word of the language, one that begins with a block word, or one
 // that ends in ":", "+" or "-".

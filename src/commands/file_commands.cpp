@@ -62,15 +62,6 @@ int FileCommands::Open(const std::string& path, std::string_view mode) {
   return number;
 }
 
-// Lines written so far are in their files before one of these is opened another way. What a disk refuses is
-// told by the commands on that file.
-void FileCommands::FlushWriters() {
-  for (const FileAlias& entry : table_) {
-    if (entry.number == 0 || entry.mode != kModeWrite) continue;
-    Guard([&] { run_.fileNumbers.Get<TextWriter>(entry.number).Flush(); });
-  }
-}
-
 // KEPT: with all aliases taken nothing is opened and nothing said (FileCommands.The21stAliasOpensNothing).
 // OPEN: an opening that fails leaves the entry free, so that the program may try again; a file without a name
 // could never be reached, and is failure 52.
@@ -82,7 +73,7 @@ Value FileCommands::AbreArquivo(std::string_view text) {
   if (alias.empty()) Fail(52);
   const std::string path = run_.paths.SystemPath(arguments.Text(1));
   const std::string mode = Upper(arguments.Text(2));
-  FlushWriters();
+  run_.fileNumbers.FlushAll();
   const int number = Open(path, mode);
   *entry = {alias, number, mode};
   return {};
@@ -94,9 +85,7 @@ Value FileCommands::FechaArquivo(std::string_view text) {
   const FileAlias closed = std::exchange(*entry, {});
   // A disk that refuses the last lines is told, and the file is closed all the same.
   const auto failure = Guard([&] {
-    if (closed.number != 0 && closed.mode == kModeWrite) {
-      run_.fileNumbers.Get<TextWriter>(closed.number).Flush();
-    }
+    if (closed.mode == kModeWrite) run_.fileNumbers.Get<TextWriter>(closed.number).Flush();
   });
   run_.fileNumbers.Close(closed.number);
   if (failure) throw RunFailure(*failure);
@@ -119,15 +108,18 @@ Value FileCommands::LeArquivo(std::string_view text) {
   return {};
 }
 
+// What is written is worked out before the file is asked for: a function in it may close the file.
 Value FileCommands::GravaArquivo(std::string_view text) {
   const Arguments arguments(run_, text, kThreeArguments);
   const FileAlias* entry = FindAlias("GravaArquivo", arguments.Text(0));
   if (entry == nullptr) return {};
   if (entry->mode == kModeBinary) {
     const std::uint64_t position = BytePosition(arguments.Number(1));
-    run_.fileNumbers.Get<BinaryFile>(entry->number).Write(position, arguments.Text(2));
+    const std::string bytes = arguments.Text(2);
+    run_.fileNumbers.Get<BinaryFile>(entry->number).Write(position, bytes);
   } else if (entry->mode == kModeWrite) {
-    run_.fileNumbers.Get<TextWriter>(entry->number).WriteLine(arguments.Text(1));
+    const std::string line = arguments.Text(1);
+    run_.fileNumbers.Get<TextWriter>(entry->number).WriteLine(line);
   }
   return {};
 }

@@ -39,7 +39,6 @@ class FileCommands {
 
   FileAlias* FindAlias(std::string_view command, const std::string& alias);
   int Open(const std::string& path, std::string_view mode);
-  void FlushWriters();
   std::string SideFilePath() const;
 
   Run& run_;

@@ -36,8 +36,11 @@ Value RemoveArquivo(Run& run, std::string_view text) {
   return Quote(path);
 }
 
+// Lines that the program has written so far are in the file that is copied, packed or read by another
+// program.
 Value Copia(Run& run, std::string_view text) {
   const Arguments arguments(run, text, kTwoArguments);
+  run.fileNumbers.FlushAll();
   const auto failure = Guard([&] {
     const std::string source = run.paths.SystemPath(arguments.Number(0).ToText());
     CopyFile(source, run.paths.SystemPath(arguments.Number(1).ToText()));
@@ -59,6 +62,7 @@ Value InsereArquivo(Run& run, std::string_view text) {
   const std::string name = arguments.Text(0);
   const std::string source = run.paths.SystemPath(ResolveFile(run, arguments.Text(1)));
   const std::string package = arguments.Text(2);
+  run.fileNumbers.FlushAll();
   if (!InsertIntoPackage(name, source, run.paths.SystemPath(package))) {
     ShowCritical(run, std::string("InsereArquivo - Pacote cheio, cabem 300 arquivos: "_w)
                           .append(package)

@@ -54,9 +54,10 @@ std::uint16_t PortOf(const Arguments& arguments) {
 
 }  // namespace
 
-MachineCommands::Places MachineCommands::UserPlaces() {
+MachineCommands::Places MachineCommands::UserPlaces(bool isFinished) {
   return {.registry = RegistryFile(RegistryPath(std::getenv)),
-          .startList = StartList(UserConfigurationFolder(std::getenv) + "/autostart")};
+          .startList = StartList(UserConfigurationFolder(std::getenv) + "/autostart"),
+          .isFinished = isFinished};
 }
 
 Value MachineCommands::LeRegWin(std::string_view text) {
@@ -78,8 +79,16 @@ Value MachineCommands::SalvaRegWin(std::string_view text) {
 }
 
 // The entry starts this process's own program as it was started itself.
+// OPEN: a program that is run from its sources has no executable of its own, and is refused with a box.
 Value MachineCommands::AdicioneSistema(std::string_view text) {
   const Arguments arguments(run_, text, kTwoArguments);
+  if (!places_.isFinished) {
+    ShowCritical(run_, std::string("AdicioneSistema - O programa ainda não é um executável. "
+                                   "Grave-o com tessera build e execute o que foi gravado."_w)
+                           .append(kCrLf)
+                           .append(SourcePositionText(run_)));
+    return {};
+  }
   std::error_code ignored;
   places_.startList.Add(arguments.Number(0).ToText(), OwnCommand(),
                         std::filesystem::current_path(ignored).string());
@@ -105,6 +114,7 @@ Value MachineCommands::Chame(std::string_view text) {
 // environment (start_form.h).
 int MachineCommands::Start(const std::string& line, std::string_view form) {
   ForgetEnded(processes_);
+  run_.fileNumbers.FlushAll();
   std::vector<std::string> words = CommandWords(line);
   for (std::size_t i = 0; i < words.size(); ++i) words[i] = i == 0 ? ProgramPath(words[i]) : ToUtf8(words[i]);
   processes_.push_back(StartProgram(words, {StartFormVariable(StartFormOf(form))}));

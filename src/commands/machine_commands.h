@@ -19,8 +19,9 @@ class MachineCommands {
     RegistryFile registry;
     StartList startList;
     HardwarePorts ports = HardwarePorts();
+    bool isFinished = true;  // the program has an executable of its own
   };
-  static Places UserPlaces();
+  static Places UserPlaces(bool isFinished);
 
   MachineCommands(Run& run, Places places) : run_(run), places_(std::move(places)) {}
 

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <thread>
 
 #include "commands/dialog_commands.h"
+#include "platform/termination.h"
 #include "text/code_page.h"
 #include "text/literal.h"
 #include "text/number.h"
@@ -107,7 +107,7 @@ class ConsoleForm final : public Form {
 ConsoleHost::ConsoleHost(const ConsoleStreams& streams, ConsoleOptions options)
     : out_(streams.out),
       err_(streams.err),
-      input_(streams.in, streams.terminal),
+      input_(streams.in, streams.descriptor, streams.isTerminal),
       options_(std::move(options)),
       random_(std::random_device{}()) {}
 
@@ -224,7 +224,7 @@ void ConsoleHost::Dispatch() {
 
 bool ConsoleHost::AwaitEvents(std::chrono::milliseconds sleep) {
   out_.flush();
-  std::this_thread::sleep_for(sleep);
+  termination::Sleep(sleep);
   Dispatch();
   if (input_.IsTerminal() && !input_.LineWithin(std::chrono::milliseconds(0), posted_.WakeDescriptor()))
     return true;
@@ -243,7 +243,7 @@ bool ConsoleHost::AwaitNextEvents() {
 }
 
 void ConsoleHost::Pause(std::chrono::milliseconds time) {
-  if (input_.IsTerminal()) std::this_thread::sleep_for(time);
+  if (input_.IsTerminal()) termination::Sleep(time);
 }
 
 std::chrono::milliseconds ConsoleHost::DispatchTime() {

@@ -28,8 +28,11 @@ struct ConsoleStreams {
   std::istream& in;
   std::ostream& out;
   std::ostream& err;
-  // The input is a terminal, on this file descriptor: waits don't block for a line, timers keep real time.
-  std::optional<int> terminal = {};
+  // The input's file descriptor, where it has one: a wait for its lines ends when the system ends the
+  // process.
+  std::optional<int> descriptor = {};
+  // A person types there: waits don't block for a line, timers keep real time.
+  bool isTerminal = false;
 };
 
 struct ConsoleOptions {

@@ -4,6 +4,7 @@
 
 #include <array>
 
+#include "platform/termination.h"
 #include "text/code_page.h"
 #include "text/one_based.h"
 
@@ -11,7 +12,7 @@ namespace tessera {
 
 std::optional<std::string> ScriptInput::NextLine() {
   std::string line;
-  if (!std::getline(in_, line)) return std::nullopt;
+  if (!AwaitInput() || !std::getline(in_, line)) return std::nullopt;
   ++lineNumber_;
   if (line.ends_with('\r')) line.pop_back();
   auto text = FromUtf8(line);
@@ -31,10 +32,21 @@ std::optional<std::string> ScriptInput::NextEventLine() {
 }
 
 bool ScriptInput::LineWithin(std::optional<std::chrono::milliseconds> time, int wake) const {
-  std::array watched = {pollfd{.fd = *terminal_, .events = POLLIN, .revents = 0},
-                        pollfd{.fd = wake, .events = POLLIN, .revents = 0}};
-  poll(watched.data(), watched.size(), time ? static_cast<int>(time->count()) : -1);
-  return watched.front().revents != 0;
+  std::array<pollfd, 3> waits = {pollfd{.fd = *descriptor_, .events = POLLIN, .revents = 0},
+                                 pollfd{.fd = termination::Descriptor(), .events = POLLIN, .revents = 0},
+                                 pollfd{.fd = wake, .events = POLLIN, .revents = 0}};
+  poll(waits.data(), waits.size(), time ? static_cast<int>(time->count()) : -1);
+  return waits[0].revents != 0 || waits[1].revents != 0;
+}
+
+bool ScriptInput::AwaitInput() const {
+  if (!descriptor_ || in_.rdbuf()->in_avail() > 0) return true;
+  while (!termination::IsAsked()) {
+    std::array<pollfd, 2> waits = {pollfd{.fd = *descriptor_, .events = POLLIN, .revents = 0},
+                                   pollfd{.fd = termination::Descriptor(), .events = POLLIN, .revents = 0}};
+    if (poll(waits.data(), waits.size(), -1) > 0 && waits[0].revents != 0) return true;
+  }
+  return false;
 }
 
 }  // namespace tessera

@@ -6,6 +6,7 @@
 
 #include "controls/character.h"
 #include "controls/key_code.h"
+#include "controls/numeric_filter.h"
 #include "text/number.h"
 #include "text/one_based.h"
 
@@ -104,6 +105,17 @@ bool EntraNum::KeyDown(int code, bool shift) {
   if (!txtAux_.Backspace()) return false;
   ReadValue();
   return true;
+}
+
+// OPEN: nobody types group marks, but a shown number that was copied has them.
+bool EntraNum::Paste(std::string_view text) {
+  text = Trim(text);
+  std::string typed = WithoutGroupMarks(text);
+  if (std::string digits(text); std::erase(digits, '.') > 0 && Formata(digits, casas_) == text)
+    typed = digits;
+  bool changed = false;
+  for (const char character : typed) changed = KeyPress(character) || changed;
+  return changed;
 }
 
 // Digits, one sign at the start, one decimal mark; whatever is selected counts as gone.

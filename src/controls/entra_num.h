@@ -38,6 +38,8 @@ class EntraNum {
   // which the owner tells as the change event.
   bool KeyPress(char character);
   bool KeyDown(int code, bool shift);
+  // Pasted text, as if typed; a number in the form in which fields show it comes without its group marks.
+  bool Paste(std::string_view text);
   void PlaceCaret(std::size_t anchor, std::size_t caret) { txtAux_.Select(anchor, caret); }
   void SelectAll() { txtAux_.SelectAll(); }
 

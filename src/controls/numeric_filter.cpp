@@ -27,4 +27,10 @@ std::optional<char> NumericFilter(std::string_view text, std::size_t selStart, c
   return std::nullopt;
 }
 
+std::string WithoutGroupMarks(std::string_view text) {
+  std::string plain(text);
+  if (text.find(kMark) != std::string_view::npos || text.find('.') != text.rfind('.')) std::erase(plain, '.');
+  return plain;
+}
+
 }  // namespace tessera

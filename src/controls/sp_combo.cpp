@@ -39,6 +39,13 @@ bool SpCombo::KeyPress(char character) {
   return Edited(txtAux_.Type(character));
 }
 
+bool SpCombo::Paste(std::string_view text) {
+  bool changed = false;
+  for (const char character : text)
+    changed = (enabled_ && IsPrintable(character) && txtAux_.Type(character)) || changed;
+  return Edited(changed);
+}
+
 bool SpCombo::KeyDown(int code, bool shift) {
   if (!enabled_ || txtAux_.MoveKey(code, shift)) return false;
   switch (code) {

@@ -46,6 +46,8 @@ class SpCombo {
   // Down, Page Up and Page Down move the highlight, Enter chooses it, Escape closes.
   bool KeyPress(char character);
   bool KeyDown(int code, bool shift);
+  // Pasted text, which completes nothing. Whether the text changed.
+  bool Paste(std::string_view text);
   bool ListClick(std::ptrdiff_t index);
   // The arrow's click; the pointer over an entry; the wheel, so many rows down, or up if negative.
   void ArrowClick();

@@ -34,7 +34,9 @@ void Engine::CallSub(std::string_view name) {
 
 Value Engine::CallFunction(std::string_view name, std::string_view arguments) {
   Value result;
+  ++run_.FunctionsInProgress;
   const auto failure = Guard([&] { result = RunFunction(name, arguments); });
+  --run_.FunctionsInProgress;
   if (!failure) return result;
   const std::string text = SourcePositionText(run_).append("\r").append(
       "Erro ao executar a função, certifique-se de ter definido os tipos de argumentos e o tipo de retorno da função!"_w);

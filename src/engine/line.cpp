@@ -3,13 +3,11 @@
 #include <algorithm>
 
 #include "commands/command_table.h"
+#include "language/words.h"
 
 namespace tessera {
 
 namespace {
-
-constexpr std::array<std::string_view, 6> kTextCalls = {"CARACTERE(", "UNIR(",      "CAR(",
-                                                        "FORMATA(",   "DIRETORIO(", "SQL("};
 
 std::int32_t NumberIn(std::string_view text) {
   return static_cast<std::int32_t>(LeadingNumber(text));
@@ -130,11 +128,9 @@ const Result& Remember(std::optional<Result>& place, Search search) {
 
 RightSide ReadRightSide(std::string_view line) {
   constexpr std::string_view kJoin = " & ";
-  const std::string upper = Upper(line);
   RightSide right;
   right.text = Trim(Mid(line, Find(line, "=") + 1));
-  right.isText = std::any_of(kTextCalls.begin(), kTextCalls.end(),
-                             [&](std::string_view call) { return Contains(upper, call); });
+  right.isText = HoldsCallOf(trait::kText, line);
   const std::string upperRight = Upper(right.text);
   right.readsSql = upperRight.starts_with("SQL(") && !Contains(upperRight, "TOTALREGISTROS");
   if (!Contains(right.text, kJoin)) return right;

@@ -2,6 +2,7 @@
 
 #include "image/key_table.h"
 #include "platform/failure.h"
+#include "text/little_endian.h"
 #include "text/one_based.h"
 
 namespace tessera {
@@ -54,18 +55,11 @@ std::string EncodeTextWithKey(std::string_view plain, int key) {
   RunningKey running(kKeys.at(static_cast<std::size_t>(key)));
   for (const char c : plain) scrambled.push_back(CharacterOf(ValueOf(c) + running.Next()));
 
-  const std::size_t n = plain.size() + 1;
-  std::string count;
-  for (std::size_t i = 0; i < kCountLength; ++i) count.push_back(static_cast<char>((n >> (8 * i)) & 0xFF));
-  return count + ComplementText(scrambled);
+  return ToLittleEndian(plain.size() + 1, kCountLength) + ComplementText(scrambled);
 }
 
 std::size_t EncodedCount(std::string_view encoded) {
-  std::size_t n = 0;
-  for (std::size_t i = 0; i < kCountLength && i < encoded.size(); ++i) {
-    n |= std::size_t{ValueOf(encoded[i])} << (8 * i);
-  }
-  return n;
+  return FromLittleEndian(encoded, kCountLength);
 }
 
 bool IsDecodable(std::string_view encoded) {

@@ -21,6 +21,7 @@ class HiddenText {
   consteval explicit HiddenText(const char (&text)[N]) {
     for (std::size_t i = 0; i + 1 < N; ++i) hidden_[i] = static_cast<char>(text[i] ^ kMask);
   }
+  consteval char At(std::size_t i) const { return static_cast<char>(hidden_[i] ^ kMask); }
   std::string text() const {
     std::string plain;
     for (const char hidden : hidden_) {

@@ -2,6 +2,7 @@
 
 #include "image/codec.h"
 #include "image/image_layout.h"
+#include "image/seal.h"
 #include "text/one_based.h"
 
 namespace tessera {
@@ -73,6 +74,10 @@ std::variant<SplitEditors, ImageProblem> SplitPackage(std::string_view package) 
 }
 
 std::variant<PackedProgram, ImageProblem> ReadProgram(std::string_view image) {
+  const SealState seal = CheckSeal(image);
+  if (seal == SealState::Cut) return ImageProblem::CutFile;
+  if (seal == SealState::Changed) return ImageProblem::ChangedFile;
+
   const std::string opening = kOpeningMarker.text();
   const std::size_t a = image.find(opening);
   const std::size_t b = image.find(kNameEnd.text());

@@ -10,13 +10,15 @@
 namespace tessera {
 
 enum class ImageProblem {
+  CutFile,       // the file is shorter than it tells
+  ChangedFile,   // the file's check sum is that of other bytes
   NoProgram,     // no name in the file: it is the bare runtime
   NoPackage,     // a name, but not both markers around a package
   CutPackage,    // a field without its separator
   DamagedField,  // a field whose count is not its length, or whose key does not exist
 };
 
-// All of the reading: name, package, split.
+// All of the reading: the seal where there is one, name, package, split.
 std::variant<PackedProgram, ImageProblem> ReadProgram(std::string_view image);
 
 // The package between the markers of the program called `name`, given in any case. Nothing where a marker is

@@ -90,6 +90,10 @@ void ComboControl::PlaceCaret(std::size_t anchor, std::size_t caret) {
   Refresh();
 }
 
+void ComboControl::Paste(std::string_view text) {
+  Changed(combo_.Paste(FirstLine(text)));
+}
+
 void ComboControl::ReplaceText(std::string_view text) {
   const bool isNews = text != combo_.Text();
   combo_.SetText(text);

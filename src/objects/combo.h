@@ -30,6 +30,7 @@ class ComboControl final : public EntryControl {
   Line Shown() const override { return LineOf(combo_.TxtAux()); }
   void PlaceCaret(std::size_t anchor, std::size_t caret) override;
   // The text as it stands, with no completion.
+  void Paste(std::string_view text) override;
   void ReplaceText(std::string_view text) override;
   void Choose(int entry) override;
   void OnKeyDown(int keyCode, KeyShift shift) override;

@@ -26,12 +26,15 @@ class EntryControl : public Control {
   // Selects what lies between the two places, the caret at the second one.
   virtual void PlaceCaret(std::size_t anchor, std::size_t caret) = 0;
 
-  // Types the text in place of what is there, key by key.
+  // Puts a text, of which the first line counts, in place of the selection. Here it is typed, key by key.
+  virtual void Paste(std::string_view text);
+  // Pastes the text in place of what is there.
   void ReplaceText(std::string_view text) override;
   void Click() override { Events().OnClick(*this); }
 
  protected:
   static Line LineOf(const TextField& field);
+  static std::string_view FirstLine(std::string_view text);
   // Behind a key: shows what it did, and tells a change.
   void Changed(bool textChanged);
 };

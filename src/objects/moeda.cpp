@@ -2,7 +2,6 @@
 
 #include "objects/object_frame.h"
 #include "text/number.h"
-#include "text/one_based.h"
 #include "windows/form.h"
 
 namespace tessera {
@@ -57,12 +56,8 @@ void MoedaControl::EnterValue(double value) {
   ReplaceText(NumberText(value));
 }
 
-// OPEN: a text in the form in which the field shows numbers comes without its group marks, which nobody
-// types.
-void MoedaControl::ReplaceText(std::string_view text) {
-  std::string typed(text);
-  if (Contains(typed, ",")) std::erase(typed, '.');
-  EntryControl::ReplaceText(typed);
+void MoedaControl::Paste(std::string_view text) {
+  Changed(number_.Paste(FirstLine(text)));
 }
 
 void MoedaControl::OnKeyDown(int keyCode, KeyShift shift) {

@@ -17,7 +17,7 @@ class MoedaControl final : public EntryControl {
 
   Line Shown() const override { return LineOf(number_.TxtAux()); }
   void PlaceCaret(std::size_t anchor, std::size_t caret) override;
-  void ReplaceText(std::string_view text) override;
+  void Paste(std::string_view text) override;
   void EnterValue(double value) override;
   void OnKeyDown(int keyCode, KeyShift shift) override;
   void OnKeyPress(char character) override;

@@ -195,13 +195,10 @@ void ObjectFamily::ClearWindow(std::string_view caption) {
 
 void ObjectFamily::ClearMainWindow() {
   constexpr std::size_t kKept = 2;
-  while (rows_.size() > kKept) {
-    Remove(rows_.back());
-    rows_.pop_back();
-  }
-  for (ObjectRow& row : rows_) {
-    RemoveCompanions(row);
-    if (const auto control = row.object.lock()) control->SetVisible(false);
+  for (std::size_t index = rows_.size(); index > kKept; --index) Remove(rows_[index - 1]);
+  for (std::size_t index = 0; index < std::min(rows_.size(), kKept); ++index) {
+    RemoveCompanions(rows_[index]);
+    if (const auto control = rows_[index].object.lock()) control->SetVisible(false);
   }
 }
 

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <memory>
 #include <span>
 #include <string>
@@ -49,7 +50,7 @@ class ObjectFamily : public ControlEvents {
   Value Do(std::string_view arguments);
 
   // The rows ever used; the count never goes down while the program runs.
-  const std::vector<ObjectRow>& Rows() const { return rows_; }
+  const std::deque<ObjectRow>& Rows() const { return rows_; }
   // The row of that name, the lowest of several; null where there is none. Case counts.
   ObjectRow* FindRow(std::string_view name);
 
@@ -120,7 +121,9 @@ class ObjectFamily : public ControlEvents {
   std::span<const Companion> companions_;
   std::span<const SuffixRow> suffixes_;
   std::span<const SuffixRow> shared_;
-  std::vector<ObjectRow> rows_;
+  // References to rows live across the evaluation of arguments, which may make further objects or end the
+  // program: rows are added at the end and never taken out.
+  std::deque<ObjectRow> rows_;
 };
 
 }  // namespace tessera

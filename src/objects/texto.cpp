@@ -154,7 +154,7 @@ void TextoControl::PlaceCaret(std::size_t anchor, std::size_t caret) {
 // What a filter would not let in comes in by no other way.
 void TextoControl::Paste(std::string_view text) {
   if (tag_ == kNumeric) {
-    for (const char character : text) OnKeyPress(character);
+    for (const char character : WithoutGroupMarks(text)) OnKeyPress(character);
     return;
   }
   Changed(text_.Paste(text));

@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <limits>
 
+#include "platform/descriptor_io.h"
 #include "platform/failure.h"
 
 namespace tessera {
@@ -40,19 +41,30 @@ void FailSystem(int error) {
   }
 }
 
-std::unique_ptr<BinaryFile> BinaryFile::Open(const std::string& path) {
-  constexpr mode_t kAnyone = 0666;
-  int descriptor = open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, kAnyone);
-  if (descriptor < 0 && (errno == EACCES || errno == EROFS))
-    descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
-  // A name in a folder that is not there: the path is missing, not the file.
-  if (descriptor < 0 && errno == ENOENT) Fail(76);
-  if (descriptor < 0) FailSystem(errno);
-  return std::unique_ptr<BinaryFile>(new BinaryFile(descriptor));
+namespace {
+
+constexpr mode_t kAnyone = 0666;
+
+Descriptor OpenOrFail(const std::string& path, int flags) {
+  Descriptor file(open(path.c_str(), flags | O_CLOEXEC, kAnyone));
+  if (!file.IsOpen()) FailSystem(errno);
+  return file;
 }
 
-BinaryFile::~BinaryFile() {
-  close(descriptor_);
+}  // namespace
+
+std::unique_ptr<BinaryFile> BinaryFile::Open(const std::string& path) {
+  Descriptor file(open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, kAnyone));
+  if (!file.IsOpen() && (errno == EACCES || errno == EROFS))
+    return std::unique_ptr<BinaryFile>(new BinaryFile(OpenOrFail(path, O_RDONLY)));
+  // A name in a folder that is not there: the path is missing, not the file.
+  if (!file.IsOpen() && errno == ENOENT) Fail(76);
+  if (!file.IsOpen()) FailSystem(errno);
+  return std::unique_ptr<BinaryFile>(new BinaryFile(std::move(file)));
+}
+
+std::unique_ptr<BinaryFile> BinaryFile::Create(const std::string& path) {
+  return std::unique_ptr<BinaryFile>(new BinaryFile(OpenOrFail(path, O_RDWR | O_CREAT | O_EXCL)));
 }
 
 // A length that a program made up must not cost more memory than the file has bytes.
@@ -68,16 +80,7 @@ std::string BinaryFile::Read(std::uint64_t position, std::size_t length) const {
   if (position == 0 || position > static_cast<std::uint64_t>(std::numeric_limits<off_t>::max()))
     FailArgument();
   std::string bytes(ReadableLength(position, length), '\0');
-  std::size_t done = 0;
-  while (done < bytes.size()) {
-    const ssize_t count =
-        pread(descriptor_, bytes.data() + done, bytes.size() - done, static_cast<off_t>(position - 1 + done));
-    if (count < 0 && errno == EINTR) continue;
-    if (count < 0) FailSystem(errno);
-    if (count == 0) break;
-    done += static_cast<std::size_t>(count);
-  }
-  bytes.resize(done);
+  if (const int error = ReadAllAt(descriptor_.number(), position - 1, bytes)) FailSystem(error);
   return bytes;
 }
 
@@ -90,23 +93,19 @@ std::string BinaryFile::ReadBlankPadded(std::uint64_t position, std::size_t leng
 void BinaryFile::Write(std::uint64_t position, std::string_view bytes) {
   if (position == 0 || position > static_cast<std::uint64_t>(std::numeric_limits<off_t>::max()))
     FailArgument();
-  for (std::size_t done = 0; done < bytes.size();) {
-    const ssize_t count = pwrite(descriptor_, bytes.data() + done, bytes.size() - done,
-                                 static_cast<off_t>(position - 1 + done));
-    if (count < 0 && errno == EINTR) continue;
-    if (count < 0) FailSystem(errno == EBADF ? EACCES : errno);
-    done += static_cast<std::size_t>(count);
+  if (const int error = WriteAllAt(descriptor_.number(), position - 1, bytes)) {
+    FailSystem(error == EBADF ? EACCES : error);
   }
 }
 
 std::uint64_t BinaryFile::Size() const {
   struct stat status {};
-  if (fstat(descriptor_, &status) != 0) FailSystem(errno);
+  if (fstat(descriptor(), &status) != 0) FailSystem(errno);
   return static_cast<std::uint64_t>(status.st_size);
 }
 
 void BinaryFile::Sync() {
-  if (fsync(descriptor_) != 0) FailSystem(errno);
+  if (fsync(descriptor()) != 0) FailSystem(errno);
 }
 
 int FileNumbers::Free() const {
@@ -120,6 +119,14 @@ void FileNumbers::Put(int number, std::unique_ptr<OpenedFile> file) {
   if (number < kFirst || number > kLast) Fail(52);
   if (files_.contains(number)) Fail(55);
   files_.emplace(number, std::move(file));
+}
+
+std::optional<RunFailure> FileNumbers::FlushAll() {
+  std::optional<RunFailure> failure;
+  for (const auto& [number, file] : files_) {
+    if (const auto refused = Guard([&] { file->Flush(); })) failure = refused;
+  }
+  return failure;
 }
 
 OpenedFile& FileNumbers::Find(int number) const {

@@ -5,8 +5,13 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
+
+#include "platform/descriptor.h"
+#include "platform/failure.h"
 
 namespace tessera {
 
@@ -17,6 +22,8 @@ namespace tessera {
 class OpenedFile {
  public:
   virtual ~OpenedFile() = default;
+  // Hands the system what was written and is still held back. Failures of a disk.
+  virtual void Flush() {}
 };
 
 // A file opened for reading and writing at positions, shared with every other process. Positions count bytes
@@ -25,9 +32,8 @@ class BinaryFile final : public OpenedFile {
  public:
   // Opens the file, and creates it when there is none. Where writing is forbidden it is opened for reading.
   static std::unique_ptr<BinaryFile> Open(const std::string& path);
-  ~BinaryFile() override;
-  BinaryFile(const BinaryFile&) = delete;
-  BinaryFile& operator=(const BinaryFile&) = delete;
+  // Makes the file; failure 58 where that name is taken, by a link that leads nowhere as well.
+  static std::unique_ptr<BinaryFile> Create(const std::string& path);
 
   // The bytes from `position` on; fewer, or none, where the file ends before.
   std::string Read(std::uint64_t position, std::size_t length) const;
@@ -39,14 +45,14 @@ class BinaryFile final : public OpenedFile {
   // Returns when what was written has reached the disk.
   void Sync();
 
-  int descriptor() const { return descriptor_; }
+  int descriptor() const { return descriptor_.number(); }
 
  private:
   std::size_t ReadableLength(std::uint64_t position, std::size_t length) const;
 
-  explicit BinaryFile(int descriptor) : descriptor_(descriptor) {}
+  explicit BinaryFile(Descriptor descriptor) : descriptor_(std::move(descriptor)) {}
 
-  int descriptor_;
+  Descriptor descriptor_;
 };
 
 // The numbers under which a program's files are open, shared by all commands that open files.
@@ -77,6 +83,9 @@ class FileNumbers {
     }
     return false;
   }
+
+  // Flushes all files; the failure of one that refuses, which keeps what it holds.
+  std::optional<RunFailure> FlushAll();
 
   // Closes one number, or all of them; a number that is not open is passed over.
   void Close(int number) { files_.erase(number); }

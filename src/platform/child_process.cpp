@@ -21,7 +21,7 @@ namespace {
 }
 
 // How the new process begins: a session of its own, apart from this one's input and output, and no signal
-// blocked.
+// blocked or ignored.
 class SpawnSettings {
  public:
   SpawnSettings() {
@@ -32,7 +32,13 @@ class SpawnSettings {
     sigset_t none;
     sigemptyset(&none);
     posix_spawnattr_setsigmask(&attributes, &none);
-    posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGMASK);
+    sigset_t ignored;
+    sigemptyset(&ignored);
+    sigaddset(&ignored, SIGXFSZ);
+    sigaddset(&ignored, SIGPIPE);
+    posix_spawnattr_setsigdefault(&attributes, &ignored);
+    posix_spawnattr_setflags(&attributes,
+                             POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
   }
   ~SpawnSettings() {
     posix_spawn_file_actions_destroy(&actions);

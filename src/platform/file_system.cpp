@@ -5,13 +5,13 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 
 #include "platform/binary_file.h"
 #include "platform/descriptor.h"
+#include "platform/descriptor_io.h"
 #include "platform/failure.h"
+#include "platform/whole_file.h"
 #include "text/code_page.h"
 #include "text/one_based.h"
 
@@ -48,34 +48,21 @@ std::vector<Entry> EntriesOf(const std::string& folder) {
 
 void CopyBytes(int source, int target) {
   constexpr std::size_t kPortion = std::size_t{1} << 18;
-  std::string bytes(kPortion, '\0');
   for (;;) {
-    const ssize_t count = read(source, bytes.data(), bytes.size());
-    if (count < 0 && errno == EINTR) continue;
-    if (count < 0) FailSystem(errno);
-    if (count == 0) return;
-    for (ssize_t done = 0; done < count;) {
-      const ssize_t written = write(target, bytes.data() + done, static_cast<std::size_t>(count - done));
-      if (written < 0 && errno == EINTR) continue;
-      if (written < 0) FailSystem(errno);
-      done += written;
-    }
+    std::string bytes;
+    if (const int error = ReadSome(source, kPortion, bytes)) FailSystem(error);
+    if (bytes.empty()) return;
+    std::string_view rest = bytes;
+    if (const int error = WriteAll(target, rest)) FailSystem(error);
   }
 }
 
 // Writes a copy beside the target and puts it in the target's place.
 void ReplaceByCopy(int source, mode_t permissions, const std::string& target) {
-  std::string unfinished = target + ".XXXXXX";
-  const Descriptor copy(mkostemp(unfinished.data(), O_CLOEXEC));
-  if (!copy.IsOpen()) FailOpening(target, errno);
-  const auto failure = Guard([&] {
-    CopyBytes(source, copy.number());
-    if (fchmod(copy.number(), permissions) != 0) FailSystem(errno);
-    if (std::rename(unfinished.c_str(), target.c_str()) != 0) FailSystem(errno);
-  });
-  if (!failure) return;
-  unlink(unfinished.c_str());
-  throw RunFailure(*failure);
+  Replacement copy(target);
+  if (copy.error() != 0) FailOpening(target, copy.error());
+  CopyBytes(source, copy.descriptor());
+  if (const int error = copy.Commit(permissions)) FailSystem(error);
 }
 
 }  // namespace
@@ -88,9 +75,10 @@ void FailOpening(const std::string& path, int error) {
 }
 
 bool IsFile(const std::string& path) {
-  std::error_code error;
-  const fs::file_status status = fs::status(path, error);
-  return fs::exists(status) && !fs::is_directory(status);
+  struct stat status {};
+  if (stat(path.c_str(), &status) == 0) return !S_ISDIR(status.st_mode);
+  if (errno != ENOENT && errno != ENOTDIR) FailSystem(errno);
+  return false;
 }
 
 void CopyFile(const std::string& source, const std::string& target) {
@@ -110,9 +98,7 @@ void CopyFile(const std::string& source, const std::string& target) {
     CopyBytes(from.number(), to.number());
     return;
   }
-  // A link leads on to its file.
-  const std::string real = fs::weakly_canonical(target, ignored).string();
-  ReplaceByCopy(from.number(), status.st_mode & 0777, real.empty() ? target : real);
+  ReplaceByCopy(from.number(), status.st_mode & 0777, target);
 }
 
 bool RemoveFile(const std::string& path) {

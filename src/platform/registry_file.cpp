@@ -5,8 +5,8 @@
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
-#include <system_error>
+#include <cerrno>
+#include <variant>
 
 #include "platform/descriptor.h"
 #include "platform/whole_file.h"
@@ -71,9 +71,14 @@ std::vector<std::string> Pieces(std::string_view text, char end) {
 }  // namespace
 
 // A line that is no value, as a person's editing may leave it, is passed over.
-std::vector<RegistryFile::Entry> RegistryFile::Load() const {
+std::optional<std::vector<RegistryFile::Entry>> RegistryFile::Load() const {
+  const auto read = ReadWholeFile(path_);
+  if (const auto* error = std::get_if<SystemError>(&read)) {
+    if (error->number == ENOENT) return std::vector<Entry>();
+    return std::nullopt;
+  }
   std::vector<Entry> entries;
-  for (const std::string& line : Pieces(FromUtf8Lossy(ReadWholeFile(path_)), '\n')) {
+  for (const std::string& line : Pieces(FromUtf8Lossy(std::get<std::string>(read)), '\n')) {
     const auto pieces = Pieces(line, '\t');
     if (pieces.size() != 4) continue;
     entries.push_back(
@@ -83,7 +88,9 @@ std::vector<RegistryFile::Entry> RegistryFile::Load() const {
 }
 
 std::string RegistryFile::Read(std::string_view root, std::string_view key, std::string_view name) const {
-  for (const Entry& entry : Load()) {
+  const auto entries = Load();
+  if (!entries) return {};
+  for (const Entry& entry : *entries) {
     if (EqualsIgnoringCase(entry.root, root) && EqualsIgnoringCase(entry.key, key) &&
         EqualsIgnoringCase(entry.name, name)) {
       return entry.value;
@@ -94,23 +101,23 @@ std::string RegistryFile::Read(std::string_view root, std::string_view key, std:
 
 bool RegistryFile::Write(std::string_view root, std::string_view key, std::string_view name,
                          std::string_view value) const {
-  std::error_code ignored;
-  std::filesystem::create_directories(std::filesystem::path(path_).parent_path(), ignored);
+  MakeFoldersFor(path_);
   // The file itself is replaced by each write, so the lock stands on a file beside it.
   const Descriptor lock(open((path_ + ".lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
   if (!lock.IsOpen() || flock(lock.number(), LOCK_EX) != 0) return false;
-  std::vector<Entry> entries = Load();
-  std::erase_if(entries, [&](const Entry& entry) {
+  auto entries = Load();
+  if (!entries) return false;
+  std::erase_if(*entries, [&](const Entry& entry) {
     return EqualsIgnoringCase(entry.root, root) && EqualsIgnoringCase(entry.key, key) &&
            EqualsIgnoringCase(entry.name, name);
   });
-  entries.push_back({std::string(root), std::string(key), std::string(name), std::string(value)});
+  entries->push_back({std::string(root), std::string(key), std::string(name), std::string(value)});
   std::string text;
-  for (const Entry& entry : entries) {
+  for (const Entry& entry : *entries) {
     text += Escaped(entry.root) + '\t' + Escaped(entry.key) + '\t' + Escaped(entry.name) + '\t' +
             Escaped(entry.value) + '\n';
   }
-  return ReplaceFile(path_, ToUtf8(text));
+  return ReplaceFile(path_, ToUtf8(text)) == 0;
 }
 
 std::string RegistryPath(const EnvironmentReader& environment) {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,7 +22,7 @@ class RegistryFile {
   std::string Read(std::string_view root, std::string_view key, std::string_view name) const;
 
   // Sets or adds a value. Safe among processes: no value that another one writes is lost. False where the
-  // disk refuses.
+  // old values can't be read, or the disk refuses; then the file is as it was.
   bool Write(std::string_view root, std::string_view key, std::string_view name,
              std::string_view value) const;
 
@@ -30,7 +31,8 @@ class RegistryFile {
     std::string root, key, name, value;
   };
 
-  std::vector<Entry> Load() const;
+  // Nothing where the file is there and can't be read.
+  std::optional<std::vector<Entry>> Load() const;
 
   std::string path_;
 };

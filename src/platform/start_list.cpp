@@ -49,9 +49,10 @@ bool StartList::Add(std::string_view name, const std::vector<std::string>& comma
                     const std::string& workingFolder) const {
   std::string line;
   for (const std::string& word : command) line += (line.empty() ? "" : " ") + QuotedWord(word);
+  MakeFoldersFor(FileOf(name));
   return ReplaceFile(FileOf(name), "[Desktop Entry]\nType=Application\nName=" + EntryText(ToUtf8(name)) +
                                        "\nExec=" + EntryText(line) + "\nPath=" + EntryText(workingFolder) +
-                                       "\n");
+                                       "\n") == 0;
 }
 
 void StartList::Remove(std::string_view name) const {
@@ -61,7 +62,8 @@ void StartList::Remove(std::string_view name) const {
 std::vector<std::string> OwnCommand() {
   std::error_code ignored;
   std::vector<std::string> words = {std::filesystem::read_symlink("/proc/self/exe", ignored).string()};
-  const std::string line = ReadWholeFile("/proc/self/cmdline");
+  const auto read = ReadWholeFile("/proc/self/cmdline");
+  const std::string line = std::holds_alternative<std::string>(read) ? std::get<std::string>(read) : "";
   for (std::size_t at = line.find('\0'); at != std::string::npos && at + 1 < line.size();) {
     const std::size_t end = line.find('\0', at + 1);
     words.push_back(line.substr(at + 1, end - at - 1));

@@ -3,9 +3,9 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
-#include <algorithm>
 #include <cerrno>
 
+#include "platform/descriptor_io.h"
 #include "platform/failure.h"
 #include "platform/file_system.h"
 #include "text/one_based.h"
@@ -42,14 +42,8 @@ bool TextReader::Fill() {
   buffer_.erase(0, next_);
   next_ = 0;
   const std::size_t held = buffer_.size();
-  buffer_.resize(held + kBuffer);
-  ssize_t count = 0;
-  do {
-    count = read(descriptor_.number(), buffer_.data() + held, kBuffer);
-  } while (count < 0 && errno == EINTR);
-  buffer_.resize(held + static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
-  if (count < 0) FailSystem(errno);
-  return count != 0;
+  if (const int error = ReadSome(descriptor_.number(), kBuffer, buffer_)) FailSystem(error);
+  return buffer_.size() > held;
 }
 
 std::optional<std::string> TextReader::ReadLine() {
@@ -89,12 +83,10 @@ void TextWriter::WriteLine(std::string_view line) {
 }
 
 void TextWriter::Flush() {
-  while (!buffer_.empty()) {
-    const ssize_t count = write(descriptor_.number(), buffer_.data(), buffer_.size());
-    if (count < 0 && errno == EINTR) continue;
-    if (count < 0) FailSystem(errno);
-    buffer_.erase(0, static_cast<std::size_t>(count));
-  }
+  std::string_view rest = buffer_;
+  const int error = WriteAll(descriptor_.number(), rest);
+  buffer_.erase(0, buffer_.size() - rest.size());
+  if (error != 0) FailSystem(error);
 }
 
 std::uint64_t TextWriter::Size() const {

@@ -44,7 +44,7 @@ class TextWriter final : public OpenedFile {
   // Adds a line and its end, CR LF. A line that ended in a failure has not been added.
   void WriteLine(std::string_view line);
   // Writes what the buffer holds. What the disk refuses stays in the buffer.
-  void Flush();
+  void Flush() override;
 
   std::uint64_t Size() const;
 

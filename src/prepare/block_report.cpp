@@ -1,8 +1,10 @@
 #include "prepare/block_report.h"
 
 #include <algorithm>
-#include <array>
+#include <span>
 
+#include "language/words.h"
+#include "prepare/linking.h"
 #include "prepare/prepared_text.h"
 #include "text/literal.h"
 #include "text/number.h"
@@ -11,20 +13,6 @@
 namespace tessera {
 
 namespace {
-
-struct Kind {
-  std::string_view opening;
-  std::string_view closing;
-  std::string_view message;  // the block check's own
-};
-
-constexpr std::array kKinds = {
-    Kind{"Se", "FimSe", "Comando Se sem o respectivo FimSe!"_w},
-    Kind{"Enquanto", "Repita", "Comando Enquanto sem o respectivo Repita!"_w},
-};
-
-constexpr std::array<std::string_view, 5> kRoutineWords = {"Funcao ", "Sub ", "FimFuncao", "FimSub",
-                                                           "FimPrograma"};
 
 struct Statement {
   SourcePlace place;
@@ -54,7 +42,7 @@ std::size_t Count(std::string_view text, std::string_view sought) {
 }
 
 // The two counts of the block check: every text with the letters and the bracket counts.
-bool CountsDiffer(std::string_view upperText, const Kind& kind) {
+bool CountsDiffer(std::string_view upperText, const BlockPair& kind) {
   const std::size_t closings = Count(upperText, Upper(kind.closing) + "[");
   std::size_t openings = Count(upperText, Upper(kind.opening) + "[");
   if (kind.closing.ends_with(kind.opening)) openings -= closings;  // "FIMSE[" holds "SE["
@@ -65,17 +53,12 @@ bool IsBlockWord(std::string_view statement, std::string_view word) {
   return statement.starts_with(word) && CharAt(statement, word.size() + 1) == '[';
 }
 
-bool IsRoutineBoundary(std::string_view statement) {
-  return std::any_of(kRoutineWords.begin(), kRoutineWords.end(),
-                     [&](std::string_view word) { return statement.starts_with(word); });
-}
-
 // Walks the statements with the open blocks of both kinds on one stack, as a person nests them.
 class BlockWalk {
  public:
   explicit BlockWalk(std::string_view text) {
     const std::string upper = Upper(text);
-    for (std::size_t k = 0; k < kKinds.size(); ++k) failing_[k] = CountsDiffer(upper, kKinds[k]);
+    for (std::size_t k = 0; k < kinds_.size(); ++k) failing_[k] = CountsDiffer(upper, kinds_[k]);
   }
 
   std::vector<PlacedProblem> Run(const std::vector<Statement>& statements) {
@@ -84,7 +67,7 @@ class BlockWalk {
       // No block goes from one routine into the next, so what is open there was forgotten here.
       if (statement.place.editor != editor || IsRoutineBoundary(statement.text)) DropOpenFrom(0);
       editor = statement.place.editor;
-      for (std::size_t k = 0; k < kKinds.size(); ++k) Take(statement, k);
+      for (std::size_t k = 0; k < kinds_.size(); ++k) Take(statement, k);
     }
     DropOpenFrom(0);
     std::stable_sort(problems_.begin(), problems_.end(),
@@ -99,7 +82,7 @@ class BlockWalk {
   };
 
   void Take(const Statement& statement, std::size_t k) {
-    const Kind& kind = kKinds[k];
+    const BlockPair& kind = kinds_[k];
     std::string_view rest = statement.text;
     if (IsBlockWord(rest, kind.opening)) {
       open_.push_back({k, statement.place});
@@ -122,7 +105,7 @@ class BlockWalk {
     const auto matching =
         std::find_if(open_.rbegin(), open_.rend(), [&](const Open& block) { return block.kind == k; });
     if (matching == open_.rend()) {
-      Tell(place, k, " Não há bloco aberto para este "_w, kKinds[k].closing, ".");
+      Tell(place, k, " Não há bloco aberto para este "_w, kinds_[k].closing, ".");
       return;
     }
     const auto index = static_cast<std::size_t>(open_.rend() - matching) - 1;
@@ -142,10 +125,11 @@ class BlockWalk {
   void Tell(SourcePlace place, std::size_t k, std::string_view before, std::string_view word,
             std::string_view after) {
     if (!failing_[k]) return;
-    problems_.push_back({place, std::string(kKinds[k].message).append(before).append(word).append(after)});
+    problems_.push_back({place, OpenBlockMessage(kinds_[k]).append(before).append(word).append(after)});
   }
 
-  std::array<bool, kKinds.size()> failing_{};
+  std::span<const BlockPair> kinds_ = BlockPairs();
+  std::vector<bool> failing_ = std::vector<bool>(kinds_.size());
   std::vector<Open> open_;
   std::vector<PlacedProblem> problems_;
 };

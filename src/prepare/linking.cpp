@@ -1,6 +1,5 @@
 #include "prepare/linking.h"
 
-#include "text/literal.h"
 #include "text/one_based.h"
 
 namespace tessera {
@@ -88,13 +87,20 @@ std::string LinkEnquantoBlocks(std::string_view text) {
 std::string CheckBlocks(std::string_view text) {
   std::string copy = Upper(text);
   std::string message;
-  const int ends = CountAndOverwrite(copy, "FIMSE[");
-  if (CountAndOverwrite(copy, "SE[") != ends) message = "Comando Se sem o respectivo FimSe!"_w;
-  const int repeats = CountAndOverwrite(copy, "REPITA[");
-  if (CountAndOverwrite(copy, "ENQUANTO[") != repeats) {
-    message = "Comando Enquanto sem o respectivo Repita!"_w;
+  for (const BlockPair& block : BlockPairs()) {
+    const int ends = CountAndOverwrite(copy, Upper(block.closing) + "[");
+    const int openings = CountAndOverwrite(copy, Upper(block.opening) + "[");
+    if (openings != ends) message = OpenBlockMessage(block);
   }
   return message;
+}
+
+std::string OpenBlockMessage(const BlockPair& block) {
+  return std::string("Comando ")
+      .append(block.opening)
+      .append(" sem o respectivo ")
+      .append(block.closing)
+      .append("!");
 }
 
 }  // namespace tessera

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "language/words.h"
+
 namespace tessera {
 
 // `Se`, `CasoContrario` and `FimSe` with their depths.
@@ -16,5 +18,8 @@ std::string LinkEnquantoBlocks(std::string_view text);
 // The only structural check of a program: compares the counts of opening and closing words of a linked text.
 // Empty, or the message for the user.
 std::string CheckBlocks(std::string_view text);
+
+// What the check says of a kind of block whose counts differ.
+std::string OpenBlockMessage(const BlockPair& block);
 
 }  // namespace tessera

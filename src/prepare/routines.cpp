@@ -76,8 +76,9 @@ void ListFunctions(std::string_view text, RoutineTables& tables,
     const Position open = FindOrFail(text, "(", hit);
     const Position close = FindOrFail(text, ")", hit);
     const Position lineEnd = FindOrFail(text, "\r", close);
-    tables.FunctionNames.emplace_back(Between(text, hit + kWords.opening.size(), open));
+    const std::string_view name = Between(text, hit + kWords.opening.size(), open);
     tables.FunctionTypes.emplace_back(Trim(Between(text, close + 1, lineEnd)));
+    tables.FunctionNames.emplace_back(name);
     return tables.FunctionNames.back();
   });
 }
@@ -107,8 +108,9 @@ void ListTimers(std::string_view text, RoutineTables& tables) {
     tables.HasTimersFlag = true;
     const Position close = FindOrFail(text, ")", hit);
     const Position open = FindOrFail(text, "(", hit);
-    tables.TimerNames.emplace_back(Between(text, hit, close + 1));
+    const std::string_view name = Between(text, hit, close + 1);
     tables.TimerIntervals.push_back(IntervalOf(Between(text, open + 1, close)));
+    tables.TimerNames.emplace_back(name);
     hit = Find(text, kPrefix, open);
   }
 }

@@ -144,16 +144,20 @@ TextInputAnswer ShowEntraTxt(const TextInput& input, QWidget* parent) {
 }
 
 void ShowMsgExec() {
+  constexpr int kNoticeWidth = 380;
   QDialog dialog;
   dialog.setObjectName("MsgExec");
   dialog.setWindowTitle("Tessera");
 
+  auto* sentence = new QLabel(QString::fromUtf8(kRuntimeNotice), &dialog);
+  sentence->setObjectName("LblAviso");
+  sentence->setWordWrap(true);
+  sentence->setMinimumWidth(kNoticeWidth);
+  QFont large = sentence->font();
+  large.setPointSizeF(large.pointSizeF() * 1.2);
+  sentence->setFont(large);
   auto* name = new QLabel("Compilador do Tessera", &dialog);
   name->setObjectName("LblNome");
-  QFont large = name->font();
-  large.setPointSizeF(large.pointSizeF() * 1.6);
-  large.setBold(true);
-  name->setFont(large);
   auto* purpose = new QLabel(QStringLiteral("Utilitário para compilar programas do Tessera"), &dialog);
   purpose->setObjectName("LblDescricao");
   auto* version = new QLabel(QStringLiteral("VERSÃO 1.0.71"), &dialog);
@@ -165,6 +169,8 @@ void ShowMsgExec() {
   auto* column = new QVBoxLayout(&dialog);
   column->setContentsMargins(28, 24, 28, 20);
   column->setSpacing(10);
+  column->addWidget(sentence);
+  column->addSpacing(8);
   column->addWidget(name);
   column->addWidget(purpose);
   column->addWidget(version);

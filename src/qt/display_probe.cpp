@@ -9,40 +9,49 @@ namespace tessera {
 
 namespace {
 
-// Whether an X server answers, by the client library that the X11 platform itself uses.
-bool XServerAnswers() {
-  void* library = dlopen("libxcb.so.1", RTLD_LAZY);
-  if (library == nullptr) return false;
-  const auto connect = reinterpret_cast<void* (*)(const char*, int*)>(dlsym(library, "xcb_connect"));
-  const auto hasError = reinterpret_cast<int (*)(void*)>(dlsym(library, "xcb_connection_has_error"));
-  const auto disconnect = reinterpret_cast<void (*)(void*)>(dlsym(library, "xcb_disconnect"));
-  bool answers = false;
-  if (connect != nullptr && hasError != nullptr && disconnect != nullptr) {
-    void* connection = connect(nullptr, nullptr);
-    answers = hasError(connection) == 0;
-    disconnect(connection);
-  }
-  dlclose(library);
-  return answers;
-}
+constexpr const char* kPlatformVariable = "QT_QPA_PLATFORM";
 
 bool HasPlatform(const char* file) {
   return QFileInfo::exists(QLibraryInfo::path(QLibraryInfo::PluginsPath) + "/platforms/" + file);
 }
 
+template <typename Function>
+Function* Symbol(void* library, const char* name) {
+  return reinterpret_cast<Function*>(dlsym(library, name));
+}
+
 }  // namespace
 
-std::string FindDisplay() {
-  if (qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) return {};
+DisplayProbe::DisplayProbe() {
+  if (qEnvironmentVariableIsSet(kNoDisplayVariable)) {
+    qunsetenv(kNoDisplayVariable);
+    problem_ = "a tela não aceitou o programa";
+    return;
+  }
+  if (!qEnvironmentVariableIsEmpty(kPlatformVariable)) return;
   if (qEnvironmentVariableIsSet("DISPLAY") && HasPlatform("libqxcb.so") && XServerAnswers()) {
-    qputenv("QT_QPA_PLATFORM", "xcb");
-    return {};
+    qputenv(kPlatformVariable, "xcb");
+  } else if (qEnvironmentVariableIsSet("WAYLAND_DISPLAY") && HasPlatform("libqwayland-generic.so")) {
+    qputenv(kPlatformVariable, "wayland");
+  } else {
+    problem_ = "nenhuma tela ao alcance: não há servidor X em DISPLAY nem sessão Wayland que se possa usar";
   }
-  if (qEnvironmentVariableIsSet("WAYLAND_DISPLAY") && HasPlatform("libqwayland-generic.so")) {
-    qputenv("QT_QPA_PLATFORM", "wayland");
-    return {};
-  }
-  return "nenhuma tela ao alcance: não há servidor X em DISPLAY nem sessão Wayland que se possa usar";
+}
+
+DisplayProbe::~DisplayProbe() {
+  if (connection_ != nullptr) Symbol<void(void*)>(library_, "xcb_disconnect")(connection_);
+  if (library_ != nullptr) dlclose(library_);
+}
+
+bool DisplayProbe::XServerAnswers() {
+  library_ = dlopen("libxcb.so.1", RTLD_LAZY);
+  if (library_ == nullptr) return false;
+  const auto connect = Symbol<void*(const char*, int*)>(library_, "xcb_connect");
+  const auto hasError = Symbol<int(void*)>(library_, "xcb_connection_has_error");
+  if (connect == nullptr || hasError == nullptr || Symbol<void(void*)>(library_, "xcb_disconnect") == nullptr)
+    return false;
+  connection_ = connect(nullptr, nullptr);
+  return hasError(connection_) == 0;
 }
 
 }  // namespace tessera

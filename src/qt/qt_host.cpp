@@ -7,19 +7,21 @@
 #include <QEventLoop>
 #include <QFontDatabase>
 #include <QScreen>
+#include <QSocketNotifier>
 #include <QTimer>
 #include <QUrl>
 #include <algorithm>
 #include <array>
-#include <cstdio>
 #include <thread>
 #include <utility>
 
+#include "platform/termination.h"
 #include "qt/boxes.h"
 #include "qt/desktop_dialogs.h"
 #include "qt/fonts.h"
 #include "qt/form.h"
 #include "qt/language.h"
+#include "qt/messages.h"
 #include "qt/quiet_dispatch.h"
 #include "qt/screen_mode.h"
 #include "qt/text.h"
@@ -28,22 +30,6 @@
 namespace tessera {
 
 namespace {
-
-// Warnings of the window system that tell a person nothing.
-constexpr std::array kHarmless = {
-    "This plugin does not support",  // what a screen in memory has no use for
-    "QStandardPaths: XDG_RUNTIME_DIR not set",
-    "QStandardPaths: runtime directory",
-    "QStandardPaths: wrong permissions on runtime directory",
-    "Could not find the Qt platform plugin \"wayland\"",
-};
-
-void HandleMessage(QtMsgType, const QMessageLogContext&, const QString& text) {
-  const bool isHarmless = std::any_of(kHarmless.begin(), kHarmless.end(), [&](const char* start) {
-    return text.startsWith(QLatin1String(start));
-  });
-  if (!isHarmless) std::fprintf(stderr, "%s\n", qPrintable(text));
-}
 
 // A timer whose ticks enter the logic one by one. The tick is posted, not run in the timer's own slot, for a
 // timer is not entered again while its slot runs, and a tick that yields lets the next one in.
@@ -99,10 +85,12 @@ struct ApplicationArguments {
   int count = 1;
 };
 
-QtHost::QtHost() : entry_([this] { LeaveLoops(); }), random_(std::random_device{}()) {
-  qInstallMessageHandler(HandleMessage);
+QtHost::QtHost(std::function<void()> refused)
+    : entry_([this] { LeaveLoops(); }), random_(std::random_device{}()) {
+  InstallMessages();
   SubstituteFontNames();
   if (qApp == nullptr) {
+    const GuardedStart start(std::move(refused));
     arguments_ = std::make_unique<ApplicationArguments>();
     application_ = std::make_unique<QApplication>(arguments_->count, arguments_->texts.data());
   }
@@ -110,14 +98,29 @@ QtHost::QtHost() : entry_([this] { LeaveLoops(); }), random_(std::random_device{
   QApplication::setQuitOnLastWindowClosed(false);
   serving_ = std::make_unique<QEventLoop>();
   posted_ = std::make_unique<QObject>();
+  ServeTermination();
 }
 
 QtHost::~QtHost() = default;
 
+// The wish comes once, as a person's closing of the main window.
+void QtHost::ServeTermination() {
+  if (termination::Descriptor() < 0) return;
+  termination_ = std::make_unique<QSocketNotifier>(termination::Descriptor(), QSocketNotifier::Read);
+  QObject::connect(termination_.get(), &QSocketNotifier::activated, termination_.get(), [this] {
+    termination_->setEnabled(false);
+    entry_.Enter([this] {
+      if (mainForm_ != nullptr) mainForm_->Events().OnClose();
+    });
+  });
+}
+
 // Where a person clicks the window system finds the window by itself.
 std::unique_ptr<Form> QtHost::NewMainForm(const Placement& place, FormEvents& events,
                                           const WindowDirectory&) {
-  return std::make_unique<QtForm>("Janela", place, events, entry_, front_, drawn_);
+  auto form = std::make_unique<QtForm>("Janela", place, events, entry_, front_, drawn_);
+  mainForm_ = form.get();
+  return form;
 }
 
 std::unique_ptr<Form> QtHost::NewForm(std::string_view name, const Placement& place, FormEvents& events) {
@@ -244,7 +247,7 @@ void QtHost::Pause(std::chrono::milliseconds time) {
   const auto end = Steady::now() + time;
   if (time > kShort) {
     const LogicEntry::Hold hold(entry_);
-    for (auto now = Steady::now(); now < end; now = Steady::now()) {
+    for (auto now = Steady::now(); now < end && !termination::IsAsked(); now = Steady::now()) {
       DispatchAllButInput();
       std::this_thread::sleep_for(std::min<Steady::duration>(end - Steady::now(), kShort));
     }

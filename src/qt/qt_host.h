@@ -1,5 +1,5 @@
 // The host with windows: the window system's application, event dispatch, timers and boxes.
-// A main asks `FindDisplay` (display_probe.h) before it makes one.
+// A main asks the `DisplayProbe` (display_probe.h) before it makes one.
 #pragma once
 
 #include <chrono>
@@ -14,6 +14,7 @@
 class QApplication;
 class QEventLoop;
 class QObject;
+class QSocketNotifier;
 class QTranslator;
 class QWidget;
 
@@ -23,8 +24,9 @@ struct ApplicationArguments;
 
 class QtHost final : public Display, public Dialogs, public EventDispatch {
  public:
-  // Starts the window system, unless the process has started it already.
-  QtHost();
+  // Starts the window system, unless the process has started it already. A display that refuses it calls
+  // `refused`, which must not return: the window system would end the process.
+  explicit QtHost(std::function<void()> refused = {});
   ~QtHost() override;
 
   // What a `Run` is made with.
@@ -61,6 +63,7 @@ class QtHost final : public Display, public Dialogs, public EventDispatch {
 
  private:
   void LeaveLoops();
+  void ServeTermination();
   QWidget* BoxParent() const;
 
   // The window system keeps references into its arguments.
@@ -68,6 +71,8 @@ class QtHost final : public Display, public Dialogs, public EventDispatch {
   std::unique_ptr<QApplication> application_;
   std::unique_ptr<QTranslator> portuguese_;
   std::unique_ptr<QEventLoop> serving_;
+  std::unique_ptr<QSocketNotifier> termination_;
+  Form* mainForm_ = nullptr;
   LogicEntry entry_;
   FrontWatch front_;
   DrawnForms drawn_;

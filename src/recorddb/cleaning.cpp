@@ -1,14 +1,13 @@
 #include "recorddb/cleaning.h"
 
-#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdio>
 
 #include "image/codec.h"
 #include "platform/failure.h"
+#include "platform/whole_file.h"
 #include "recorddb/header_lock.h"
 #include "recorddb/record_commands.h"
 #include "recorddb/slots.h"
@@ -64,23 +63,40 @@ void TakePlace(RecordContext& context, const std::string& temporary, const std::
            status.st_ino == wanted.st_ino;
   });
   if (stillOpen) Fail(70);
-  if (rename(temporary.c_str(), database.c_str()) != 0) FailSystem(errno);
-  const std::string folder = database.substr(0, database.rfind('/') + 1);
-  const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (descriptor < 0) return;
-  fsync(descriptor);
-  close(descriptor);
+  if (const int error = TakePlaceOf(temporary, database)) FailSystem(error);
 }
 
 void CleanInto(RecordContext& context, const DatabaseSlot& slot, const std::string& temporary,
-               const std::string& database) {
+               const std::string& database, BinaryFile& to) {
   const auto from = BinaryFile::Open(database);
-  const auto to = BinaryFile::Open(temporary);
   const FileLock lock(*from, context.run.host.events);
-  const std::int32_t written = CopyLiveRecords(context, slot, *from, *to);
-  WriteCleanHeader(context, *from, *to, written);
-  to->Sync();
+  const std::int32_t written = CopyLiveRecords(context, slot, *from, to);
+  WriteCleanHeader(context, *from, to, written);
+  to.Sync();
   TakePlace(context, temporary, database);
+}
+
+// The databases whose file is open under a number.
+std::vector<DatabaseSlot*> DatabasesUnder(RecordContext& context, int number) {
+  std::vector<DatabaseSlot*> databases;
+  for (DatabaseSlot& slot : context.DatabaseTable) {
+    if (slot.fileNumber == number) databases.push_back(&slot);
+  }
+  return databases;
+}
+
+// A link that leads nowhere takes the name as well.
+bool IsNameTaken(const std::string& path) {
+  struct stat status {};
+  return lstat(path.c_str(), &status) == 0;
+}
+
+void TellOtherCleaning(RecordContext& context, const DatabaseSlot& slot) {
+  ShowCritical(context.run, std::string("Há outro usuário efetuando a rotina de limpeza !\r"
+                                        "Se tiver certeza que não há nenhum usuário efetuando esta rotina,\r"
+                                        "apague o arquivo "_w)
+                                .append(slot.folder)
+                                .append("Temp.Tsa"));
 }
 
 Value LimpaBD(RecordContext& context, std::string_view arguments) {
@@ -94,24 +110,25 @@ Value LimpaBD(RecordContext& context, std::string_view arguments) {
   const std::string temporary = context.run.paths.SystemPath(slot.folder + "Temp.Tsa");
 
   // KEPT: the slot's number is taken for the file number (Cleaning.ClosesTheFileWhoseNumberIsTheSlots).
+  const auto readers = DatabasesUnder(context, number);
   run.fileNumbers.Close(number);
-  if (access(temporary.c_str(), F_OK) == 0) {
-    ShowCritical(run, std::string("Há outro usuário efetuando a rotina de limpeza !\r"
-                                  "Se tiver certeza que não há nenhum usuário efetuando esta rotina,\r"
-                                  "apague o arquivo "_w)
-                          .append(slot.folder)
-                          .append("Temp.Tsa"));
+  for (DatabaseSlot* reader : readers) reader->fileNumber = 0;
+  if (IsNameTaken(temporary)) {
+    TellOtherCleaning(context, slot);
     return {};
   }
   if (access(database.c_str(), F_OK) != 0) FailSystem(errno);
+  const auto to = BinaryFile::Create(temporary);
   // OPEN: a cleaning that fails takes its temporary file with it; the old file is whole, and a file that
   // stays would forbid every later cleaning.
-  if (const auto failure = Guard([&] { CleanInto(context, slot, temporary, database); })) {
+  if (const auto failure = Guard([&] { CleanInto(context, slot, temporary, database, *to); })) {
     unlink(temporary.c_str());
     throw *failure;
   }
   // OPEN: there is no file number 0, so the database of the first slot is left closed.
-  if (number >= FileNumbers::kFirst) run.fileNumbers.Put(number, BinaryFile::Open(database));
+  if (number < FileNumbers::kFirst) return {};
+  run.fileNumbers.Put(number, BinaryFile::Open(database));
+  for (DatabaseSlot* reader : readers) reader->fileNumber = number;
   return {};
 }
 

@@ -1,5 +1,7 @@
 #include "recorddb/database_table.h"
 
+#include <utility>
+
 #include "platform/failure.h"
 #include "recorddb/slots.h"
 #include "text/literal.h"
@@ -31,6 +33,11 @@ SortedList& RecordContext::ListOf(std::int16_t slot) {
 }
 BinaryFile& RecordContext::FileOf(std::int16_t slot) {
   return run.fileNumbers.Get<BinaryFile>(Slot(slot).fileNumber);
+}
+
+// The number is forgotten: it soon belongs to another file, in which no record of this database must land.
+void RecordContext::CloseFile(std::int16_t slot) {
+  run.fileNumbers.Close(std::exchange(Slot(slot).fileNumber, 0));
 }
 
 std::int16_t FindDatabase(RecordContext& context, std::string_view name) {

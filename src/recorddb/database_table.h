@@ -42,7 +42,7 @@ struct DatabaseSlot {
   std::string name;
   std::string folder;  // ends in "\"
   std::int16_t recordLength = 0;
-  int fileNumber = 0;
+  int fileNumber = 0;  // of the open file; 0 while the program has not opened it
   std::vector<DatabaseField> fields;
   std::vector<std::string> indexFields;
 };
@@ -66,7 +66,11 @@ struct RecordContext {
   DatabaseSlot& Slot(std::int16_t slot);
   Order& OrderOf(std::int16_t slot);
   SortedList& ListOf(std::int16_t slot);
+  // The open file of a slot; failure 52 where it is closed. Looked up anew behind everything that lets events
+  // run, since these may close it.
   BinaryFile& FileOf(std::int16_t slot);
+  // Closes the file of a slot, where it is open.
+  void CloseFile(std::int16_t slot);
 
   // True when positions given by the program are places in the order list.
   bool PositionsAreOrdered(std::int16_t slot) { return OrderOf(slot) == Order::Indice && !OrderRebuildFlag; }

@@ -5,10 +5,10 @@
 
 #include <cerrno>
 #include <chrono>
-#include <cstdlib>
 
 #include "image/codec.h"
 #include "platform/failure.h"
+#include "platform/whole_file.h"
 #include "prepare/prepared_text.h"
 #include "recorddb/header_lock.h"
 #include "recorddb/slots.h"
@@ -83,26 +83,6 @@ std::string DateAndTime(Clock& clock) {
   return DateText(std::chrono::floor<std::chrono::days>(now)) + " " + TimeText(now);
 }
 
-// Makes the file appear whole: written beside its place and linked there, so that neither another process nor
-// a sudden end ever shows a part of a header. False when the file is there meanwhile.
-bool CreateWhole(const std::string& path, const std::string& bytes) {
-  std::string draft = path + ".XXXXXX";
-  const int descriptor = mkstemp(draft.data());
-  if (descriptor < 0) FailSystem(errno);
-  close(descriptor);
-  const auto failure = Guard([&] { BinaryFile::Open(draft)->Write(1, bytes); });
-  constexpr mode_t kEveryone = 0666;
-  const mode_t mask = umask(0);
-  umask(mask);
-  chmod(draft.c_str(), kEveryone & ~mask);
-  const bool linked = !failure && link(draft.c_str(), path.c_str()) == 0;
-  const int reason = errno;
-  unlink(draft.c_str());
-  if (failure) throw *failure;
-  if (!linked && reason != EEXIST) FailSystem(reason);
-  return linked;
-}
-
 void TellChangedLength(RecordContext& context, const std::string& name) {
   ShowCritical(context.run, std::string("Erro ("_w)
                                 .append(name)
@@ -113,23 +93,32 @@ void TellChangedLength(RecordContext& context, const std::string& name) {
                                         "Banco de Dados não poderão ser recuperados !"_w));
 }
 
-// True when the file has records of the slot's length; then the date of this run stands in its header.
+// True when the file has records of the slot's length; then the date of this run stands in its header. A file
+// of another length stays open, under a number that no slot knows: only `AbreBD` opens a slot's file.
 bool EnterExistingFile(RecordContext& context, DatabaseSlot& slot, const std::string& path) {
   Run& run = context.run;
-  slot.fileNumber = run.fileNumbers.Free();
-  run.fileNumbers.Put(slot.fileNumber, BinaryFile::Open(path));
-  BinaryFile& file = run.fileNumbers.Get<BinaryFile>(slot.fileNumber);
-  std::string header = file.ReadBlankPadded(1, tsa::kHeaderLength);
+  const int number = run.fileNumbers.Free();
+  auto file = BinaryFile::Open(path);
+  std::string header = file->ReadBlankPadded(1, tsa::kHeaderLength);
   const double length = LeadingNumber(DecodeTrimmed(header, tsa::kRecordLength));
   if (length != slot.recordLength) {
+    run.fileNumbers.Put(number, std::move(file));
     TellChangedLength(context, slot.name);
     return false;
   }
-  // FAST: of the whole header only these bytes change; the others, which a process beside us may be changing,
+  const FileLock lock(*file, run.host.events);
+  const std::string now = EncodeText(DateAndTime(run.host.clock), run.host.random);
+  if (file->Size() < tsa::kHeaderLength) {
+    // A header that was cut gets its blanks back.
+    header = file->ReadBlankPadded(1, tsa::kHeaderLength);
+    SlotWrite(header, tsa::kLastRun, now);
+    file->Write(1, header);
+    return true;
+  }
+  // FAST: of a whole header only these bytes change; the others, which a process beside us may be changing,
   // are not written back.
-  SlotWrite(header, tsa::kLastRun, EncodeText(DateAndTime(run.host.clock), run.host.random));
-  const FileLock lock(file, run.host.events);
-  file.Write(tsa::kLastRun.position, SlotOf(header, tsa::kLastRun));
+  SlotWrite(header, tsa::kLastRun, now);
+  file->Write(tsa::kLastRun.position, SlotOf(header, tsa::kLastRun));
   return true;
 }
 
@@ -137,12 +126,11 @@ void FinishDescriptor(RecordContext& context, Reading& reading) {
   DatabaseSlot& slot = reading.slot;
   slot.recordLength = Short(reading.next - 1);
   const std::string path = context.run.paths.SystemPath(slot.folder + slot.name + ".Tsa");
-  const bool created =
-      access(path.c_str(), F_OK) != 0 && CreateWhole(path, NewHeader(context, slot, reading.password));
-  if (!created) {
-    if (!EnterExistingFile(context, slot, path)) return;
-    context.run.fileNumbers.Close(slot.fileNumber);
-  }
+  // Another program may make the file at the same moment: it is there for the second one.
+  const int error =
+      access(path.c_str(), F_OK) == 0 ? EEXIST : CreateFile(path, NewHeader(context, slot, reading.password));
+  if (error != 0 && error != EEXIST) FailSystem(error);
+  if (error == EEXIST && !EnterExistingFile(context, slot, path)) return;
   ++context.DatabaseCount;
 }
 
@@ -175,7 +163,12 @@ std::string NewHeader(RecordContext& context, const DatabaseSlot& slot, std::str
 std::int32_t RunDatabaseBlock(RecordContext& context, std::string_view text, Position position,
                               Position lineEnd, std::int32_t statement) {
   Reading reading{.slot = context.Slot(context.DatabaseCount), .password = {}, .variableType = {}};
-  reading.slot.fields.clear();
+  // A slot that a refused descriptor used has nothing left of it.
+  reading.slot = {};
+  if (static_cast<std::size_t>(context.DatabaseCount) < kOrderedSlots) {
+    context.OrderOf(context.DatabaseCount) = Order::None;
+    context.ListOf(context.DatabaseCount).Clear();
+  }
   for (;;) {
     const std::string_view line = Mid(text, position, lineEnd - position);
     const std::string_view content = Mid(line, kStatementColumn);

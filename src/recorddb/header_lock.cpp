@@ -40,30 +40,28 @@ bool TryLock(int descriptor) {
 
 }  // namespace
 
-FileLock::FileLock(const BinaryFile& file, EventDispatch& events) : descriptor_(file.descriptor()) {
-  for (int tries = 0; !TryLock(descriptor_); ++tries) {
+FileLock::FileLock(const FileFinder& find, EventDispatch& events) : file_(&find()) {
+  for (int tries = 0; !TryLock(file_->descriptor()); ++tries) {
     if (tries < kQuickTries) {
       std::this_thread::yield();
     } else {
       events.ProcessEvents();
       std::this_thread::sleep_for(kPause);
+      file_ = &find();
     }
   }
 }
 
 FileLock::~FileLock() {
   struct flock lock = OneByte(F_UNLCK);
-  fcntl(descriptor_, F_OFD_SETLK, &lock);
+  fcntl(file_->descriptor(), F_OFD_SETLK, &lock);
 }
 
-HeaderStep::HeaderStep(BinaryFile& file, EventDispatch& events) : file_(file) {
-  Acquire(events);
-}
-
-void HeaderStep::Acquire(EventDispatch& events) {
+HeaderStep::HeaderStep(const FileFinder& find, EventDispatch& events) {
   for (;;) {
-    lock_.emplace(file_, events);
-    area_ = file_.ReadBlankPadded(1, tsa::kLockAreaLength);
+    lock_.emplace(find, events);
+    if (file().Size() == 0) Fail(62);
+    area_ = file().ReadBlankPadded(1, tsa::kLockAreaLength);
     const bool abandoned = SlotOf(area_, tsa::kHolderMark)[0] == tsa::kHeld;
     if (area_[0] == tsa::kFree || abandoned) return;
     lock_.reset();
@@ -79,13 +77,13 @@ std::int32_t HeaderStep::Count() const {
 void HeaderStep::SetBusy() {
   SlotWrite(area_, tsa::kLockByte, {&tsa::kBusy, 1});
   SlotWrite(area_, tsa::kHolderMark, {&tsa::kHeld, 1});
-  file_.Write(1, area_);
+  file().Write(1, area_);
 }
 
 void HeaderStep::SetFree() {
   SlotWrite(area_, tsa::kLockByte, {&tsa::kFree, 1});
   SlotWrite(area_, tsa::kHolderMark, {&tsa::kBlank, 1});
-  file_.Write(1, area_);
+  file().Write(1, area_);
 }
 
 void HeaderStep::SetFree(std::int32_t newCount, Random& random) {

@@ -228,13 +228,13 @@ Value Procure(RecordContext& context, std::string_view arguments) {
   std::string key;
   for (std::size_t i = 2; i < parts.size() && !parts[i].empty(); ++i) {
     if (i - 2 >= kIndexFields) FailSubscript();
+    std::string value = EvalText(run, parts[i]).ToText();
     if (i - 2 >= slot.indexFields.size()) {
       ShowCritical(run, SourcePositionText(run).append("\r").append(
                             "Erro no comando Procure!\r"
                             "Verifique se você definiu a ordem do banco de dados com o comando OrdemBD!"_w));
       return 0;
     }
-    std::string value = EvalText(run, parts[i]).ToText();
     const std::int32_t row = FindField(context, slot.indexFields[i - 2], number);
     if (row == -1) FailSubscript();
     value.resize(

@@ -46,6 +46,10 @@ std::int32_t PhysicalPosition(RecordContext& context, std::int16_t slot, std::in
   return Value(Right(entry, kPositionDigits)).ToInteger();
 }
 
+FileFinder FinderOf(RecordContext& context, std::int16_t slot) {
+  return [&context, slot]() -> BinaryFile& { return context.FileOf(slot); };
+}
+
 // A record of the values in the field variables. `autoInc` gives the value of an AutoInc field.
 template <typename AutoInc>
 std::string EncodeRecord(RecordContext& context, std::int16_t number, std::string_view command,
@@ -53,7 +57,9 @@ std::string EncodeRecord(RecordContext& context, std::int16_t number, std::strin
   Run& run = context.run;
   const DatabaseSlot& slot = context.Slot(number);
   std::string record(static_cast<std::size_t>(slot.recordLength), tsa::kBlank);
-  for (const DatabaseField& field : slot.fields) {
+  // By row: a message box lets events run, and these may run a descriptor into the slot of a refused one.
+  for (std::size_t row = 0; row < slot.fields.size(); ++row) {
+    const DatabaseField& field = slot.fields[row];
     std::string plain;
     if (field.type == kTypeAutoInc) {
       plain = BytesOf(std::int32_t{autoInc()});
@@ -97,14 +103,14 @@ Value AbreBD(RecordContext& context, std::string_view arguments) {
     ShowAtStatement(context, std::string("Erro na abertura do banco de dados '"_w)
                                  .append(given.name)
                                  .append("': Senha incorreta!"_w));
-    run.fileNumbers.Close(slot.fileNumber);
+    context.CloseFile(given.slot);
   }
   return {};
 }
 
 Value FechaBD(RecordContext& context, std::string_view arguments) {
   const RecordArguments given(context, arguments);
-  context.run.fileNumbers.Close(context.Slot(given.slot).fileNumber);
+  context.CloseFile(given.slot);
   return {};
 }
 
@@ -112,27 +118,26 @@ Value AdicionaRegistro(RecordContext& context, std::string_view arguments) {
   const RecordArguments given(context, arguments);
   if (given.slot == -1) return {};
   const DatabaseSlot& slot = context.Slot(given.slot);
-  const bool ordered = context.PositionsAreOrdered(given.slot);
-  BinaryFile& file = context.FileOf(given.slot);
   const std::string record =
       EncodeRecord(context, given.slot, "AdicionaRegistro", [&] { return RecordCount(context, given.slot); });
+  const bool ordered = context.PositionsAreOrdered(given.slot);
   std::int32_t count = 0;
   {
-    HeaderStep step(file, context.run.host.events);
+    HeaderStep step(FinderOf(context, given.slot), context.run.host.events);
     count = step.Count();
     // The record's place is blank before the count tells of it, so that a sudden end leaves a blank record.
-    file.Write(PositionOf(slot, count), std::string(record.size(), tsa::kBlank));
+    step.file().Write(PositionOf(slot, count), std::string(record.size(), tsa::kBlank));
     step.SetBusy();
     step.SetFree(count + 1, context.run.host.random);
   }
   if (ordered) UpdateOrderList(context, count, record, given.slot, ListChange::Add);
-  file.Write(PositionOf(slot, count), record);
+  context.FileOf(given.slot).Write(PositionOf(slot, count), record);
   return {};
 }
 
 // The count of the file, found with its lock byte free.
 std::int32_t WaitForCount(RecordContext& context, std::int16_t slot) {
-  const HeaderStep step(context.FileOf(slot), context.run.host.events);
+  const HeaderStep step(FinderOf(context, slot), context.run.host.events);
   return step.Count();
 }
 
@@ -241,10 +246,9 @@ bool IsDeleted(const DatabaseSlot& slot, std::string_view record) {
 std::string LeRegistro(RecordContext& context, std::int16_t number, std::int32_t position) {
   const DatabaseSlot& slot = context.Slot(number);
   const bool ordered = context.PositionsAreOrdered(number);
-  BinaryFile& file = context.FileOf(number);
   std::int32_t count = 0;
   {
-    HeaderStep step(file, context.run.host.events);
+    HeaderStep step(FinderOf(context, number), context.run.host.events);
     count = step.Count();
     step.SetBusy();
     step.SetFree();
@@ -267,8 +271,8 @@ std::string LeRegistro(RecordContext& context, std::int16_t number, std::int32_t
       return {};
     }
   }
-  const std::string record =
-      file.ReadBlankPadded(PositionOf(slot, physical), static_cast<std::size_t>(slot.recordLength));
+  const std::string record = context.FileOf(number).ReadBlankPadded(
+      PositionOf(slot, physical), static_cast<std::size_t>(slot.recordLength));
   if (IsDeleted(slot, record)) {
     ClearVariables(context, slot);
     return {};

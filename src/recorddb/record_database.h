@@ -1,4 +1,4 @@
-// The record database of one run: the table, its commands and the `BD` block. What the composition root
+// The record database of one run: the table, its commands and the `BD` block. What `ProgramRun`
 // needs.
 #pragma once
 

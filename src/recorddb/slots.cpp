@@ -4,27 +4,10 @@
 #include <bit>
 
 #include "image/codec.h"
+#include "text/little_endian.h"
 #include "values/value.h"
 
 namespace tessera {
-
-namespace {
-
-std::string LittleEndian(std::uint64_t number, std::size_t width) {
-  std::string bytes;
-  for (std::size_t i = 0; i < width; ++i) bytes.push_back(static_cast<char>((number >> (8 * i)) & 0xFF));
-  return bytes;
-}
-
-std::uint64_t FromLittleEndian(std::string_view bytes, std::size_t width) {
-  std::uint64_t number = 0;
-  for (std::size_t i = 0; i < std::min(width, bytes.size()); ++i) {
-    number |= std::uint64_t{static_cast<unsigned char>(bytes[i])} << (8 * i);
-  }
-  return number;
-}
-
-}  // namespace
 
 void SlotWrite(std::string& buffer, tsa::Slot slot, std::string_view value) {
   if (slot.position == 0 || slot.position > buffer.size()) return;
@@ -51,11 +34,11 @@ std::int32_t DecodeDigits(std::string_view encoded) {
 }
 
 std::string BytesOf(std::int32_t number) {
-  return LittleEndian(static_cast<std::uint32_t>(number), 4);
+  return ToLittleEndian(static_cast<std::uint32_t>(number), 4);
 }
 
 std::string BytesOf(double number) {
-  return LittleEndian(std::bit_cast<std::uint64_t>(number), 8);
+  return ToLittleEndian(std::bit_cast<std::uint64_t>(number), 8);
 }
 
 std::int32_t IntegerOf(std::string_view bytes) {

@@ -6,18 +6,26 @@
 #include <optional>
 
 #include "console/console_host.h"
-#include "runtime/composition.h"
+#include "platform/termination.h"
+#include "runtime/program_run.h"
 
 namespace tessera {
 
 int RunOnConsole(const ProgramStart& start, bool answerCancel) {
+  constexpr int kLostOutput = 1;
+  termination::Install(true);
   std::ios::sync_with_stdio(false);
-  ConsoleStreams streams{.in = std::cin, .out = std::cout, .err = std::cerr};
-  if (isatty(STDIN_FILENO) != 0) streams.terminal = STDIN_FILENO;
+  const ConsoleStreams streams{.in = std::cin,
+                               .out = std::cout,
+                               .err = std::cerr,
+                               .descriptor = STDIN_FILENO,
+                               .isTerminal = isatty(STDIN_FILENO) != 0};
   ConsoleHost host(streams, {.programTitle = start.program.name, .answerCancel = answerCancel});
   const int status = RunProgram(start, host.host(), host);
   std::cout.flush();
-  return status;
+  if (std::cout) return status;
+  std::cerr << "tessera: a saída do programa não pôde ser gravada\n";
+  return kLostOutput;
 }
 
 }  // namespace tessera

@@ -12,6 +12,7 @@
 #include "image/image_reader.h"
 #include "image/image_writer.h"
 #include "image/mapped_file.h"
+#include "platform/descriptor_io.h"
 #include "platform/system_clock.h"
 #include "platform/system_reason.h"
 #include "text/code_page.h"
@@ -24,16 +25,6 @@ namespace {
 constexpr std::string_view kHandoverWord = "--entrega";
 constexpr int kHandoverArguments = 5;
 
-bool WriteAll(int file, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t written = write(file, bytes.data(), bytes.size());
-    if (written < 0 && errno == EINTR) continue;
-    if (written <= 0) return false;
-    bytes.remove_prefix(static_cast<std::size_t>(written));
-  }
-  return true;
-}
-
 }  // namespace
 
 std::string BecomeRuntime(const std::string& runtime, const ProgramStart& start) {
@@ -43,7 +34,9 @@ std::string BecomeRuntime(const std::string& runtime, const ProgramStart& start)
   if (!image) return "um dos editores não pode ser codificado";
 
   const int file = memfd_create("programa", 0);
-  if (file < 0 || !WriteAll(file, *image)) return SystemReason(errno);
+  if (file < 0) return SystemReason(errno);
+  std::string_view rest = *image;
+  if (const int error = WriteAll(file, rest)) return SystemReason(error);
   std::array<std::string, kHandoverArguments> words = {runtime, std::string(kHandoverWord),
                                                        std::to_string(file), start.folder.string(),
                                                        ToUtf8(start.commandLine)};
@@ -61,6 +54,8 @@ std::optional<ProgramStart> TakeHandover(int argc, char** argv) {
   if (digits.empty() || digits.find_first_not_of("0123456789") != std::string::npos) return std::nullopt;
   const std::optional<MappedFile> left = MappedFile::Open("/proc/self/fd/" + digits);
   if (!left) return std::nullopt;
+  // Mapped it is enough; no program that this one starts shall inherit it.
+  if (const int file = std::stoi(digits); file > STDERR_FILENO) close(file);
   auto read = ReadProgram(left->bytes());
   PackedProgram* program = std::get_if<PackedProgram>(&read);
   if (program == nullptr) return std::nullopt;

@@ -14,6 +14,7 @@ struct ProgramStart {
   PackedProgram program;
   std::filesystem::path folder;  // absolute; `PastaPrograma`, `PastaTS` and the side file's place
   std::string commandLine;       // program text; `LinhaComando`
+  bool isFinished = false;       // the program stands in the running executable itself
 };
 
 // The arguments of a process (UTF-8) as one command line in program text: joined by blanks, an argument with

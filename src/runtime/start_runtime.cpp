@@ -1,6 +1,11 @@
 #include "runtime/start_runtime.h"
 
+#include <unistd.h>
+
+#include <cstdlib>
+#include <functional>
 #include <iostream>
+#include <memory>
 #include <optional>
 #include <string>
 #include <variant>
@@ -8,13 +13,14 @@
 
 #include "image/image_reader.h"
 #include "image/mapped_file.h"
+#include "platform/termination.h"
 #include "qt/boxes.h"
 #include "qt/display_probe.h"
 #include "qt/qt_host.h"
-#include "runtime/composition.h"
 #include "runtime/console_start.h"
 #include "runtime/handover.h"
 #include "runtime/own_folder.h"
+#include "runtime/program_run.h"
 #include "runtime/program_start.h"
 #include "text/code_page.h"
 
@@ -30,6 +36,13 @@ void Tell(const std::string& message) {
 
 std::string Describe(ImageProblem problem) {
   switch (problem) {
+    case ImageProblem::CutFile:
+      return "este arquivo está cortado: falta o seu fim; copie-o de novo, ou grave-o de novo com tessera "
+             "build";
+    case ImageProblem::ChangedFile:
+      return "este arquivo está danificado: o conteúdo não confere com a soma de verificação; copie-o de "
+             "novo, "
+             "ou grave-o de novo com tessera build";
     case ImageProblem::CutPackage:
       return "o programa dentro deste arquivo está cortado; grave-o de novo com tessera build";
     case ImageProblem::DamagedField:
@@ -41,33 +54,48 @@ std::string Describe(ImageProblem problem) {
   return "o programa dentro deste arquivo está incompleto; grave-o de novo com tessera build";
 }
 
-int RunStart(const ProgramStart& start) {
-  if (const std::string noDisplay = FindDisplay(); !noDisplay.empty()) {
-    Tell(noDisplay + "; o programa roda no terminal");
-    return RunOnConsole(start, false);
-  }
-  QtHost host;
-  return RunProgram(start, host.host(), host);
+// Starts this process anew, from its own file and with its own arguments. It does not return, unless the
+// system has no room for it.
+using Restart = std::function<void()>;
+
+// Calls `use` with a host with windows, or answers why there is none. A display that is lost between the
+// asking and the start is met anew by a process that knows of it.
+template <typename Use>
+std::string WithWindows(const Restart& restart, Use use) {
+  auto probe = std::make_unique<DisplayProbe>();
+  if (!probe->problem().empty()) return probe->problem();
+  QtHost host([&] {
+    setenv(kNoDisplayVariable, "1", 1);
+    restart();
+  });
+  probe.reset();
+  use(host);
+  return {};
+}
+
+int RunStart(const ProgramStart& start, const Restart& restart) {
+  termination::Install(false);
+  int status = 0;
+  const std::string noDisplay =
+      WithWindows(restart, [&](QtHost& host) { status = RunProgram(start, host.host(), host); });
+  if (noDisplay.empty()) return status;
+  Tell(noDisplay + "; o programa roda no terminal");
+  return RunOnConsole(start, false);
 }
 
 // A file whose program cannot be read: the person may have no terminal, so a box tells it as well.
-int TellDamage(ImageProblem problem) {
+int TellDamage(ImageProblem problem, const Restart& restart) {
   const std::string message = Describe(problem);
-  Tell(message);
-  if (FindDisplay().empty()) {
-    QtHost host;
+  const std::string noDisplay = WithWindows(restart, [&](QtHost& host) {
+    Tell(message);
     host.ShowBox({.text = FromUtf8Lossy(message), .title = "Tessera", .icon = BoxIcon::Critical});
-  }
+  });
+  if (!noDisplay.empty()) Tell(message);
   return kNoProgram;
 }
 
-int ShowNotice() {
-  if (const std::string noDisplay = FindDisplay(); !noDisplay.empty()) {
-    Tell("este arquivo é o executor do Tessera e não tem um programa dentro; grave um com tessera build");
-    return kNoProgram;
-  }
-  QtHost host;
-  ShowMsgExec();
+int ShowNotice(const Restart& restart) {
+  if (!WithWindows(restart, [](QtHost&) { ShowMsgExec(); }).empty()) Tell(kRuntimeNotice);
   return kNoProgram;
 }
 
@@ -79,14 +107,18 @@ int StartRuntime(int argc, char** argv) {
     Tell("o próprio arquivo não pode ser lido");
     return kNoProgram;
   }
+  const Restart restart = [argv] { execv(kOwnExecutable, argv); };
   auto read = ReadProgram(image->bytes());
   if (PackedProgram* program = std::get_if<PackedProgram>(&read)) {
-    return RunStart({std::move(*program), OwnFolder(), CommandLineOf({argv + 1, argv + argc})});
+    return RunStart({std::move(*program), OwnFolder(), CommandLineOf({argv + 1, argv + argc}), true},
+                    restart);
   }
   const ImageProblem problem = std::get<ImageProblem>(read);
-  if (problem != ImageProblem::NoProgram) return TellDamage(problem);
-  if (const std::optional<ProgramStart> left = TakeHandover(argc, argv)) return RunStart(*left);
-  return ShowNotice();
+  if (problem != ImageProblem::NoProgram) return TellDamage(problem, restart);
+  if (const std::optional<ProgramStart> left = TakeHandover(argc, argv)) {
+    return RunStart(*left, [&left] { BecomeRuntime(kOwnExecutable, *left); });
+  }
+  return ShowNotice(restart);
 }
 
 }  // namespace tessera

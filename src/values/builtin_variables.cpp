@@ -2,25 +2,13 @@
 
 #include <array>
 
-#include "text/literal.h"
+#include "language/builtins.h"
 #include "text/number.h"
 #include "text/one_based.h"
-#include "values/eval.h"
 
 namespace tessera {
 
 namespace {
-
-constexpr std::string_view kDeclaration =
-    "&#00000§#00000$#00 Variavel Retorno String, LinhaMouse Inteiro, ColunaMouse Inteiro, "
-    "CliqueMouse String, Azul Inteiro, Vermelho Inteiro, Verde Inteiro, Preto Inteiro, Branco Inteiro, "
-    "Amarelo Inteiro, AzulClaro Inteiro, AzulEscuro Inteiro, VermelhoEscuro Inteiro, VerdeEscuro Inteiro, "
-    "AmareloEscuro Inteiro, RetornoCampo Inteiro, TotalFontes Inteiro, PastaPrograma String, "
-    "PastaWindows String, AreaTrabalho String, MenuProgramas String, ValorRetorno Inteiro, "
-    "TestaBotao String, PastaTS String, ValorObjeto String, ValorReferencia String, PonteiroSQL String, "
-    "TamLin Inteiro, TamCol Inteiro, GanhouFoco String, PerdeuFoco String, CorFundoPadrao Inteiro, "
-    "IndiceRef Inteiro, LinhaComando String, IniciaJanelaInvisivel Inteiro, AlturaTela Inteiro, "
-    "LarguraTela Inteiro"_w;
 
 struct ColourRow {
   std::string_view name;
@@ -50,7 +38,7 @@ std::string WithoutFinalSeparator(std::string_view folder) {
 }  // namespace
 
 void DeclareBuiltinVariables(Run& run, const BuiltinValues& values) {
-  VarDeclare(run, kDeclaration, "");
+  for (const Builtin& builtin : Builtins()) run.variables.VarCreateScalar(builtin.name, builtin.type);
   const auto write = [&](std::string_view name, const Value& value) {
     run.variables.VarWrite(name, value, true);
   };

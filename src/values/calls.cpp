@@ -1,8 +1,6 @@
 #include "values/calls.h"
 
-#include <algorithm>
-#include <array>
-
+#include "language/words.h"
 #include "platform/failure.h"
 #include "text/one_based.h"
 #include "values/parens.h"
@@ -10,15 +8,6 @@
 namespace tessera {
 
 namespace {
-
-constexpr std::array<std::string_view, 11> kNumericFunctions = {
-    "VALORINTEIRO", "VALSTR",       "ANTILOGARITMO", "ARCOTANGENTE", "ARREDONDA",    "COSSENO",
-    "PARTEINTEIRA", "RAIZQUADRADA", "SENO",          "TANGENTE",     "VALORABSOLUTO"};
-
-bool IsNumericFunction(std::string_view name) {
-  const std::string upper = Upper(name);
-  return std::find(kNumericFunctions.begin(), kNumericFunctions.end(), upper) != kNumericFunctions.end();
-}
 
 bool IsNameCharacter(char c) {
   const char lower = Lower(c);

@@ -1,8 +1,6 @@
 #include "values/eval.h"
 
-#include <algorithm>
-#include <array>
-
+#include "language/words.h"
 #include "platform/failure.h"
 #include "text/one_based.h"
 #include "values/arithmetic.h"
@@ -12,18 +10,6 @@
 namespace tessera {
 
 namespace {
-
-// Calls that take commas: they must be gone before a list is cut, since the cut looks at no parentheses.
-constexpr std::array<std::string_view, 14> kCallsWithCommas = {
-    "UNIR(", "FORMATA(", "DATAADICIONA(", "DATADIF(",   "SEPARE(", "LEPONTO(", "PROCURE(",
-    "RGB(",  "CIRCULO(", "RETANGULO(",    "LEARQUIVO(", "COPIA(",  "CHAME(",   "SEQUENCIA("};
-
-bool HasCallWithCommas(std::string_view text) {
-  if (!Contains(text, "(")) return false;
-  const std::string upper = Upper(text);
-  return std::any_of(kCallsWithCommas.begin(), kCallsWithCommas.end(),
-                     [&](std::string_view call) { return Contains(upper, call); });
-}
 
 bool IsArithmeticText(std::string_view text) {
   if (text.find_first_of("/*-+^%") == std::string_view::npos) return false;
@@ -142,7 +128,8 @@ Value EvalText(Run& run, std::string_view text) {
 std::vector<std::string> SplitArguments(Run& run, std::string_view source, std::size_t places,
                                         bool splitAtEqual, bool& numericTarget) {
   std::string text(Trim(StripParens(source)));
-  if (HasCallWithCommas(text)) ReplaceFunctions(run, text, numericTarget);
+  // Calls that take commas must be gone before the list is cut, since the cut looks at no parentheses.
+  if (HoldsCallOf(trait::kTakesCommas, text)) ReplaceFunctions(run, text, numericTarget);
   Pieces pieces(places);
   for (std::size_t i = 0; i < text.size(); ++i) {
     if (text[i] == '"') {
@@ -174,7 +161,6 @@ std::vector<std::string> SplitArguments(Run& run, std::string_view text, std::si
 void VarDeclare(Run& run, std::string_view line, std::string_view keyword) {
   constexpr std::size_t kDeclarations = 101;
   constexpr std::size_t kListColumn = 21;
-  if (keyword.empty()) keyword = "Variavel";
   for (const std::string& item :
        SplitArguments(run, Mid(line, kListColumn + keyword.size()), kDeclarations)) {
     if (item.empty()) break;

@@ -33,8 +33,7 @@ std::vector<std::string> SplitArguments(Run& run, std::string_view text, std::si
                                         bool splitAtEqual, bool& numericTarget);
 std::vector<std::string> SplitArguments(Run& run, std::string_view text, std::size_t places);
 
-// Declares every variable of a prepared line that opens with `keyword` ("Var" or "Variavel"; an empty keyword
-// stands for "Variavel").
+// Declares every variable of a prepared line that opens with `keyword` ("Var" or "Variavel").
 void VarDeclare(Run& run, std::string_view line, std::string_view keyword);
 
 }  // namespace tessera

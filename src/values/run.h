@@ -20,7 +20,7 @@
 
 namespace tessera {
 
-// The doors: what the rules call upward for. The composition root fills them before the program starts.
+// The doors: what the rules call upward for. `ProgramRun` and the rooms fill them before the program starts.
 struct Doors {
   // One word of the language with its raw argument text; an unknown word gives the empty value.
   std::function<Value(std::string_view name, std::string_view arguments)> CommandCall;
@@ -87,6 +87,9 @@ struct Run {
   // Written by `Retorne`, read when a function ends, never cleared.
   Value ReturnValue;
   std::int32_t FunctionCallCounter = 0;
+  // Calls of the program's functions on the stack. Some expression waits for each, and with it a command that
+  // may hold a window.
+  std::int32_t FunctionsInProgress = 0;
 };
 
 // Makes a prepared program the one that runs.

@@ -10,13 +10,10 @@
 #include <unordered_map>
 #include <vector>
 
+#include "language/types.h"
 #include "values/value.h"
 
 namespace tessera {
-
-inline constexpr std::string_view kTypeString = "String";
-inline constexpr std::string_view kTypeInteiro = "Inteiro";
-inline constexpr std::string_view kTypeDecimal = "Decimal";
 
 class VariableStore {
  public:

@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "text/little_endian.h"
+
 namespace tessera {
 
 namespace {
@@ -17,11 +19,7 @@ constexpr std::int64_t kLongestSide = 4096;
 // Numbers of `Bytes` bytes, the lowest first; bytes beyond the end are 0.
 template <std::size_t Bytes>
 std::uint32_t NumberAt(std::string_view bytes, std::size_t at) {
-  std::uint32_t number = 0;
-  for (std::size_t i = 0; i < Bytes && at + i < bytes.size(); ++i) {
-    number |= std::uint32_t{static_cast<unsigned char>(bytes[at + i])} << 8 * i;
-  }
-  return number;
+  return static_cast<std::uint32_t>(FromLittleEndian(bytes.substr(std::min(at, bytes.size())), Bytes));
 }
 
 // A table of rows from the bottom up, each of whole groups of 32 bits.

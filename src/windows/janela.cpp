@@ -2,14 +2,12 @@
 
 #include <chrono>
 #include <cmath>
-#include <cstdlib>
 
 #include "commands/command_table.h"
 #include "platform/failure.h"
 #include "platform/process_end.h"
 #include "prepare/linking.h"
 #include "text/one_based.h"
-#include "values/builtin_variables.h"
 #include "windows/display.h"
 #include "windows/form.h"
 
@@ -103,7 +101,6 @@ RunOutcome Janela::FirstActivation(const EditorTexts& editors, std::string_view 
   windows_.Reset(*form_, *this);
   form_->SetCaption(kMainWindowName);
   SetLooks();
-  DeclareBuiltins();
   if (projectStyleWord == kTransparentWord) {
     WindowStyle style = form_->Style();
     style.Titlebar = style.ControlBox = style.Sizable = false;
@@ -134,14 +131,8 @@ void Janela::SetLooks() {
   form_->Cls();
 }
 
-void Janela::DeclareBuiltins() {
-  DeclareBuiltinVariables(run_, {.folders = FindUserFolders(std::getenv),
-                                 .fontCount = static_cast<std::int32_t>(display_.FontNames().size())});
-}
-
 // False when the block check refuses the program.
 bool Janela::Prepare(const EditorTexts& editors) {
-  run_.functionTable.Fill(LanguageWords());
   const auto showCritical = [this](std::string_view text) { ShowCritical(run_, text); };
   InstallProgram(run_, PrepareProgram(editors, showCritical));
   if (run_.program.routines.HasTimersFlag) {

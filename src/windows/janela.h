@@ -1,17 +1,5 @@
 // The main window, `Janela`: its start, the first activation in which the whole program runs, and its
 // closing, which ends the process.
-//
-// The composition root makes a host, a `Run` on it (file name, folders and command line filled in), an
-// `Engine`, a `Janela`, and lets the command groups fill the command table; then `RunProgram` is the whole
-// life of a program and gives the exit status:
-//
-//   Run run(host.host());
-//   Engine engine(run);
-//   Janela janela(run, engine, host);              // a host is a Display; fills UnloadMainWindow, NovaJanela
-//   janela.AddCommand(table);
-//   AddWindowCommands(table, run, janela.windows());
-//   ...                                            // other groups and doors
-//   return janela.RunProgram(editors, projectStyleWord);
 #pragma once
 
 #include <memory>
@@ -75,7 +63,6 @@ class Janela final : private OwnedWindows, public ProgramWindow {
   RunOutcome FirstActivation(const EditorTexts& editors, std::string_view projectStyleWord);
   void ShowFirst();
   void SetLooks();
-  void DeclareBuiltins();
   bool Prepare(const EditorTexts& editors);
   void TakePointer(double x, double y);
   void Drag(double x, double y);

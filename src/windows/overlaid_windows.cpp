@@ -139,6 +139,7 @@ void OverlaidWindows::Deactivate(WindowSlot& slot) {
 }
 
 void OverlaidWindows::DropRetired() {
+  if (run_.FunctionsInProgress > 0) return;
   std::erase_if(all_, [this](const std::unique_ptr<OverlaidWindow>& window) {
     const Form* form = &window->form();
     const bool isDefined =

@@ -6,7 +6,6 @@
 #include <array>
 #include <cstdint>
 #include <filesystem>
-#include <fstream>
 #include <memory>
 #include <system_error>
 
@@ -21,7 +20,13 @@ constexpr std::uintmax_t kLargestFile = 256U << 20;  // bytes
 // A few damaged bytes may promise a picture of any size: what no screen could show, or what so few bytes
 // can't hold in any of the formats, is refused before its pixels are made room for.
 constexpr std::uint64_t kMostPixels = 100'000'000;
-constexpr std::uint64_t kMostPixelsOfAByte = 8300;
+// So many are taken from any file; for more, the file must have the bytes that a picture of something has.
+constexpr std::uint64_t kPixelsOfAnyFile = 16'000'000;
+constexpr std::uint64_t kMostPixelsOfAByte = 200;
+
+std::uint64_t MostPixelsOf(std::size_t bytes) {
+  return std::min(kMostPixels, std::max(kPixelsOfAnyFile, kMostPixelsOfAByte * bytes));
+}
 
 struct Format {
   std::string_view start;  // the bytes that a file of the format begins with
@@ -80,18 +85,24 @@ Pixel PixelAt(const BYTE* bytes, bool isTransparent) {
 }
 
 PictureRef ToPicture(FIBITMAP* source) {
-  const Bitmap bitmap(FreeImage_ConvertTo32Bits(source));
-  if (!bitmap) return nullptr;
-  const Size size{static_cast<int>(FreeImage_GetWidth(bitmap.get())),
-                  static_cast<int>(FreeImage_GetHeight(bitmap.get()))};
+  // Some rows at a time, so that a large picture is in memory twice at most.
+  constexpr int kRows = 64;
+  const Size size{static_cast<int>(FreeImage_GetWidth(source)),
+                  static_cast<int>(FreeImage_GetHeight(source))};
   if (size.width <= 0 || size.height <= 0) return nullptr;
   const bool isTransparent = FreeImage_IsTransparent(source);
   Picture picture{.raster = Raster(size)};
-  for (int y = 0; y < size.height; ++y) {
-    // The library keeps its rows from the bottom up.
-    const BYTE* bytes = FreeImage_GetScanLine(bitmap.get(), size.height - 1 - y);
-    Pixel* row = picture.raster.Row(y);
-    for (int x = 0; x < size.width; ++x) row[x] = PixelAt(bytes + 4 * x, isTransparent);
+  for (int top = 0; top < size.height; top += kRows) {
+    const int rows = std::min(kRows, size.height - top);
+    const Bitmap part(FreeImage_Copy(source, 0, top, size.width, top + rows));
+    const Bitmap bitmap(part ? FreeImage_ConvertTo32Bits(part.get()) : nullptr);
+    if (!bitmap) return nullptr;
+    for (int y = 0; y < rows; ++y) {
+      // The library keeps its rows from the bottom up.
+      const BYTE* bytes = FreeImage_GetScanLine(bitmap.get(), rows - 1 - y);
+      Pixel* row = picture.raster.Row(top + y);
+      for (int x = 0; x < size.width; ++x) row[x] = PixelAt(bytes + 4 * x, isTransparent);
+    }
   }
   return std::make_shared<const Picture>(std::move(picture));
 }
@@ -105,7 +116,7 @@ PictureRef DecodeByLibrary(std::string_view bytes) {
   const Memory memory(
       FreeImage_OpenMemory(reinterpret_cast<BYTE*>(copy.data()), static_cast<DWORD>(copy.size())));
   const std::uint64_t pixels = PixelsOf(format, memory.get(), bytes);
-  if (pixels == 0 || pixels > std::min(kMostPixels, kMostPixelsOfAByte * bytes.size())) return nullptr;
+  if (pixels == 0 || pixels > MostPixelsOf(bytes.size())) return nullptr;
   const Bitmap bitmap = Load(format, memory.get(), FlagsOf(format));
   return bitmap ? ToPicture(bitmap.get()) : nullptr;
 }
@@ -122,10 +133,9 @@ PictureRef LoadPicture(const std::string& path) {
   std::error_code error;
   const std::uintmax_t length = std::filesystem::file_size(path, error);
   if (error || length == 0 || length > kLargestFile) return nullptr;
-  std::string bytes(static_cast<std::size_t>(length), '\0');
-  std::ifstream file(path, std::ios::binary);
-  if (!file.read(bytes.data(), static_cast<std::streamsize>(length))) return nullptr;
-  return DecodePicture(bytes);
+  const auto bytes = ReadWholeFile(path);
+  if (std::holds_alternative<SystemError>(bytes)) return nullptr;
+  return DecodePicture(std::get<std::string>(bytes));
 }
 
 // OPEN: a bitmap has no transparency; white stands for it.
@@ -149,7 +159,7 @@ bool SaveBitmap(const Picture& picture, const std::string& path) {
   DWORD length = 0;
   return FreeImage_SaveToMemory(FIF_BMP, bitmap.get(), memory.get()) &&
          FreeImage_AcquireMemory(memory.get(), &saved, &length) &&
-         ReplaceFile(path, {reinterpret_cast<const char*>(saved), length});
+         ReplaceFile(path, {reinterpret_cast<const char*>(saved), length}) == 0;
 }
 
 }  // namespace tessera

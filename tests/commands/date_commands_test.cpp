@@ -12,24 +12,15 @@ using test::ExpectValues;
 using test::LibraryProgram;
 
 TEST(DateCommands, TodayAndNowComeFromTheClock) {
-  class AtNight final : public Clock {
-   public:
-    LocalTime Now() override {
-      using namespace std::chrono;
-      return local_days{2026y / November / 7} + 23h + 4min + 5s + 999ms;
-    }
-  } clock;
   LibraryProgram program;
-  tessera::Run run(Host{program.dialogs, program.events, clock, program.random});
-  CommandTable commands;
-  AddDateCommands(commands, run);
-  const auto answer = [&](std::string_view name) { return commands.CommandCall(name, "").ToText(); };
-  EXPECT_EQ(answer("Data"), "\"07/11/2026\"");
-  EXPECT_EQ(answer("Hora"), "\"23:04:05\"");
-  EXPECT_EQ(answer("Dia"), "7");
-  EXPECT_EQ(answer("Mes"), "11");
-  EXPECT_EQ(answer("Ano"), "2026");
-  EXPECT_EQ(commands.CommandCall("Dia", "\"\"").ToText(), "7");
+  using namespace std::chrono;
+  program.clock.now = local_days{2026y / November / 7} + 23h + 4min + 5s + 999ms;
+  EXPECT_EQ(program.Answer("Data", ""), "\"07/11/2026\"");
+  EXPECT_EQ(program.Answer("Hora", ""), "\"23:04:05\"");
+  EXPECT_EQ(program.Answer("Dia", ""), "7");
+  EXPECT_EQ(program.Answer("Mes", ""), "11");
+  EXPECT_EQ(program.Answer("Ano", ""), "2026");
+  EXPECT_EQ(program.Answer("Dia", "\"\""), "7");
 }
 
 TEST(DateCommands, PartsOfADateAreNotQuoted) {

@@ -8,6 +8,8 @@ namespace tessera {
 namespace {
 
 using test::FileProgram;
+using test::LibraryProgram;
+using test::TempFolder;
 
 TEST(FileCommands, LinesGoOutAndComeBack) {
   FileProgram program;
@@ -154,6 +156,30 @@ TEST(FileCommands, AFullDiskIsToldAndTheFileCloses) {
   EXPECT_EQ(program.Answer("TamanhoArquivo", "a"), "40002");
 }
 
+// Whoever is handed a file by the program finds in it what the program has written.
+TEST(FileCommands, WrittenLinesAreInTheFileThatIsCopiedOrPacked) {
+  FileProgram program;
+  EXPECT_EQ(
+      program.Run("AbreArquivo \"S\", \"s.txt\", \"TextoGravacao\"\nGravaArquivo \"S\", \"um\"\n"
+                  "Copia \"s.txt\", \"c.txt\"\nGravaArquivo \"S\", \"dois\"\n"
+                  "InsereArquivo \"s\", \"s.txt\", \"p.pac\"\nExtraiArquivo \"s\", \"e.txt\", \"p.pac\"\n"),
+      "");
+  EXPECT_EQ(program.folder.Read("c.txt"), "um\r\n");
+  EXPECT_EQ(program.folder.Read("e.txt"), "um\r\ndois\r\n");
+}
+
+// What is written is worked out first, and may close the file on its way.
+TEST(FileCommands, AFunctionMayCloseTheFileThatIsWritten) {
+  for (const std::string mode : {"BINARIO", "TEXTOGRAVACAO"}) {
+    FileProgram program;
+    EXPECT_EQ(program.Run("AbreArquivo \"S\", \"s.txt\", \"" + mode + "\"\nGravaArquivo \"S\", " +
+                              (mode == "BINARIO" ? "1, " : "") + "Fecha(\"S\")\nEscreva 1",
+                          {"Funcao Fecha(a String) String\nFechaArquivo a\nRetorne \"x\"\nFimFuncao"}),
+              "falha 52\n")
+        << mode;
+  }
+}
+
 TEST(FileCommands, FilesAreOpenToOthersAndClosedOnEveryWayOut) {
   FileProgram program;
   program.Answer("AbreArquivo", "a, \"a.txt\", TEXTOGRAVACAO");
@@ -161,10 +187,15 @@ TEST(FileCommands, FilesAreOpenToOthersAndClosedOnEveryWayOut) {
   EXPECT_EQ(program.Answer("AbreArquivo", "b, \"a.txt\", TEXTOLEITURA"), "");
   EXPECT_EQ(program.Answer("LeArquivo", "b"), "\"linha\"");
   program.Answer("GravaArquivo", "a, \"outra\"");
-  program.files.CloseAll();
-  EXPECT_EQ(program.folder.Read("a.txt"), "linha\r\noutra\r\n");
-  program.Answer("GravaArquivo", "a, \"x\"");
-  EXPECT_EQ(program.Boxes().size(), 1U);
+  const TempFolder folder;
+  {
+    LibraryProgram ending;
+    ending.run.paths = PathMapping(folder.path(), folder.path());
+    ending.Answer("AbreArquivo", "a, \"b.txt\", TEXTOGRAVACAO");
+    ending.Answer("GravaArquivo", "a, \"fim\"");
+    EXPECT_EQ(folder.Read("b.txt"), "");
+  }
+  EXPECT_EQ(folder.Read("b.txt"), "fim\r\n");
 }
 
 TEST(FileCommands, DiretorioGivesTheNamesOfPlainFiles) {

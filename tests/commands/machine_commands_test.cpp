@@ -17,12 +17,7 @@ using namespace std::string_literals;
 // The machine's commands in a folder of their own.
 class MachineProgram : public FileProgram {
  public:
-  explicit MachineProgram(std::string ports = "/dev/null/port")
-      : machine(run, {.registry = RegistryFile(folder / "config/tessera/registro"),
-                      .startList = StartList(folder / "config/autostart"),
-                      .ports = HardwarePorts(std::move(ports))}) {
-    machine.Register(commands);
-  }
+  using FileProgram::FileProgram;
 
   // What a started program wrote, waited for.
   std::string Written(std::string_view name) {
@@ -31,8 +26,6 @@ class MachineProgram : public FileProgram {
     }
     return folder.Read(name);
   }
-
-  MachineCommands machine;
 };
 
 }  // namespace
@@ -95,6 +88,35 @@ TEST(Registry, AFolderThatCanNotBeWrittenGivesNoMessage) {
   EXPECT_EQ(program.Answer("SALVAREGWIN", R"("HKEY_USERS", "k", "n", "v")"), "");
   EXPECT_EQ(program.Answer("LEREGWIN", R"("HKEY_USERS", "k", "n")"), "\"\"");
   EXPECT_TRUE(program.Boxes().empty());
+}
+
+// A file that is there and can't be read is no empty one.
+TEST(Registry, WhatCanNotBeReadIsNotReplaced) {
+  TempFolder folder;
+  const RegistryFile registry(folder / "registro");
+  ASSERT_TRUE(registry.Write("HKEY_USERS", "k", "n", "v"));
+  std::filesystem::rename(folder / "registro", folder / "guardado");
+  std::filesystem::create_directory(folder / "registro");
+  EXPECT_EQ(registry.Read("HKEY_USERS", "k", "n"), "");
+  EXPECT_FALSE(registry.Write("HKEY_USERS", "k", "outro", "v"));
+  EXPECT_TRUE(std::filesystem::is_directory(folder / "registro"));
+  // A link leads on to the file.
+  std::filesystem::remove(folder / "registro");
+  std::filesystem::create_symlink(folder / "guardado", folder / "registro");
+  EXPECT_TRUE(registry.Write("HKEY_USERS", "k", "outro", "w"));
+  EXPECT_TRUE(std::filesystem::is_symlink(folder / "registro"));
+  EXPECT_EQ(RegistryFile(folder / "guardado").Read("HKEY_USERS", "k", "n"), "v");
+}
+
+TEST(StartList, AProgramThatIsNotBuiltIsRefused) {
+  FileProgram program;
+  MachineCommands machine(program.run, {.registry = RegistryFile(program.folder / "r"),
+                                        .startList = StartList(program.folder / "autostart"),
+                                        .isFinished = false});
+  machine.Register(program.commands);
+  program.Answer("ADICIONESISTEMA", "\"Loja\"");
+  EXPECT_EQ(program.Boxes().size(), 1u);
+  EXPECT_FALSE(program.folder.Has("autostart/Loja.desktop"));
 }
 
 TEST(StartList, AnEntryStartsThisProgramAndIsTakenAwayAgain) {

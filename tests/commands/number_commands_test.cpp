@@ -44,18 +44,10 @@ TEST(NumberCommands, FunctionsOfAnalysisRefuseWhatTheyLack) {
 }
 
 TEST(NumberCommands, AleatorioReachesItsLimit) {
-  class Chance final : public Random {
-   public:
-    double Next() override { return next; }
-    double next = 0;
-  } chance;
   LibraryProgram program;
-  tessera::Run run(Host{program.dialogs, program.events, program.clock, chance});
-  CommandTable commands;
-  AddNumberCommands(commands, run);
   const auto drawn = [&](double next) {
-    chance.next = next;
-    return commands.CommandCall("Aleatorio", "10").ToText();
+    program.random.next = next;
+    return program.Answer("Aleatorio", "10");
   };
   EXPECT_EQ(drawn(0), "0");
   EXPECT_EQ(drawn(0.25), "2");

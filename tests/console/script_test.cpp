@@ -158,7 +158,7 @@ TEST(ConsoleTerminal, AWaitDoesNotBlockForALineAndTimersKeepRealTime) {
   std::istringstream in("mouse 1 1\n");
   std::ostringstream out;
   std::ostringstream err;
-  ConsoleHost host({in, out, err, ends[0]}, {});
+  ConsoleHost host({in, out, err, ends[0], true}, {});
   int ticks = 0;
   const auto timer = host.StartTimer(milliseconds(5), [&] { ++ticks; });
   EXPECT_TRUE(host.AwaitEvents(milliseconds(20)));

@@ -122,5 +122,23 @@ TEST(EntraNum, TheLighterBorderIsHalfWayToWhite) {
   for (const auto& c : kCases) EXPECT_EQ(EntraNum::Clareia(c.color), c.lighter) << c.color;
 }
 
+TEST(EntraNum, TakesAShownNumberThatIsPasted) {
+  struct Case {
+    int casas;
+    std::string_view pasted;
+    double value;
+  };
+  for (const Case& c : {Case{2, "1.234.567,50", 1234567.5}, Case{2, " -1.234,5 ", -1234.5},
+                        Case{2, "1.234", 1.234}, Case{2, "1.234.567", 1234567}, Case{0, "1.234", 1234},
+                        Case{0, "12.5", 12.5}, Case{3, "0,125", 0.125}, Case{2, "R$ 12,00", 12}}) {
+    EntraNum field;
+    field.SetCasas(c.casas);
+    field.SetValue(99);
+    field.GanhouFoco();
+    EXPECT_TRUE(field.Paste(c.pasted));
+    EXPECT_EQ(field.Value(), c.value) << c.pasted;
+  }
+}
+
 }  // namespace
 }  // namespace tessera

@@ -16,13 +16,13 @@ namespace fs = std::filesystem;
 
 // A room's floor; docs/house.md shows the same table.
 const std::map<std::string, int> kFloors = {
-    {"text", 0},     {"platform", 1}, {"image", 2},    {"prepare", 2}, {"values", 3},
-    {"commands", 4}, {"engine", 5},   {"recorddb", 6}, {"sql", 6},     {"controls", 6},
-    {"windows", 7},  {"objects", 8},  {"reports", 9},  {"media", 9},   {"system", 9},
-    {"console", 10}, {"qt", 10},      {"runtime", 11}, {"tool", 11},
+    {"text", 0},     {"platform", 1}, {"language", 2}, {"image", 3},   {"prepare", 3},
+    {"values", 4},   {"commands", 5}, {"engine", 6},   {"recorddb", 7}, {"sql", 7},
+    {"controls", 7}, {"windows", 8},  {"objects", 9},  {"reports", 10}, {"media", 10},
+    {"system", 10},  {"console", 11}, {"qt", 11},      {"runtime", 12}, {"tool", 12},
 };
 
-// Doors within one floor: the tool stands on the composition that it shares with the runtime.
+// Doors within one floor: the tool stands on the program run that it shares with the runtime.
 const std::set<std::pair<std::string, std::string>> kSameFloorAllowed = {{"tool", "runtime"}};
 
 struct Include {

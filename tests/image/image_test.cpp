@@ -7,6 +7,7 @@
 #include "image/image_reader.h"
 #include "image/image_writer.h"
 #include "image/mapped_file.h"
+#include "image/seal.h"
 #include "platform/system_clock.h"
 
 namespace tessera {
@@ -200,6 +201,36 @@ TEST(ImageReader, SurvivesEveryCutAndManyMutations) {
     if (ProblemOf(damaged)) ++refused;
   }
   EXPECT_GT(refused, 1000);
+}
+
+// A sealed file knows every other byte and every cut; one without a seal is read as it is.
+TEST(Seal, TellsEveryFlippedByteAndEveryCut) {
+  const SealPlace blank = BlankSeal();
+  const std::string runtime = "\x7F"s + "ELF first" + std::string(blank.data(), blank.size()) + "last";
+  SeededRandom random(1);
+  PackedProgram program;
+  program.name = "JOGO";
+  program.EditorText[0] = "Escreva 1";
+  const std::string image = *WriteProgramImage(program, random);
+  const std::string whole = SealedFile(runtime, image);
+  ASSERT_EQ(CheckSeal(whole), SealState::Whole);
+  EXPECT_EQ(MustRead(whole).EditorText[0], "Escreva 1");
+  EXPECT_EQ(CheckSeal(runtime), SealState::None);
+  EXPECT_EQ(MustRead(runtime + image).EditorText[0], "Escreva 1") << "a blank seal forbids nothing";
+  EXPECT_EQ(SealedFile("older", image), "older" + image);
+  EXPECT_EQ(ProblemOf(whole + "x"), ImageProblem::ChangedFile);
+
+  const std::size_t word = runtime.find("TESSERA#SELO");
+  for (std::size_t i = 0; i < whole.size(); ++i) {
+    if (i >= word && i < word + kSealWordLength) continue;  // the copy is then one without a seal
+    std::string flipped = whole;
+    flipped[i] = static_cast<char>(flipped[i] ^ (1 << i % 8));
+    const auto problem = ProblemOf(flipped);
+    EXPECT_TRUE(problem == ImageProblem::ChangedFile || problem == ImageProblem::CutFile) << i;
+  }
+  for (std::size_t length = word + sizeof(SealPlace); length < whole.size(); ++length) {
+    EXPECT_EQ(ProblemOf(whole.substr(0, length)), ImageProblem::CutFile) << length;
+  }
 }
 
 TEST(ProjectStyle, FirstWordFoundEndsTheScan) {

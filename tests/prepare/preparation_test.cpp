@@ -135,6 +135,17 @@ TEST(Routines, EveryMentionOfATimerIsListed) {
   EXPECT_EQ(listed.tables.TimerIntervals, (std::vector<std::int16_t>{5, 7}));
 }
 
+// A timer that can't be listed ends the pass with its box, and no table knows a part of it.
+TEST(Routines, ATimerThatFailsIsNotListedAtAll) {
+  for (const std::string_view bad :
+       {"Sub Temporizador_A(40000)\nFimSub", "Temporizador_ :)\nx = (1)", "Sub Temporizador_A)(\nFimSub"}) {
+    const Listed listed = Routines(std::string("Sub Temporizador_B(3)\nFimSub\n").append(bad));
+    EXPECT_EQ(listed.boxes.size(), 1u) << bad;
+    EXPECT_EQ(listed.tables.TimerNames, (Names{"Temporizador_B(3)"})) << bad;
+    EXPECT_EQ(listed.tables.TimerIntervals, (std::vector<std::int16_t>{3})) << bad;
+  }
+}
+
 TEST(Routines, UnclosedOnesAreNamedAndTheFollowingTablesBuilt) {
   const Listed nested = Routines("Funcao A()\nFuncao B()\nFimFuncao\nSub X()\nSub Y()\nFimSub");
   EXPECT_EQ(nested.boxes, (Names{"Funcao sem o respectivo comando FimFuncao: A",

@@ -46,7 +46,7 @@ class BoxOnWindows : public testing::Test {
   void Start(std::string_view source) {
     EditorTexts editors;
     editors[0] = FromSource(source);
-    ASSERT_EQ(program.janela.Start(editors, ""), RunOutcome::Ended);
+    ASSERT_EQ(program.Start(editors, ""), RunOutcome::Ended);
     qt.ProcessEvents();
   }
 

@@ -72,7 +72,7 @@ class QtDrawingTest : public testing::Test {
   void Draw(std::string_view source) {
     EditorTexts editors;
     editors[0] = FromSource(source);
-    ASSERT_EQ(program.janela.Start(editors, ""), RunOutcome::Ended);
+    ASSERT_EQ(program.Start(editors, ""), RunOutcome::Ended);
   }
   Form& Window() { return *program.janela.windows().MainWindow; }
   QImage Picture(const char* name) {

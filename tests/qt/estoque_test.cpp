@@ -6,9 +6,6 @@
 #include <fstream>
 #include <iterator>
 
-#include "commands/file_commands.h"
-#include "commands/number_commands.h"
-#include "commands/text_commands.h"
 #include "qt/qt_host.h"
 #include "support/core_program.h"
 #include "support/hosted_program.h"
@@ -37,10 +34,6 @@ TEST(EstoqueOnWindows, SaysWhatItSaysOnTheConsole) {
   const Host host = qt.host();
   HostedProgram program({boxes, dispatch, host.clock, host.random}, qt);
   dispatch.person.windows = &program.janela.windows();
-  FileCommands files(program.run);
-  files.Register(program.commands);
-  AddTextCommands(program.commands, program.run);
-  AddNumberCommands(program.commands, program.run);
   program.run.ProgramFolderText = FromUtf8Lossy(folder.string()) + "\\";
   program.run.paths = PathMapping(folder, folder / "dados");
 

@@ -30,7 +30,7 @@ class LooksOnWindows : public testing::Test {
     EditorTexts editors;
     editors[0] = FromSource(source);
     editors[1] = FromSource(routines);
-    ASSERT_EQ(program.janela.Start(editors, ""), RunOutcome::Ended);
+    ASSERT_EQ(program.Start(editors, ""), RunOutcome::Ended);
     qt.ProcessEvents();
   }
 
@@ -55,7 +55,7 @@ TEST_F(LooksOnWindows, AButtonShowsEachOfItsStates) {
     HostedProgram fresh({boxes, qt, host.clock, host.random}, qt);
     EditorTexts editors;
     editors[0] = FromSource(form);
-    ASSERT_EQ(fresh.janela.Start(editors, ""), RunOutcome::Ended);
+    ASSERT_EQ(fresh.Start(editors, ""), RunOutcome::Ended);
     qt.ProcessEvents();
     Control& button = *fresh.janela.windows().MainWindow->Controls().Element("BtnNovo", 0);
     QWidget& widget = WidgetOf(button);
@@ -121,6 +121,25 @@ TEST_F(LooksOnWindows, TextGoesOverTheClipboardFromOneEntryToAnother) {
   QTest::keyClick(Top(), Qt::Key_X, Qt::ControlModifier);
   EXPECT_EQ(Variable("N.Txt"), "");
   EXPECT_EQ(QApplication::clipboard()->text(), "1234,56");
+}
+
+// A number goes as it is shown, and a list's entry without the completion of its first letters.
+TEST_F(LooksOnWindows, ShownNumbersAndChosenTextsArePasted) {
+  Start(
+      "Botao B, 1, 1\nMoeda A, 4, 1, 20\nMoeda D, 6, 1, 20\nTexto N, 8, 1, 20\nTexto N.Numerico = \"SIM\"\n"
+      "Combo C, 10, 1, 20\nCombo C.Adiciona \"1.234.567,50 reais\"\nMoeda A.Valor = 1234567.5\nMoeda "
+      "A.MoveFoco\n");
+  QTest::keyClick(Top(), Qt::Key_A, Qt::ControlModifier);
+  QTest::keyClick(Top(), Qt::Key_C, Qt::ControlModifier);
+  ASSERT_EQ(QApplication::clipboard()->text(), "1.234.567,50");
+  for (const std::string_view variable : {"D.Valor", "N.Txt", "C.Txt"}) {
+    QTest::keyClick(Top(), Qt::Key_Tab);
+    QTest::keyClick(Top(), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(Variable(variable), variable == "D.Valor" ? "1234567,5"
+                                  : variable == "N.Txt" ? "1234567,50"
+                                                        : "1.234.567,50")
+        << variable;
+  }
 }
 
 TEST_F(LooksOnWindows, ThePointerPlacesTheCaretAndSelects) {

@@ -349,7 +349,7 @@ TEST_F(QtHostTest, TheFirstShowingHasTheFormThatItsStarterAskedFor) {
     QtHost anotherHost;
     HostedProgram another(anotherHost.host(), anotherHost);
     another.run.startForm = row.form;
-    ASSERT_EQ(another.janela.Start({}, ""), RunOutcome::Ended);
+    ASSERT_EQ(another.Start({}, ""), RunOutcome::Ended);
     QTest::qWait(20);
     const QWidget* janela = WidgetNamed("Janela");
     ASSERT_EQ(janela != nullptr, row.isShown) << int(row.form);
@@ -368,7 +368,7 @@ TEST_F(QtHostTest, ThePointerIsHiddenOverAllWindowsAndShownAgain) {
     const QCursor* cursor = QGuiApplication::overrideCursor();
     return cursor != nullptr && cursor->shape() == Qt::BlankCursor;
   };
-  ASSERT_EQ(program.janela.Start({}, ""), RunOutcome::Ended);
+  ASSERT_EQ(program.Start({}, ""), RunOutcome::Ended);
   program.commands.CommandCall("Janela", "AtivaCursor = Nao");
   EXPECT_TRUE(isHidden());
   program.commands.CommandCall("Janela", "AtivaCursor = Nao");
@@ -377,7 +377,7 @@ TEST_F(QtHostTest, ThePointerIsHiddenOverAllWindowsAndShownAgain) {
 }
 
 TEST_F(QtHostTest, ThePointerIsToldInPixelsOfTheScreen) {
-  ASSERT_EQ(program.janela.Start({}, ""), RunOutcome::Ended);
+  ASSERT_EQ(program.Start({}, ""), RunOutcome::Ended);
   const auto place = [&] { return Variable("LinhaMouse") + " " + Variable("ColunaMouse"); };
   const auto pointAt = [](int x, int y) {
     QTest::mouseMove(WidgetNamed("Janela")->windowHandle(), QPoint(x, y));

@@ -203,6 +203,94 @@ TEST_F(RecordFile, DamagedFilesEndInAFailureOrABox) {
   EXPECT_EQ(WithPeople("LeRegistro Gente, 2;Escreva Gente.Nome"), "Ana\n");
 }
 
+// A database that the program has not opened, or no longer, has no file number; the number of another one
+// that is open meanwhile must not serve.
+TEST_F(RecordFile, AClosedDatabaseReachesNoOtherFile) {
+  constexpr std::string_view kTwo =
+      "BD A, dados\nT, String, 5\nFimBD\nBD B, dados\nT, String, 5\nFimBD\nAbreBD A\n"
+      "A.T = \"da A\";AdicionaRegistro A\n";
+  RecordProgram(folder.path()).Run(kTwo);
+  for (const std::string_view state :
+       {"", "AbreBD B;FechaBD A;AbreBD A;FechaBD B\n", "FechaBD A;AbreBD B;FechaBD B;AbreBD A\n",
+        "AbreBD B, errada\nAbreBD A\n"}) {
+    for (const std::string_view command :
+         {"B.T = \"da B\";AdicionaRegistro B", "AtualizaRegistro B, 0", "ExcluiRegistro B, 0",
+          "LeRegistro B, 0", "Escreva TotalRegistrosBD(\"B\")", "OrdemBD B, T"}) {
+      program.emplace(folder.path());
+      const std::string records = ReadFile(File("A")).substr(19999);
+      EXPECT_EQ(program->Run(std::string(kTwo.substr(0, kTwo.rfind("A.T"))).append(state).append(command)),
+                "falha 52\n")
+          << state << command;
+      EXPECT_EQ(ReadFile(File("A")).substr(19999), records) << state << command;
+    }
+    EXPECT_EQ(
+        RecordProgram(folder.path())
+            .Run(std::string(kTwo).append(state).append("FechaBD B;FechaBD B;LeRegistro A, 0;Escreva A.T")),
+        "da A\n")
+        << state;
+  }
+}
+
+// A descriptor that was refused leaves its slot to the next one, without its open file and its order.
+TEST_F(RecordFile, TheSlotOfARefusedDescriptorIsNew) {
+  WithPeople(kThree);
+  const std::string before = ReadFile(File());
+  program.emplace(folder.path());
+  EXPECT_EQ(program->Run("BD Gente, dados\nNome, String, 11\nFimBD\nAbreBD Gente, segredo;OrdemBD Gente, "
+                         "SEQUENCIAL\nBD Outra, dados\nNome, String, 11\nFimBD\nAdicionaRegistro Outra"),
+            "falha 52\n");
+  EXPECT_EQ(ReadFile(File()), before);
+}
+
+// Whatever lets events run may close the file under a command that waits.
+TEST_F(RecordFile, AFileClosedDuringAWaitEndsTheCommand) {
+  for (const std::string_view command :
+       {"AdicionaRegistro Gente", "AtualizaRegistro Gente, 0", "LeRegistro Gente, 0", "OrdemBD Gente, Nome",
+        "Gente.Nome = \"12345678901\";AdicionaRegistro Gente"}) {
+    std::filesystem::remove(File());
+    WithPeople(kThree);
+    std::string bytes = ReadFile(File());
+    bytes[0] = '1';
+    WriteFile(File(), bytes);
+    program.emplace(folder.path(), false);
+    program->events.meanwhile = [&] { program->commands.CommandCall("FECHABD", "Gente"); };
+    EXPECT_EQ(program->Run(std::string(kPeople).append(command)), "falha 52\n") << command;
+    EXPECT_EQ(ReadFile(File()).substr(110), bytes.substr(110)) << command;
+  }
+}
+
+TEST_F(RecordFile, AFileClosedByABoxEndsTheCommand) {
+  WithPeople("");
+  program.emplace(folder.path());
+  program->dialogs.meanwhile = [&] { program->commands.CommandCall("FECHABD", "Gente"); };
+  EXPECT_EQ(program->Run(std::string(kPeople).append("Gente.Nome = \"12345678901\";AdicionaRegistro Gente")),
+            "falha 52\n");
+  EXPECT_EQ(Header(tsa::kCount), "0");
+}
+
+TEST_F(RecordFile, AFileCutToNothingIsNotWaitedFor) {
+  WithPeople("");
+  program.emplace(folder.path());
+  program->dialogs.meanwhile = [&] { std::filesystem::resize_file(File(), 0); };
+  EXPECT_EQ(program->Run(std::string(kPeople).append("Gente.Nome = \"12345678901\";AdicionaRegistro Gente")),
+            "falha 62\n");
+}
+
+TEST_F(RecordFile, ACutHeaderIsMadeWholeAgain) {
+  WithPeople("");
+  std::filesystem::resize_file(File(), 1200);
+  WithPeople("");
+  EXPECT_EQ(ReadFile(File()).size(), 20000u);
+  EXPECT_EQ(Header(tsa::kName), "Gente");
+  EXPECT_EQ(ReadFile(File()).substr(1200), std::string(18800, ' '));
+}
+
+// The record is encoded before its file is looked for.
+TEST_F(RecordFile, TheSizeIsToldBeforeTheClosedFile) {
+  EXPECT_EQ(WithPeople("FechaBD Gente;Gente.Nome = \"12345678901\";AdicionaRegistro Gente"), "falha 52\n");
+  EXPECT_EQ(Boxes().size(), 1u);
+}
+
 class RecordOrder : public RecordFile {};
 
 TEST_F(RecordOrder, KeysBeginOneCharacterToTheLeft) {

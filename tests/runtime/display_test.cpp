@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <csignal>
+#include <filesystem>
 #include <string>
 #include <thread>
 
@@ -138,6 +140,42 @@ TEST_F(OnDisplay, AProgramThatComputesIsClosedWhenItNextLetsEventsThrough) {
   screen.Do({"key", "F6"});
   ExpectEnd();
   EXPECT_EQ(ReadBytes(folder / "visto.txt"), "fim\r\n");
+}
+
+// The window closes as if a person had closed it, wherever the program stands.
+TEST_F(OnDisplay, APoliteEndOfTheSystemClosesTheWindow) {
+  for (const std::string rest : {"Enquanto 1 = 1\nRepita\n", "Aguarde 600000\n", "Mensagem \"oi\"\n", ""}) {
+    std::filesystem::remove(folder / "visto.txt");
+    Start("AbreArquivo S, \"visto.txt\", \"TextoGravacao\"\nGravaArquivo S, \"linha\"\n" +
+              std::string(rest.empty() ? "Aguarde 1\n" : rest),
+          rest.starts_with("Mensagem") ? "JOGO" : "Tessera - JOGO.TSC");
+    program->Signal(SIGTERM);
+    EXPECT_EQ(program->WaitFor(kPatience), 0) << rest;
+    EXPECT_EQ(ReadBytes(folder / "visto.txt"), "linha\r\n") << rest;
+  }
+}
+
+// The lines that a program has written are in their files when its screen is lost.
+TEST_F(OnDisplay, ALostScreenLosesNoLine) {
+  Start("AbreArquivo S, \"visto.txt\", \"TextoGravacao\"\nGravaArquivo S, \"linha\"\nAguarde CliqueBotao\n");
+  screen.Stop();
+  ASSERT_TRUE(program->WaitFor(kPatience));
+  EXPECT_EQ(ReadBytes(folder / "visto.txt"), "linha\r\n");
+}
+
+// A server without other clients begins anew whenever its last one goes, and refuses whoever comes meanwhile.
+TEST(DisplayStart, AServerThatResetsShowsTheWindowEachTime) {
+  const VirtualScreen screen(VirtualScreen::Behind::Resets);
+  const TemporaryFolder folder;
+  const std::string built = folder / "jogo";
+  ASSERT_EQ(
+      RunProcess({.words = {TESSERA_TOOL, "build", folder.Write("jogo.tsc", "Aguarde 1\nFimJanela")}}).status,
+      0);
+  for (int start = 0; start < 8; ++start) {
+    const ProcessResult result = RunProcess({.words = {built}, .environment = screen.Environment()});
+    EXPECT_EQ(result.status, 0) << start;
+    EXPECT_EQ(result.err, "") << start;
+  }
 }
 
 }  // namespace tessera

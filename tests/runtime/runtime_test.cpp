@@ -102,26 +102,29 @@ TEST_F(Runtime, IgnoresAHandoverThatCannotBeRead) {
   }
 }
 
-TEST_F(Runtime, TellsADamagedPackage) {
+// A copy that lost its end or a bit never runs: not as an empty runtime, nor as another program.
+TEST_F(Runtime, TellsADamagedCopy) {
   const std::string whole = ReadBytes(Build("jogo", "Escreva \"" + std::string(200, 'x') + "\""));
-  const std::size_t package = whole.find(kNameEnd.text()) + kNameEnd.text().size();
-  std::string hugeCount = whole;
-  hugeCount[package + 3] = '\x7F';
-  std::string key11 = whole;
-  key11[package + 4] = '\xF4';
-  std::string noSeparator = whole;
-  noSeparator.replace(noSeparator.rfind(kSourceEnd), kSourceEnd.size(), "...");
+  const std::size_t image = whole.find(kOpeningMarker.text());
+  const std::size_t runtime = ReadBytes(TESSERA_RUNTIME).size();
+  ASSERT_EQ(image, runtime);
+  std::string flipped = whole;
+  flipped[image + 3] = static_cast<char>(flipped[image + 3] ^ 4);
+  std::string otherSource = whole;
+  otherSource[image + 40] = static_cast<char>(otherSource[image + 40] ^ 1);
   struct Case {
     const char* what;
     std::string bytes;
     const char* says;
   };
   const Case cases[] = {
-      {"no end marker", whole.substr(0, whole.size() - 2), "incompleto"},
-      {"cut package", whole.substr(0, package + 50), "incompleto"},
-      {"no separator", noSeparator, "cortado"},
-      {"huge count", hugeCount, "danificado"},
-      {"key number above 10", key11, "danificado"},
+      {"end", whole.substr(0, whole.size() - 1), "cortado"},
+      {"within the package", whole.substr(0, image + 50), "cortado"},
+      {"no package", whole.substr(0, image), "cortado"},
+      {"within the runtime's tables", whole.substr(0, image - 100), "cortado"},
+      {"marker", flipped, "danificado"},
+      {"source", otherSource, "danificado"},
+      {"more", whole + "x", "danificado"},
   };
   for (const Case& c : cases) {
     const std::string file = folder_.Write("damaged", c.bytes);
@@ -130,6 +133,62 @@ TEST_F(Runtime, TellsADamagedPackage) {
     EXPECT_EQ(result.status, 1) << c.what;
     EXPECT_EQ(result.out, "") << c.what;
     EXPECT_NE(result.err.find(c.says), std::string::npos) << c.what << ": " << result.err;
+  }
+}
+
+// Older copies, which have no seal, tell what their package tells.
+TEST_F(Runtime, TellsADamagedPackageWithoutASeal) {
+  const std::string sealed = ReadBytes(Build("jogo", "Escreva \"" + std::string(200, 'x') + "\""));
+  const std::string whole = ReadBytes(TESSERA_RUNTIME) + sealed.substr(sealed.find(kOpeningMarker.text()));
+  const std::size_t package = whole.find(kNameEnd.text()) + kNameEnd.text().size();
+  std::string hugeCount = whole;
+  hugeCount[package + 3] = '\x7F';
+  const auto run = [&](const std::string& bytes) {
+    const std::string file = folder_.Write("older", bytes);
+    std::filesystem::permissions(file, std::filesystem::perms::owner_all);
+    return WithoutDisplay({file});
+  };
+  EXPECT_EQ(run(whole).out, std::string(200, 'x') + "\n");
+  EXPECT_NE(run(whole.substr(0, whole.size() - 2)).err.find("incompleto"), std::string::npos);
+  EXPECT_NE(run(hugeCount).err.find("danificado"), std::string::npos);
+}
+
+TEST_F(Runtime, ADisplayThatRefusesTheStartLeavesTheTerminal) {
+  const std::string built = Build("jogo", "Escreva LinhaComando");
+  for (const std::string platform : {"QT_QPA_PLATFORM=", "QT_QPA_PLATFORM=nenhuma", "QT_QPA_PLATFORM=xcb"}) {
+    const auto run = [&](std::vector<std::string> words) {
+      return RunProcess(
+          {.words = std::move(words), .environment = {"DISPLAY=:987", "WAYLAND_DISPLAY", platform}});
+    };
+    const ProcessResult packed = run({built, "um"});
+    EXPECT_EQ(packed.status, 0) << platform << packed.err;
+    EXPECT_EQ(packed.out, "um\n") << platform;
+    const ProcessResult left = run({TESSERA_TOOL, "run", folder_ / "jogo.tsc", "--", "dois"});
+    EXPECT_EQ(left.status, 0) << platform << left.err;
+    EXPECT_EQ(left.out, "dois\n") << platform;
+    EXPECT_EQ(run({TESSERA_RUNTIME}).status, 1) << platform;
+  }
+}
+
+// The first file of a process without standard streams must not get their numbers.
+TEST_F(Runtime, ClosedStandardStreamsTakeNoFile) {
+  const std::string program = folder_.Write(
+      "p.tsc",
+      "BD A, \"dados\"\nT, String, 5\nFimBD\nAbreBD A\nA.T = \"um\";AdicionaRegistro A\nA.T = "
+      "\"\";LeRegistro A, 0\nEscreva \"na tela\"\n"
+      "AbreBD Nada\nAbreArquivo S, \"lido.txt\", \"TextoGravacao\"\nGravaArquivo S, A.T\nFechaArquivo S\n");
+  const std::string built = Build("p", ReadBytes(program));
+  for (const std::string& words :
+       {std::string(TESSERA_TOOL) + " run --console " + program, built + " ", "env -u DISPLAY " + built}) {
+    for (const char* closed : {"0<&- 1>&- 2>&-", "1>&-", "0<&- 2>&-", "2>&-"}) {
+      std::filesystem::remove_all(folder_ / "dados");
+      const ProcessResult result =
+          RunProcess({.words = {"/bin/sh", "-c", words + " " + closed},
+                      .environment = {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}});
+      EXPECT_EQ(ReadBytes(folder_ / "lido.txt"), "um\r\n") << words << closed << result.err;
+      EXPECT_EQ(std::filesystem::file_size(folder_ / "dados/A.Tsa"), 20009u) << words << closed;
+      std::filesystem::remove(folder_ / "lido.txt");
+    }
   }
 }
 

@@ -23,7 +23,7 @@ class ConsoleWindowTest : public testing::Test {
   void Draw(std::string_view source) {
     EditorTexts editors;
     editors[0] = FromSource(source);
-    ASSERT_EQ(program.janela.Start(editors, ""), RunOutcome::Ended) << err.str();
+    ASSERT_EQ(program.Start(editors, ""), RunOutcome::Ended) << err.str();
   }
   Colour At(int x, int y) { return Window().Point({x, y}); }
 

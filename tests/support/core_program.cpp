@@ -1,5 +1,7 @@
 #include "support/core_program.h"
 
+#include <cstdlib>
+
 #include "platform/failure.h"
 #include "text/code_page.h"
 #include "text/one_based.h"
@@ -9,6 +11,7 @@ namespace tessera::test {
 
 BoxAnswer RecordedBoxes::ShowBox(const Box& box) {
   boxes.push_back(box);
+  if (meanwhile) meanwhile();
   return answer;
 }
 
@@ -22,13 +25,35 @@ std::string FromSource(std::string_view utf8) {
   return text;
 }
 
-CoreProgram::CoreProgram() : run(Host{dialogs, events, clock, random}), engine(run) {
-  run.functionTable.Fill(LanguageWords());
-  run.ProgramFileName = "TESTE.TSC";
+ProgramStart StartOf(const std::filesystem::path& folder, std::string commandLine) {
+  ProgramStart start;
+  start.program.name = "TESTE";
+  start.folder = folder;
+  start.commandLine = std::move(commandLine);
+  return start;
+}
+
+Services TestServices(const Host& host) {
+  return {.host = host,
+          .folders = FindUserFolders(std::getenv),
+          .dataFolder = ".",
+          .machine = {.registry = RegistryFile("/dev/null/registro"),
+                      .startList = StartList("/dev/null/autostart"),
+                      .ports = HardwarePorts("/dev/null/port")}};
+}
+
+namespace {
+
+Services Changed(Services services, const std::function<void(Services&)>& change) {
+  change(services);
+  return services;
+}
+
+}  // namespace
+
+CoreProgram::CoreProgram(const std::function<void(Services&)>& change)
+    : program_(StartOf(".", ""), Changed(TestServices({dialogs, events, clock, random}), change)) {
   run.RunningFlag = true;
-  run.doors.CommandCall = [this](std::string_view name, std::string_view arguments) {
-    return commands.CommandCall(name, arguments);
-  };
   commands.Add("ESCREVA", [this](std::string_view, std::string_view arguments) {
     for (const std::string& part : SplitArguments(run, arguments, 101)) {
       if (part.empty()) break;
@@ -43,9 +68,8 @@ std::string CoreProgram::Run(std::string_view editor0, const std::vector<std::st
   EditorTexts editors;
   editors[0] = FromSource(editor0);
   for (std::size_t i = 0; i < furtherEditors.size(); ++i) editors[i + 1] = FromSource(furtherEditors[i]);
-  InstallProgram(run, PrepareProgram(editors, [this](std::string_view text) { ShowCritical(run, text); }));
   output_.clear();
-  const auto failure = Guard([&] { engine.RunStatements(run.program.ProgramText, 0); });
+  const auto failure = Guard([&] { program_.Start(editors, {}); });
   if (failure) output_ += "falha " + std::to_string(failure->number()) + "\n";
   return ToUtf8(output_);
 }

@@ -1,16 +1,16 @@
-// Runs a program on the language core alone: no window, no command groups but an `Escreva` that joins its
-// values into a line. What it wrote and what boxes it showed can be looked at.
+// Runs a program without windows: all words but theirs, and an `Escreva` that joins its values into a line.
+// What it wrote and what boxes it showed can be looked at.
 #pragma once
 
+#include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "commands/command_table.h"
-#include "engine/engine.h"
 #include "platform/host.h"
-#include "values/run.h"
+#include "runtime/program_run.h"
 
 namespace tessera::test {
 
@@ -23,13 +23,19 @@ class RecordedBoxes final : public Dialogs {
   std::optional<ChosenFont> AskFont(std::string_view) override { return std::nullopt; }
   std::optional<std::string> AskPrinter(std::string_view) override { return std::nullopt; }
 
+  std::function<void()> meanwhile;  // what happens while a box is open
   std::vector<Box> boxes;
   BoxAnswer answer = BoxAnswer::Ok;
 };
 
+// No event comes by itself; a test may let something happen in a yield.
 class NoEvents final : public EventDispatch {
  public:
-  void ProcessEvents() override {}
+  std::function<void()> meanwhile;
+
+  void ProcessEvents() override {
+    if (meanwhile) meanwhile();
+  }
   bool AwaitEvents(std::chrono::milliseconds) override { return false; }
   bool AwaitNextEvents() override { return false; }
   void Pause(std::chrono::milliseconds) override {}
@@ -42,18 +48,29 @@ class NoEvents final : public EventDispatch {
 
 class FixedClock final : public Clock {
  public:
-  LocalTime Now() override { return {}; }
+  LocalTime Now() override { return now; }
+
+  LocalTime now{};
 };
 
 class FixedRandom final : public Random {
  public:
-  double Next() override { return 0.5; }
+  double Next() override { return next; }
+
+  double next = 0.5;
 };
+
+// The start of a program called TESTE, whose editors come later.
+ProgramStart StartOf(const std::filesystem::path& folder, std::string commandLine);
+
+// What a test gives to a run: a machine without a registry, a start list and ports, and no display.
+Services TestServices(const Host& host);
 
 // One run. Editors are given in UTF-8 with LF line ends; what comes back is UTF-8 too.
 class CoreProgram {
  public:
-  CoreProgram();
+  // `change` says what a test wants otherwise.
+  explicit CoreProgram(const std::function<void(Services&)>& change = [](Services&) {});
 
   // Prepares and runs; what `Escreva` wrote, a line each. A failure that reaches the outermost guard is
   // written as a last line "falha N".
@@ -66,9 +83,14 @@ class CoreProgram {
   NoEvents events;
   FixedClock clock;
   FixedRandom random;
-  tessera::Run run;
-  CommandTable commands;
-  Engine engine;
+
+ private:
+  ProgramRun program_;
+
+ public:
+  tessera::Run& run = program_.run;
+  CommandTable& commands = program_.commands;
+  Engine& engine = program_.engine;
 
  private:
   std::string output_;

@@ -1,23 +1,29 @@
-// A run with the command library in a program folder of its own; drive letters lie in its folder "dados".
+// A run in a program folder of its own; drive letters lie in its folder "dados", what the machine keeps in
+// its folder "config".
 #pragma once
 
-#include "commands/file_commands.h"
 #include "support/library_program.h"
 #include "support/temp_folder.h"
 
 namespace tessera::test {
 
-class FileProgram : public LibraryProgram {
+// The folder stands before the run that lies in it.
+struct OwnFolder {
+  TempFolder folder;
+};
+
+class FileProgram : public OwnFolder, public LibraryProgram {
  public:
-  FileProgram() : files(run) {
+  explicit FileProgram(const std::string& ports = "/dev/null/port")
+      : LibraryProgram([this, &ports](Services& services) {
+          services.machine = {.registry = RegistryFile(folder / "config/tessera/registro"),
+                              .startList = StartList(folder / "config/autostart"),
+                              .ports = HardwarePorts(ports)};
+        }) {
     run.ProgramFolderText = FromUtf8Lossy(folder.path()) + "\\";
     run.RuntimeFolderText = run.ProgramFolderText;
     run.paths = PathMapping(folder.path(), folder / "dados");
-    files.Register(commands);
   }
-
-  TempFolder folder;
-  FileCommands files;
 };
 
 }  // namespace tessera::test

@@ -1,48 +1,32 @@
 #include "support/hosted_program.h"
 
-#include "commands/dialog_commands.h"
-#include "commands/system_commands.h"
-#include "commands/text_commands.h"
 #include "support/core_program.h"
-#include "windows/drawing_commands.h"
-#include "windows/event_commands.h"
-#include "windows/font_commands.h"
-#include "windows/picture_commands.h"
-#include "windows/window_commands.h"
 
 namespace tessera::test {
 
+namespace {
+
+Services OnDisplay(const Host& host, Display& display) {
+  Services services = TestServices(host);
+  services.display = &display;
+  return services;
+}
+
+}  // namespace
+
 HostedProgram::HostedProgram(const Host& host, Display& display)
-    : run(host),
-      engine(run),
-      janela(run, engine, display),
-      objects(commands, run, janela.windows(), display),
-      wallpaper(run, display) {
-  run.ProgramFileName = "TESTE.TSC";
-  run.ProgramFolderText = "/programas/teste\\";
+    : program_(StartOf("/programas/teste", "um dois"), OnDisplay(host, display)) {
   run.RuntimeFolderText = "/programas\\";
-  run.CommandLineText = "um dois";
-  run.doors.CommandCall = [this](std::string_view name, std::string_view arguments) {
-    return commands.CommandCall(name, arguments);
-  };
-  janela.AddCommand(commands);
-  AddWindowCommands(commands, run, janela.windows());
-  AddEventCommands(commands, run, janela.windows());
-  AddDrawingCommands(commands, run, janela.windows());
-  AddPictureCommands(commands, run, janela.windows());
-  AddFontCommands(commands, run, display);
-  wallpaper.Register(commands);
-  AddDialogCommands(commands, run);
-  AddSystemCommands(commands, run);
-  AddTextCommands(commands, run);
+  run.paths = PathMapping();
 }
 
 int HostedProgram::Run(std::string_view editor0, std::string_view routines,
                        std::string_view projectStyleWord) {
-  EditorTexts editors;
-  editors[0] = FromSource(editor0);
-  editors[1] = FromSource(routines);
-  return janela.RunProgram(editors, projectStyleWord);
+  return program_.Live({FromSource(editor0), FromSource(routines)}, projectStyleWord);
+}
+
+RunOutcome HostedProgram::Start(const EditorTexts& editors, std::string_view projectStyleWord) {
+  return program_.Start(editors, projectStyleWord);
 }
 
 }  // namespace tessera::test

@@ -1,20 +1,13 @@
-// A program on a real host: run, engine, main window and the commands that windows and boxes need, wired as
-// the composition root wires them.
+// A program on a real host.
 #pragma once
 
-#include <string>
 #include <string_view>
-#include <vector>
 
-#include "commands/command_table.h"
-#include "engine/engine.h"
-#include "objects/object_commands.h"
 #include "platform/host.h"
-#include "values/run.h"
+#include "runtime/program_run.h"
 #include "windows/display.h"
 #include "windows/form.h"
-#include "windows/janela.h"
-#include "windows/wallpaper_command.h"
+#include "windows/window_model.h"
 
 namespace tessera::test {
 
@@ -25,12 +18,17 @@ class HostedProgram {
   // The whole life of a program called TESTE, given in UTF-8 with LF line ends; its exit status.
   int Run(std::string_view editor0, std::string_view routines = {}, std::string_view projectStyleWord = {});
 
-  tessera::Run run;
-  CommandTable commands;
-  Engine engine;
-  Janela janela;
-  ObjectCommands objects;
-  WallpaperCommand wallpaper;
+  // Its start alone, which leaves its windows open.
+  RunOutcome Start(const EditorTexts& editors, std::string_view projectStyleWord);
+
+ private:
+  ProgramRun program_;
+
+ public:
+  tessera::Run& run = program_.run;
+  CommandTable& commands = program_.commands;
+  Janela& janela = program_.janela();
+  const WallpaperCommand& wallpaper = program_.wallpaper();
 };
 
 }  // namespace tessera::test

@@ -1,4 +1,4 @@
-// A run with the command library, for tests of one command at a time: what an expression gives, or the number
+// For tests of one command at a time: what an expression gives, or the number
 // of the failure that it ends in.
 #pragma once
 
@@ -8,10 +8,6 @@
 #include <string>
 #include <string_view>
 
-#include "commands/date_commands.h"
-#include "commands/number_commands.h"
-#include "commands/text_commands.h"
-#include "commands/validation_commands.h"
 #include "platform/failure.h"
 #include "support/core_program.h"
 #include "text/code_page.h"
@@ -21,12 +17,7 @@ namespace tessera::test {
 
 class LibraryProgram : public CoreProgram {
  public:
-  LibraryProgram() {
-    AddDateCommands(commands, run);
-    AddNumberCommands(commands, run);
-    AddTextCommands(commands, run);
-    AddValidationCommands(commands, run);
-  }
+  using CoreProgram::CoreProgram;
 
   // The value of an expression written in UTF-8, in UTF-8, or "falha N".
   std::string Value(std::string_view expression) {

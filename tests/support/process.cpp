@@ -55,6 +55,10 @@ RunningProcess::~RunningProcess() {
   waitpid(process_, nullptr, 0);
 }
 
+void RunningProcess::Signal(int number) const {
+  kill(process_, number);
+}
+
 int RunningProcess::Wait() {
   int status = 0;
   if (!status_ && waitpid(process_, &status, 0) == process_) TakeStatus(status);

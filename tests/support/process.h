@@ -59,6 +59,8 @@ class RunningProcess {
   std::string Out() const { return ReadBytes(files_ / "out"); }
   std::string Err() const { return ReadBytes(files_ / "err"); }
 
+  void Signal(int number) const;
+
   // Its exit status, or 128 + the signal.
   int Wait();
   // The same, or nothing where it still runs after that time.

@@ -6,7 +6,6 @@
 #include <iterator>
 #include <string>
 
-#include "recorddb/record_database.h"
 #include "support/core_program.h"
 
 namespace tessera::test {
@@ -15,12 +14,9 @@ class RecordProgram : public CoreProgram {
  public:
   // Paths of the program lie below `folder`.
   explicit RecordProgram(const std::filesystem::path& folder, bool quickOrders = true)
-      : database_(run, commands, quickOrders) {
+      : CoreProgram([=](Services& services) { services.quickOrders = quickOrders; }) {
     run.paths = PathMapping(folder.string(), folder.string());
   }
-
- private:
-  RecordDatabase database_;
 };
 
 inline std::string ReadFile(const std::filesystem::path& path) {

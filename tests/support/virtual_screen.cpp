@@ -30,9 +30,9 @@ xcb_atom_t AtomOf(xcb_connection_t* connection, std::string_view name) {
 }  // namespace
 
 // The server takes a free number by itself and tells it.
-VirtualScreen::VirtualScreen()
+VirtualScreen::VirtualScreen(Behind behind)
     : server_({.words = {"/usr/bin/Xvfb", "-displayfd", "1", "-screen", "0", "1280x1024x24", "-nolisten",
-                         "tcp", "-noreset"}}) {
+                         "tcp", behind == Behind::Stays ? "-noreset" : "-reset"}}) {
   for (int i = 0; i < kMostSteps && !server_.Out().ends_with('\n'); ++i) std::this_thread::sleep_for(kStep);
   display_ = ":" + server_.Out().substr(0, server_.Out().find('\n'));
   EXPECT_NE(display_, ":") << server_.Err();

@@ -2,6 +2,7 @@
 // asks windows to close as a window manager does.
 #pragma once
 
+#include <csignal>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -12,8 +13,10 @@ namespace tessera {
 
 class VirtualScreen {
  public:
+  // What the server does when its last client has gone.
+  enum class Behind { Stays, Resets };
   // Fails the test where the server does not start.
-  VirtualScreen();
+  explicit VirtualScreen(Behind behind = Behind::Stays);
 
   // "DISPLAY=:n" and what else a program of the windows' side needs.
   std::vector<std::string> Environment() const;
@@ -26,6 +29,8 @@ class VirtualScreen {
   void Do(std::vector<std::string> words) const;
   // Moves the pointer to a place of a window, in pixels of its inside.
   void PointAt(std::uint32_t window, int x, int y) const;
+  // The server goes, with all that is shown on it.
+  void Stop() { server_.Signal(SIGKILL); }
   // Asks the window to close.
   void Close(std::uint32_t window) const;
 

@@ -70,6 +70,55 @@ TEST_F(ToolBd, ExportWritesTheLiveRecords) {
   EXPECT_EQ(rows.out, "José|30|60.5|real\nAna; a \"boa\"|30|60.5|real\n");
 }
 
+// A death between the count and the record leaves blanks; a disk may lose the end, or keep more than is told.
+TEST_F(ToolBd, RepairMendsWhatASuddenEndLeft) {
+  const std::string whole = Read(file_);
+  const auto at = [](std::size_t record) { return 19999 + 47 * record; };
+  struct Case {
+    const char* what;
+    std::string bytes;
+    const char* says;
+    const char* after;  // what the check tells then
+  };
+  std::string blank = whole;
+  blank.replace(at(1), 47, std::string(47, ' '));
+  std::string busy = whole;
+  busy[0] = '1';
+  busy[134] = 'T';
+  const Case cases[] = {
+      {"blank", blank, "registro 1: em branco", "1 registros bons, 2 excluídos, 0 com defeito\n"},
+      {"busy", busy, "marcado como ocupado", "2 registros bons, 1 excluídos, 0 com defeito\n"},
+      {"cut", whole.substr(0, at(2) + 20), "faltam no arquivo 1 registros",
+       "2 registros bons, 0 excluídos, 0 com defeito\n"},
+      {"untold blank", whole + std::string(47, ' '), "1 registros além da contagem",
+       "2 registros bons, 1 excluídos, 0 com defeito\n"},
+      {"untold record", whole + whole.substr(at(0), 47), "1 registros além da contagem",
+       "3 registros bons, 1 excluídos, 0 com defeito\n"},
+      {"rest", whole + "lixo", "4 bytes de um registro partido",
+       "2 registros bons, 1 excluídos, 0 com defeito\n"},
+  };
+  for (const Case& c : cases) {
+    std::filesystem::remove(file_ + ".copia");
+    std::ofstream(file_, std::ios::binary) << c.bytes;
+    const ProcessResult check = Call({"bd", "check", file_});
+    EXPECT_EQ(check.status, kRefused) << c.what;
+    EXPECT_NE(check.out.find(c.says), std::string::npos) << c.what << check.out;
+    const ProcessResult repair = Call({"bd", "repair", file_});
+    EXPECT_EQ(repair.status, kDone) << c.what << repair.err;
+    EXPECT_EQ(Read(file_ + ".copia"), c.bytes) << c.what;
+    EXPECT_EQ(Call({"bd", "check", file_}).out, c.after) << c.what;
+    EXPECT_EQ(Call({"run", "--console",
+                    folder_.Write("o.tsc",
+                                  "BD Gente, dados, segredo\nNome, String, 20\nIdade, Inteiro\nPeso, "
+                                  "Decimal\nFimBD\nAbreBD Gente, segredo\nOrdemBD Gente, Nome\nFimJanela")})
+                  .err,
+              "")
+        << c.what;
+  }
+  EXPECT_EQ(Call({"bd", "repair", file_}).out, "Não há nada a consertar.\n");
+  EXPECT_FALSE(std::filesystem::exists(file_ + ".copia2"));
+}
+
 TEST_F(ToolBd, CheckNamesWhatDoesNotDecode) {
   EXPECT_EQ(Call({"bd", "check", file_}).status, kDone);
   Overwrite(19999 + 47 + 25, std::string(9, ' '));

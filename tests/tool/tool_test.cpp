@@ -1,6 +1,12 @@
 // The tool as its user meets it: real processes, their exit status, what they print and write.
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <csignal>
+#include <thread>
 
 #include "image/image_reader.h"
 #include "support/process.h"
@@ -113,6 +119,16 @@ TEST_F(Tool, ChecksWhereABlockOpened) {
   EXPECT_EQ(fine.out, "");
 }
 
+// A source that spells a statement's head names an editor, and a line, of its own invention.
+TEST_F(Tool, ChecksAPlaceThatIsNone) {
+  for (const std::string head : {"§#00009$#77 ", "§#00009$#03 ", "§#00009$#-1 ", "§#00009$#xx "}) {
+    const ProcessResult result = Call({"check", folder_.Write("a.tsc", "Escreva 1;" + head + "FimSe")});
+    EXPECT_EQ(result.status, kRefused) << head;
+    EXPECT_TRUE(result.out.starts_with(folder_ / "a.tsc" + ":")) << result.out;
+    EXPECT_NE(result.out.find("Comando Se sem o respectivo FimSe!"), std::string::npos) << result.out;
+  }
+}
+
 TEST_F(Tool, ShowsThePreparedText) {
   const ProcessResult shown = Call({"show", folder_.Write("a.tsc", "Escreva \"é\"; Cls")});
   EXPECT_EQ(shown.status, kDone);
@@ -152,6 +168,112 @@ TEST_F(Tool, BuildsIntoANewExecutable) {
   ASSERT_EQ(stat((folder_ / "jogo").c_str(), &status), 0);
   EXPECT_NE(status.st_mode & S_IXUSR, 0u);
   EXPECT_EQ(Call({"build", program, "--runtime", runtime}).status, kDone) << "an older one is replaced";
+}
+
+// What is not an older finished program stays, unless the person insists; sources and what is no file always
+// do.
+TEST_F(Tool, BuildTakesThePlaceOfAnOlderProgramAlone) {
+  const std::string program = folder_.Write("jogo.tsc", "Cls");
+  const std::string runtime = folder_.Write("executor",
+                                            "\x7F"
+                                            "ELF vazio");
+  const auto build = [&](const std::string& output, std::vector<std::string> more = {}) {
+    more.insert(more.begin(), {"build", program, "--runtime", runtime, "-o", output});
+    return Call(more);
+  };
+  const std::string text = folder_.Write("carta.txt", "Prezados");
+  std::filesystem::create_symlink(text, folder_ / "atalho");
+  std::filesystem::create_symlink(folder_ / "nada", folder_ / "solto");
+  std::filesystem::create_symlink(program, folder_ / "fonte");
+  ASSERT_EQ(mkfifo((folder_ / "fila").c_str(), 0600), 0);
+  for (const char* name : {"carta.txt", "atalho", "solto"}) ExpectRefused(build(folder_ / name), "--force");
+  for (const std::string& name : {program, folder_ / "fonte"}) {
+    ExpectRefused(build(name), "é um dos editores do programa");
+    ExpectRefused(build(name, {"--force"}), "é um dos editores do programa");
+  }
+  for (const std::string& name : {folder_ / "fila", std::string("/dev/null")}) {
+    ExpectRefused(build(name, {"--force"}), "não é um arquivo comum");
+  }
+  EXPECT_EQ(ReadBytes(program), "Cls");
+  EXPECT_EQ(ReadBytes(text), "Prezados");
+  EXPECT_EQ(build(folder_ / "atalho", {"--force"}).status, kDone);
+  EXPECT_TRUE(std::filesystem::is_symlink(folder_ / "atalho"));
+  EXPECT_TRUE(ReadBytes(text).starts_with("\x7F"));
+  EXPECT_EQ(build(text).status, kDone) << "now it is a finished program";
+}
+
+TEST_F(Tool, ALostOutputIsTold) {
+  const std::string program = folder_.Write("a.tsc", "Escreva 1");
+  for (const std::string& call :
+       {"run --console " + program, "show " + program, std::string("--help"), std::string("--version")}) {
+    const ProcessResult result =
+        RunProcess({.words = {"/bin/sh", "-c", std::string(TESSERA_TOOL) + " " + call + " > /dev/full"}});
+    EXPECT_EQ(result.status, kRefused) << call;
+    EXPECT_NE(result.err.find("não pôde ser gravada"), std::string::npos) << call << result.err;
+  }
+}
+
+// The language's own word for a full disk, in place of the signal that ends a process.
+TEST_F(Tool, AFileThatMayNotGrowIsAFullDisk) {
+  const std::string program = folder_.Write(
+      "a.tsc", "AbreArquivo \"A\", \"a.bin\", \"BINARIO\"\nGravaArquivo \"A\", 100000, \"x\"\nEscreva 1");
+  const ProcessResult result =
+      RunProcess({.words = {"/bin/sh", "-c",
+                            std::string("ulimit -f 1; exec ") + TESSERA_TOOL + " run --console " + program}});
+  EXPECT_EQ(result.status, kRefused);
+  EXPECT_EQ(result.err, "[falha] Editor: 0 Linha: 2: Disco cheio\n");
+}
+
+// The program writes a line, then computes or waits for ever.
+TEST_F(Tool, APoliteEndClosesTheRunAndKeepsItsLines) {
+  const std::string start =
+      "AbreArquivo \"S\", \"s.txt\", \"TextoGravacao\"\nGravaArquivo \"S\", \"linha\"\n"
+      "AbreArquivo \"P\", \"pronto.txt\", \"TextoGravacao\"\nFechaArquivo \"P\"\n";
+  const std::string pipe = folder_ / "entrada";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  for (const std::string rest : {"Enquanto 1 = 1\nRepita\n", "Aguarde 600000\n", "Aguarde CliqueBotao\n",
+                                 "Enquanto 1 = 1\nEscreva 1\nRepita\n"}) {
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+      std::filesystem::remove(folder_ / "pronto.txt");
+      const std::string program = folder_.Write("a.tsc", start + rest);
+      const int held = open(pipe.c_str(), O_RDWR | O_CLOEXEC);
+      RunningProcess running(
+          {.words = {"/bin/sh", "-c",
+                     "exec " + std::string(TESSERA_TOOL) + " run --console " + program + " < " + pipe}});
+      while (!std::filesystem::exists(folder_ / "pronto.txt")) std::this_thread::yield();
+      std::this_thread::sleep_for(std::chrono::milliseconds(20));
+      running.Signal(signal);
+      EXPECT_EQ(running.WaitFor(std::chrono::seconds(5)), 0) << rest << signal;
+      EXPECT_EQ(ReadBytes(folder_ / "s.txt"), "linha\r\n") << rest << signal;
+      close(held);
+    }
+  }
+}
+
+TEST_F(Tool, AReaderThatGoesEndsTheRun) {
+  const std::string program =
+      folder_.Write("a.tsc",
+                    "AbreArquivo \"S\", \"s.txt\", \"TextoGravacao\"\nGravaArquivo \"S\", \"linha\"\n"
+                    "Enquanto 1 = 1\nEscreva \"muito texto para um leitor\"\nRepita\n");
+  const ProcessResult result = RunProcess(
+      {.words = {"/bin/sh", "-c", std::string(TESSERA_TOOL) + " run --console " + program + " | head -n 1"}});
+  EXPECT_EQ(result.out, "muito texto para um leitor\n");
+  EXPECT_EQ(ReadBytes(folder_ / "s.txt"), "linha\r\n");
+}
+
+// A log is there for others while the program that writes it computes on.
+TEST_F(Tool, WrittenLinesAreSeenWithinASecond) {
+  const std::string program =
+      folder_.Write("a.tsc",
+                    "AbreArquivo \"S\", \"s.txt\", \"TextoGravacao\"\nGravaArquivo \"S\", \"linha\"\n"
+                    "Enquanto 1 = 1\nRepita\n");
+  RunningProcess running({.words = {TESSERA_TOOL, "run", "--console", program}});
+  const auto start = std::chrono::steady_clock::now();
+  while (ReadBytes(folder_ / "s.txt") != "linha\r\n" &&
+         std::chrono::steady_clock::now() - start < std::chrono::seconds(5)) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  }
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
 }
 
 TEST_F(Tool, BuildRefusesWithoutTouchingAnything) {

@@ -3,6 +3,7 @@
 #include <random>
 
 #include "platform/failure.h"
+#include "language/words.h"
 #include "support/core_program.h"
 #include "text/code_page.h"
 #include "text/literal.h"
@@ -265,7 +266,7 @@ TEST_F(VariableStoreTest, TheMapFindsWhatTheScanFinds) {
 
 TEST(FunctionTable, TheIndexAnswersAsTheScanDoes) {
   FunctionTable table;
-  std::vector<std::string> words = LanguageWords();
+  std::vector<std::string> words = WordNames();
   words.emplace_back("");
   table.Fill(words);
   std::mt19937 random(9);

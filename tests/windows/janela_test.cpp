@@ -15,7 +15,7 @@ using JanelaTest = ConsoleWindowTest;
 TEST_F(JanelaTest, StandsCentredInItsLooksAndIsShownBeforeTheFirstStatement) {
   EditorTexts editors;
   editors[0] = "Escreva 1\r\n";
-  EXPECT_EQ(program.janela.Start(editors, ""), RunOutcome::Ended);
+  EXPECT_EQ(program.Start(editors, ""), RunOutcome::Ended);
   EXPECT_EQ(Window().Caption(), "Tessera - TESTE.TSC");
   EXPECT_TRUE(Window().Visible());
   EXPECT_TRUE(Window().Style().Titlebar);
@@ -42,7 +42,7 @@ TEST_F(JanelaTest, TheFirstShowingHasTheFormThatItsStarterAskedFor) {
     HostedProgram started(host.host(), host);
     started.run.startForm = row.form;
     EditorTexts editors;
-    EXPECT_EQ(started.janela.Start(editors, ""), RunOutcome::Ended);
+    EXPECT_EQ(started.Start(editors, ""), RunOutcome::Ended);
     EXPECT_EQ(started.janela.form().Visible(), row.visible);
     EXPECT_EQ(started.janela.form().State(), row.state);
     started.commands.CommandCall("Janela", "Visivel = Sim");
@@ -68,7 +68,7 @@ TEST_F(JanelaTest, TheTextCursorMovesALineAtATimeAndPosicioneSetsIt) {
   editors[0] =
       "Posicione 2, 2,5\r\nEscreva \"a\"\r\nEscreva \"b\"\r\nEscreva \"t\", TituloJanela\r\nCls\r\n"
       "Fonte Tamanho = 30\r\n";
-  ASSERT_EQ(program.janela.Start(editors, ""), RunOutcome::Ended);
+  ASSERT_EQ(program.Start(editors, ""), RunOutcome::Ended);
   EXPECT_EQ(Windows().PrintLinePixels, 4 * 14);
   EXPECT_EQ(Windows().PrintColumnPixels, 16) << "the second argument ends at its comma";
   EXPECT_EQ(Window().CurrentY, 4 * 14);
@@ -86,7 +86,7 @@ TEST_F(JanelaTest, FonteSetsWhatItsFirstArgumentNamesOnTheWindowNamed) {
   editors[0] =
       "Fonte Nome = \"Arial\"\r\nFonte pai.Negrito = \"SIM\"\r\nFonte Italico = \"nao\"\r\n"
       "Fonte Pai.Cor = Vermelho\r\nFonte Outra.Tamanho = 99\r\nFonte tamanho = 50\r\n";
-  ASSERT_EQ(program.janela.Start(editors, ""), RunOutcome::Ended);
+  ASSERT_EQ(program.Start(editors, ""), RunOutcome::Ended);
   EXPECT_EQ(Window().Font.name, "Arial");
   EXPECT_TRUE(Window().Font.bold);
   EXPECT_FALSE(Window().Font.italic);
@@ -97,7 +97,7 @@ TEST_F(JanelaTest, FonteSetsWhatItsFirstArgumentNamesOnTheWindowNamed) {
 TEST_F(JanelaTest, ThatWordAnywhereInTheProgramKeepsTheWindowHidden) {
   EditorTexts editors;
   editors[0] = "Escreva \"IniciaJanelaInvisivel\"\r\n";
-  program.janela.Start(editors, "JanelaTransparente");
+  program.Start(editors, "JanelaTransparente");
   EXPECT_FALSE(Window().Visible());
   EXPECT_FALSE(Window().Style().Titlebar);
 }

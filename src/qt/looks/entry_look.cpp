@@ -159,11 +159,8 @@ void EntryLook::DeleteSelected() {
   Tell([](EntryControl& entry) { entry.OnKeyDown(key::kDelete, {}); });
 }
 
-// The first line of what comes, key by key.
 void EntryLook::Paste(const std::string& text) {
-  Tell([line = text.substr(0, text.find_first_of("\r\n"))](EntryControl& entry) {
-    for (const char character : line) entry.OnKeyPress(character);
-  });
+  Tell([text](EntryControl& entry) { entry.Paste(text); });
 }
 
 }  // namespace tessera

@@ -1,0 +1,84 @@
+#include "image/seal.h"
+
+#include <array>
+#include <cstdint>
+
+#include "text/little_endian.h"
+
+namespace tessera {
+
+namespace {
+
+constexpr std::size_t kLengthWidth = 8;
+constexpr std::size_t kSumWidth = 4;
+static_assert(kLengthWidth + kSumWidth == kSealNumbers);
+
+// Eight bytes are taken at a time: row k of the table holds the sums of a byte with k zero bytes behind it.
+using SumTable = std::array<std::array<std::uint32_t, 256>, 8>;
+
+consteval SumTable MakeSumTable() {
+  constexpr std::uint32_t kPolynomial = 0xEDB88320;  // bits reversed
+  SumTable table{};
+  for (std::uint32_t byte = 0; byte < 256; ++byte) {
+    std::uint32_t sum = byte;
+    for (int bit = 0; bit < 8; ++bit) sum = (sum >> 1) ^ ((sum & 1) != 0 ? kPolynomial : 0);
+    table[0][byte] = sum;
+  }
+  for (std::size_t k = 1; k < table.size(); ++k) {
+    for (std::size_t byte = 0; byte < 256; ++byte) {
+      table[k][byte] = (table[k - 1][byte] >> 8) ^ table[0][table[k - 1][byte] & 0xFF];
+    }
+  }
+  return table;
+}
+
+constexpr SumTable kSums = MakeSumTable();
+
+// The running sum behind further bytes; it begins with all bits set and ends by their complement.
+std::uint32_t AddToSum(std::uint32_t sum, std::string_view bytes) {
+  while (bytes.size() >= kSums.size()) {
+    const std::uint64_t eight = FromLittleEndian(bytes, kSums.size()) ^ sum;
+    sum = 0;
+    for (std::size_t i = 0; i < kSums.size(); ++i) {
+      sum ^= kSums[kSums.size() - 1 - i][(eight >> (8 * i)) & 0xFF];
+    }
+    bytes.remove_prefix(kSums.size());
+  }
+  for (const char c : bytes) sum = (sum >> 8) ^ kSums[0][(sum ^ static_cast<unsigned char>(c)) & 0xFF];
+  return sum;
+}
+
+std::uint32_t SumAround(std::string_view file, std::size_t numbers) {
+  const std::uint32_t before = AddToSum(~std::uint32_t{0}, file.substr(0, numbers));
+  return ~AddToSum(before, file.substr(numbers + kSealNumbers));
+}
+
+// Offset of the seal's numbers; npos where the file has no place for them.
+std::size_t FindNumbers(std::string_view file) {
+  const std::size_t word = file.find(kSealWord.text());
+  if (word == std::string_view::npos || file.size() - word < sizeof(SealPlace)) return std::string_view::npos;
+  return word + kSealWordLength;
+}
+
+}  // namespace
+
+SealState CheckSeal(std::string_view file) {
+  const std::size_t numbers = FindNumbers(file);
+  if (numbers == std::string_view::npos) return SealState::None;
+  const std::uint64_t length = FromLittleEndian(file.substr(numbers), kLengthWidth);
+  const std::uint64_t sum = FromLittleEndian(file.substr(numbers + kLengthWidth), kSumWidth);
+  if (length == 0 && sum == 0) return SealState::None;
+  if (length > file.size()) return SealState::Cut;
+  return length == file.size() && sum == SumAround(file, numbers) ? SealState::Whole : SealState::Changed;
+}
+
+std::string SealedFile(std::string_view runtime, std::string_view image) {
+  std::string file = std::string(runtime).append(image);
+  const std::size_t numbers = FindNumbers(runtime);
+  if (numbers == std::string_view::npos) return file;
+  file.replace(numbers, kLengthWidth, ToLittleEndian(file.size(), kLengthWidth));
+  file.replace(numbers + kLengthWidth, kSumWidth, ToLittleEndian(SumAround(file, numbers), kSumWidth));
+  return file;
+}
+
+}  // namespace tessera

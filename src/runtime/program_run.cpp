@@ -1,0 +1,142 @@
+#include "runtime/program_run.h"
+
+#include <cstdint>
+
+#include "commands/date_commands.h"
+#include "commands/dialog_commands.h"
+#include "commands/number_commands.h"
+#include "commands/system_commands.h"
+#include "commands/text_commands.h"
+#include "commands/validation_commands.h"
+#include "image/image_reader.h"
+#include "language/words.h"
+#include "objects/object_commands.h"
+#include "prepare/linking.h"
+#include "runtime/attentive_host.h"
+#include "text/literal.h"
+#include "values/builtin_variables.h"
+#include "windows/drawing_commands.h"
+#include "windows/event_commands.h"
+#include "windows/font_commands.h"
+#include "windows/picture_commands.h"
+#include "windows/window_commands.h"
+
+namespace tessera {
+
+// The rooms that stand on a display.
+struct ProgramRun::Windowed {
+  Windowed(ProgramRun& program, Display& display)
+      : janela(program.run, program.engine, display),
+        objects(program.commands, program.run, janela.windows(), display),
+        wallpaper(program.run, display) {
+    janela.AddCommand(program.commands);
+    AddWindowCommands(program.commands, program.run, janela.windows());
+    AddEventCommands(program.commands, program.run, janela.windows());
+    AddDrawingCommands(program.commands, program.run, janela.windows());
+    AddPictureCommands(program.commands, program.run, janela.windows());
+    AddFontCommands(program.commands, program.run, display);
+    wallpaper.Register(program.commands);
+  }
+
+  Janela janela;
+  ObjectCommands objects;
+  WallpaperCommand wallpaper;
+};
+
+namespace {
+
+constexpr int kLostLines = 1;
+
+// OPEN: the program's folder is kept whole, however long: a path of this system is often longer than the 100
+// characters that a fixed text would keep, and a cut path names no folder.
+void TellProgram(Run& run, const ProgramStart& start, const Services& services) {
+  run.ProgramFileName = start.program.name + ".TSC";
+  run.ProgramFolderText = FolderText(start.folder) + "\\";
+  run.RuntimeFolderText = run.ProgramFolderText;
+  run.CommandLineText = start.commandLine;
+  run.startForm = services.startForm;
+  run.paths = PathMapping(start.folder.string(), services.dataFolder);
+}
+
+}  // namespace
+
+ProgramRun::ProgramRun(const ProgramStart& start, const Services& services)
+    : run(services.host),
+      commands(run),
+      engine(run),
+      folders_(services.folders),
+      display_(services.display),
+      files_(run),
+      machine_(run, services.machine),
+      database_(run, commands, services.quickOrders) {
+  TellProgram(run, start, services);
+  run.functionTable.Fill(WordNames());
+  // A word without a room behind it does nothing, like every word without a handler.
+  run.doors.SqlReadField = [](std::string_view, std::string_view, std::string_view) { return Value(); };
+  AddTextCommands(commands, run);
+  AddNumberCommands(commands, run);
+  AddDateCommands(commands, run);
+  AddValidationCommands(commands, run);
+  AddDialogCommands(commands, run);
+  AddSystemCommands(commands, run);
+  files_.Register(commands);
+  machine_.Register(commands);
+  if (display_ != nullptr) windowed_ = std::make_unique<Windowed>(*this, *display_);
+}
+
+ProgramRun::~ProgramRun() = default;
+
+Janela& ProgramRun::janela() {
+  return windowed_->janela;
+}
+
+const WallpaperCommand& ProgramRun::wallpaper() const {
+  return windowed_->wallpaper;
+}
+
+int ProgramRun::Live(const EditorTexts& editors, std::string_view projectStyleWord) {
+  DeclareBuiltins();
+  return windowed_->janela.RunProgram(editors, projectStyleWord);
+}
+
+RunOutcome ProgramRun::Start(const EditorTexts& editors, std::string_view projectStyleWord) {
+  DeclareBuiltins();
+  return windowed_ ? windowed_->janela.Start(editors, projectStyleWord) : StartWithoutWindows(editors);
+}
+
+void ProgramRun::DeclareBuiltins() {
+  const std::size_t fonts = display_ == nullptr ? 0 : display_->FontNames().size();
+  DeclareBuiltinVariables(run, {.folders = folders_, .fontCount = static_cast<std::int32_t>(fonts)});
+}
+
+RunOutcome ProgramRun::StartWithoutWindows(const EditorTexts& editors) {
+  run.RunningFlag = true;
+  const auto showCritical = [this](std::string_view text) { ShowCritical(run, text); };
+  InstallProgram(run, PrepareProgram(editors, showCritical));
+  const std::string problem = CheckBlocks(run.program.ProgramText->text());
+  if (!problem.empty()) {
+    showCritical(problem);
+    return RunOutcome::Refused;
+  }
+  engine.RunStatements(run.program.ProgramText, 0);
+  return RunOutcome::Ended;
+}
+
+int RunProgram(const ProgramStart& start, const Host& host, Display& display) {
+  AttentiveHost attentive(host);
+  ProgramRun program(start, UserServices(attentive.host(), &display, start.isFinished));
+  attentive.Watch(program.run);
+  const int status =
+      program.Live(start.program.EditorText, ScanProjectStyle(start.program.EditorText).ProjectStyleWord);
+  // The last lines are written, or it is told that they are lost.
+  const auto lost = program.run.fileNumbers.FlushAll();
+  if (!lost) return status;
+  host.dialogs.ShowBox(
+      {.text =
+           std::string("Linhas gravadas pelo programa não estão no disco: "_w).append(lost->description()),
+       .title = ProgramTitle(program.run),
+       .icon = BoxIcon::Critical});
+  return kLostLines;
+}
+
+}  // namespace tessera

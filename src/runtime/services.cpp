@@ -1,0 +1,18 @@
+#include "runtime/services.h"
+
+#include <cstdlib>
+
+#include "platform/paths.h"
+
+namespace tessera {
+
+Services UserServices(const Host& host, Display* display, bool isFinished) {
+  return {.host = host,
+          .display = display,
+          .folders = FindUserFolders(std::getenv),
+          .dataFolder = SystemDataFolder(std::getenv("XDG_DATA_HOME"), std::getenv("HOME")),
+          .machine = MachineCommands::UserPlaces(isFinished),
+          .startForm = TakeStartForm()};
+}
+
+}  // namespace tessera

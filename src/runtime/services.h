@@ -1,0 +1,32 @@
+// What a run asks of the outside, given to it when it is made.
+#pragma once
+
+#include <string>
+
+#include "commands/machine_commands.h"
+#include "platform/host.h"
+#include "platform/start_form.h"
+#include "platform/user_folders.h"
+#include "windows/display.h"
+
+namespace tessera {
+
+struct Services {
+  Host host;
+  // None for a run without windows, in which the words of windows do nothing.
+  Display* display = nullptr;
+  UserFolders folders;
+  // Holds the folders of drive letters.
+  std::string dataFolder;
+  MachineCommands::Places machine;
+  // The window form that whoever started the program asked for.
+  StartForm startForm = StartForm::Normal;
+  // Tests turn it off to compare the ordering of records with its plain form.
+  bool quickOrders = true;
+};
+
+// Those of the user who runs this process. The start form is taken out of the environment, so that no program
+// that this one starts finds it. `isFinished`: the program has an executable of its own.
+Services UserServices(const Host& host, Display* display, bool isFinished);
+
+}  // namespace tessera
