@@ -9,6 +9,7 @@
 #include "platform/system_clock.h"
 #include "qt/form.h"
 #include "qt/logic_entry.h"
+#include "qt/qt_text_painter.h"
 #include "windows/display.h"
 
 class QApplication;
@@ -74,6 +75,7 @@ class QtHost final : public Display, public Dialogs, public EventDispatch {
   std::unique_ptr<QSocketNotifier> termination_;
   Form* mainForm_ = nullptr;
   LogicEntry entry_;
+  QtTextPainter painter_;
   FrontWatch front_;
   DrawnForms drawn_;
   std::unique_ptr<QObject> posted_;  // takes what other threads post; it goes with the host
