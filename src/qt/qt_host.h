@@ -7,6 +7,7 @@
 
 #include "platform/host.h"
 #include "platform/system_clock.h"
+#include "platform/system_files.h"
 #include "qt/form.h"
 #include "qt/logic_entry.h"
 #include "qt/qt_text_painter.h"
@@ -31,7 +32,7 @@ class QtHost final : public Display, public Dialogs, public EventDispatch {
   ~QtHost() override;
 
   // What a `Run` is made with.
-  Host host() { return {*this, *this, clock_, random_}; }
+  Host host() { return {*this, *this, clock_, random_, files_}; }
 
   std::unique_ptr<Form> NewMainForm(const Placement& place, FormEvents& events,
                                     const WindowDirectory& windows) override;
@@ -82,6 +83,7 @@ class QtHost final : public Display, public Dialogs, public EventDispatch {
   const std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
   SystemClock clock_;
   SeededRandom random_;
+  SystemFiles files_;
 };
 
 }  // namespace tessera

@@ -405,7 +405,7 @@ TEST_F(QtHostTest, TheFirstShowingHasTheFormThatItsStarterAskedFor) {
                          Row{StartForm::NormalWithoutFocus, true, Qt::WindowNoState, false}}) {
     QtHost anotherHost;
     HostedProgram another(anotherHost.host(), anotherHost);
-    another.run.startForm = row.form;
+    another.janela.StartAs(row.form);
     ASSERT_EQ(another.Start({}, ""), RunOutcome::Ended);
     QTest::qWait(20);
     const QWidget* janela = WidgetNamed("Janela");
