@@ -17,7 +17,7 @@ namespace tessera {
 class FileCommands {
  public:
   // The run and the group live as long as the table that the group is registered in.
-  explicit FileCommands(Run& run) : run_(run) {}
+  explicit FileCommands(Run& run) : run_(run), sideFile_(run.host.files) {}
   ~FileCommands() { CloseAll(); }
   FileCommands(const FileCommands&) = delete;
   FileCommands& operator=(const FileCommands&) = delete;

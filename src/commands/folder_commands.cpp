@@ -21,7 +21,7 @@ Value ProcureArquivo(Run& run, std::string_view text) {
     std::string folder = arguments.Number(0).ToText();
     const std::string name = arguments.Number(1).ToText();
     if (folder.empty() || name.empty()) return;
-    const auto path = FindInTree(run.paths.SystemPath(folder), name);
+    const auto path = FindInTree(run.host.files, run.paths.SystemPath(folder), name);
     if (!path) return;
     if (!IsPathSeparator(folder.back())) folder += '\\';
     found = folder + *path;
@@ -32,7 +32,7 @@ Value ProcureArquivo(Run& run, std::string_view text) {
 Value RemoveArquivo(Run& run, std::string_view text) {
   const std::string path = ResolveFile(run, Arguments(run, text, kTwoArguments).Text(0));
   // A file that stays is no failure; the path tells what was meant.
-  Guard([&] { RemoveFile(run.paths.SystemPath(path)); });
+  Guard([&] { RemoveFile(run.host.files, run.paths.SystemPath(path)); });
   return Quote(path);
 }
 
@@ -43,16 +43,16 @@ Value Copia(Run& run, std::string_view text) {
   run.fileNumbers.FlushAll();
   const auto failure = Guard([&] {
     const std::string source = run.paths.SystemPath(arguments.Number(0).ToText());
-    CopyFile(source, run.paths.SystemPath(arguments.Number(1).ToText()));
+    CopyFile(run.host.files, source, run.paths.SystemPath(arguments.Number(1).ToText()));
   });
   return failure ? Quote("Erro " + std::to_string(failure->number())) : Value();
 }
 
 // Does something with the folder of the only argument; a failure answers with its description.
-template <void (*Change)(const std::string& path)>
+template <void (*Change)(FileStore& files, const std::string& path)>
 Value OnFolder(Run& run, std::string_view text) {
   const Arguments arguments(run, text, kTwoArguments);
-  const auto failure = Guard([&] { Change(run.paths.SystemPath(arguments.Text(0))); });
+  const auto failure = Guard([&] { Change(run.host.files, run.paths.SystemPath(arguments.Text(0))); });
   return failure ? Quote(failure->description()) : Value();
 }
 
@@ -63,7 +63,7 @@ Value InsereArquivo(Run& run, std::string_view text) {
   const std::string source = run.paths.SystemPath(ResolveFile(run, arguments.Text(1)));
   const std::string package = arguments.Text(2);
   run.fileNumbers.FlushAll();
-  if (!InsertIntoPackage(name, source, run.paths.SystemPath(package))) {
+  if (!InsertIntoPackage(run.host.files, name, source, run.paths.SystemPath(package))) {
     ShowCritical(run, std::string("InsereArquivo - Pacote cheio, cabem 300 arquivos: "_w)
                           .append(package)
                           .append(kCrLf)
@@ -77,7 +77,7 @@ Value ExtraiArquivo(Run& run, std::string_view text) {
   const Arguments arguments(run, text, kThreeArguments);
   const std::string name = arguments.Text(0);
   const std::string target = run.paths.SystemPath(arguments.Text(1));
-  if (!ExtractFromPackage(name, target, run.paths.SystemPath(arguments.Text(2)))) {
+  if (!ExtractFromPackage(run.host.files, name, target, run.paths.SystemPath(arguments.Text(2)))) {
     ShowCritical(run, "Arquivo não encontrado!"_w);
   }
   return {};

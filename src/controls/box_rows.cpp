@@ -20,6 +20,7 @@ BoxRows::BoxRows() {
 }
 
 void BoxRows::Config(const CellAttributes& defaults, std::int32_t corLetraSel, std::int32_t corFundoSel) {
+  ForgetColumns();
   columns_.clear();
   defaults_ = defaults;
   corLetraSel_ = corLetraSel;
@@ -65,12 +66,14 @@ void BoxRows::Refresh() {
 }
 
 void BoxRows::Clear() {
+  ForgetRows();
   ForgetValues();
   ClearVet(true);
   ClearBox();
 }
 
 void BoxRows::ClearVet(bool keepAttributes) {
+  ForgetRows();
   matrix_ = BoxMatrix(columns_.size(), keepAttributes && matrix_.HasAttributes());
   matrix_.AppendRow();
   colVet_ = 0;
@@ -113,6 +116,7 @@ bool BoxRows::SelBox(int visibleRow) {
 }
 
 void BoxRows::RemoveLinha(std::int32_t row) {
+  LeaveRows();
   if (row < 0 || row >= LinVet()) return;
   matrix_.RemoveRow(Index(row));
   std::erase_if(values_, [row](const Valor& value) { return value.row == row; });

@@ -125,6 +125,11 @@ class BoxRows {
   virtual int MostRows() const { return std::numeric_limits<int>::max(); }
   // Shows a row of the page anew, from its row of the matrix; a row behind the last one is blank.
   virtual void PaintRow(int /*visibleRow*/) {}
+  // All rows go, or all columns with them: what a heir keeps of them goes too.
+  virtual void ForgetRows() {}
+  virtual void ForgetColumns() {}
+  // A row will go, and others take its place.
+  virtual void LeaveRows() {}
 
   // The page begins anew, with so many rows and an empty value vector.
   void BeginPage(int totalLinhas);

@@ -65,10 +65,11 @@ bool AppendInPlace(Run& run, const RightSide& right, std::string_view name) {
 }
 
 // The values of all parts of a right side without " & ", one behind the other.
-Value JoinParts(Run& run, std::string_view text, bool numericTarget) {
+Value JoinParts(const Engine& engine, Run& run, std::string_view text, bool numericTarget) {
   constexpr std::size_t kPlaces = 11;
   const auto evaluate = [&](const std::string& part) {
-    return run.TextExpressionFlag ? EvalText(run, part, numericTarget) : EvalNumber(run, part, numericTarget);
+    return engine.TextExpressionFlag ? EvalText(run, part, numericTarget)
+                                     : EvalNumber(run, part, numericTarget);
   };
   const auto parts = SplitArguments(run, text, kPlaces, false, numericTarget);
   if (!parts[0].empty() && parts[1].empty()) return AsWritten(evaluate(parts[0]));
@@ -79,8 +80,9 @@ Value JoinParts(Run& run, std::string_view text, bool numericTarget) {
 
 }  // namespace
 
-void AssignStatement(Run& run, const RightSide& right, std::string_view name, bool numericTarget) {
-  run.TextExpressionFlag = right.isText;
+void AssignStatement(Engine& engine, Run& run, const RightSide& right, std::string_view name,
+                     bool numericTarget) {
+  engine.TextExpressionFlag = right.isText;
   if (right.readsSql) {
     if (auto value = ReadSqlField(run, right.text)) run.variables.VarWrite(name, *std::move(value), true);
     return;
@@ -103,8 +105,8 @@ void AssignStatement(Run& run, const RightSide& right, std::string_view name, bo
     ApplyUserFunction(run, text, *call);
   }
   ReplaceFunctions(run, text, numericTarget);
-  run.variables.VarWrite(name, JoinParts(run, text, numericTarget), true);
-  run.TextExpressionFlag = false;
+  run.variables.VarWrite(name, JoinParts(engine, run, text, numericTarget), true);
+  engine.TextExpressionFlag = false;
 }
 
 }  // namespace tessera

@@ -71,7 +71,9 @@ class FormWidget final : public QWidget {
  public:
   FormWidget(QtForm& form, const QString& objectName);
 
-  void Print(QPointF at, const QString& lines, const QFont& font, const QColor& colour);
+  void Print(QPointF at, const QString& lines, const QFont& font, const QColor& colour, const QRect& touched);
+  // A finer screen's own picture is there before anything is printed.
+  void FitSurface();
   void Draw(const Spans& spans, Pixel pixel);
   void Paint(const PictureRef& picture, QPoint at);
   void Clear();
@@ -109,9 +111,9 @@ class FormWidget final : public QWidget {
   bool isPainted_ = false;
 };
 
-QtForm::QtForm(const QString& objectName, const Placement& place, FormEvents& events, LogicEntry& entry,
-               FrontWatch& front, DrawnForms& drawn)
-    : Form(events, place),
+QtForm::QtForm(const QString& objectName, const Placement& place, FormEvents& events, TextPainter& painter,
+               LogicEntry& entry, FrontWatch& front, DrawnForms& drawn)
+    : Form(events, place, &painter),
       entry_(entry),
       front_(front),
       drawn_(drawn),
@@ -142,8 +144,9 @@ void QtForm::ShowDrawn() {
   widget_->ShowDrawn();
 }
 
-void QtForm::Print(std::string_view text) {
-  widget_->Print(QPointF(CurrentX, CurrentY), ToQLines(text), ToQFont(Font), ToQColor(ForeColor));
+void QtForm::ShowPrinted(std::string_view text, const TextMask& mask) {
+  widget_->Print(QPointF(CurrentX, CurrentY), ToQLines(text), ToQFont(Font), ToQColor(ForeColor),
+                 QRect(mask.corner.x, mask.corner.y, mask.size.width, mask.size.height));
 }
 
 void QtForm::ShowGround() {
@@ -184,6 +187,7 @@ void QtForm::ShowPlace() {
   widget_->move(WidgetPixels(PixelsOfTwips(Place().Left)), WidgetPixels(PixelsOfTwips(Place().Top)));
   FitSizable();
   widget_->resize(SizeOfWidget());
+  widget_->FitSurface();
 }
 
 QSize QtForm::SizeOfWidget() const {
@@ -346,9 +350,15 @@ FormWidget::FormWidget(QtForm& form, const QString& objectName) : form_(form), s
   sincePaint_.start();
 }
 
-void FormWidget::Print(QPointF at, const QString& lines, const QFont& font, const QColor& colour) {
+void FormWidget::FitSurface() {
+  if (devicePixelRatioF() != 1) surface_.Fit(size(), devicePixelRatioF());
+}
+
+void FormWidget::Print(QPointF at, const QString& lines, const QFont& font, const QColor& colour,
+                       const QRect& touched) {
   surface_.Fit(size(), devicePixelRatioF());
-  Touch(surface_.Print(at, lines, font, colour));
+  surface_.Print(at, lines, font, colour);
+  Touch(touched);
 }
 
 void FormWidget::Draw(const Spans& spans, Pixel pixel) {

@@ -99,7 +99,7 @@ void TellChangedLength(RecordContext& context, const std::string& name) {
 bool EnterExistingFile(RecordContext& context, DatabaseSlot& slot, const std::string& path) {
   Run& run = context.run;
   const int number = run.fileNumbers.Free();
-  auto file = BinaryFile::Open(path);
+  auto file = BinaryFile::Open(run.host.files, path);
   std::string header = file->ReadBlankPadded(1, tsa::kHeaderLength);
   const double length = LeadingNumber(DecodeTrimmed(header, tsa::kRecordLength));
   if (length != slot.recordLength) {
@@ -128,8 +128,9 @@ void FinishDescriptor(RecordContext& context, Reading& reading) {
   slot.recordLength = Short(reading.next - 1);
   const std::string path = context.run.paths.SystemPath(slot.folder + slot.name + ".Tsa");
   // Another program may make the file at the same moment: it is there for the second one.
+  FileStore& files = context.run.host.files;
   const int error =
-      access(path.c_str(), F_OK) == 0 ? EEXIST : CreateFile(path, NewHeader(context, slot, reading.password));
+      files.IsTaken(path) ? EEXIST : files.Create(path, NewHeader(context, slot, reading.password));
   if (error != 0 && error != EEXIST) FailSystem(error);
   if (error == EEXIST && !EnterExistingFile(context, slot, path)) return;
   ++context.DatabaseCount;

@@ -96,7 +96,7 @@ Value AbreBD(RecordContext& context, std::string_view arguments) {
     return {};
   }
   slot.fileNumber = run.fileNumbers.Free();
-  run.fileNumbers.Put(slot.fileNumber, BinaryFile::Open(path));
+  run.fileNumbers.Put(slot.fileNumber, BinaryFile::Open(run.host.files, path));
   const std::string header = context.FileOf(given.slot).ReadBlankPadded(1, tsa::kHeaderLength);
   const std::string password = EvalText(run, given.parts[1]).ToText();
   if (DecodeTrimmed(header, tsa::kPassword) != password) {

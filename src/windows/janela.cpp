@@ -118,7 +118,7 @@ RunOutcome Janela::FirstActivation(const EditorTexts& editors, std::string_view 
 // OPEN: a form that was asked for is that of the first showing, and a program started hidden shows its window
 // when it says so itself.
 void Janela::ShowFirst() {
-  const StartForm form = run_.startForm;
+  const StartForm form = startForm_;
   form_->ShowWithoutFocus = form == StartForm::NormalWithoutFocus || form == StartForm::MinimisedWithoutFocus;
   form_->SetState(StateOf(form));
   if (form != StartForm::Hidden && !Contains(run_.program.ProgramText->text(), kHiddenWord)) Show();

@@ -190,7 +190,7 @@ TEST(FileCommands, FilesAreOpenToOthersAndClosedOnEveryWayOut) {
   const TempFolder folder;
   {
     LibraryProgram ending;
-    ending.run.paths = PathMapping(folder.path(), folder.path());
+    ending.run.paths = PathMapping(ending.run.host.files, folder.path(), folder.path());
     ending.Answer("AbreArquivo", "a, \"b.txt\", TEXTOGRAVACAO");
     ending.Answer("GravaArquivo", "a, \"fim\"");
     EXPECT_EQ(folder.Read("b.txt"), "");

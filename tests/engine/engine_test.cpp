@@ -197,7 +197,7 @@ TEST(Functions, LocalsEndWithTheCallAndLaterDeclarationsAreGlobal) {
       "9\n");
   EXPECT_EQ(program.run.variables.VarFind("F0a"), -1);
   EXPECT_EQ(program.run.variables.VarFind("F0b"), -1);
-  EXPECT_EQ(program.run.FunctionCallCounter, 1);
+  EXPECT_EQ(program.engine.FunctionCallCounter, 1);
 }
 
 TEST(Functions, ThePrefixFoundFirstIsRun) {

@@ -45,14 +45,14 @@ class LooksOnWindows : public testing::Test {
   QtHost qt;
   RecordedBoxes boxes;
   Host host = qt.host();
-  HostedProgram program{{boxes, qt, host.clock, host.random}, qt};
+  HostedProgram program{{boxes, qt, host.clock, host.random, host.files}, qt};
 };
 
 }  // namespace
 
 TEST_F(LooksOnWindows, AButtonShowsEachOfItsStates) {
   for (const char* form : {"Botao B, 1, 1, 2, 12, \"Grava\"\n", "Botao B, \"Tipo0\", 1, 1, \"Grava\"\n"}) {
-    HostedProgram fresh({boxes, qt, host.clock, host.random}, qt);
+    HostedProgram fresh({boxes, qt, host.clock, host.random, host.files}, qt);
     EditorTexts editors;
     editors[0] = FromSource(form);
     ASSERT_EQ(fresh.Start(editors, ""), RunOutcome::Ended);

@@ -35,7 +35,7 @@ TEST_P(ScriptOnWindows, WritesWhatTheConsoleHostWrites) {
   ScriptedDispatch dispatch(qt, file(".in"));
   RecordedBoxes boxes;
   const Host host = qt.host();
-  HostedProgram program({boxes, dispatch, host.clock, host.random}, qt);
+  HostedProgram program({boxes, dispatch, host.clock, host.random, host.files}, qt);
   dispatch.person.windows = &program.janela.windows();
   std::string written;
   program.commands.Add("ESCREVA", [&](std::string_view, std::string_view arguments) {

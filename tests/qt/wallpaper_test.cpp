@@ -68,9 +68,9 @@ class WatchedDispatch final : public EventDispatch {
 class WallpaperOnDesktop : public testing::Test {
  protected:
   WallpaperOnDesktop() {
-    program.run.paths = PathMapping(folder.path(), folder / "dados");
+    program.run.paths = PathMapping(program.run.host.files, folder.path(), folder / "dados");
     program.run.ProgramFolderText = program.run.RuntimeFolderText = folder.path() + "\\";
-    SaveBitmap(*StockPicture(StockKind::Figure, 0), folder / "foto.bmp");
+    SaveBitmap(*StockPicture(StockKind::Figure, 0), program.run.host.files, folder / "foto.bmp");
     folder.Write("foto.png", folder.Read("foto.bmp"));  // known by its bytes
   }
 
@@ -96,7 +96,7 @@ class WallpaperOnDesktop : public testing::Test {
   QtHost host;
   const Host parts{host.host()};
   WatchedDispatch dispatch{parts.events};
-  HostedProgram program{{parts.dialogs, dispatch, parts.clock, parts.random}, host};
+  HostedProgram program{{parts.dialogs, dispatch, parts.clock, parts.random, parts.files}, host};
 };
 
 }  // namespace

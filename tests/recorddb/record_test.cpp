@@ -595,7 +595,8 @@ TEST(SeveralProcesses, AForeignBusyByteMakesOursWait) {
   Insert(folder.path(), 1, 1);
   const auto file = folder.path() / "d" / "Fila.Tsa";
   std::string bytes = ReadFile(file);
-  const auto setByte = [&](char byte) { BinaryFile::Open(file.string())->Write(1, {&byte, 1}); };
+  SystemFiles files;
+  const auto setByte = [&](char byte) { BinaryFile::Open(files, file.string())->Write(1, {&byte, 1}); };
   setByte('1');
   const pid_t child = Fork([&] { Insert(folder.path(), 2, 1); });
   std::this_thread::sleep_for(std::chrono::milliseconds(80));

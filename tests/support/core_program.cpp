@@ -52,7 +52,7 @@ Services Changed(Services services, const std::function<void(Services&)>& change
 }  // namespace
 
 CoreProgram::CoreProgram(const std::function<void(Services&)>& change)
-    : program_(StartOf(".", ""), Changed(TestServices({dialogs, events, clock, random}), change)) {
+    : program_(StartOf(".", ""), Changed(TestServices({dialogs, events, clock, random, files}), change)) {
   run.RunningFlag = true;
   commands.Add("ESCREVA", [this](std::string_view, std::string_view arguments) {
     for (const std::string& part : SplitArguments(run, arguments, 101)) {

@@ -22,7 +22,7 @@ class FileProgram : public OwnFolder, public LibraryProgram {
         }) {
     run.ProgramFolderText = FromUtf8Lossy(folder.path()) + "\\";
     run.RuntimeFolderText = run.ProgramFolderText;
-    run.paths = PathMapping(folder.path(), folder / "dados");
+    run.paths = PathMapping(run.host.files, folder.path(), folder / "dados");
   }
 };
 

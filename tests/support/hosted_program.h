@@ -5,8 +5,9 @@
 
 #include "platform/host.h"
 #include "runtime/program_run.h"
+#include "windows/display.h"
 #include "windows/form.h"
-#include "windows/janela.h"
+#include "windows/window_model.h"
 
 namespace tessera::test {
 

@@ -15,7 +15,7 @@ class RecordProgram : public CoreProgram {
   // Paths of the program lie below `folder`.
   explicit RecordProgram(const std::filesystem::path& folder, bool quickOrders = true)
       : CoreProgram([=](Services& services) { services.quickOrders = quickOrders; }) {
-    run.paths = PathMapping(folder.string(), folder.string());
+    run.paths = PathMapping(run.host.files, folder.string(), folder.string());
   }
 };
 

@@ -40,7 +40,7 @@ TEST_F(JanelaTest, TheFirstShowingHasTheFormThatItsStarterAskedFor) {
                          Row{StartForm::Maximised, true, WindowState::Maximised},
                          Row{StartForm::MinimisedWithoutFocus, true, WindowState::Minimised}}) {
     HostedProgram started(host.host(), host);
-    started.run.startForm = row.form;
+    started.janela.StartAs(row.form);
     EditorTexts editors;
     EXPECT_EQ(started.Start(editors, ""), RunOutcome::Ended);
     EXPECT_EQ(started.janela.form().Visible(), row.visible);
