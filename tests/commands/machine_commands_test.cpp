@@ -109,14 +109,10 @@ TEST(Registry, WhatCanNotBeReadIsNotReplaced) {
 }
 
 TEST(StartList, AProgramThatIsNotBuiltIsRefused) {
-  FileProgram program;
-  MachineCommands machine(program.run, {.registry = RegistryFile(program.folder / "r"),
-                                        .startList = StartList(program.folder / "autostart"),
-                                        .isFinished = false});
-  machine.Register(program.commands);
+  FileProgram program("/dev/null/port", false);
   program.Answer("ADICIONESISTEMA", "\"Loja\"");
   EXPECT_EQ(program.Boxes().size(), 1u);
-  EXPECT_FALSE(program.folder.Has("autostart/Loja.desktop"));
+  EXPECT_FALSE(program.folder.Has("config/autostart/Loja.desktop"));
 }
 
 TEST(StartList, AnEntryStartsThisProgramAndIsTakenAwayAgain) {

@@ -24,6 +24,7 @@
 #include "qt/print_surface.h"
 #include "qt/qt_text_painter.h"
 #include "qt/text.h"
+#include "support/core_program.h"
 #include "support/hosted_program.h"
 #include "windows/stock_pictures.h"
 
@@ -110,7 +111,7 @@ int DarkPixels(const QImage& picture, const QRect& area) {
 
 TEST_F(QtHostTest, TheWindowIsPaintedBeforeTheFirstStatementAndClosingItAfterTheEndEndsTheProcess) {
   bool wasPainted = false;
-  program.commands.Add("LEPORTA", [&](std::string_view, std::string_view) {
+  AtWord(program.run, "LePorta", [&](std::string_view) {
     QWidget* janela = WidgetNamed("Janela");
     wasPainted = janela != nullptr && janela->windowHandle()->isExposed();
     return Value();

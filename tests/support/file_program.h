@@ -14,11 +14,12 @@ struct OwnFolder {
 
 class FileProgram : public OwnFolder, public LibraryProgram {
  public:
-  explicit FileProgram(const std::string& ports = "/dev/null/port")
-      : LibraryProgram([this, &ports](Services& services) {
+  explicit FileProgram(const std::string& ports = "/dev/null/port", bool isFinished = true)
+      : LibraryProgram([this, &ports, isFinished](Services& services) {
           services.machine = {.registry = RegistryFile(folder / "config/tessera/registro"),
                               .startList = StartList(folder / "config/autostart"),
-                              .ports = HardwarePorts(ports)};
+                              .ports = HardwarePorts(ports),
+                              .isFinished = isFinished};
         }) {
     run.ProgramFolderText = FromUtf8Lossy(folder.path()) + "\\";
     run.RuntimeFolderText = run.ProgramFolderText;

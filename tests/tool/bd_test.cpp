@@ -177,12 +177,12 @@ TEST_F(ToolBd, ImportFindsTheTypesOfATextOfFields) {
   EXPECT_EQ(imported.out.substr(imported.out.find("BD ")),
             "BD Gente, .\nNome_do_cliente, String, 12\nCPF, String, 5\nIdade, Decimal\nPeso, Decimal\n"
             "Idade2, String, 1\nVazia, String, 1\nFimBD\n");
-  const std::string program =
-      folder_.Write("le.tsc",
-                    "BD Gente, .\nNome_do_cliente, String, 12\nCPF, String, 5\nIdade, Decimal\nPeso, Decimal\n"
-                    "Idade2, String, 1\nVazia, String, 1\nFimBD\nAbreBD Gente\nLeRegistro Gente, 0\n"
-                    "Escreva Gente.Nome_do_cliente, Gente.CPF, Gente.Peso\nLeRegistro Gente, 1\n"
-                    "Escreva Gente.Nome_do_cliente, Gente.CPF, Gente.Idade\n");
+  const std::string program = folder_.Write(
+      "le.tsc",
+      "BD Gente, .\nNome_do_cliente, String, 12\nCPF, String, 5\nIdade, Decimal\nPeso, Decimal\n"
+      "Idade2, String, 1\nVazia, String, 1\nFimBD\nAbreBD Gente\nLeRegistro Gente, 0\n"
+      "Escreva Gente.Nome_do_cliente, Gente.CPF, Gente.Peso\nLeRegistro Gente, 1\n"
+      "Escreva Gente.Nome_do_cliente, Gente.CPF, Gente.Idade\n");
   std::filesystem::rename(made, folder_ / "Gente.Tsa");
   EXPECT_EQ(Call({"run", "--console", program}).out, "Ana, \"a\nboa\"0012360,5\nJosé2147483648\n");
 }

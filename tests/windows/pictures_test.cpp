@@ -206,7 +206,7 @@ class BackgroundTest : public ConsoleWindowTest {
 
   void Fundo(std::string_view value, std::string_view line = "", std::string_view column = "",
              StockNames stock = StockNames::Known) {
-    SetFundo(program.run, program.janela.windows(), Window(), {value, line, column}, stock);
+    program.Fundo(Window(), value, stock, line, column);
   }
 
   TempFolder folder;
@@ -262,7 +262,7 @@ TEST_F(BackgroundTest, IconAndPointerComeFromFilesAndAMissingOneTakesThemAway) {
   EXPECT_EQ(Window().Icon()->size(), (Size{2, 2}));
   program.commands.CommandCall("Icone", "\"falta.ico\"");
   EXPECT_EQ(Window().Icon(), nullptr);
-  SetMouseIcone(program.run, program.janela.windows(), "\"foto.png\"");
+  SetMouseIcone(program.run, program.janela.windows(), "foto.png");
   EXPECT_NE(Window().MouseIcon(), nullptr);
   const auto failure = Guard([&] { program.commands.CommandCall("Icone", "\"quebrada.bmp\""); });
   ASSERT_TRUE(failure);
