@@ -7,9 +7,9 @@
 namespace tessera {
 namespace {
 
+using TemporaryFolder;
 using test::FileProgram;
 using test::LibraryProgram;
-using test::TempFolder;
 
 TEST(FileCommands, LinesGoOutAndComeBack) {
   FileProgram program;
@@ -187,7 +187,7 @@ TEST(FileCommands, FilesAreOpenToOthersAndClosedOnEveryWayOut) {
   EXPECT_EQ(program.Answer("AbreArquivo", "b, \"a.txt\", TEXTOLEITURA"), "");
   EXPECT_EQ(program.Answer("LeArquivo", "b"), "\"linha\"");
   program.Answer("GravaArquivo", "a, \"outra\"");
-  const TempFolder folder;
+  const TemporaryFolder folder;
   {
     LibraryProgram ending;
     ending.run.paths = PathMapping(folder.path(), folder.path());

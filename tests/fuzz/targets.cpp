@@ -25,7 +25,7 @@
 #include "recorddb/tsa_repair.h"
 #include "support/core_program.h"
 #include "support/hosted_program.h"
-#include "support/temp_folder.h"
+#include "support/temporary_folder.h"
 #include "text/format.h"
 #include "values/conditions.h"
 #include "values/eval.h"
@@ -48,7 +48,7 @@ class OneFile {
   std::string other() const { return folder_ / "g"; }
 
  private:
-  test::TempFolder folder_;
+  TemporaryFolder folder_;
 };
 
 void Image(std::string_view bytes) {

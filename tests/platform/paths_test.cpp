@@ -4,17 +4,17 @@
 
 #include "platform/failure.h"
 #include "platform/file_system.h"
-#include "support/temp_folder.h"
+#include "support/temporary_folder.h"
 #include "text/code_page.h"
 #include "text/literal.h"
 
 namespace tessera {
 namespace {
 
-using test::TempFolder;
+using TemporaryFolder;
 
 TEST(PathMapping, BothSeparatorsLeadFromTheProgramsFolder) {
-  const TempFolder folder;
+  const TemporaryFolder folder;
   const PathMapping paths(folder.path(), folder / "data");
   EXPECT_EQ(paths.SystemPath("a.txt"), folder / "a.txt");
   EXPECT_EQ(paths.SystemPath("sub\\a/b.txt"), folder / "sub/a/b.txt");
@@ -25,14 +25,14 @@ TEST(PathMapping, BothSeparatorsLeadFromTheProgramsFolder) {
 }
 
 TEST(PathMapping, AProgramMayAppendToAFolderWithItsBackslash) {
-  const TempFolder folder;
+  const TemporaryFolder folder;
   const PathMapping paths("/nowhere", "/nowhere");
-  EXPECT_EQ(paths.SystemPath(folder.path() + "\\\\x.txt"), folder / "x.txt");
+  EXPECT_EQ(paths.SystemPath(folder.path().string() + "\\\\x.txt"), folder / "x.txt");
   EXPECT_EQ(paths.SystemPath("\\"), "/");
 }
 
 TEST(PathMapping, AProgramsFolderMayHaveAnyName) {
-  const TempFolder folder;
+  const TemporaryFolder folder;
   folder.Write("日本/x.txt", "");
   const PathMapping paths(folder / "日本", folder / "data");
   const std::string asSeen = FromUtf8Lossy(folder / "日本");
@@ -41,7 +41,7 @@ TEST(PathMapping, AProgramsFolderMayHaveAnyName) {
 }
 
 TEST(PathMapping, DriveLettersAreFoldersMadeOnFirstUse) {
-  const TempFolder folder;
+  const TemporaryFolder folder;
   const PathMapping paths(folder.path(), folder / "data");
   EXPECT_FALSE(folder.Has("data"));
   EXPECT_EQ(paths.SystemPath("c:\\dados\\x.txt"), folder / "data/C/dados/x.txt");
@@ -51,7 +51,7 @@ TEST(PathMapping, DriveLettersAreFoldersMadeOnFirstUse) {
 }
 
 TEST(PathMapping, WhatIsNotThereAsSpelledIsLookedUpBlindToCase) {
-  const TempFolder folder;
+  const TemporaryFolder folder;
   const PathMapping paths(folder.path(), folder / "data");
   folder.Write("Clientes/AÇÃO.Txt", "x");
   folder.Write("Clientes/b.txt", "x");
@@ -90,7 +90,7 @@ long FailureOf(const std::function<void()>& body) {
 }
 
 TEST(CopyFile, ReplacesTheTargetOnlyByAWholeCopy) {
-  const TempFolder folder;
+  const TemporaryFolder folder;
   folder.Write("a", "novo");
   folder.Write("b", "velho e longo");
   CopyFile(folder / "a", folder / "b");
@@ -107,7 +107,7 @@ TEST(CopyFile, ReplacesTheTargetOnlyByAWholeCopy) {
 }
 
 TEST(CopyFile, FollowsALinkToItsFile) {
-  const TempFolder folder;
+  const TemporaryFolder folder;
   folder.Write("a", "novo");
   folder.Write("b", "velho");
   std::filesystem::create_symlink("b", folder / "elo");
