@@ -19,13 +19,14 @@
 #include "platform/failure.h"
 #include "platform/process_end.h"
 #include "platform/registry_file.h"
+#include "platform/system_files.h"
 #include "prepare/block_report.h"
 #include "prepare/linking.h"
 #include "recorddb/tsa_reader.h"
 #include "recorddb/tsa_repair.h"
 #include "support/core_program.h"
 #include "support/hosted_program.h"
-#include "support/temp_folder.h"
+#include "support/temporary_folder.h"
 #include "text/format.h"
 #include "values/conditions.h"
 #include "values/eval.h"
@@ -48,7 +49,7 @@ class OneFile {
   std::string other() const { return folder_ / "g"; }
 
  private:
-  test::TempFolder folder_;
+  TemporaryFolder folder_;
 };
 
 void Image(std::string_view bytes) {
@@ -149,17 +150,19 @@ void Records(std::string_view bytes) {
 
 void Package(std::string_view bytes) {
   const OneFile file(bytes);
-  Guard([&] { ExtractFromPackage("a", file.other(), file.path()); });
-  Guard([&] { InsertIntoPackage("b", file.path(), file.path() + "p"); });
-  Guard([&] { InsertIntoPackage("b", __FILE__, file.path()); });
+  SystemFiles files;
+  Guard([&] { ExtractFromPackage(files, "a", file.other(), file.path()); });
+  Guard([&] { InsertIntoPackage(files, "b", file.path(), file.path() + "p"); });
+  Guard([&] { InsertIntoPackage(files, "b", __FILE__, file.path()); });
 }
 
 void Side(std::string_view bytes) {
   const OneFile file(bytes);
-  SideFile side;
+  SystemFiles files;
+  SideFile side(files);
   side.LeString(file.path(), "a");
   side.SalvaString(file.path(), "b", "valor");
-  SideFile again;
+  SideFile again(files);
   again.LeString(file.path(), "b");
 }
 
@@ -172,6 +175,8 @@ class ShortLife final : public EventDispatch {
   bool AwaitNextEvents() override { return Live(), host_.AwaitNextEvents(); }
   void Pause(std::chrono::milliseconds) override { Live(); }
   void ShowDrawn() override { Live(); }
+  void Post(std::function<void()> act) override { host_.Post(std::move(act)); }
+  std::chrono::milliseconds DispatchTime() override { return host_.DispatchTime(); }
   std::unique_ptr<Timer> StartTimer(std::chrono::milliseconds interval, std::function<void()> tick) override {
     return host_.StartTimer(interval, std::move(tick));
   }
@@ -209,7 +214,7 @@ void Program(std::string_view bytes) {
   ConsoleHost host({in, out, err}, {});
   ShortLife life(host);
   Host parties = host.host();
-  test::HostedProgram program({parties.dialogs, life, parties.clock, parties.random}, host);
+  test::HostedProgram program({parties.dialogs, life, parties.clock, parties.random, parties.files}, host);
   KeepFromTheMachine(program.run);
   EditorTexts editors;
   editors[0] = parts[0];

@@ -451,6 +451,34 @@ TEST_F(QtHostTest, ThePointerIsToldInPixelsOfTheScreen) {
   EXPECT_EQ(place(), "2 20") << "the timer has no effect any more";
 }
 
+// A window that went and came again would lose its place, its order, and at times its manager.
+TEST_F(QtHostTest, AStyleChangesWithoutTheWindowsGoing) {
+  struct Hides final : QObject {
+    bool eventFilter(QObject*, QEvent* event) override {
+      count += event->type() == QEvent::Hide;
+      return false;
+    }
+    int count = 0;
+  };
+  When shown("Janela", [&](QWidget& janela) {
+    Hides hides;
+    janela.installEventFilter(&hides);
+    Form& form = *program.janela.windows().MainWindow;
+    const QPoint place = janela.pos();
+    const QWindow* window = janela.windowHandle();
+    form.SetStyle({.Sizable = false});
+    form.SetStyle({.ControlBox = false, .TopMost = true});
+    EXPECT_TRUE(window->flags().testFlag(Qt::WindowStaysOnTopHint));
+    form.SetStyle({});
+    EXPECT_EQ(hides.count, 0);
+    EXPECT_EQ(janela.windowHandle(), window);
+    EXPECT_EQ(janela.pos(), place);
+    janela.removeEventFilter(&hides);
+    janela.close();
+  });
+  Run("Enquanto 1 = 1\nAguarde 10\nRepita\n");
+}
+
 TEST_F(QtHostTest, AHelpButtonStandsInATitleWithoutSizeButtons) {
   When shown("Janela", [&](QWidget& janela) {
     Form& form = *program.janela.windows().MainWindow;
