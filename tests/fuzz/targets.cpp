@@ -134,9 +134,10 @@ void Registry(std::string_view bytes) {
 }
 
 void Records(std::string_view bytes) {
+  SystemFiles files;
   const OneFile file(bytes);
   Guard([&] {
-    const auto opened = BinaryFile::Open(file.path());
+    const auto opened = BinaryFile::Open(files, file.path());
     const auto header = ReadTsaHeader(*opened);
     if (const auto* whole = std::get_if<TsaHeader>(&header); whole != nullptr && whole->count < 10'000) {
       const TsaFindings findings = ExamineTsa(*opened, *whole);
