@@ -38,8 +38,9 @@ bool BoxRows::Titulo(std::string_view text, int larg, Align align, bool numeric)
   if (TotalColunas() == kMaxColumns) return false;
   columns_.push_back({std::string(text), std::clamp(larg, 0, kMaxLarg), align, numeric});
   ReshapeMatrix(columns_.size(), matrix_.HasAttributes());
-  totalLinhas_ = 0;  // the page is laid out anew by Ativa
+  totalLinhas_ = std::min(totalLinhas_, MostRows());
   ClearBox();
+  PaintFrom(linIniVet_);
   return true;
 }
 

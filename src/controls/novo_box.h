@@ -140,6 +140,7 @@ class NovoBox : public BoxRows {
   void ForgetRows() override { editing_.reset(); }
   void ForgetColumns() override { sortColumn_.reset(); }
   void LeaveRows() override { EndEdit(); }
+  int MostRows() const override { return kMaxCells / TotalColunas(); }
   bool InPool(int visibleRow, int column) const;
   bool EditKey(int code, bool shift);
 

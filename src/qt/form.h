@@ -2,6 +2,7 @@
 // printed, and tells the logic what the person does; nothing is decided here.
 #pragma once
 
+#include <QSize>
 #include <memory>
 #include <string_view>
 #include <vector>
@@ -75,6 +76,7 @@ class QtForm final : public Form {
   void TakeFront();
   void WaitsToBeShown();
   void FitSizable();
+  QSize SizeOfWidget() const;
   bool DragBySystem();
   void WaitForFirstPainting();
 

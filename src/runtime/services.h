@@ -9,9 +9,10 @@
 #include "platform/host.h"
 #include "platform/start_form.h"
 #include "platform/user_folders.h"
-#include "windows/display.h"
 
 namespace tessera {
+
+class Display;
 
 struct Services {
   Host host;
@@ -22,7 +23,7 @@ struct Services {
   std::string dataFolder;
   MachineCommands::Places machine;
   // Where the system's parts may lie (own_folder.h).
-  std::vector<std::filesystem::path> partFolders;
+  std::vector<std::filesystem::path> partFolders = {};
   // The window form that whoever started the program asked for.
   StartForm startForm = StartForm::Normal;
   // Tests turn it off to compare the ordering of records with its plain form.

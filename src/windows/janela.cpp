@@ -40,6 +40,7 @@ WindowState StateOf(StartForm form) {
 
 constexpr std::string_view kHiddenWord = "IniciaJanelaInvisivel";
 constexpr std::string_view kTransparentWord = "JanelaTransparente";
+constexpr std::string_view kBorderlessWord = "SemBorda";
 
 }  // namespace
 
@@ -106,6 +107,7 @@ RunOutcome Janela::FirstActivation(const EditorTexts& editors, std::string_view 
     style.Titlebar = style.ControlBox = style.Sizable = false;
     form_->SetStyle(style);
   }
+  if (projectStyleWord == kBorderlessWord) SetBorder(*form_, false);
   if (!Prepare(editors)) return RunOutcome::Refused;
   WriteGridVariables(run_, windows_, display_.ScreenExtent());
   ShowFirst();

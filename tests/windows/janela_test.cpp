@@ -102,6 +102,19 @@ TEST_F(JanelaTest, ThatWordAnywhereInTheProgramKeepsTheWindowHidden) {
   EXPECT_FALSE(Window().Style().Titlebar);
 }
 
+TEST_F(JanelaTest, AProgramThatAsksForItHasNoFrame) {
+  program.Run("Cls\n", "", "SemBorda");
+  EXPECT_FALSE(Window().Style().Titlebar);
+  EXPECT_TRUE(Window().Style().ControlBox);
+}
+
+// A surface larger than any screen fails where it is drawn on, before its memory is taken.
+TEST_F(JanelaTest, AnImmenseWindowCanNotBeDrawnOn) {
+  EXPECT_EQ(program.Run("Janela Tamanho = 3000, 6000\nPonto 1, 1, 255\nEscreva 1\n"), 1);
+  EXPECT_EQ(Printed(), "");
+  EXPECT_NE(err.str().find("Memória insuficiente"), std::string::npos) << err.str();
+}
+
 TEST_F(JanelaTest, AnEventWhoseVariableIsGoneIsNoFailureOfTheWaitingStatement) {
   in.str("clique\n");
   program.run.doors.NovaJanela = [](std::string_view) {};
