@@ -146,6 +146,39 @@ class Bench {
     Record("update", "updates", sqlite.update);
   }
 
+  // SQLite through the word SQL, beside the same work in python3.
+  void Sql() {
+    std::printf("\n%-40s %8s %12s\n", "sql", "ms", "each second");
+    fs::copy(programs_ / "sql", scratch_ / "sql");
+    const auto run = [&](const char* name) {
+      return RunOnce({tessera_, "run", "--console", (scratch_ / "sql" / name).string()});
+    };
+    const std::string python = "/usr/bin/python3";
+    const auto compare = [&](const char* what, double count, const char* work) {
+      if (!fs::exists(python)) return;
+      PerSecond(what, count,
+                RunOnce({python, "-c",
+                         "import sqlite3\nc = sqlite3.connect('" + (scratch_ / "python.db").string() +
+                             "', isolation_level=None)\n" + work}));
+    };
+    PerSecond("records inserted", CountOf(programs_ / "sql" / "fill.tsc"), run("fill.tsc"));
+    compare("the same in python3", CountOf(programs_ / "sql" / "fill.tsc"),
+            "c.execute('PRAGMA synchronous = OFF')\n"
+            "c.execute('CREATE TABLE gente (id INTEGER PRIMARY KEY, nome TEXT, cidade TEXT, idade INTEGER, "
+            "limite REAL)')\n"
+            "for i in range(10000): c.execute('INSERT INTO gente (nome, cidade, idade, limite) VALUES (?, ?, "
+            "?, ?)', "
+            "('Maria da Silva', 'Florianopolis', 33, 1234.5))\n");
+    run("more.tsc");
+    fs::copy_file(scratch_ / "sql" / "medida.db", scratch_ / "python.db",
+                  fs::copy_options::overwrite_existing);
+    PerSecond("rows opened and counted", CountOf(programs_ / "sql" / "open.tsc"), run("open.tsc"));
+    PerSecond("rows opened, walked, five fields read", CountOf(programs_ / "sql" / "walk.tsc"),
+              run("walk.tsc"));
+    compare("the same in python3", CountOf(programs_ / "sql" / "walk.tsc"),
+            "n = 0\nfor id, nome, cidade, idade, limite in c.execute('SELECT * FROM gente'): n += 1\n");
+  }
+
   void Grid() {
     using tessera::bench::kGridRows;
     const tessera::bench::GridTimes times = tessera::bench::MeasureGrid();
@@ -247,7 +280,8 @@ int main(int argc, char** argv) {
   }
   constexpr std::pair<std::string_view, void (Bench::*)()> kParts[] = {
       {"statements", &Bench::Statements}, {"files", &Bench::Files}, {"drawing", &Bench::Drawing},
-      {"records", &Bench::Records},       {"grid", &Bench::Grid},   {"start", &Bench::StartUp}};
+      {"records", &Bench::Records},       {"sql", &Bench::Sql},     {"grid", &Bench::Grid},
+      {"start", &Bench::StartUp}};
   Bench bench(argv[1], argv[2]);
   for (const auto& [name, measure] : kParts) {
     if (argc == 3 || name == argv[3]) (bench.*measure)();

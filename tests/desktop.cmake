@@ -26,3 +26,17 @@ target_compile_definitions(display_test PRIVATE
   TESSERA_TOOL="$<TARGET_FILE:tessera>" TESSERA_EXAMPLES="${CMAKE_SOURCE_DIR}/examples")
 target_link_libraries(display_test PRIVATE ${XCB_LIBRARY})
 add_dependencies(display_test tessera tessera-runtime)
+
+# Programs over the part that reaches databases, which stands on Qt too.
+tessera_programs(sql ${CMAKE_SOURCE_DIR}/tests/sql/programs ${CMAKE_SOURCE_DIR}/tests/sql/programs)
+
+add_test(NAME sql.files_in_trouble COMMAND ${CMAKE_SOURCE_DIR}/tests/sql/trouble.sh $<TARGET_FILE:tessera>)
+set_tests_properties(sql.files_in_trouble PROPERTIES TIMEOUT 60)
+
+# The same program against each kind of server, started on loopback for the test. One that is not installed is
+# told as skipped.
+foreach(engine sqlite postgresql mariadb odbc)
+  add_test(NAME sql.on_${engine}
+    COMMAND ${CMAKE_SOURCE_DIR}/tests/sql/servers.sh $<TARGET_FILE:tessera> ${engine})
+  set_tests_properties(sql.on_${engine} PROPERTIES TIMEOUT 60 SKIP_RETURN_CODE 77)
+endforeach()

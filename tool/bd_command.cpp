@@ -26,6 +26,8 @@ class Idle final : public EventDispatch {
   bool AwaitEvents(std::chrono::milliseconds) override { return false; }
   bool AwaitNextEvents() override { return false; }
   void Pause(std::chrono::milliseconds) override {}
+  void Post(std::function<void()>) override {}
+  std::chrono::milliseconds DispatchTime() override { return {}; }
   std::unique_ptr<Timer> StartTimer(std::chrono::milliseconds, std::function<void()>) override {
     return nullptr;
   }

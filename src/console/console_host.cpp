@@ -10,29 +10,15 @@
 #include "text/literal.h"
 #include "text/number.h"
 #include "text/one_based.h"
-#include "windows/client_drag.h"
-#include "windows/window_model.h"
+#include "windows/event_state.h"
+#include "windows/form.h"
+#include "windows/window_directory.h"
 
 namespace tessera {
 
 namespace {
 
-constexpr double kScreenWidth = 1920;
-constexpr double kScreenHeight = 1080;
-constexpr double kMainWidth = 640;
-constexpr double kMainHeight = 420;
-constexpr double kFormWidth = 480;
-constexpr double kFormHeight = 300;
-
-// A client area of that many pixels, in the middle of the screen.
-Placement Centred(double width, double height) {
-  const double outerWidth = TwipsOfPixels(width);
-  const double outerHeight = TwipsOfPixels(height) + kFrameTwips;
-  return {.Left = (TwipsOfPixels(kScreenWidth) - outerWidth) / 2,
-          .Top = (TwipsOfPixels(kScreenHeight) - outerHeight) / 2,
-          .Width = outerWidth,
-          .Height = outerHeight};
-}
+constexpr ScreenSize kScreen = {.Width = TwipsOfPixels(1920), .Height = TwipsOfPixels(1080)};
 
 std::string_view IconWord(BoxIcon icon) {
   constexpr std::array<std::string_view, 5> kWords = {"caixa", "critico", "aviso", "pergunta", "info"};
@@ -93,10 +79,8 @@ bool IsYes(std::string_view answer) {
 // A window in memory; what is printed on it goes to the output.
 class ConsoleForm final : public Form {
  public:
-  ConsoleForm(ConsoleHost& host, FormEvents& events, const Placement& design) : Form(events), host_(host) {
-    TakeDesign(design);
-  }
-
+  ConsoleForm(ConsoleHost& host, const Placement& place, FormEvents& events)
+      : Form(events, place), host_(host) {}
   ~ConsoleForm() override { UnloadControls(); }
 
   void Print(std::string_view text) override { host_.WriteLine(text); }
@@ -107,11 +91,6 @@ class ConsoleForm final : public Form {
   void ResizeByPerson(double lines, double columns) {
     TakeScale(PixelsOfTwips(columns * kWindowColumnTwips), PixelsOfTwips(lines * kWindowLineTwips));
   }
-
-  // The pointer's place, in pixels.
-  double pointerX = 0;
-  double pointerY = 0;
-  ClientDrag drag;
 
  protected:
   void ServeModal() override {
@@ -134,28 +113,30 @@ ConsoleHost::ConsoleHost(const ConsoleStreams& streams, ConsoleOptions options)
 
 ConsoleHost::~ConsoleHost() = default;
 
-std::unique_ptr<Form> ConsoleHost::NewMainForm(FormEvents& events, const WindowDirectory& windows) {
-  auto form = std::make_unique<ConsoleForm>(*this, events, Centred(kMainWidth, kMainHeight));
+std::unique_ptr<Form> ConsoleHost::NewMainForm(const Placement& place, FormEvents& events,
+                                               const WindowDirectory& windows) {
+  auto form = std::make_unique<ConsoleForm>(*this, place, events);
   mainForm_ = form.get();
   windows_ = &windows;
   return form;
 }
 
-std::unique_ptr<Form> ConsoleHost::NewForm(std::string_view, FormEvents& events) {
-  return std::make_unique<ConsoleForm>(*this, events, Centred(kFormWidth, kFormHeight));
+std::unique_ptr<Form> ConsoleHost::NewForm(std::string_view, const Placement& place, FormEvents& events) {
+  return std::make_unique<ConsoleForm>(*this, place, events);
 }
 
-ScreenPoint ConsoleHost::PointerPlace() {
+PointerPlace ConsoleHost::Pointer() {
   const ConsoleForm& form = InHand();
-  return {PixelsOfTwips(form.Place().Left) + form.pointerX, PixelsOfTwips(form.Place().Top) + form.pointerY};
+  return {PixelsOfTwips(form.Place().Left) + form.Pointer().x,
+          PixelsOfTwips(form.Place().Top) + form.Pointer().y};
 }
 
 std::string ConsoleHost::SetVideoMode(const VideoMode&) {
   return std::string("o console não tem vídeo"_w);
 }
 
-ScreenSize ConsoleHost::Screen() {
-  return {TwipsOfPixels(kScreenWidth), TwipsOfPixels(kScreenHeight)};
+ScreenSize ConsoleHost::ScreenExtent() {
+  return kScreen;
 }
 
 std::vector<std::string> ConsoleHost::FontNames() {
@@ -238,27 +219,36 @@ void ConsoleHost::ProcessEvents() {
 void ConsoleHost::Dispatch() {
   CatchUp();
   time_.TickWaiting();
+  posted_.Run();
 }
 
 bool ConsoleHost::AwaitEvents(std::chrono::milliseconds sleep) {
   out_.flush();
   termination::Sleep(sleep);
   Dispatch();
-  if (input_.IsTerminal() && !input_.LineWithin(std::chrono::milliseconds(0))) return true;
+  if (input_.IsTerminal() && !input_.LineWithin(std::chrono::milliseconds(0), posted_.WakeDescriptor()))
+    return true;
   return DeliverNext();
 }
 
-// On a terminal the timers go on while the person thinks.
+// On a terminal timers and posted acts go on while the person thinks.
 bool ConsoleHost::AwaitNextEvents() {
   out_.flush();
   Dispatch();
-  const auto nextTick = time_.UntilNextTick();
-  if (input_.IsTerminal() && nextTick && !input_.LineWithin(*nextTick)) return true;
-  return DeliverNext();
+  if (!input_.IsTerminal() || input_.LineWithin(time_.UntilNextTick(), posted_.WakeDescriptor())) {
+    return DeliverNext();
+  }
+  Dispatch();
+  return true;
 }
 
 void ConsoleHost::Pause(std::chrono::milliseconds time) {
   if (input_.IsTerminal()) termination::Sleep(time);
+}
+
+std::chrono::milliseconds ConsoleHost::DispatchTime() {
+  if (!input_.IsTerminal()) return time_.Now();
+  return std::chrono::floor<std::chrono::milliseconds>(std::chrono::steady_clock::now() - start_);
 }
 
 std::unique_ptr<Timer> ConsoleHost::StartTimer(std::chrono::milliseconds interval,
@@ -327,35 +317,24 @@ void ConsoleHost::Click() {
 void ConsoleHost::DoubleClick() {
   Click();
   ConsoleForm& form = InHand();
-  form.Events().OnDoubleClick();
-  form.Events().OnMouseUp(MouseButton::Left, form.pointerX, form.pointerY);
+  form.PressButtonAgain(form.Pointer());
+  form.ReleaseButton(MouseButton::Left, form.Pointer());
 }
 
 void ConsoleHost::PressButton(MouseButton button) {
   ConsoleForm& form = BringInHand();
-  if (form.drag.Press(form, button, form.pointerX, form.pointerY)) return;
-  form.Events().OnMouseDown(button, form.pointerX, form.pointerY);
+  form.PressButton(button, form.Pointer());
 }
 
 void ConsoleHost::ReleaseButton(MouseButton button) {
   ConsoleForm& form = InHand();
-  if (form.drag.Release(button)) return;
-  form.Events().OnMouseUp(button, form.pointerX, form.pointerY);
-  if (button == MouseButton::Left) form.Events().OnClick();
+  form.ReleaseButton(button, form.Pointer());
 }
 
 void ConsoleHost::MovePointer(double line, double column) {
   ConsoleForm& form = InHand();
   const Grid grid = form.Events().PlacementGrid();
-  form.pointerX = column * grid.TamCol;
-  form.pointerY = line * grid.TamLin;
-  const Placement before = form.Place();
-  if (!form.drag.Move(form, form.pointerX, form.pointerY)) {
-    form.Events().OnMouseMove(form.pointerX, form.pointerY);
-  }
-  // A window that moves slides along below the pointer.
-  form.pointerX -= PixelsOfTwips(form.Place().Left - before.Left);
-  form.pointerY -= PixelsOfTwips(form.Place().Top - before.Top);
+  form.MovePointer({.x = column * grid.TamCol, .y = line * grid.TamLin});
 }
 
 void ConsoleHost::TypeText(std::string_view text) {

@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "console/event_script.h"
+#include "console/posted_acts.h"
 #include "console/script_input.h"
 #include "console/script_time.h"
 #include "platform/host.h"
@@ -51,13 +52,13 @@ class ConsoleHost final : public Display, public Dialogs, public EventDispatch, 
   // What a `Run` is made with.
   Host host() { return {*this, *this, clock_, random_}; }
 
-  std::unique_ptr<Form> NewMainForm(FormEvents& events, const WindowDirectory& windows) override;
-  std::unique_ptr<Form> NewForm(std::string_view name, FormEvents& events) override;
+  std::unique_ptr<Form> NewMainForm(const Placement& place, FormEvents& events,
+                                    const WindowDirectory& windows) override;
+  std::unique_ptr<Form> NewForm(std::string_view name, const Placement& place, FormEvents& events) override;
   void ShowPointer(bool) override {}
-  ScreenPoint PointerPlace() override;
+  PointerPlace Pointer() override;
   std::string SetVideoMode(const VideoMode& mode) override;
-  bool SetWallpaper(const std::string&) override { return false; }
-  ScreenSize Screen() override;
+  ScreenSize ScreenExtent() override;
   std::vector<std::string> FontNames() override;
   void TellAbandonedRun(std::string_view position, std::string_view description) override;
   void ServeEvents() override;
@@ -73,6 +74,8 @@ class ConsoleHost final : public Display, public Dialogs, public EventDispatch, 
   bool AwaitEvents(std::chrono::milliseconds sleep) override;
   bool AwaitNextEvents() override;
   void Pause(std::chrono::milliseconds time) override;
+  void Post(std::function<void()> act) override { posted_.Post(std::move(act)); }
+  std::chrono::milliseconds DispatchTime() override;
   std::unique_ptr<Timer> StartTimer(std::chrono::milliseconds interval, std::function<void()> tick) override;
 
  private:
@@ -107,9 +110,11 @@ class ConsoleHost final : public Display, public Dialogs, public EventDispatch, 
   ScriptInput input_;
   ConsoleOptions options_;
   ScriptTime time_;
+  PostedActs posted_;
   SystemClock clock_;
   SeededRandom random_;
-  std::chrono::steady_clock::time_point caughtUp_ = std::chrono::steady_clock::now();
+  const std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
+  std::chrono::steady_clock::time_point caughtUp_ = start_;
   ConsoleForm* mainForm_ = nullptr;
   const WindowDirectory* windows_ = nullptr;
 };

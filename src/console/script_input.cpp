@@ -31,9 +31,12 @@ std::optional<std::string> ScriptInput::NextEventLine() {
   return std::nullopt;
 }
 
-bool ScriptInput::LineWithin(std::chrono::milliseconds time) const {
-  pollfd input{.fd = *descriptor_, .events = POLLIN, .revents = 0};
-  return poll(&input, 1, static_cast<int>(time.count())) > 0;
+bool ScriptInput::LineWithin(std::optional<std::chrono::milliseconds> time, int wake) const {
+  std::array watched = {pollfd{.fd = *descriptor_, .events = POLLIN, .revents = 0},
+                        pollfd{.fd = wake, .events = POLLIN, .revents = 0},
+                        pollfd{.fd = termination::Descriptor(), .events = POLLIN, .revents = 0}};
+  poll(watched.data(), watched.size(), time ? static_cast<int>(time->count()) : -1);
+  return watched.front().revents != 0;
 }
 
 bool ScriptInput::AwaitInput() const {

@@ -28,6 +28,9 @@ class ScriptTime {
   // Ticks, once each, the timers that have no interval.
   void TickWaiting();
 
+  // The time that has passed since the start.
+  Milliseconds Now() const { return now_; }
+
   // How long until the next tick is due; nothing without timers.
   std::optional<Milliseconds> UntilNextTick() const;
 

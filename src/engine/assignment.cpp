@@ -20,7 +20,7 @@ Value AsWritten(Value value) {
 }
 
 // `SQL(base.tabela.campo)`: the field that the right side names.
-Value ReadSqlField(Run& run, std::string_view right) {
+std::optional<Value> ReadSqlField(Run& run, std::string_view right) {
   constexpr std::size_t kPlaces = 11;
   constexpr Position kNameColumn = 5;
   const std::string first = SplitArguments(run, right, kPlaces).front();
@@ -82,7 +82,7 @@ Value JoinParts(Run& run, std::string_view text, bool numericTarget) {
 void AssignStatement(Run& run, const RightSide& right, std::string_view name, bool numericTarget) {
   run.TextExpressionFlag = right.isText;
   if (right.readsSql) {
-    run.variables.VarWrite(name, ReadSqlField(run, right.text), true);
+    if (auto value = ReadSqlField(run, right.text)) run.variables.VarWrite(name, *std::move(value), true);
     return;
   }
   if (!right.joined.empty()) {

@@ -5,7 +5,7 @@
 
 #include "controls/key_code.h"
 #include "objects/object_frame.h"
-#include "windows/display.h"
+#include "windows/form.h"
 
 namespace tessera {
 

@@ -9,9 +9,10 @@
 #include "text/number.h"
 #include "text/one_based.h"
 #include "values/eval.h"
-#include "windows/display.h"
+#include "windows/form.h"
 #include "windows/picture_commands.h"
 #include "windows/stock_pictures.h"
+#include "windows/window_model.h"
 
 namespace tessera {
 

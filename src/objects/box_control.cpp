@@ -9,7 +9,7 @@
 #include "objects/list_events.h"
 #include "text/number.h"
 #include "text/one_based.h"
-#include "windows/display.h"
+#include "windows/form.h"
 
 namespace tessera {
 

@@ -4,7 +4,7 @@
 #include "platform/failure.h"
 #include "text/date.h"
 #include "text/one_based.h"
-#include "windows/display.h"
+#include "windows/form.h"
 
 namespace tessera {
 

@@ -3,7 +3,7 @@
 #include "controls/key_code.h"
 #include "objects/object_frame.h"
 #include "platform/failure.h"
-#include "windows/display.h"
+#include "windows/form.h"
 
 namespace tessera {
 

@@ -1,7 +1,8 @@
 #include "objects/combo.h"
 
 #include "objects/object_frame.h"
-#include "windows/display.h"
+#include "windows/form.h"
+#include "windows/window_model.h"
 
 namespace tessera {
 

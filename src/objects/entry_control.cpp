@@ -1,7 +1,7 @@
 #include "objects/entry_control.h"
 
 #include "controls/key_code.h"
-#include "windows/display.h"
+#include "windows/form.h"
 
 namespace tessera {
 

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "windows/display.h"
+#include "windows/form.h"
 
 namespace tessera {
 

@@ -2,6 +2,7 @@
 
 #include "objects/object_frame.h"
 #include "values/eval.h"
+#include "windows/form.h"
 
 namespace tessera {
 
@@ -48,8 +49,8 @@ LinkControl::LinkControl(Form& form, ControlEvents& events, int index)
   SetForeColor(kLinkColour);
 }
 
-Link::Link(ObjectFrame& frame, Display& display)
-    : ObjectFamily(frame, "TxtLink", {}, kSuffixes), display_(display) {}
+Link::Link(ObjectFrame& frame, Desktop& desktop)
+    : ObjectFamily(frame, "TxtLink", {}, kSuffixes), desktop_(desktop) {}
 
 std::shared_ptr<Control> Link::NewControl(Form& form, std::string_view, int index) {
   return std::make_shared<LinkControl>(form, *this, index);
@@ -73,7 +74,7 @@ void Link::Create(Control& control, ObjectRow&, const Settings& arguments) {
 void Link::OnClick(Control& control) {
   ObjectFamily::OnClick(control);
   const auto& link = static_cast<LinkControl&>(control);
-  display_.OpenAddress(link.Tag().empty() ? link.Text() : link.Tag());
+  desktop_.OpenAddress(link.Tag().empty() ? link.Text() : link.Tag());
   link.form().MoveFocus(nullptr);
 }
 

@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "objects/object_family.h"
-#include "windows/display.h"
+#include "windows/screen.h"
 
 namespace tessera {
 
@@ -32,7 +32,7 @@ class LinkControl final : public Control {
 
 class Link final : public ObjectFamily {
  public:
-  Link(ObjectFrame& frame, Display& display);
+  Link(ObjectFrame& frame, Desktop& desktop);
 
   void OnClick(Control& control) override;
 
@@ -41,7 +41,7 @@ class Link final : public ObjectFamily {
   void Create(Control& control, ObjectRow& row, const Settings& arguments) override;
 
  private:
-  Display& display_;
+  Desktop& desktop_;
 };
 
 }  // namespace tessera

@@ -7,6 +7,7 @@
 #include "objects/object_frame.h"
 #include "platform/failure.h"
 #include "text/one_based.h"
+#include "windows/window_model.h"
 
 namespace tessera {
 

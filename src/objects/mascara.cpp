@@ -2,7 +2,7 @@
 
 #include "objects/object_frame.h"
 #include "values/eval.h"
-#include "windows/display.h"
+#include "windows/form.h"
 
 namespace tessera {
 

@@ -5,8 +5,9 @@
 #include "platform/failure.h"
 #include "text/literal.h"
 #include "text/one_based.h"
-#include "windows/display.h"
+#include "windows/form.h"
 #include "windows/program_window.h"
+#include "windows/window_model.h"
 
 namespace tessera {
 

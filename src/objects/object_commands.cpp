@@ -15,7 +15,7 @@
 
 namespace tessera {
 
-ObjectCommands::ObjectCommands(CommandTable& table, Run& run, WindowModel& windows, Display& display)
+ObjectCommands::ObjectCommands(CommandTable& table, Run& run, WindowModel& windows, Desktop& desktop)
     : frame_(run, windows), menus_(frame_) {
   frame_.Add<Botao>(table, "BOTAO").AddStyleCommand(table);
   frame_.Add<BoxFamily>(table, "BOX");
@@ -29,7 +29,7 @@ ObjectCommands::ObjectCommands(CommandTable& table, Run& run, WindowModel& windo
   frame_.Add<CalendarioFamily>(table, "CALENDARIO");
   frame_.Add<BarraRolagem>(table, "BARRAROLAGEM");
   frame_.Add<Moldura>(table, "MOLDURA");
-  frame_.Add<Link>(table, "LINK", display);
+  frame_.Add<Link>(table, "LINK", desktop);
   menus_.AddCommand(table);
 }
 

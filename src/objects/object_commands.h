@@ -4,14 +4,15 @@
 #include "commands/command_table.h"
 #include "objects/menu_sistema.h"
 #include "objects/object_frame.h"
-#include "windows/display.h"
 
 namespace tessera {
+
+class Desktop;
 
 // The object commands of a run; they live as long as it does.
 class ObjectCommands {
  public:
-  ObjectCommands(CommandTable& table, Run& run, WindowModel& windows, Display& display);
+  ObjectCommands(CommandTable& table, Run& run, WindowModel& windows, Desktop& desktop);
 
  private:
   ObjectFrame frame_;

@@ -7,7 +7,9 @@
 #include "text/literal.h"
 #include "text/one_based.h"
 #include "values/eval.h"
+#include "windows/form.h"
 #include "windows/program_window.h"
+#include "windows/window_model.h"
 
 namespace tessera {
 

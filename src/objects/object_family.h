@@ -16,12 +16,13 @@
 #include "values/run.h"
 #include "values/value.h"
 #include "windows/control.h"
-#include "windows/window_model.h"
 #include "windows/window_settings.h"
 
 namespace tessera {
 
 class ObjectFrame;
+class ProgramWindow;
+struct WindowModel;
 
 // A variable that an object of a family has beside it: `name.Txt`.
 struct Companion {

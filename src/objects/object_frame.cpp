@@ -5,6 +5,7 @@
 #include "platform/failure.h"
 #include "text/one_based.h"
 #include "windows/program_window.h"
+#include "windows/window_model.h"
 
 namespace tessera {
 

@@ -12,10 +12,11 @@
 #include "objects/grd_lst_a.h"
 #include "objects/object_family.h"
 #include "values/run.h"
-#include "windows/window_model.h"
 #include "windows/window_objects.h"
 
 namespace tessera {
+
+struct WindowModel;
 
 class ObjectFrame final : public WindowObjects {
  public:

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "objects/object_frame.h"
-#include "windows/display.h"
+#include "windows/form.h"
 
 namespace tessera {
 

@@ -7,6 +7,7 @@
 #include "text/literal.h"
 #include "text/one_based.h"
 #include "values/eval.h"
+#include "windows/window_model.h"
 
 namespace tessera {
 

@@ -9,7 +9,7 @@
 #include "objects/object_frame.h"
 #include "text/one_based.h"
 #include "values/eval.h"
-#include "windows/display.h"
+#include "windows/form.h"
 
 namespace tessera {
 

@@ -99,6 +99,13 @@ class EventDispatch {
   // waits for the screen. Lets no event run.
   virtual void ShowDrawn() {}
 
+  // Lets `act` run inside a coming dispatch, behind all that was posted before. From any thread; a host that
+  // rests wakes for it.
+  virtual void Post(std::function<void()> act) = 0;
+
+  // How long the run goes on, in the time of the timers: the script's where a script keeps it.
+  virtual std::chrono::milliseconds DispatchTime() = 0;
+
   // Calls `tick` every `interval` until the timer is destroyed; ticks run inside a dispatch alone. A timer
   // without an interval ticks in every dispatch, in a script's own time too.
   virtual std::unique_ptr<Timer> StartTimer(std::chrono::milliseconds interval,

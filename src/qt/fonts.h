@@ -3,7 +3,7 @@
 
 #include <QFont>
 
-#include "windows/display.h"
+#include "windows/surface.h"
 
 namespace tessera {
 

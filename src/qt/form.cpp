@@ -13,7 +13,6 @@
 #include <QPainter>
 #include <QPixmap>
 #include <QRegion>
-#include <QScreen>
 #include <QThread>
 #include <QTimer>
 #include <QWidget>
@@ -35,7 +34,6 @@
 #include "qt/quiet_dispatch.h"
 #include "qt/sys_menu_view.h"
 #include "qt/text.h"
-#include "windows/client_drag.h"
 #include "windows/event_state.h"
 
 namespace tessera {
@@ -56,6 +54,10 @@ std::optional<MouseButton> ButtonOf(const QMouseEvent& event) {
 int WidgetPixels(double pixels) {
   constexpr double kMost = 32767;
   return qRound(std::clamp(pixels, -kMost, kMost));
+}
+
+PointerPlace PlaceOf(const QMouseEvent& event) {
+  return {event.position().x(), event.position().y()};
 }
 
 WindowState StateOf(const QWidget& widget) {
@@ -105,24 +107,15 @@ class FormWidget final : public QWidget {
   QElapsedTimer sincePaint_;
   QTimer nextPaint_;
   bool isPainted_ = false;
-  bool afterDoubleClick_ = false;
-  ClientDrag drag_;
 };
 
-QtForm::QtForm(const QString& objectName, QSize design, FormEvents& events, LogicEntry& entry,
+QtForm::QtForm(const QString& objectName, const Placement& place, FormEvents& events, LogicEntry& entry,
                FrontWatch& front, DrawnForms& drawn)
-    : Form(events),
+    : Form(events, place),
       entry_(entry),
       front_(front),
       drawn_(drawn),
       widget_(std::make_unique<FormWidget>(*this, objectName)) {
-  const double width = TwipsOfPixels(design.width());
-  const double height = TwipsOfPixels(design.height()) + kFrameTwips;
-  const QSize screen = QGuiApplication::primaryScreen()->size();
-  TakeDesign({.Left = (TwipsOfPixels(screen.width()) - width) / 2,
-              .Top = (TwipsOfPixels(screen.height()) - height) / 2,
-              .Width = width,
-              .Height = height});
   ShowPlace();
 }
 
@@ -470,34 +463,22 @@ void FormWidget::mousePressEvent(QMouseEvent* event) {
   form_.front_.expected = nullptr;
   form_.TakeFront();
   if (button == MouseButton::Left && form_.Style().AutoDrag && form_.DragBySystem()) return;
-  form_.entry_.Enter([this, button, at = event->position()] {
-    if (drag_.Press(form_, *button, at.x(), at.y())) return;
-    form_.Events().OnMouseDown(*button, at.x(), at.y());
-  });
+  form_.entry_.Enter([this, button, at = PlaceOf(*event)] { form_.PressButton(*button, at); });
 }
 
 void FormWidget::mouseMoveEvent(QMouseEvent* event) {
-  form_.entry_.Enter([this, at = event->position()] {
-    if (!drag_.Move(form_, at.x(), at.y())) form_.Events().OnMouseMove(at.x(), at.y());
-  });
+  form_.entry_.Enter([this, at = PlaceOf(*event)] { form_.MovePointer(at); });
 }
 
 void FormWidget::mouseReleaseEvent(QMouseEvent* event) {
   const auto button = ButtonOf(*event);
   if (!button) return;
-  const bool isClick = *button == MouseButton::Left && !std::exchange(afterDoubleClick_, false);
-  form_.entry_.Enter([this, button, isClick, at = event->position()] {
-    if (drag_.Release(*button)) return;
-    form_.Events().OnMouseUp(*button, at.x(), at.y());
-    if (isClick) form_.Events().OnClick();
-  });
+  form_.entry_.Enter([this, button, at = PlaceOf(*event)] { form_.ReleaseButton(*button, at); });
 }
 
 void FormWidget::mouseDoubleClickEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return mousePressEvent(event);
-  // The second release of a double click is no click of its own.
-  afterDoubleClick_ = true;
-  form_.entry_.Enter([this] { form_.Events().OnDoubleClick(); });
+  form_.entry_.Enter([this, at = PlaceOf(*event)] { form_.PressButtonAgain(at); });
 }
 
 }  // namespace tessera

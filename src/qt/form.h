@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "qt/logic_entry.h"
-#include "windows/display.h"
+#include "windows/form.h"
 
 class QString;
 class QWidget;
@@ -31,9 +31,8 @@ using DrawnForms = std::vector<QtForm*>;
 class QtForm final : public Form {
  public:
   // `objectName` is the name by which tests and assistive tools find the widget.
-  // `design` is its first client size, in pixels; it stands in the middle of the screen.
-  QtForm(const QString& objectName, QSize design, FormEvents& events, LogicEntry& entry, FrontWatch& front,
-         DrawnForms& drawn);
+  QtForm(const QString& objectName, const Placement& place, FormEvents& events, LogicEntry& entry,
+         FrontWatch& front, DrawnForms& drawn);
   ~QtForm() override;
   QtForm(const QtForm&) = delete;
   QtForm& operator=(const QtForm&) = delete;

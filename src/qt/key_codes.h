@@ -1,7 +1,7 @@
 // Key codes as programs know them.
 #pragma once
 
-#include "windows/display.h"
+#include "windows/input.h"
 
 class QKeyEvent;
 

@@ -31,10 +31,6 @@ namespace tessera {
 
 namespace {
 
-// Client sizes that windows start with, in pixels.
-constexpr QSize kMainDesign(640, 420);
-constexpr QSize kFormDesign(480, 300);
-
 // A timer whose ticks enter the logic one by one. The tick is posted, not run in the timer's own slot, for a
 // timer is not entered again while its slot runs, and a tick that yields lets the next one in.
 class TickSource final : public Timer {
@@ -102,6 +98,7 @@ QtHost::QtHost(std::function<void()> refused)
   QApplication::setQuitOnLastWindowClosed(false);
   serving_ = std::make_unique<QEventLoop>();
   ServeTermination();
+  posted_ = std::make_unique<QObject>();
 }
 
 QtHost::~QtHost() = default;
@@ -119,14 +116,15 @@ void QtHost::ServeTermination() {
 }
 
 // Where a person clicks the window system finds the window by itself.
-std::unique_ptr<Form> QtHost::NewMainForm(FormEvents& events, const WindowDirectory&) {
-  auto form = std::make_unique<QtForm>("Janela", kMainDesign, events, entry_, front_, drawn_);
+std::unique_ptr<Form> QtHost::NewMainForm(const Placement& place, FormEvents& events,
+                                          const WindowDirectory&) {
+  auto form = std::make_unique<QtForm>("Janela", place, events, entry_, front_, drawn_);
   mainForm_ = form.get();
   return form;
 }
 
-std::unique_ptr<Form> QtHost::NewForm(std::string_view name, FormEvents& events) {
-  return std::make_unique<QtForm>(ToQString(name), kFormDesign, events, entry_, front_, drawn_);
+std::unique_ptr<Form> QtHost::NewForm(std::string_view name, const Placement& place, FormEvents& events) {
+  return std::make_unique<QtForm>(ToQString(name), place, events, entry_, front_, drawn_);
 }
 
 void QtHost::ShowPointer(bool visible) {
@@ -134,7 +132,7 @@ void QtHost::ShowPointer(bool visible) {
   if (!visible) QGuiApplication::setOverrideCursor(Qt::BlankCursor);
 }
 
-ScreenPoint QtHost::PointerPlace() {
+PointerPlace QtHost::Pointer() {
   const QPoint at = QCursor::pos();
   return {double(at.x()), double(at.y())};
 }
@@ -151,7 +149,7 @@ void QtHost::OpenAddress(std::string_view address) {
   QDesktopServices::openUrl(QUrl::fromUserInput(ToQString(address)));
 }
 
-ScreenSize QtHost::Screen() {
+ScreenSize QtHost::ScreenExtent() {
   const QSize size = QGuiApplication::primaryScreen()->size();
   return {TwipsOfPixels(size.width()), TwipsOfPixels(size.height())};
 }
@@ -260,6 +258,15 @@ void QtHost::Pause(std::chrono::milliseconds time) {
 
 void QtHost::ShowDrawn() {
   for (QtForm* form : std::exchange(drawn_, {})) form->ShowDrawn();
+}
+
+void QtHost::Post(std::function<void()> act) {
+  QMetaObject::invokeMethod(
+      posted_.get(), [this, act = std::move(act)] { entry_.Enter(act); }, Qt::QueuedConnection);
+}
+
+std::chrono::milliseconds QtHost::DispatchTime() {
+  return std::chrono::floor<std::chrono::milliseconds>(std::chrono::steady_clock::now() - start_);
 }
 
 std::unique_ptr<Timer> QtHost::StartTimer(std::chrono::milliseconds interval, std::function<void()> tick) {

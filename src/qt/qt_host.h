@@ -2,6 +2,7 @@
 // A main asks the `DisplayProbe` (display_probe.h) before it makes one.
 #pragma once
 
+#include <chrono>
 #include <memory>
 
 #include "platform/host.h"
@@ -12,6 +13,7 @@
 
 class QApplication;
 class QEventLoop;
+class QObject;
 class QSocketNotifier;
 class QTranslator;
 class QWidget;
@@ -30,14 +32,15 @@ class QtHost final : public Display, public Dialogs, public EventDispatch {
   // What a `Run` is made with.
   Host host() { return {*this, *this, clock_, random_}; }
 
-  std::unique_ptr<Form> NewMainForm(FormEvents& events, const WindowDirectory& windows) override;
-  std::unique_ptr<Form> NewForm(std::string_view name, FormEvents& events) override;
+  std::unique_ptr<Form> NewMainForm(const Placement& place, FormEvents& events,
+                                    const WindowDirectory& windows) override;
+  std::unique_ptr<Form> NewForm(std::string_view name, const Placement& place, FormEvents& events) override;
   void ShowPointer(bool visible) override;
-  ScreenPoint PointerPlace() override;
+  PointerPlace Pointer() override;
   std::string SetVideoMode(const VideoMode& mode) override;
   bool SetWallpaper(const std::string& bitmap) override;
   void OpenAddress(std::string_view address) override;
-  ScreenSize Screen() override;
+  ScreenSize ScreenExtent() override;
   std::vector<std::string> FontNames() override;
   void TellAbandonedRun(std::string_view position, std::string_view description) override;
   void ServeEvents() override;
@@ -54,6 +57,8 @@ class QtHost final : public Display, public Dialogs, public EventDispatch {
   bool AwaitNextEvents() override;
   void Pause(std::chrono::milliseconds time) override;
   void ShowDrawn() override;
+  void Post(std::function<void()> act) override;
+  std::chrono::milliseconds DispatchTime() override;
   std::unique_ptr<Timer> StartTimer(std::chrono::milliseconds interval, std::function<void()> tick) override;
 
  private:
@@ -71,6 +76,8 @@ class QtHost final : public Display, public Dialogs, public EventDispatch {
   LogicEntry entry_;
   FrontWatch front_;
   DrawnForms drawn_;
+  std::unique_ptr<QObject> posted_;  // takes what other threads post; it goes with the host
+  const std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
   SystemClock clock_;
   SeededRandom random_;
 };

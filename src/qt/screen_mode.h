@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "windows/display.h"
+#include "windows/screen.h"
 
 namespace tessera {
 

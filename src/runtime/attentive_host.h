@@ -36,6 +36,8 @@ class AttentiveHost final : public Dialogs, public EventDispatch {
   bool AwaitNextEvents() override;
   void Pause(std::chrono::milliseconds time) override;
   void ShowDrawn() override;
+  void Post(std::function<void()> act) override { host_.events.Post(std::move(act)); }
+  std::chrono::milliseconds DispatchTime() override { return host_.events.DispatchTime(); }
   std::unique_ptr<Timer> StartTimer(std::chrono::milliseconds interval, std::function<void()> tick) override;
 
  private:

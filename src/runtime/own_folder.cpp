@@ -10,6 +10,11 @@ std::filesystem::path OwnFolder() {
   return std::filesystem::read_symlink(kOwnExecutable, error).parent_path();
 }
 
+std::vector<std::filesystem::path> PartFolders() {
+  const std::filesystem::path own = OwnFolder();
+  return {own, own.parent_path() / "lib" / "tessera", TESSERA_PARTS_INSTALLED, TESSERA_PARTS_BUILT};
+}
+
 std::filesystem::path SiblingRuntime() {
   return OwnFolder() / "tessera-runtime";
 }

@@ -68,11 +68,11 @@ ProgramRun::ProgramRun(const ProgramStart& start, const Services& services)
       display_(services.display),
       files_(run),
       machine_(run, services.machine),
-      database_(run, commands, services.quickOrders) {
+      database_(run, commands, services.quickOrders),
+      sqlProvider_(services.partFolders),
+      sql_(commands, run, [this]() -> sql::SqlProvider& { return sqlProvider_.Provider(); }) {
   TellProgram(run, start, services);
   run.functionTable.Fill(WordNames());
-  // A word without a room behind it does nothing, like every word without a handler.
-  run.doors.SqlReadField = [](std::string_view, std::string_view, std::string_view) { return Value(); };
   AddTextCommands(commands, run);
   AddNumberCommands(commands, run);
   AddDateCommands(commands, run);

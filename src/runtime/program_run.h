@@ -15,6 +15,8 @@
 #include "recorddb/record_database.h"
 #include "runtime/program_start.h"
 #include "runtime/services.h"
+#include "sql/sql_commands.h"
+#include "sql/sql_provider.h"
 #include "values/run.h"
 #include "windows/janela.h"
 #include "windows/wallpaper_command.h"
@@ -56,6 +58,8 @@ class ProgramRun {
   FileCommands files_;
   MachineCommands machine_;
   RecordDatabase database_;
+  sql::ProviderPart sqlProvider_;
+  sql::SqlCommands sql_;
   std::unique_ptr<Windowed> windowed_;
 };
 

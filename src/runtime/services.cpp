@@ -3,6 +3,7 @@
 #include <cstdlib>
 
 #include "platform/paths.h"
+#include "runtime/own_folder.h"
 
 namespace tessera {
 
@@ -12,6 +13,7 @@ Services UserServices(const Host& host, Display* display, bool isFinished) {
           .folders = FindUserFolders(std::getenv),
           .dataFolder = SystemDataFolder(std::getenv("XDG_DATA_HOME"), std::getenv("HOME")),
           .machine = MachineCommands::UserPlaces(isFinished),
+          .partFolders = PartFolders(),
           .startForm = TakeStartForm()};
 }
 

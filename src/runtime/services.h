@@ -1,7 +1,9 @@
 // What a run asks of the outside, given to it when it is made.
 #pragma once
 
+#include <filesystem>
 #include <string>
+#include <vector>
 
 #include "commands/machine_commands.h"
 #include "platform/host.h"
@@ -19,6 +21,8 @@ struct Services {
   // Holds the folders of drive letters.
   std::string dataFolder;
   MachineCommands::Places machine;
+  // Where the system's parts may lie (own_folder.h).
+  std::vector<std::filesystem::path> partFolders = {};
   // The window form that whoever started the program asked for.
   StartForm startForm = StartForm::Normal;
   // Tests turn it off to compare the ordering of records with its plain form.

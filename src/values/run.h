@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -35,8 +36,10 @@ struct Doors {
   std::function<std::int32_t(std::string_view text, std::size_t position, std::size_t lineEnd,
                              std::int32_t statement)>
       RunDatabaseBlock;
-  // The field of a SQL table that a right side `SQL(base.tabela.campo)` reads; pieces in upper case.
-  std::function<Value(std::string_view base, std::string_view table, std::string_view field)> SqlReadField;
+  // The field of a SQL table that a right side `SQL(base.tabela.campo)` reads; pieces in upper case. Nothing,
+  // behind its box, where it can't be read.
+  std::function<std::optional<Value>(std::string_view base, std::string_view table, std::string_view field)>
+      SqlReadField;
 };
 
 // Where the running statement stands in the source, as its head tells.

@@ -2,31 +2,31 @@
 
 #include <utility>
 
-#include "windows/display.h"
+#include "windows/form.h"
 
 namespace tessera {
 
 Control::Control(Form& form, ControlEvents& events, int index, const ControlPlace& place)
-    : form_(form), events_(events), index_(index), place_(place) {}
+    : form_(form), events_(events), index_(index), number_(form.TakeControlNumber()), place_(place) {}
 
 Control::~Control() = default;
 
 void Control::Move(const ControlPlace& place) {
   const ControlPlace before = std::exchange(place_, place);
   if (place.Width != before.Width || place.Height != before.Height) Resized();
-  Refresh();
+  Refresh(ControlProperty::Place);
 }
 
 // OPEN: a control that a person can't reach has no focus, and is given none.
 void Control::SetVisible(bool visible) {
-  Set(visible_, visible);
+  Set(visible_, visible, ControlProperty::Visible);
   if (!visible) form_.DropFocus(*this);
 }
 
 void Control::SetEnabled(bool enabled) {
   enabled_ = enabled;
   EnabledChanged();
-  Refresh();
+  Refresh(ControlProperty::Enabled);
   if (!enabled) form_.DropFocus(*this);
 }
 
@@ -42,13 +42,13 @@ bool Control::IsTabbedBefore(const Control& other) const {
 
 void Control::SetParent(Control& picture) {
   parent_ = picture.weak_from_this();
-  Refresh();
+  Refresh(ControlProperty::Parent);
 }
 
 void Control::SetFont(const FontFace& font) {
   font_ = font;
   FontChanged();
-  Refresh();
+  Refresh(ControlProperty::Font);
 }
 
 bool Control::IsInReach() const {
@@ -76,8 +76,8 @@ void Control::TakeView(std::unique_ptr<ControlView> view) {
   view_ = std::move(view);
 }
 
-void Control::Refresh() {
-  if (view_) view_->Follow();
+void Control::Refresh(ControlProperty changed) {
+  if (view_) view_->Follow(changed);
 }
 
 }  // namespace tessera

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "windows/input.h"
 #include "windows/person_object.h"
 #include "windows/surface.h"
 
@@ -14,12 +15,6 @@ namespace tessera {
 
 class Control;
 class Form;
-
-// State of the modifier keys with a key event.
-struct KeyShift {
-  bool shift = false;
-  bool ctrl = false;
-};
 
 // What happens to the controls of a family; a control's `Index` is its object's row. The owner outlives its
 // controls and only writes down what it hears.
@@ -33,14 +28,26 @@ class ControlEvents {
   virtual void OnLostFocus(Control& /*control*/) {}
 };
 
+// What a host shows of a control. `Content` is all that a kind of control has of its own.
+enum class ControlProperty { Name, Place, Visible, Enabled, Colours, Font, ToolTip, Parent, Content };
+
 // A host's picture of one control; it goes with the control.
 class ControlView {
  public:
+  explicit ControlView(Control& control) : control_(control) {}
+  ControlView(const ControlView&) = delete;
+  ControlView& operator=(const ControlView&) = delete;
   virtual ~ControlView() = default;
-  // Some property of the control has another value.
-  virtual void Follow() = 0;
+
+  Control& control() const { return control_; }
+
+  // The property has another value.
+  virtual void Follow(ControlProperty changed) = 0;
   // The keyboard goes to the control from now on.
   virtual void TakeFocus() = 0;
+
+ private:
+  Control& control_;
 };
 
 // Pixels of the window's client area, or of the picture in which the control lies.
@@ -62,10 +69,12 @@ class Control : public PersonObject, public std::enable_shared_from_this<Control
   Form& form() const { return form_; }
   Form* Window() const override { return &form_; }
   int Index() const { return index_; }
+  // The number by which hosts know it, on its window.
+  int Number() const { return number_; }
 
   // The object's name, by which tests and assistive tools find the control.
   const std::string& Name() const { return name_; }
-  void SetName(std::string_view name) { Set(name_, std::string(name)); }
+  void SetName(std::string_view name) { Set(name_, std::string(name), ControlProperty::Name); }
 
   const ControlPlace& Place() const { return place_; }
   void Move(const ControlPlace& place);
@@ -81,13 +90,15 @@ class Control : public PersonObject, public std::enable_shared_from_this<Control
   bool IsTabbedBefore(const Control& other) const;
 
   Colour BackColor() const { return backColor_; }
-  void SetBackColor(Colour colour) { Set(backColor_, colour); }
+  void SetBackColor(Colour colour) { Set(backColor_, colour, ControlProperty::Colours); }
   Colour ForeColor() const { return foreColor_; }
-  virtual void SetForeColor(Colour colour) { Set(foreColor_, colour); }
+  virtual void SetForeColor(Colour colour) { Set(foreColor_, colour, ControlProperty::Colours); }
   const FontFace& Font() const { return font_; }
   void SetFont(const FontFace& font);
   const std::string& ToolTipText() const { return toolTipText_; }
-  void SetToolTipText(std::string_view text) { Set(toolTipText_, std::string(text)); }
+  void SetToolTipText(std::string_view text) {
+    Set(toolTipText_, std::string(text), ControlProperty::ToolTip);
+  }
 
   // The picture in which the control lies, and with which it moves; none is the window itself.
   Control* Parent() const { return parent_.lock().get(); }
@@ -118,7 +129,7 @@ class Control : public PersonObject, public std::enable_shared_from_this<Control
 
  protected:
   // Behind each change that a person can see.
-  void Refresh();
+  void Refresh(ControlProperty changed = ControlProperty::Content);
   ControlEvents& Events() const { return events_; }
 
   virtual void FocusGained() {}
@@ -128,15 +139,16 @@ class Control : public PersonObject, public std::enable_shared_from_this<Control
   virtual void FontChanged() {}
 
   template <typename T>
-  void Set(T& property, T value) {
+  void Set(T& property, T value, ControlProperty changed = ControlProperty::Content) {
     property = std::move(value);
-    Refresh();
+    Refresh(changed);
   }
 
  private:
   Form& form_;
   ControlEvents& events_;
   int index_;
+  int number_;
   std::string name_;
   ControlPlace place_;
   bool visible_ = false;

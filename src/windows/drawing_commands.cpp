@@ -1,7 +1,7 @@
 #include "windows/drawing_commands.h"
 
 #include "commands/arguments.h"
-#include "windows/gradient.h"
+#include "windows/form.h"
 #include "windows/window_command_row.h"
 
 namespace tessera {

@@ -3,9 +3,10 @@
 
 #include "commands/command_table.h"
 #include "values/run.h"
-#include "windows/window_model.h"
 
 namespace tessera {
+
+struct WindowModel;
 
 void AddDrawingCommands(CommandTable& table, Run& run, WindowModel& windows);
 

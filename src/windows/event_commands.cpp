@@ -6,6 +6,7 @@
 #include "commands/arguments.h"
 #include "text/one_based.h"
 #include "values/eval.h"
+#include "windows/form.h"
 #include "windows/window_command_row.h"
 
 namespace tessera {

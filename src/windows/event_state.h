@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "windows/display.h"
+#include "windows/input.h"
 
 namespace tessera {
 

@@ -3,10 +3,10 @@
 
 #include "commands/command_table.h"
 #include "values/run.h"
-#include "windows/display.h"
+#include "windows/screen.h"
 
 namespace tessera {
 
-void AddFontCommands(CommandTable& table, Run& run, Display& display);
+void AddFontCommands(CommandTable& table, Run& run, Screen& screen);
 
 }  // namespace tessera

@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "windows/display.h"
+#include "windows/form.h"
 
 namespace tessera {
 

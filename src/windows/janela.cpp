@@ -8,6 +8,8 @@
 #include "platform/process_end.h"
 #include "prepare/linking.h"
 #include "text/one_based.h"
+#include "windows/display.h"
+#include "windows/form.h"
 
 namespace tessera {
 
@@ -77,8 +79,8 @@ void Janela::Load() {
   run_.RunningFlag = true;
   run_.StopFlag = false;
   run_.WindowCodeStopFlag = false;
-  form_ = display_.NewMainForm(*this, windows_);
-  const ScreenSize screen = display_.Screen();
+  form_ = display_.NewMainForm(Centred(kMainWindowSize, display_.ScreenExtent()), *this, windows_);
+  const ScreenSize screen = display_.ScreenExtent();
   Placement place = form_->Place();
   place.Top = (screen.Height - place.Height) / 2;
   place.Left = (screen.Width - place.Width) / 2;
@@ -107,7 +109,7 @@ RunOutcome Janela::FirstActivation(const EditorTexts& editors, std::string_view 
   }
   if (projectStyleWord == kBorderlessWord) SetBorder(*form_, false);
   if (!Prepare(editors)) return RunOutcome::Refused;
-  WriteGridVariables(run_, windows_, display_.Screen());
+  WriteGridVariables(run_, windows_, display_.ScreenExtent());
   ShowFirst();
   engine_.RunStatements(run_.program.ProgramText, 0);
   return RunOutcome::Ended;

@@ -9,13 +9,14 @@
 #include "engine/engine.h"
 #include "prepare/prepare.h"
 #include "values/run.h"
-#include "windows/display.h"
 #include "windows/janela_command.h"
 #include "windows/overlaid_windows.h"
 #include "windows/program_window.h"
 #include "windows/window_model.h"
 
 namespace tessera {
+
+class Display;
 
 // How the first activation ended.
 enum class RunOutcome {

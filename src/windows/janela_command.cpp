@@ -6,7 +6,10 @@
 #include "text/literal.h"
 #include "text/number.h"
 #include "text/one_based.h"
+#include "windows/form.h"
 #include "windows/program_window.h"
+#include "windows/screen.h"
+#include "windows/window_model.h"
 
 namespace tessera {
 
@@ -72,7 +75,7 @@ void JanelaCommand::AtivaEnter(const Settings& settings, std::size_t place) {
 }
 
 void JanelaCommand::AtivaCursor(const Settings& settings, std::size_t place) {
-  display_.ShowPointer(settings.Word(place) == kYes);
+  screen_.ShowPointer(settings.Word(place) == kYes);
 }
 
 void JanelaCommand::Visivel(const Settings& settings, std::size_t place) {
@@ -91,7 +94,7 @@ void JanelaCommand::SetMouseGeral(const Settings& settings, std::size_t place) {
 
 void JanelaCommand::OnTimer3() {
   if (!mouseGeral_) return;
-  const ScreenPoint at = display_.PointerPlace();
+  const PointerPlace at = screen_.Pointer();
   // A variable that the program has removed is passed over, as with every event.
   Guard([&] {
     run_.variables.VarWrite("LinhaMouse", NumberText(at.y), true);
@@ -104,15 +107,15 @@ void JanelaCommand::MouseIcone(const Settings& settings, std::size_t place) {
 }
 
 void JanelaCommand::Resolucao(const Settings& settings, std::size_t place) {
-  SetResolution(run_, windows_, display_.Screen(), *windows_.MainWindow, settings, place);
+  SetResolution(run_, windows_, screen_.ScreenExtent(), *windows_.MainWindow, settings, place);
 }
 
 void JanelaCommand::Tamanho(const Settings& settings, std::size_t place) {
-  SetSize(*windows_.MainWindow, display_.Screen(), settings, place);
+  SetSize(*windows_.MainWindow, screen_.ScreenExtent(), settings, place);
 }
 
 void JanelaCommand::Posicao(const Settings& settings, std::size_t place) {
-  SetPosition(*windows_.MainWindow, display_.Screen(), settings, place, PositionNumbers::Literal);
+  SetPosition(*windows_.MainWindow, screen_.ScreenExtent(), settings, place, PositionNumbers::Literal);
 }
 
 void JanelaCommand::Fundo(const Settings& settings, std::size_t place) {
@@ -123,7 +126,7 @@ void JanelaCommand::ResVideo(const Settings& settings, std::size_t place) {
   const VideoMode mode{.width = settings.Number(place).ToInteger(),
                        .height = settings.Number(place + 1).ToInteger(),
                        .bits = settings.Number(place + 2).ToInteger()};
-  const std::string reason = display_.SetVideoMode(mode);
+  const std::string reason = screen_.SetVideoMode(mode);
   if (reason.empty()) return;
   // OPEN: a mode that the screen refuses is told in a box, and the program goes on in the mode it has.
   ShowCritical(run_, std::string("Não foi possível mudar o vídeo para "_w)

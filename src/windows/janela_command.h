@@ -6,18 +6,20 @@
 
 #include "platform/host.h"
 #include "values/run.h"
-#include "windows/display.h"
 #include "windows/picture_commands.h"
-#include "windows/window_model.h"
 #include "windows/window_settings.h"
 
 namespace tessera {
 
+class Form;
+class Screen;
+struct WindowModel;
+
 class JanelaCommand {
  public:
   // All outlive the command.
-  JanelaCommand(Run& run, Display& display, WindowModel& windows)
-      : run_(run), display_(display), windows_(windows) {}
+  JanelaCommand(Run& run, Screen& screen, WindowModel& windows)
+      : run_(run), screen_(screen), windows_(windows) {}
 
   // The raw argument text behind the word `Janela`.
   void Do(std::string_view arguments);
@@ -49,7 +51,7 @@ class JanelaCommand {
   void OnTimer3();
 
   Run& run_;
-  Display& display_;
+  Screen& screen_;
   WindowModel& windows_;
   bool mouseGeral_ = false;
   std::unique_ptr<Timer> Timer3_;

@@ -6,6 +6,8 @@
 #include "platform/failure.h"
 #include "text/literal.h"
 #include "text/one_based.h"
+#include "windows/display.h"
+#include "windows/form.h"
 
 namespace tessera {
 
@@ -36,10 +38,14 @@ WindowKind KindOf(std::string_view word) {
 OverlaidWindow::OverlaidWindow(Run& run, WindowModel& windows, Display& display, WindowKind kind,
                                std::string_view name)
     : ProgramWindow(run, windows), kind_(kind) {
-  form_ = display.NewForm(name, *this);
+  form_ = display.NewForm(name, Centred(kWindowSize, display.ScreenExtent()), *this);
   form_->SetCaption(name);
   form_->SetStyle(StyleOf(kind));
   LoadStanding();
+}
+
+std::string_view OverlaidWindow::Name() const {
+  return form_->Caption();
 }
 
 void OverlaidWindow::LoadStanding() {
@@ -106,11 +112,11 @@ void OverlaidWindows::DoSuffix(WindowSlot& slot, std::string_view suffix, const 
   constexpr std::size_t kValue = 2;
   Form& form = *slot.window;
   if (suffix == ".TAMANHOPONTO") form.DrawWidth = settings.Number(kValue).ToInteger();
-  if (suffix == ".RESOLUCAO") SetResolution(run_, windows_, display_.Screen(), form, settings, kValue);
-  if (suffix == ".TAMANHO") SetSize(form, display_.Screen(), settings, kValue);
+  if (suffix == ".RESOLUCAO") SetResolution(run_, windows_, display_.ScreenExtent(), form, settings, kValue);
+  if (suffix == ".TAMANHO") SetSize(form, display_.ScreenExtent(), settings, kValue);
   if (suffix == ".POSICAO") {
     // OPEN: the suffix computes its numbers; only the keyword of `Janela` takes them as they are written.
-    SetPosition(form, display_.Screen(), settings, kValue, PositionNumbers::Computed);
+    SetPosition(form, display_.ScreenExtent(), settings, kValue, PositionNumbers::Computed);
   }
   if (suffix == ".FUNDO") SetFundo(run_, windows_, form, FundoOf(settings, kValue), StockNames::Unknown);
   if (suffix == ".BORDA") SetBorder(form, settings.Word(kValue) != "NAO");

@@ -19,6 +19,8 @@
 
 namespace tessera {
 
+class Display;
+
 // The kinds of window, by the names of their classes.
 enum class WindowKind {
   Form1,  // framed
@@ -32,7 +34,7 @@ class OverlaidWindow final : public ProgramWindow {
   OverlaidWindow(Run& run, WindowModel& windows, Display& display, WindowKind kind, std::string_view name);
 
   // The caption stores the name for the activation.
-  std::string_view Name() const override { return form_->Caption(); }
+  std::string_view Name() const override;
 
   // Query-close and unload. The window can be opened again; its objects and what was printed on it are gone.
   void Unload() override;

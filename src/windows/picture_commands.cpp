@@ -8,6 +8,7 @@
 #include "platform/failure.h"
 #include "text/literal.h"
 #include "text/one_based.h"
+#include "windows/form.h"
 #include "windows/picture_file.h"
 #include "windows/stock_pictures.h"
 #include "windows/window_command_row.h"

@@ -5,9 +5,12 @@
 
 #include "commands/command_table.h"
 #include "values/run.h"
-#include "windows/window_model.h"
+#include "windows/picture.h"
 
 namespace tessera {
+
+class Form;
+struct WindowModel;
 
 // The picture of a file as a program names it, for a cursor or an icon; nothing where `ResolveFile` finds
 // none. Failure 481 for a file that holds no picture.

@@ -3,8 +3,13 @@
 #include "platform/failure.h"
 #include "text/literal.h"
 #include "text/one_based.h"
+#include "windows/event_state.h"
+#include "windows/form.h"
+#include "windows/window_model.h"
 
 namespace tessera {
+
+ProgramWindow::ProgramWindow(Run& run, WindowModel& windows) : run_(run), windows_(windows) {}
 
 ProgramWindow::~ProgramWindow() {
   windows_.activation.Remove(*this);
@@ -92,6 +97,10 @@ void ProgramWindow::OnClick() {
 void ProgramWindow::OnDoubleClick() {
   windows_.events.EventoClique = "DUPLOCLIQUE";
   TellVariable("CliqueMouse", std::string("DUPLOCLIQUE"));
+}
+
+Grid ProgramWindow::PlacementGrid() const {
+  return {double(windows_.TamLin), double(windows_.TamCol)};
 }
 
 // OPEN: an event whose variable the program has removed changes nothing, and is no failure of the statement

@@ -8,14 +8,16 @@
 
 #include "values/run.h"
 #include "values/value.h"
-#include "windows/display.h"
-#include "windows/window_model.h"
+#include "windows/form_events.h"
 
 namespace tessera {
 
+class Form;
+struct WindowModel;
+
 class ProgramWindow : public FormEvents {
  public:
-  ProgramWindow(Run& run, WindowModel& windows) : run_(run), windows_(windows) {}
+  ProgramWindow(Run& run, WindowModel& windows);
   ProgramWindow(const ProgramWindow&) = delete;
   ProgramWindow& operator=(const ProgramWindow&) = delete;
   ~ProgramWindow() override;
@@ -63,7 +65,7 @@ class ProgramWindow : public FormEvents {
   bool OnKeyPress(char character) override;
   void OnClick() override;
   void OnDoubleClick() override;
-  Grid PlacementGrid() const override { return {double(windows_.TamLin), double(windows_.TamCol)}; }
+  Grid PlacementGrid() const override;
 
  protected:
   void TellVariable(std::string_view name, const Value& value);

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "windows/display.h"
+#include "windows/form.h"
 
 namespace tessera {
 

@@ -34,7 +34,7 @@ void WallpaperCommand::MudaPapel(std::string_view arguments) {
 }
 
 void WallpaperCommand::Change(const std::string& bitmap) {
-  outcome_ = display_.SetWallpaper(bitmap) ? "SUCESSO" : "ERRO";
+  outcome_ = desktop_.SetWallpaper(bitmap) ? "SUCESSO" : "ERRO";
 }
 
 void WallpaperCommand::Register(CommandTable& table) {

@@ -5,14 +5,14 @@
 
 #include "commands/command_table.h"
 #include "values/run.h"
-#include "windows/display.h"
+#include "windows/screen.h"
 
 namespace tessera {
 
 class WallpaperCommand {
  public:
   // Both outlive the command.
-  WallpaperCommand(Run& run, Display& display) : run_(run), display_(display) {}
+  WallpaperCommand(Run& run, Desktop& desktop) : run_(run), desktop_(desktop) {}
 
   void Register(CommandTable& table);
 
@@ -24,7 +24,7 @@ class WallpaperCommand {
   void Change(const std::string& bitmap);
 
   Run& run_;
-  Display& display_;
+  Desktop& desktop_;
   std::string outcome_;
 };
 

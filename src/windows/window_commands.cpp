@@ -7,6 +7,7 @@
 #include "platform/failure.h"
 #include "text/one_based.h"
 #include "values/eval.h"
+#include "windows/form.h"
 #include "windows/window_command_row.h"
 
 namespace tessera {

@@ -4,9 +4,10 @@
 
 #include "commands/command_table.h"
 #include "values/run.h"
-#include "windows/window_model.h"
 
 namespace tessera {
+
+struct WindowModel;
 
 void AddWindowCommands(CommandTable& table, Run& run, WindowModel& windows);
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "text/one_based.h"
+#include "windows/form.h"
 #include "windows/program_window.h"
 
 namespace tessera {

@@ -9,8 +9,8 @@
 #include <string_view>
 #include <vector>
 
-#include "windows/display.h"
 #include "windows/event_state.h"
+#include "windows/window_directory.h"
 #include "windows/window_objects.h"
 
 namespace tessera {

@@ -3,6 +3,8 @@
 #include "platform/failure.h"
 #include "text/one_based.h"
 #include "values/eval.h"
+#include "windows/form.h"
+#include "windows/window_model.h"
 
 namespace tessera {
 

@@ -7,10 +7,12 @@
 #include <vector>
 
 #include "values/run.h"
-#include "windows/display.h"
-#include "windows/window_model.h"
+#include "windows/placement.h"
 
 namespace tessera {
+
+class Form;
+struct WindowModel;
 
 // The arguments of a window command, the equals sign being one of its own; places count from 0.
 class Settings {

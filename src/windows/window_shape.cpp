@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "windows/colours.h"
-#include "windows/display.h"
+#include "windows/form.h"
 
 namespace tessera {
 

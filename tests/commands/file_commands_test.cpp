@@ -7,7 +7,6 @@
 namespace tessera {
 namespace {
 
-using TemporaryFolder;
 using test::FileProgram;
 using test::LibraryProgram;
 

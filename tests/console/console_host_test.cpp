@@ -2,7 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
+#include <array>
 #include <sstream>
+#include <thread>
 
 #include "support/hosted_program.h"
 
@@ -53,6 +57,46 @@ TEST(ConsoleOutput, ARefusedProgramShowsItsBoxRunsNoLineAndEndsWithOne) {
   EXPECT_EQ(t.out, "");
   EXPECT_TRUE(t.err.starts_with("[critico] Comando Se ")) << t.err;
   EXPECT_EQ(t.status, 1);
+}
+
+TEST(ConsoleDispatch, WhatAnotherThreadPostsRunsInADispatchInItsOrder) {
+  std::istringstream in("espera 40\n");
+  std::ostringstream out;
+  ConsoleHost host({in, out, out}, {});
+  std::string seen;
+  std::thread([&] {
+    host.Post([&] { seen += "a"; });
+    host.Post([&] {
+      seen += "b(";
+      host.ProcessEvents();
+      seen += ")";
+    });
+    host.Post([&] { seen += "c"; });
+  }).join();
+  EXPECT_EQ(seen, "");
+  host.ProcessEvents();
+  EXPECT_EQ(seen, "ab(c)");
+  EXPECT_EQ(host.DispatchTime(), std::chrono::milliseconds(0));
+  HostedProgram(host.host(), host).Run("Aguarde 1");
+  EXPECT_EQ(host.DispatchTime(), std::chrono::milliseconds(40)) << "the script's own time";
+}
+
+TEST(ConsoleDispatch, APostWakesAPersonsTerminal) {
+  std::array<int, 2> terminal{};
+  ASSERT_EQ(pipe(terminal.data()), 0);
+  std::istringstream in;
+  std::ostringstream out;
+  ConsoleHost host({.in = in, .out = out, .err = out, .descriptor = terminal[0], .isTerminal = true}, {});
+  bool seen = false;
+  std::thread other([&] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    host.Post([&] { seen = true; });
+  });
+  EXPECT_TRUE(host.AwaitNextEvents()) << "nobody has typed, and the input has not ended";
+  EXPECT_TRUE(seen);
+  other.join();
+  close(terminal[0]);
+  close(terminal[1]);
 }
 
 TEST(ConsoleBoxes, AnswersComeFromTheScriptInOrder) {

@@ -172,6 +172,8 @@ class ShortLife final : public EventDispatch {
   bool AwaitNextEvents() override { return Live(), host_.AwaitNextEvents(); }
   void Pause(std::chrono::milliseconds) override { Live(); }
   void ShowDrawn() override { Live(); }
+  void Post(std::function<void()> act) override { host_.Post(std::move(act)); }
+  std::chrono::milliseconds DispatchTime() override { return host_.DispatchTime(); }
   std::unique_ptr<Timer> StartTimer(std::chrono::milliseconds interval, std::function<void()> tick) override {
     return host_.StartTimer(interval, std::move(tick));
   }

@@ -11,8 +11,6 @@
 namespace tessera {
 namespace {
 
-using TemporaryFolder;
-
 TEST(PathMapping, BothSeparatorsLeadFromTheProgramsFolder) {
   const TemporaryFolder folder;
   const PathMapping paths(folder.path(), folder / "data");

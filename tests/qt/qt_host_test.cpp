@@ -17,6 +17,7 @@
 #include <QWindow>
 #include <cstdlib>
 #include <ctime>
+#include <thread>
 
 #include "qt/boxes.h"
 #include "qt/fonts.h"
@@ -74,6 +75,22 @@ class QtHostTest : public testing::Test {
   QtHost host;
   HostedProgram program{host.host(), host};
 };
+
+TEST_F(QtHostTest, WhatAnotherThreadPostsRunsInADispatchInItsOrder) {
+  std::string seen;
+  std::thread([&] {
+    for (const char mark : {'a', 'b', 'c'}) host.Post([&, mark] { seen += mark; });
+  }).join();
+  EXPECT_EQ(seen, "");
+  host.ProcessEvents();
+  EXPECT_EQ(seen, "abc");
+  std::thread late([&] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    host.Post([&] { seen += "d"; });
+  });
+  while (seen != "abcd") host.AwaitNextEvents();
+  late.join();
+}
 
 void Close(QWidget& widget) {
   widget.close();

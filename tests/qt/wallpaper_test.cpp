@@ -55,6 +55,8 @@ class WatchedDispatch final : public EventDispatch {
   bool AwaitEvents(std::chrono::milliseconds sleep) override { return host_.AwaitEvents(sleep); }
   bool AwaitNextEvents() override { return host_.AwaitNextEvents(); }
   void Pause(std::chrono::milliseconds time) override { host_.Pause(time); }
+  void Post(std::function<void()> act) override { host_.Post(std::move(act)); }
+  std::chrono::milliseconds DispatchTime() override { return host_.DispatchTime(); }
   std::unique_ptr<Timer> StartTimer(std::chrono::milliseconds interval, std::function<void()> tick) override {
     return host_.StartTimer(interval, std::move(tick));
   }

@@ -5,6 +5,8 @@
 
 #include "platform/host.h"
 #include "runtime/program_run.h"
+#include "windows/form.h"
+#include "windows/janela.h"
 
 namespace tessera::test {
 

@@ -25,7 +25,7 @@
 #include "text/date.h"
 #include "text/number.h"
 #include "text/one_based.h"
-#include "windows/display.h"
+#include "windows/form.h"
 
 namespace tessera::test {
 

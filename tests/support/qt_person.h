@@ -10,7 +10,8 @@
 
 #include "console/event_script.h"
 #include "platform/host.h"
-#include "windows/display.h"
+#include "windows/form.h"
+#include "windows/window_directory.h"
 
 class QWidget;
 
@@ -58,6 +59,8 @@ class ScriptedDispatch final : public EventDispatch {
   bool AwaitEvents(std::chrono::milliseconds sleep) override;
   bool AwaitNextEvents() override;
   void Pause(std::chrono::milliseconds time) override { host_.Pause(time); }
+  void Post(std::function<void()> act) override { host_.Post(std::move(act)); }
+  std::chrono::milliseconds DispatchTime() override { return host_.DispatchTime(); }
   std::unique_ptr<Timer> StartTimer(std::chrono::milliseconds interval, std::function<void()> tick) override {
     return host_.StartTimer(interval, std::move(tick));
   }

@@ -11,7 +11,7 @@
 #include "qt/looks/bar_painting.h"
 #include "qt/looks/skin.h"
 #include "qt/text.h"
-#include "windows/display.h"
+#include "windows/form.h"
 
 namespace tessera {
 

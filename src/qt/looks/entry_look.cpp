@@ -10,7 +10,7 @@
 #include "qt/colour.h"
 #include "qt/looks/skin.h"
 #include "qt/text.h"
-#include "windows/display.h"
+#include "windows/form.h"
 
 namespace tessera {
 

@@ -7,7 +7,7 @@
 #include "qt/fonts.h"
 #include "qt/key_codes.h"
 #include "qt/text.h"
-#include "windows/display.h"
+#include "windows/form.h"
 
 namespace tessera {
 
@@ -32,7 +32,7 @@ QRect RectOf(const ControlPlace& place) {
 }  // namespace
 
 LookView::LookView(std::unique_ptr<LookBody> body, Control& control, QWidget& window, LogicEntry& entry)
-    : body_(body.release()), control_(control), window_(window), logic_(control, entry), entry_(entry) {
+    : ControlView(control), body_(body.release()), window_(window), logic_(control, entry), entry_(entry) {
   QWidget& widget = Widget();
   widget.hide();
   widget.setParent(&window);
@@ -41,7 +41,7 @@ LookView::LookView(std::unique_ptr<LookBody> body, Control& control, QWidget& wi
   widget.setAttribute(Qt::WA_InputMethodEnabled, control.TakesFocus());
   widget.setAttribute(Qt::WA_NoMousePropagation);
   widget.installEventFilter(this);
-  Follow();
+  FollowAll();
 }
 
 // The widget may be in the middle of an event that it told the logic of.
@@ -56,21 +56,27 @@ LookView::~LookView() {
   }
 }
 
-void LookView::Follow() {
+// What a kind of control has of its own changes with every key; the rest seldom.
+void LookView::Follow(ControlProperty changed) {
+  if (changed != ControlProperty::Content) return FollowAll();
+  body_->FollowControl();
+}
+
+void LookView::FollowAll() {
   QWidget& widget = Widget();
   QWidget* parent = &window_;
-  if (Control* picture = control_.Parent()) {
+  if (Control* picture = control().Parent()) {
     if (auto* view = dynamic_cast<LookView*>(picture->View())) parent = &view->Widget();
   }
   if (widget.parentWidget() != parent) widget.setParent(parent);
-  widget.setObjectName(ToQString(control_.Name()));
-  widget.setAccessibleName(ToQString(control_.Name()));
-  widget.setToolTip(ToQString(control_.ToolTipText()));
-  widget.setFont(ToQFont(control_.Font()));
-  widget.setEnabled(control_.Enabled());
-  widget.setGeometry(RectOf(control_.Place()));
+  widget.setObjectName(ToQString(control().Name()));
+  widget.setAccessibleName(ToQString(control().Name()));
+  widget.setToolTip(ToQString(control().ToolTipText()));
+  widget.setFont(ToQFont(control().Font()));
+  widget.setEnabled(control().Enabled());
+  widget.setGeometry(RectOf(control().Place()));
   body_->FollowControl();
-  widget.setVisible(control_.Visible());
+  widget.setVisible(control().Visible());
 }
 
 void LookView::TakeFocus() {

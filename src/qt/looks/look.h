@@ -52,12 +52,10 @@ class LookView final : public QObject, public ControlView {
  public:
   LookView(std::unique_ptr<LookBody> body, Control& control, QWidget& window, LogicEntry& entry);
   ~LookView() override;
-  LookView(const LookView&) = delete;
-  LookView& operator=(const LookView&) = delete;
 
   QWidget& Widget() { return body_->Widget(); }
 
-  void Follow() override;
+  void Follow(ControlProperty changed) override;
   void TakeFocus() override;
 
  protected:
@@ -66,8 +64,9 @@ class LookView final : public QObject, public ControlView {
  private:
   void TakeKey(const QKeyEvent& event);
 
+  void FollowAll();
+
   LookBody* body_;
-  Control& control_;
   QWidget& window_;
   LookEntry logic_;
   LogicEntry& entry_;
