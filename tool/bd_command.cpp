@@ -7,6 +7,7 @@
 #include "platform/failure.h"
 #include "platform/file_system.h"
 #include "platform/system_clock.h"
+#include "platform/system_files.h"
 #include "recorddb/header_lock.h"
 #include "recorddb/tsa_repair.h"
 #include "text/code_page.h"
@@ -79,9 +80,9 @@ void PrintBroken(const TsaFindings& findings) {
 }
 
 // A name beside the file that nothing has.
-std::string FreeCopyName(const std::string& path) {
+std::string FreeCopyName(FileStore& files, const std::string& path) {
   std::string copy = path + ".copia";
-  for (int number = 2; IsFile(copy); ++number) copy = path + ".copia" + std::to_string(number);
+  for (int number = 2; IsFile(files, copy); ++number) copy = path + ".copia" + std::to_string(number);
   return copy;
 }
 
@@ -90,7 +91,8 @@ std::string FreeCopyName(const std::string& path) {
 std::variant<std::unique_ptr<BinaryFile>, std::string> OpenRawFile(const std::string& path) {
   if (access(path.c_str(), F_OK) != 0) return path + ": arquivo não encontrado";
   std::unique_ptr<BinaryFile> file;
-  if (const auto failure = Guard([&] { file = BinaryFile::Open(path); })) {
+  SystemFiles files;
+  if (const auto failure = Guard([&] { file = BinaryFile::Open(files, path); })) {
     return path + ": não pode ser aberto: " + ToUtf8(failure->description());
   }
   return file;
@@ -167,12 +169,13 @@ int BdRepairSubcommand(const std::string& path) {
   const TsaHeader& header = std::get<BdFile>(opened).header;
   SeededRandom random(std::random_device{}());
   std::string copy;
+  SystemFiles files;
   TsaFindings findings;
   const auto failure = Guard([&] {
     findings = ExamineTsa(file, header);
     if (!findings.NeedsRepair()) return;
-    copy = FreeCopyName(path);
-    CopyFile(path, copy);
+    copy = FreeCopyName(files, path);
+    CopyFile(files, path, copy);
     RepairTsa(file, header, findings, random);
   });
   if (failure) return Refuse(path + ": não pode ser consertado: " + ToUtf8(failure->description()));

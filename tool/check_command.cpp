@@ -54,8 +54,9 @@ int CheckSubcommand(const std::string& program) {
   const Prepared& prepared = std::get<Prepared>(result);
   const std::string_view text = prepared.program.ProgramText->text();
   std::vector<PlacedProblem> problems = ReportBlocks(text);
-  for (const std::string& message : prepared.routineMessages) {
-    problems.push_back(PlaceRoutineMessage(text, message));
+  const std::vector<Position>& places = prepared.program.routines.toldPlaces;
+  for (std::size_t i = 0; i < places.size(); ++i) {
+    problems.push_back(PlaceMessage(text, prepared.routineMessages[i], places[i]));
   }
   for (const PlacedProblem& problem : problems) PrintProblem(prepared.loaded, problem);
   return problems.empty() ? kDone : kRefused;

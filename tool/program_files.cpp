@@ -1,6 +1,4 @@
 #include "tool/program_files.h"
-#include "platform/system_reason.h"
-#include "platform/whole_file.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -8,6 +6,8 @@
 #include <optional>
 #include <vector>
 
+#include "platform/system_reason.h"
+#include "platform/whole_file.h"
 #include "text/code_page.h"
 #include "text/one_based.h"
 #include "tool/source_text.h"

@@ -50,11 +50,11 @@ FileAlias* FileCommands::FindAlias(std::string_view command, const std::string& 
 int FileCommands::Open(const std::string& path, std::string_view mode) {
   const int number = run_.fileNumbers.Free();
   if (mode == kModeBinary) {
-    run_.fileNumbers.Put(number, BinaryFile::Open(path));
+    run_.fileNumbers.Put(number, BinaryFile::Open(run_.host.files, path));
   } else if (mode == kModeRead) {
-    run_.fileNumbers.Put(number, TextReader::Open(path));
+    run_.fileNumbers.Put(number, TextReader::Open(run_.host.files, path));
   } else if (mode == kModeWrite) {
-    run_.fileNumbers.Put(number, TextWriter::Open(path));
+    run_.fileNumbers.Put(number, TextWriter::Open(run_.host.files, path));
   } else {
     return 0;
   }
@@ -143,7 +143,8 @@ Value FileCommands::Diretorio(const WordCall& call) {
     while (name > 0 && !IsPathSeparator(path[name - 1])) --name;
     // A pattern without a folder means the program's, one without a name every file.
     const std::string folder = name == 0 ? "." : path.substr(0, name);
-    found_ = FilesThatFit(run_.paths.SystemPath(folder), name == path.size() ? "*" : path.substr(name));
+    found_ = FilesThatFit(run_.host.files, run_.paths.SystemPath(folder),
+                          name == path.size() ? "*" : path.substr(name));
     nextFound_ = 0;
     searching_ = true;
   } else if (!searching_) {
@@ -178,7 +179,7 @@ void FileCommands::CloseAll() {
   for (FileAlias& entry : table_) run_.fileNumbers.Close(std::exchange(entry, {}).number);
 }
 
-FileCommands::FileCommands(CommandTable& table, Run& run) : run_(run) {
+FileCommands::FileCommands(CommandTable& table, Run& run) : run_(run), sideFile_(run.host.files) {
   constexpr MemberRow<FileCommands> kRows[] = {
       {"AbreArquivo", &FileCommands::AbreArquivo},
       {"FechaArquivo", &FileCommands::FechaArquivo},

@@ -21,7 +21,7 @@ Value ProcureArquivo(const WordCall& call) {
     std::string folder = arguments.Number("pasta").ToText();
     const std::string name = arguments.Number("nome").ToText();
     if (folder.empty() || name.empty()) return;
-    const auto path = FindInTree(call.run.paths.SystemPath(folder), name);
+    const auto path = FindInTree(call.run.host.files, call.run.paths.SystemPath(folder), name);
     if (!path) return;
     if (!IsPathSeparator(folder.back())) folder += '\\';
     found = folder + *path;
@@ -32,7 +32,7 @@ Value ProcureArquivo(const WordCall& call) {
 Value RemoveArquivo(const WordCall& call) {
   const std::string path = ResolveFile(call.run, Arguments(call).Text("arquivo"));
   // A file that stays is no failure; the path tells what was meant.
-  Guard([&] { RemoveFile(call.run.paths.SystemPath(path)); });
+  Guard([&] { RemoveFile(call.run.host.files, call.run.paths.SystemPath(path)); });
   return Quote(path);
 }
 
@@ -43,16 +43,17 @@ Value Copia(const WordCall& call) {
   call.run.fileNumbers.FlushAll();
   const auto failure = Guard([&] {
     const std::string source = call.run.paths.SystemPath(arguments.Number("origem").ToText());
-    CopyFile(source, call.run.paths.SystemPath(arguments.Number("destino").ToText()));
+    CopyFile(call.run.host.files, source, call.run.paths.SystemPath(arguments.Number("destino").ToText()));
   });
   return failure ? Quote("Erro " + std::to_string(failure->number())) : Value();
 }
 
 // Does something with the folder of the only argument; a failure answers with its description.
-template <void (*Change)(const std::string& path)>
+template <void (*Change)(FileStore& files, const std::string& path)>
 Value OnFolder(const WordCall& call) {
   const Arguments arguments(call);
-  const auto failure = Guard([&] { Change(call.run.paths.SystemPath(arguments.Text("pasta"))); });
+  const auto failure =
+      Guard([&] { Change(call.run.host.files, call.run.paths.SystemPath(arguments.Text("pasta"))); });
   return failure ? Quote(failure->description()) : Value();
 }
 
@@ -63,7 +64,7 @@ Value InsereArquivo(const WordCall& call) {
   const std::string source = call.run.paths.SystemPath(ResolveFile(call.run, arguments.Text("origem")));
   const std::string package = arguments.Text("pacote");
   call.run.fileNumbers.FlushAll();
-  if (!InsertIntoPackage(name, source, call.run.paths.SystemPath(package))) {
+  if (!InsertIntoPackage(call.run.host.files, name, source, call.run.paths.SystemPath(package))) {
     ShowCritical(call.run, std::string("InsereArquivo - Pacote cheio, cabem 300 arquivos: "_w)
                                .append(package)
                                .append(kCrLf)
@@ -77,7 +78,8 @@ Value ExtraiArquivo(const WordCall& call) {
   const Arguments arguments(call);
   const std::string name = arguments.Text("nome");
   const std::string target = call.run.paths.SystemPath(arguments.Text("destino"));
-  if (!ExtractFromPackage(name, target, call.run.paths.SystemPath(arguments.Text("pacote")))) {
+  if (!ExtractFromPackage(call.run.host.files, name, target,
+                          call.run.paths.SystemPath(arguments.Text("pacote")))) {
     ShowCritical(call.run, "Arquivo não encontrado!"_w);
   }
   return {};

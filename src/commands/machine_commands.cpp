@@ -125,7 +125,7 @@ int MachineCommands::Start(const std::string& line, std::string_view form) {
 std::string MachineCommands::ProgramPath(const std::string& word) const {
   const bool isPath = CharAt(word, 2) == ':' || std::any_of(word.begin(), word.end(), IsPathSeparator);
   const std::string path = run_.paths.SystemPath(isPath ? word : run_.ProgramFolderText + word);
-  return isPath || IsFile(path) ? path : ToUtf8(word);
+  return isPath || IsFile(run_.host.files, path) ? path : ToUtf8(word);
 }
 
 Value MachineCommands::LePorta(const WordCall& call) {

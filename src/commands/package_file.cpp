@@ -91,17 +91,18 @@ void CopyBytes(const BinaryFile& source, std::uint64_t position, std::uint64_t s
 }
 
 // An opening that makes no file.
-std::unique_ptr<BinaryFile> OpenExisting(const std::string& path) {
-  if (!IsFile(path)) FailOpening(path, ENOENT);
-  return BinaryFile::Open(path);
+std::unique_ptr<BinaryFile> OpenExisting(FileStore& files, const std::string& path) {
+  if (!IsFile(files, path)) FailOpening(files, path, ENOENT);
+  return BinaryFile::Open(files, path);
 }
 
 }  // namespace
 
-bool InsertIntoPackage(std::string_view name, const std::string& source, const std::string& package) {
-  const auto from = OpenExisting(source);
-  const bool isNew = !IsFile(package);
-  const auto to = BinaryFile::Open(package);
+bool InsertIntoPackage(FileStore& files, std::string_view name, const std::string& source,
+                       const std::string& package) {
+  const auto from = OpenExisting(files, source);
+  const bool isNew = !IsFile(files, package);
+  const auto to = BinaryFile::Open(files, package);
   Directory directory = isNew ? Directory() : Directory(*to);
 
   // The last file that the directory tells of.
@@ -122,19 +123,20 @@ bool InsertIntoPackage(std::string_view name, const std::string& source, const s
   return true;
 }
 
-bool ExtractFromPackage(std::string_view name, const std::string& target, const std::string& package) {
-  RemoveFile(target);
-  if (!IsFile(package)) return false;
-  const auto from = BinaryFile::Open(package);
+bool ExtractFromPackage(FileStore& files, std::string_view name, const std::string& target,
+                        const std::string& package) {
+  RemoveFile(files, target);
+  if (!IsFile(files, package)) return false;
+  const auto from = BinaryFile::Open(files, package);
   const Directory directory(*from);
   const std::string sought = Upper(name);
   for (std::size_t row = 0; row < kPackageFiles; ++row) {
     if (Upper(Trim(directory.NameAt(row))) != sought) continue;
     const Record record = directory.At(row);
-    const auto to = BinaryFile::Open(target);
+    const auto to = BinaryFile::Open(files, target);
     const auto failure = Guard([&] { CopyBytes(*from, record.position, record.size, *to, 1); });
     if (!failure) return true;
-    RemoveFile(target);
+    RemoveFile(files, target);
     throw RunFailure(*failure);
   }
   return false;

@@ -17,7 +17,7 @@ std::string ResolveFile(const Run& run, std::string_view path) {
     full.insert(0, run.ProgramFolderText);
   }
   bool exists = false;
-  Guard([&] { exists = IsFile(run.paths.SystemPath(full)); });
+  Guard([&] { exists = IsFile(run.host.files, run.paths.SystemPath(full)); });
   return exists ? full : std::string();
 }
 

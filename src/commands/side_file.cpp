@@ -19,9 +19,9 @@ std::string Scrambled(std::string_view text) {
   return out;
 }
 
-std::string ReadWhole(const std::string& path) {
-  if (!IsFile(path)) return {};
-  const auto file = BinaryFile::Open(path);
+std::string ReadWhole(FileStore& files, const std::string& path) {
+  if (!IsFile(files, path)) return {};
+  const auto file = BinaryFile::Open(files, path);
   return file->Read(1, static_cast<std::size_t>(file->Size()));
 }
 
@@ -44,13 +44,13 @@ Place FindValue(std::string_view text, std::string_view scrambledKey) {
 }  // namespace
 
 std::string SideFile::LeString(const std::string& path, std::string_view key) {
-  if (text_.empty()) text_ = ReadWhole(path);
+  if (text_.empty()) text_ = ReadWhole(files_, path);
   const Place place = FindValue(text_, Scrambled(key));
   return place.begin == 0 ? "" : Scrambled(Mid(text_, place.begin, place.end - place.begin));
 }
 
 void SideFile::SalvaString(const std::string& path, std::string_view key, std::string_view value) {
-  std::string text = ReadWhole(path);
+  std::string text = ReadWhole(files_, path);
   const std::string scrambledKey = Scrambled(key);
   const std::string ending = Scrambled(value).append(kEndMark);
   const Place place = FindValue(text, scrambledKey);
@@ -62,7 +62,7 @@ void SideFile::SalvaString(const std::string& path, std::string_view key, std::s
   }
   // KEPT: the file is not cut: behind a shorter text the old one's tail stays
   // (SideFile.AShorterTextLeavesTheOldTail).
-  BinaryFile::Open(path)->Write(1, text);
+  BinaryFile::Open(files_, path)->Write(1, text);
   text_ = std::move(text);
 }
 

@@ -6,10 +6,12 @@
 
 namespace tessera {
 
+class FileStore;
+
 class SideFile {
  public:
-  // Nothing is read before the first use.
-  SideFile() = default;
+  // Nothing is read before the first use. The file store outlives the object.
+  explicit SideFile(FileStore& files) : files_(files) {}
 
   // The text of a key, empty for a key that is not there. The file (the system's path) is read while nothing
   // is known of it; a missing or damaged file is read as far as it goes.
@@ -20,6 +22,7 @@ class SideFile {
   void SalvaString(const std::string& path, std::string_view key, std::string_view value);
 
  private:
+  FileStore& files_;
   std::string text_;
 };
 

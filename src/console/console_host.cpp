@@ -83,7 +83,6 @@ class ConsoleForm final : public Form {
       : Form(events, place), host_(host) {}
   ~ConsoleForm() override { UnloadControls(); }
 
-  void Print(std::string_view text) override { host_.WriteLine(text); }
   TextSize MeasureText(std::string_view text, const FontFace& font) const override {
     return MeasureLetters(text, font);
   }
@@ -93,6 +92,7 @@ class ConsoleForm final : public Form {
   }
 
  protected:
+  void ShowPrinted(std::string_view text, const TextMask&) override { host_.WriteLine(text); }
   void ServeModal() override {
     while (Visible()) {
       host_.Dispatch();

@@ -20,6 +20,7 @@
 #include "platform/host.h"
 #include "platform/process_end.h"
 #include "platform/system_clock.h"
+#include "platform/system_files.h"
 #include "windows/display.h"
 
 namespace tessera {
@@ -50,7 +51,7 @@ class ConsoleHost final : public Display, public Dialogs, public EventDispatch, 
   ~ConsoleHost() override;
 
   // What a `Run` is made with.
-  Host host() { return {*this, *this, clock_, random_}; }
+  Host host() { return {*this, *this, clock_, random_, files_}; }
 
   std::unique_ptr<Form> NewMainForm(const Placement& place, FormEvents& events,
                                     const WindowDirectory& windows) override;
@@ -113,6 +114,7 @@ class ConsoleHost final : public Display, public Dialogs, public EventDispatch, 
   PostedActs posted_;
   SystemClock clock_;
   SeededRandom random_;
+  SystemFiles files_;
   const std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
   std::chrono::steady_clock::time_point caughtUp_ = start_;
   ConsoleForm* mainForm_ = nullptr;

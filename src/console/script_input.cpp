@@ -32,11 +32,11 @@ std::optional<std::string> ScriptInput::NextEventLine() {
 }
 
 bool ScriptInput::LineWithin(std::optional<std::chrono::milliseconds> time, int wake) const {
-  std::array watched = {pollfd{.fd = *descriptor_, .events = POLLIN, .revents = 0},
-                        pollfd{.fd = wake, .events = POLLIN, .revents = 0},
-                        pollfd{.fd = termination::Descriptor(), .events = POLLIN, .revents = 0}};
-  poll(watched.data(), watched.size(), time ? static_cast<int>(time->count()) : -1);
-  return watched.front().revents != 0;
+  std::array<pollfd, 3> waits = {pollfd{.fd = *descriptor_, .events = POLLIN, .revents = 0},
+                                 pollfd{.fd = termination::Descriptor(), .events = POLLIN, .revents = 0},
+                                 pollfd{.fd = wake, .events = POLLIN, .revents = 0}};
+  poll(waits.data(), waits.size(), time ? static_cast<int>(time->count()) : -1);
+  return waits[0].revents != 0 || waits[1].revents != 0;
 }
 
 bool ScriptInput::AwaitInput() const {

@@ -23,8 +23,8 @@ class ScriptInput {
   // The next line that is an event: blank lines and remarks are passed over.
   std::optional<std::string> NextEventLine();
 
-  // True when the terminal has a line, or its end, within that time; no time is for ever. `wake` is a
-  // descriptor that ends the waiting as soon as it can be read.
+  // True when the terminal has a line or its end, or the system ends the process, within that time; no time
+  // is for ever. `wake` is a descriptor that ends the waiting as soon as it can be read.
   bool LineWithin(std::optional<std::chrono::milliseconds> time, int wake) const;
 
   // Number of the line taken last, from 1.

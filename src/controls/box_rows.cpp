@@ -20,6 +20,7 @@ BoxRows::BoxRows() {
 }
 
 void BoxRows::Config(const CellAttributes& defaults, std::int32_t corLetraSel, std::int32_t corFundoSel) {
+  ForgetColumns();
   columns_.clear();
   defaults_ = defaults;
   corLetraSel_ = corLetraSel;
@@ -37,8 +38,9 @@ bool BoxRows::Titulo(std::string_view text, int larg, Align align, bool numeric)
   if (TotalColunas() == kMaxColumns) return false;
   columns_.push_back({std::string(text), std::clamp(larg, 0, kMaxLarg), align, numeric});
   ReshapeMatrix(columns_.size(), matrix_.HasAttributes());
-  totalLinhas_ = 0;  // the page is laid out anew by Ativa
+  totalLinhas_ = std::min(totalLinhas_, MostRows());
   ClearBox();
+  PaintFrom(linIniVet_);
   return true;
 }
 
@@ -64,12 +66,14 @@ void BoxRows::Refresh() {
 }
 
 void BoxRows::Clear() {
+  ForgetRows();
   ForgetValues();
   ClearVet(true);
   ClearBox();
 }
 
 void BoxRows::ClearVet(bool keepAttributes) {
+  ForgetRows();
   matrix_ = BoxMatrix(columns_.size(), keepAttributes && matrix_.HasAttributes());
   matrix_.AppendRow();
   colVet_ = 0;
@@ -112,6 +116,7 @@ bool BoxRows::SelBox(int visibleRow) {
 }
 
 void BoxRows::RemoveLinha(std::int32_t row) {
+  LeaveRows();
   if (row < 0 || row >= LinVet()) return;
   matrix_.RemoveRow(Index(row));
   std::erase_if(values_, [row](const Valor& value) { return value.row == row; });

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -47,7 +48,8 @@ class BoxRows {
   void Config(const CellAttributes& defaults, std::int32_t corLetraSel, std::int32_t corFundoSel);
   // What cells take that are blank, or added without attributes, from now on.
   void SetDefaults(const CellAttributes& defaults);
-  // False beyond the 50th column. A width outside 0 to kMaxLarg is clipped.
+  // False beyond the 50th column. A width outside 0 to kMaxLarg is clipped. A page that shows keeps its rows,
+  // as far as their cells have room.
   bool Titulo(std::string_view text, int larg, Align align, bool numeric);
 
   // The next cell of the row under construction. A fore or back of -1, an empty font and size 0 take the
@@ -88,6 +90,8 @@ class BoxRows {
   std::int32_t LinIniVet() const { return linIniVet_; }
   int LinBoxRef() const { return linBoxRef_; }
   std::int32_t LinVetRef() const { return linIniVet_ + linBoxRef_; }
+  // Whether a row is selected: the cursor's.
+  bool HasCursor() const { return hasCursor_; }
   const std::vector<Column>& Columns() const { return columns_; }
   // What a cell without attributes of its own has; the titles have its font.
   const CellAttributes& Defaults() const { return defaults_; }
@@ -117,8 +121,15 @@ class BoxRows {
   BoxRows();
   virtual ~BoxRows() = default;
 
+  // The most rows that a page of these columns can show.
+  virtual int MostRows() const { return std::numeric_limits<int>::max(); }
   // Shows a row of the page anew, from its row of the matrix; a row behind the last one is blank.
   virtual void PaintRow(int /*visibleRow*/) {}
+  // All rows go, or all columns with them: what a heir keeps of them goes too.
+  virtual void ForgetRows() {}
+  virtual void ForgetColumns() {}
+  // A row will go, and others take its place.
+  virtual void LeaveRows() {}
 
   // The page begins anew, with so many rows and an empty value vector.
   void BeginPage(int totalLinhas);
@@ -133,7 +144,6 @@ class BoxRows {
   BoxMatrix& Matrix() { return matrix_; }
   const BoxMatrix& Matrix() const { return matrix_; }
   bool InMatrix(std::int32_t row, std::int32_t column) const;
-  bool HasCursor() const { return hasCursor_; }
   bool IsCursor(int visibleRow) const { return hasCursor_ && visibleRow == linBoxRef_; }
   CellAttributes WithDefaults(CellAttributes attributes) const;
   std::int32_t CorLetraSel() const { return corLetraSel_; }

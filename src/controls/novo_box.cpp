@@ -24,12 +24,6 @@ std::size_t Index(std::int32_t number) {
 NovoBox::NovoBox(Size size, Heights heights, Measure measure)
     : size_(size), heights_(heights), measure_(std::move(measure)) {}
 
-void NovoBox::Config(const CellAttributes& defaults, std::int32_t corLetraSel, std::int32_t corFundoSel) {
-  editing_.reset();
-  sortColumn_.reset();
-  BoxRows::Config(defaults, corLetraSel, corFundoSel);
-}
-
 void NovoBox::AtivaAtributos(bool on) {
   ReshapeMatrix(Matrix().Columns(), on);
 }
@@ -57,23 +51,8 @@ void NovoBox::Ativa(bool fixedHeight) {
   barraHorizontal_.SetValue(0);
 }
 
-void NovoBox::Clear() {
-  editing_.reset();
-  BoxRows::Clear();
-}
-
 void NovoBox::ClearBox() {
   pool_.assign(Index(TotalCelulas()), {"", Defaults()});
-}
-
-void NovoBox::ClearVet(bool keepAttributes) {
-  editing_.reset();
-  BoxRows::ClearVet(keepAttributes);
-}
-
-void NovoBox::RemoveLinha(std::int32_t row) {
-  EndEdit();
-  BoxRows::RemoveLinha(row);
 }
 
 void NovoBox::LinhaAtributo(std::int32_t row, const CellAttributes& attributes) {

@@ -57,7 +57,6 @@ class NovoBox : public BoxRows {
   // The next page is built for that size.
   void SetSize(Size size) { size_ = size; }
 
-  void Config(const CellAttributes& defaults, std::int32_t corLetraSel, std::int32_t corFundoSel);
   // Whether each cell keeps attributes of its own; what the rows hold keeps its texts.
   void AtivaAtributos(bool on);
   bool ComAtributos() const { return Matrix().HasAttributes(); }
@@ -66,10 +65,7 @@ class NovoBox : public BoxRows {
   void Ativa(bool fixedHeight);
   void ListaVetStr(std::int32_t firstRow) { PaintFrom(firstRow); }
   void AtualizaBox() { PaintFrom(LinIniVet()); }
-  void Clear();
   void ClearBox() override;
-  void ClearVet(bool keepAttributes);
-  void RemoveLinha(std::int32_t row);
   void LinhaAtributo(std::int32_t row, const CellAttributes& attributes);
   // Releases the grid: the pointer, the cell being edited and the focus.
   void Desativa();
@@ -141,6 +137,10 @@ class NovoBox : public BoxRows {
 
  private:
   void PaintRow(int visibleRow) override;
+  int MostRows() const override { return kMaxCells / TotalColunas(); }
+  void ForgetRows() override { editing_.reset(); }
+  void ForgetColumns() override { sortColumn_.reset(); }
+  void LeaveRows() override { EndEdit(); }
   bool InPool(int visibleRow, int column) const;
   bool EditKey(int code, bool shift);
 

@@ -136,7 +136,7 @@ bool RichText::Paste(std::string_view text) {
   return Replace(inner);
 }
 
-bool RichText::KeyDown(int code, bool shift, bool ctrl) {
+bool RichText::KeyDown(int code, bool shift, bool ctrl, const TextLayout* layout) {
   if (!enabled_) return false;
   switch (code) {
     case key::kEnter:
@@ -148,7 +148,7 @@ bool RichText::KeyDown(int code, bool shift, bool ctrl) {
     default:
       break;
   }
-  const auto place = Moved(code, shift, ctrl);
+  const auto place = Moved(code, shift, ctrl, layout);
   if (!place) return false;
   const std::optional<std::size_t> column = column_;
   Select(shift ? anchor_ : *place, *place);
@@ -180,9 +180,10 @@ bool RichText::Remove(std::size_t first, std::size_t last) {
 }
 
 // Where a key takes the caret; nothing for a key that does not move it.
-std::optional<std::size_t> RichText::Moved(int code, bool shift, bool ctrl) {
+std::optional<std::size_t> RichText::Moved(int code, bool shift, bool ctrl, const TextLayout* layout) {
   const std::size_t size = content_.Text().size();
   const bool collapse = !shift && anchor_ != caret_;
+  const int page = layout == nullptr ? 1 : layout->PageLines();
   switch (code) {
     case key::kLeft:
       return collapse ? First() : caret_ - (caret_ > 0);
@@ -193,20 +194,20 @@ std::optional<std::size_t> RichText::Moved(int code, bool shift, bool ctrl) {
     case key::kEnd:
       return ctrl ? size : LineEnd(caret_);
     case key::kUp:
-      return ByLines(-1);
+      return ByLines(-1, layout);
     case key::kDown:
-      return ByLines(1);
+      return ByLines(1, layout);
     case key::kPageUp:
-      return ByLines(-pageLines_);
+      return ByLines(-page, layout);
     case key::kPageDown:
-      return ByLines(pageLines_);
+      return ByLines(page, layout);
     default:
       return std::nullopt;
   }
 }
 
-std::size_t RichText::ByLines(int lines) {
-  if (MoveByLines) return MoveByLines(caret_, lines);
+std::size_t RichText::ByLines(int lines, const TextLayout* layout) {
+  if (layout != nullptr) return layout->MovedByLines(caret_, lines);
   std::size_t start = LineStart(caret_);
   if (!column_) column_ = caret_ - start;
   for (; lines < 0 && start > 0; ++lines) start = LineStart(start - 1);

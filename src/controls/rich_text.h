@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -13,6 +12,16 @@
 #include "controls/styled_text.h"
 
 namespace tessera {
+
+// How a host folds a text into lines.
+class TextLayout {
+ public:
+  virtual ~TextLayout() = default;
+  // Where the caret gets by so many lines down, or up if negative.
+  virtual std::size_t MovedByLines(std::size_t caret, int lines) const = 0;
+  // Lines that Page Up and Page Down move by.
+  virtual int PageLines() const = 0;
+};
 
 class RichText {
  public:
@@ -57,28 +66,23 @@ class RichText {
   std::size_t Anchor() const { return anchor_; }
   void Select(std::size_t anchor, std::size_t caret);
   void SelectAll() { Select(0, content_.Text().size()); }
-  // Where the caret gets by so many lines down, or up if negative: the host's, which knows how lines are
-  // folded and how wide their characters are. Without it lines end at their breaks, and characters are of one
-  // width.
-  std::function<std::size_t(std::size_t caret, int lines)> MoveByLines;
-  // Lines that Page Up and Page Down move by.
-  void SetPageLines(int lines) { pageLines_ = lines; }
 
   // A typed character; pasted text. In a text of one line, that ends at its first break. Each answers whether
   // the text changed, told as the change event.
   bool KeyPress(char character);
   bool Paste(std::string_view text);
   // Arrows, Home, End, Page Up, Page Down, Enter, Backspace, Delete; with `shift` the selection grows, with
-  // `ctrl` Home and End go to the text's ends. The answer is that of KeyPress.
-  bool KeyDown(int code, bool shift, bool ctrl = false);
+  // `ctrl` Home and End go to the text's ends. Up and Down go by the host's layout; without one lines end at
+  // their breaks, characters are of one width and a page is a line. The answer is that of KeyPress.
+  bool KeyDown(int code, bool shift, bool ctrl = false, const TextLayout* layout = nullptr);
 
  private:
   std::size_t First() const { return std::min(anchor_, caret_); }
   std::size_t Last() const { return std::max(anchor_, caret_); }
   bool Replace(std::string_view text);
   bool Remove(std::size_t first, std::size_t last);
-  std::optional<std::size_t> Moved(int code, bool shift, bool ctrl);
-  std::size_t ByLines(int lines);
+  std::optional<std::size_t> Moved(int code, bool shift, bool ctrl, const TextLayout* layout);
+  std::size_t ByLines(int lines, const TextLayout* layout);
   std::size_t LineStart(std::size_t place) const;
   std::size_t LineEnd(std::size_t place) const;
 
@@ -92,7 +96,6 @@ class RichText {
   bool enabled_ = true;
   std::size_t maxLength_ = 0;
   int rightMargin_ = 0;
-  int pageLines_ = 1;
 };
 
 }  // namespace tessera

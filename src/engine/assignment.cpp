@@ -1,5 +1,7 @@
 #include "engine/assignment.h"
 
+#include <algorithm>
+
 #include "platform/failure.h"
 #include "text/one_based.h"
 #include "values/calls.h"
@@ -44,24 +46,30 @@ std::string JoinedTerm(Run& run, std::string_view term) {
   return {};
 }
 
-// FAST: `t = t & ...` of literals and variables alone, none of which can change anything, adds to the text
-// where it stands. False where the plain way has to be taken.
+// True for a term whose reading shows nothing and changes nothing: an element may have an index to show a box
+// for, each time that it is read or written.
+bool IsPlainTerm(Run& run, std::string_view term) {
+  return term.starts_with('"') || (!Contains(term, "(") && run.variables.VarFind(term) != -1);
+}
+
+// FAST: `t = t & ...` of literals and plain variables alone adds to the text where it stands. False where the
+// plain way has to be taken.
 bool AppendInPlace(Run& run, const RightSide& right, std::string_view name) {
   if (!EqualsIgnoringCase(right.joined.front(), name)) return false;
+  if (!std::all_of(right.joined.begin(), right.joined.end(),
+                   [&](std::string_view term) { return IsPlainTerm(run, term); }))
+    return false;
   std::string suffix;
-  for (std::size_t i = 1; i < right.joined.size(); ++i) {
-    const std::string_view term = right.joined[i];
-    if (!term.starts_with('"') && run.variables.VarFind(term) == -1) return false;
-    suffix += JoinedTerm(run, term);
-  }
+  for (std::size_t i = 1; i < right.joined.size(); ++i) suffix += JoinedTerm(run, right.joined[i]);
   return run.variables.AppendText(name, suffix);
 }
 
 // The values of all parts of a right side without " & ", one behind the other.
-Value JoinParts(Run& run, std::string_view text, bool numericTarget) {
+Value JoinParts(const Engine& engine, Run& run, std::string_view text, bool numericTarget) {
   constexpr std::size_t kPlaces = 11;
   const auto evaluate = [&](const std::string& part) {
-    return run.TextExpressionFlag ? EvalText(run, part, numericTarget) : EvalNumber(run, part, numericTarget);
+    return engine.TextExpressionFlag ? EvalText(run, part, numericTarget)
+                                     : EvalNumber(run, part, numericTarget);
   };
   const auto parts = SplitArguments(run, text, kPlaces, false, numericTarget);
   if (!parts[0].empty() && parts[1].empty()) return AsWritten(evaluate(parts[0]));
@@ -72,8 +80,9 @@ Value JoinParts(Run& run, std::string_view text, bool numericTarget) {
 
 }  // namespace
 
-void AssignStatement(Run& run, const RightSide& right, std::string_view name, bool numericTarget) {
-  run.TextExpressionFlag = right.isText;
+void AssignStatement(Engine& engine, Run& run, const RightSide& right, std::string_view name,
+                     bool numericTarget) {
+  engine.TextExpressionFlag = right.isText;
   if (right.readsSql) {
     if (auto value = ReadSqlField(run, right.text)) run.variables.VarWrite(name, *std::move(value), true);
     return;
@@ -86,7 +95,9 @@ void AssignStatement(Run& run, const RightSide& right, std::string_view name, bo
     return;
   }
   std::string text(right.text);
+  ReplacementLimit limit;
   while (const auto call = FindUserFunction(run, text)) {
+    limit.Count(text);
     if (text.ends_with(call->name + "()")) {
       run.variables.VarWrite(name, run.doors.CallFunction(call->name, {}), true);
       return;
@@ -94,8 +105,8 @@ void AssignStatement(Run& run, const RightSide& right, std::string_view name, bo
     ApplyUserFunction(run, text, *call);
   }
   ReplaceFunctions(run, text, numericTarget);
-  run.variables.VarWrite(name, JoinParts(run, text, numericTarget), true);
-  run.TextExpressionFlag = false;
+  run.variables.VarWrite(name, JoinParts(engine, run, text, numericTarget), true);
+  engine.TextExpressionFlag = false;
 }
 
 }  // namespace tessera

@@ -35,6 +35,12 @@ class Engine {
   // tick's number is called, in table order. A tick may come while another one's sub waits.
   void OnTickTimer();
 
+  // What statements leave for later ones. Tells that the right side of the running assignment is text.
+  bool TextExpressionFlag = false;
+  // Written by `Retorne`, read when a function ends, never cleared.
+  Value ReturnValue;
+  std::int32_t FunctionCallCounter = 0;
+
  private:
   class Routines;
 

@@ -22,28 +22,45 @@ struct Names {
   std::string local;
 };
 
-// One "name type" of a parameter list or of the locals' declaration.
-Names DeclareLocal(Run& run, std::string_view part, std::string_view function,
-                   std::vector<std::string>& locals) {
-  const std::size_t blank = part.find(' ');
-  if (blank == std::string_view::npos) FailArgument();
-  Names names{std::string(part.substr(0, blank)), {}};
-  names.local = std::string(function) + std::to_string(run.FunctionCallCounter) + names.written;
-  run.variables.VarCreateScalar(names.local, part.substr(blank + 1));
-  locals.push_back(names.local);
-  return names;
-}
+// The names that one call of a function declares. The counter is read at each, for a call among the arguments
+// moves it.
+class LocalNames {
+ public:
+  LocalNames(Run& run, std::string_view function, const std::int32_t& counter)
+      : run_(run), function_(function), counter_(counter) {}
+
+  // One "name type" of a parameter list or of the locals' declaration.
+  Names Declare(std::string_view part) {
+    const std::size_t blank = part.find(' ');
+    if (blank == std::string_view::npos) FailArgument();
+    Names names{std::string(part.substr(0, blank)), {}};
+    names.local = std::string(function_) + std::to_string(counter_) + names.written;
+    run_.variables.VarCreateScalar(names.local, part.substr(blank + 1));
+    declared_.push_back(names.local);
+    return names;
+  }
+
+  // OPEN: names that an inner call of the same function removed already are passed over without a box.
+  void Remove() {
+    for (const std::string& name : declared_) run_.variables.VarRemove(name, true);
+  }
+
+ private:
+  Run& run_;
+  std::string_view function_;
+  const std::int32_t& counter_;
+  std::vector<std::string> declared_;
+};
 
 // The names that a function's list declares, at most `kNames`.
-std::vector<Names> DeclareParameters(Run& run, std::string_view body, std::string_view function,
-                                     std::vector<std::string>& locals) {
+std::vector<Names> DeclareParameters(Run& run, std::string_view body, LocalNames& locals) {
   const Position open = Find(body, "(");
   const Position close = Find(body, ")");
   if (open == 0 || close < open) FailArgument();
   std::vector<Names> parameters;
   for (const std::string& part : SplitArguments(run, Mid(body, open + 1, close - open - 1), kNames)) {
     if (part.empty()) break;
-    parameters.push_back(DeclareLocal(run, part, function, locals));
+    parameters.push_back(locals.Declare(part));
   }
   return parameters;
 }
@@ -63,7 +80,7 @@ void PassArguments(Run& run, std::string& body, std::string_view arguments,
 // Only the first statement of a function declares locals; a later `Var` declares globals.
 // OPEN: the declaring word has to end in a blank, so that a first statement such as `Variante = 1` is no
 // declaration.
-void DeclareLocals(Run& run, std::string& body, std::string_view function, std::vector<std::string>& locals) {
+void DeclareLocals(Run& run, std::string& body, LocalNames& locals) {
   for (const std::string_view word : {"Variavel ", "Var "}) {
     if (Mid(body, kFirstStatementColumn, word.size()) != word) continue;
     const Position listColumn = kFirstStatementColumn + word.size();
@@ -71,7 +88,7 @@ void DeclareLocals(Run& run, std::string& body, std::string_view function, std::
     const std::string list(Mid(body, listColumn, lineEnd - listColumn));
     for (const std::string& part : SplitArguments(run, list, kNames)) {
       if (part.empty()) break;
-      const Names names = DeclareLocal(run, part, function, locals);
+      const Names names = locals.Declare(part);
       RenameInBody(body, names.written, names.local);
     }
     const Position next = Find(body, "&#", Find(body, kCrLf, kFirstStatementColumn));
@@ -113,17 +130,16 @@ Value Engine::RunFunction(std::string_view name, std::string_view arguments) {
     FailArgument();
   }
   std::string body(found);
-  std::vector<std::string> locals;
-  const std::vector<Names> parameters = DeclareParameters(run_, body, name, locals);
+  LocalNames locals(run_, name, FunctionCallCounter);
+  const std::vector<Names> parameters = DeclareParameters(run_, body, locals);
   // The first line goes, up to the LF of its end.
   body.erase(0, Find(body, kCrLf));
   PassArguments(run_, body, arguments, parameters);
-  DeclareLocals(run_, body, name, locals);
+  DeclareLocals(run_, body, locals);
   RunStatements(std::make_shared<const PreparedText>(std::move(body)), 0);
-  const Value result = run_.ReturnValue;
-  // OPEN: names that an inner call of the same function removed already are passed over without a box.
-  for (const std::string& local : locals) run_.variables.VarRemove(local, true);
-  ++run_.FunctionCallCounter;
+  const Value result = ReturnValue;
+  locals.Remove();
+  ++FunctionCallCounter;
   return result;
 }
 

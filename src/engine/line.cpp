@@ -48,7 +48,7 @@ std::optional<Bracket> ReadBracket(std::string_view text, std::string_view word,
   const Position open = at + word.size();
   const Position close = Find(text, "]", open);
   if (close == 0) return std::nullopt;
-  return Bracket{Mid(text, open + 1, close - open - 1), Mid(text, at + conditionOffset), std::nullopt};
+  return Bracket{Mid(text, open + 1, close - open - 1), Mid(text, at + conditionOffset), {}, {}};
 }
 
 std::unique_ptr<const Blocks> ReadBlocks(std::string_view text) {
@@ -182,9 +182,10 @@ Jump RunnableText::LoopStart(const Line& line) const {
   });
 }
 
-Jump RunnableText::BlockEnd(const Line& line, std::string_view depth) const {
-  return Remember(line.blocks->blockEnd,
-                  [&] { return Behind(line, text_->FindBracket("FimSe", depth, line.position)); });
+// A line may have a Se and a CasoContrario of two depths.
+Jump RunnableText::BlockEnd(const Line& line, const Bracket& bracket) const {
+  return Remember(bracket.blockEnd,
+                  [&] { return Behind(line, text_->FindBracket("FimSe", bracket.depth, line.position)); });
 }
 
 // Depths are not unique: a CasoContrario behind the block's own FimSe belongs to a later block.

@@ -32,13 +32,6 @@ enum class Road {
   Blocks,       // a bracket word, or none: the last road
 };
 
-// A bracket word in a line: its depth as written, and the text of the condition that it may carry.
-struct Bracket {
-  std::string_view depth;
-  std::string_view conditionText;
-  mutable std::optional<Condition> condition;  // cut at first use, since the cutting can fail
-};
-
 struct Line;
 
 // Where a search leads: `found` tells whether the sought word was there, `next` is the line to go on with,
@@ -46,6 +39,14 @@ struct Line;
 struct Jump {
   bool found = false;
   const Line* next = nullptr;
+};
+
+// A bracket word in a line: its depth as written, and the text of the condition that it may carry.
+struct Bracket {
+  std::string_view depth;
+  std::string_view conditionText;
+  mutable std::optional<Condition> condition;  // cut at first use, since the cutting can fail
+  mutable std::optional<Jump> blockEnd;        // behind the FimSe of this depth
 };
 
 // The bracket words of a line, and where their searches lead: filled at first use, each by the search that
@@ -56,7 +57,6 @@ struct Blocks {
 
   mutable std::optional<Jump> loopEnd;      // behind the Repita of an Enquanto
   mutable std::optional<Jump> loopStart;    // the Enquanto of a Repita
-  mutable std::optional<Jump> blockEnd;     // behind the FimSe of this depth
   mutable std::optional<Jump> alternative;  // behind the CasoContrario of a Se's own block
 };
 
@@ -117,7 +117,7 @@ class RunnableText {
   const Line* Next(const Line& line) const;
   Jump LoopEnd(const Line& line) const;
   Jump LoopStart(const Line& line) const;
-  Jump BlockEnd(const Line& line, std::string_view depth) const;
+  Jump BlockEnd(const Line& line, const Bracket& bracket) const;
   Jump Alternative(const Line& line) const;
   Jump Target(const Line& line) const;
 

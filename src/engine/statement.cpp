@@ -25,10 +25,10 @@ void ExecuteStatement(Engine& engine, Run& run, const Line& line) {
   } else if (opening.callsSub) {
     engine.CallSub(opening.word);
   } else if (opening.returns) {
-    run.ReturnValue = EvalNumber(run, opening.rest);
+    engine.ReturnValue = EvalNumber(run, opening.rest);
   } else if (run.variables.VarFind(opening.word) != -1) {
     if (!opening.right) opening.right = ReadRightSide(line.text);
-    AssignStatement(run, *opening.right, opening.word, run.variables.LastVarType() != kTypeString);
+    AssignStatement(engine, run, *opening.right, opening.word, run.variables.LastVarType() != kTypeString);
   } else if (opening.mayDispatch) {
     run.doors.CommandCall(opening.word, opening.rest);
   } else {

@@ -137,7 +137,7 @@ const Line* StatementLoop::BracketWords(const Line& line) {
     if (blocks.testsClick) run_.variables.VarWrite("CliqueMouse", "NAO"_w, true);
     if (holds) return text_.Next(line);
     if (const Jump alternative = text_.Alternative(line); alternative.found) return alternative.next;
-    if (const Jump end = text_.BlockEnd(line, blocks.se->depth); end.found) {
+    if (const Jump end = text_.BlockEnd(line, *blocks.se); end.found) {
       result = {};
       return end.next;
     }
@@ -146,7 +146,7 @@ const Line* StatementLoop::BracketWords(const Line& line) {
   if (blocks.casoContrario) {
     std::string_view& result = SeResult(blocks.casoContrario->depth);
     if (result == kFalse) return text_.Next(line);
-    if (const Jump end = text_.BlockEnd(line, blocks.casoContrario->depth); end.found) {
+    if (const Jump end = text_.BlockEnd(line, *blocks.casoContrario); end.found) {
       result = {};
       return end.next;
     }

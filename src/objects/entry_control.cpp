@@ -26,6 +26,10 @@ EntryControl::Line EntryControl::LineOf(const TextField& field) {
   return {field.Text(), field.Caret(), field.SelStart(), field.SelLength()};
 }
 
+void EntryControl::OnKeyUp(int, KeyShift) {
+  if (TellsKeyUp()) Events().OnChange(*this);
+}
+
 void EntryControl::Changed(bool textChanged) {
   Refresh();
   if (textChanged) Events().OnChange(*this);

@@ -31,8 +31,11 @@ class EntryControl : public Control {
   // Pastes the text in place of what is there.
   void ReplaceText(std::string_view text) override;
   void Click() override { Events().OnClick(*this); }
+  // What was typed is told once more, where the kind of entry does so.
+  void OnKeyUp(int keyCode, KeyShift shift) override;
 
  protected:
+  virtual bool TellsKeyUp() const { return false; }
   static Line LineOf(const TextField& field);
   static std::string_view FirstLine(std::string_view text);
   // Behind a key: shows what it did, and tells a change.

@@ -21,8 +21,9 @@ void ListEvents::Click(const Control& list, const BoxRows& rows) {
   VariableStore& variables = frame_.run().variables;
   // 1.
   Guard([&] { variables.VarWrite("IndiceRef", std::int32_t{list.Index()}, true); });
-  // 3. A row is selected: its cells. A title that came behind `.ATIVA` has no element.
-  if (rows.ListIndex() >= 0) {
+  // 3. A row is selected, with values in it or none: its cells. A title that came behind `.ATIVA` has no
+  // element.
+  if (rows.HasCursor()) {
     for (int column = 0; column < rows.TotalColunas(); ++column) {
       const std::string element = list.Name() + ".Txt(" + std::to_string(column) + ")";
       Guard([&] { variables.VarWrite(element, std::string(Trim(rows.Arg(column))), false); });

@@ -23,6 +23,7 @@ class MascaraControl final : public EntryControl {
   void OnKeyPress(char character) override;
 
  protected:
+  bool TellsKeyUp() const override { return true; }
   void EnabledChanged() override { field_.SetEnabled(Enabled()); }
 
  private:
@@ -37,6 +38,8 @@ class Mascara final : public ObjectFamily {
   void SetText(MascaraControl& entry, std::string_view text);
 
   void OnChange(Control& control) override;
+  // A click in a mask tells nothing.
+  void OnClick(Control& /*control*/) override {}
 
  protected:
   std::shared_ptr<Control> NewControl(Form& form, std::string_view array, int index) override;

@@ -23,6 +23,7 @@ class MoedaControl final : public EntryControl {
   void OnKeyPress(char character) override;
 
  protected:
+  bool TellsKeyUp() const override { return true; }
   void FocusGained() override { number_.GanhouFoco(); }
   void FocusLost() override { number_.PerdeuFoco(); }
   void EnabledChanged() override { number_.SetEnabled(Enabled()); }

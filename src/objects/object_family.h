@@ -18,7 +18,6 @@
 #include "values/run.h"
 #include "values/value.h"
 #include "windows/control.h"
-#include "windows/window_settings.h"
 
 namespace tessera {
 

@@ -162,12 +162,6 @@ void TextoControl::Paste(std::string_view text) {
   Changed(text_.Paste(text));
 }
 
-void TextoControl::TakeLayout(std::function<std::size_t(std::size_t caret, int lines)> moveByLines,
-                              int pageLines) {
-  text_.MoveByLines = std::move(moveByLines);
-  text_.SetPageLines(pageLines);
-}
-
 void TextoControl::ReplaceText(std::string_view text) {
   text_.SelectAll();
   OnKeyDown(key::kDelete, {});
@@ -175,7 +169,8 @@ void TextoControl::ReplaceText(std::string_view text) {
 }
 
 void TextoControl::OnKeyDown(int keyCode, KeyShift shift) {
-  Changed(text_.KeyDown(keyCode, shift.shift, shift.ctrl));
+  const TextLayout* layout = View() == nullptr ? nullptr : View()->Layout();
+  Changed(text_.KeyDown(keyCode, shift.shift, shift.ctrl, layout));
 }
 
 void TextoControl::OnKeyPress(char character) {

@@ -30,10 +30,9 @@ class TextoControl final : public Control {
   // "NUMERICO" for a text that takes numbers alone.
   void SetTag(std::string_view tag) { tag_ = tag; }
 
-  // The host's side: the caret's place by pointer, the clipboard, and how it folds lines.
+  // The host's side: the caret's place by pointer, and the clipboard.
   void PlaceCaret(std::size_t anchor, std::size_t caret);
   void Paste(std::string_view text);
-  void TakeLayout(std::function<std::size_t(std::size_t caret, int lines)> moveByLines, int pageLines);
 
   void Click() override { Events().OnClick(*this); }
   void DoubleClick() override { Events().OnDoubleClick(*this); }

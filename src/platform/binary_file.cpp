@@ -1,14 +1,9 @@
 #include "platform/binary_file.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cerrno>
 #include <limits>
 
-#include "platform/descriptor_io.h"
 #include "platform/failure.h"
 
 namespace tessera {
@@ -43,28 +38,25 @@ void FailSystem(int error) {
 
 namespace {
 
-constexpr mode_t kAnyone = 0666;
+constexpr auto kLastOffset = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
 
-Descriptor OpenOrFail(const std::string& path, int flags) {
-  Descriptor file(open(path.c_str(), flags | O_CLOEXEC, kAnyone));
-  if (!file.IsOpen()) FailSystem(errno);
-  return file;
+void Check(int error) {
+  if (error != 0) FailSystem(error);
 }
 
 }  // namespace
 
-std::unique_ptr<BinaryFile> BinaryFile::Open(const std::string& path) {
-  Descriptor file(open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, kAnyone));
-  if (!file.IsOpen() && (errno == EACCES || errno == EROFS))
-    return std::unique_ptr<BinaryFile>(new BinaryFile(OpenOrFail(path, O_RDONLY)));
+std::unique_ptr<BinaryFile> BinaryFile::Open(FileStore& files, const std::string& path) {
+  auto [file, error] = files.Open(path, OpenAs::Update);
   // A name in a folder that is not there: the path is missing, not the file.
-  if (!file.IsOpen() && errno == ENOENT) Fail(76);
-  if (!file.IsOpen()) FailSystem(errno);
+  Check(error == ENOENT ? ENOTDIR : error);
   return std::unique_ptr<BinaryFile>(new BinaryFile(std::move(file)));
 }
 
-std::unique_ptr<BinaryFile> BinaryFile::Create(const std::string& path) {
-  return std::unique_ptr<BinaryFile>(new BinaryFile(OpenOrFail(path, O_RDWR | O_CREAT | O_EXCL)));
+std::unique_ptr<BinaryFile> BinaryFile::Create(FileStore& files, const std::string& path) {
+  auto [file, error] = files.Open(path, OpenAs::New);
+  Check(error);
+  return std::unique_ptr<BinaryFile>(new BinaryFile(std::move(file)));
 }
 
 // A length that a program made up must not cost more memory than the file has bytes.
@@ -77,10 +69,9 @@ std::size_t BinaryFile::ReadableLength(std::uint64_t position, std::size_t lengt
 }
 
 std::string BinaryFile::Read(std::uint64_t position, std::size_t length) const {
-  if (position == 0 || position > static_cast<std::uint64_t>(std::numeric_limits<off_t>::max()))
-    FailArgument();
-  std::string bytes(ReadableLength(position, length), '\0');
-  if (const int error = ReadAllAt(descriptor_.number(), position - 1, bytes)) FailSystem(error);
+  if (position == 0 || position > kLastOffset) FailArgument();
+  std::string bytes;
+  Check(ReadAllAt(*file_, position - 1, ReadableLength(position, length), bytes));
   return bytes;
 }
 
@@ -91,21 +82,29 @@ std::string BinaryFile::ReadBlankPadded(std::uint64_t position, std::size_t leng
 }
 
 void BinaryFile::Write(std::uint64_t position, std::string_view bytes) {
-  if (position == 0 || position > static_cast<std::uint64_t>(std::numeric_limits<off_t>::max()))
-    FailArgument();
-  if (const int error = WriteAllAt(descriptor_.number(), position - 1, bytes)) {
-    FailSystem(error == EBADF ? EACCES : error);
-  }
+  if (position == 0 || position > kLastOffset) FailArgument();
+  const int error = file_->WriteAt(position - 1, bytes);
+  Check(error == EBADF ? EACCES : error);
 }
 
 std::uint64_t BinaryFile::Size() const {
-  struct stat status {};
-  if (fstat(descriptor(), &status) != 0) FailSystem(errno);
-  return static_cast<std::uint64_t>(status.st_size);
+  std::uint64_t size = 0;
+  Check(file_->Size(size));
+  return size;
+}
+
+void BinaryFile::Resize(std::uint64_t size) {
+  Check(file_->Resize(size));
 }
 
 void BinaryFile::Sync() {
-  if (fsync(descriptor()) != 0) FailSystem(errno);
+  Check(file_->Sync());
+}
+
+bool BinaryFile::TryLock() {
+  const int error = file_->TryLock();
+  if (error != EAGAIN) Check(error);
+  return error == 0;
 }
 
 int FileNumbers::Free() const {
@@ -123,8 +122,8 @@ void FileNumbers::Put(int number, std::unique_ptr<OpenedFile> file) {
 
 std::optional<RunFailure> FileNumbers::FlushAll() {
   std::optional<RunFailure> failure;
-  for (const auto& [number, file] : files_) {
-    if (const auto refused = Guard([&] { file->Flush(); })) failure = refused;
+  for (const auto& entry : files_) {
+    if (const auto refused = Guard([&] { entry.second->Flush(); })) failure = refused;
   }
   return failure;
 }

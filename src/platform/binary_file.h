@@ -10,8 +10,8 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/descriptor.h"
 #include "platform/failure.h"
+#include "platform/file_store.h"
 
 namespace tessera {
 
@@ -31,9 +31,9 @@ class OpenedFile {
 class BinaryFile final : public OpenedFile {
  public:
   // Opens the file, and creates it when there is none. Where writing is forbidden it is opened for reading.
-  static std::unique_ptr<BinaryFile> Open(const std::string& path);
+  static std::unique_ptr<BinaryFile> Open(FileStore& files, const std::string& path);
   // Makes the file; failure 58 where that name is taken, by a link that leads nowhere as well.
-  static std::unique_ptr<BinaryFile> Create(const std::string& path);
+  static std::unique_ptr<BinaryFile> Create(FileStore& files, const std::string& path);
 
   // The bytes from `position` on; fewer, or none, where the file ends before.
   std::string Read(std::uint64_t position, std::size_t length) const;
@@ -42,17 +42,25 @@ class BinaryFile final : public OpenedFile {
   void Write(std::uint64_t position, std::string_view bytes);
 
   std::uint64_t Size() const;
+  void Resize(std::uint64_t size);
   // Returns when what was written has reached the disk.
   void Sync();
 
-  int descriptor() const { return descriptor_.number(); }
+  // The lock that excludes others who open the file anew; false where somebody has it.
+  bool TryLock();
+  void Unlock() { file_->Unlock(); }
+  // Rests a moment, in which another process may let the lock go.
+  void AwaitOthers() const { file_->AwaitOthers(); }
+
+  // Whether the path leads to this file.
+  bool IsAt(const std::string& path) const { return file_->IsAt(path); }
 
  private:
   std::size_t ReadableLength(std::uint64_t position, std::size_t length) const;
 
-  explicit BinaryFile(Descriptor descriptor) : descriptor_(std::move(descriptor)) {}
+  explicit BinaryFile(std::unique_ptr<StoredFile> file) : file_(std::move(file)) {}
 
-  Descriptor descriptor_;
+  std::unique_ptr<StoredFile> file_;
 };
 
 // The numbers under which a program's files are open, shared by all commands that open files.

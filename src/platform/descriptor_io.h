@@ -12,13 +12,13 @@ namespace tessera {
 // the rest fails.
 int WriteAll(int descriptor, std::string_view& bytes);
 
-// Writes all of `bytes` from an offset of the file on.
-int WriteAllAt(int descriptor, std::uint64_t offset, std::string_view bytes);
-
-// Fills `bytes` from an offset of the file on, and cuts it where the file ends before.
-int ReadAllAt(int descriptor, std::uint64_t offset, std::string& bytes);
+// The same from an offset of the file on.
+int WriteAllAt(int descriptor, std::uint64_t offset, std::string_view& bytes);
 
 // Appends up to `most` bytes from the descriptor's own place; none at the end.
 int ReadSome(int descriptor, std::size_t most, std::string& bytes);
+
+// The same from an offset of the file on.
+int ReadSomeAt(int descriptor, std::uint64_t offset, std::size_t most, std::string& bytes);
 
 }  // namespace tessera

@@ -1,17 +1,12 @@
 #include "platform/file_system.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
 
 #include "platform/binary_file.h"
-#include "platform/descriptor.h"
-#include "platform/descriptor_io.h"
 #include "platform/failure.h"
-#include "platform/whole_file.h"
+#include "platform/file_store.h"
 #include "text/code_page.h"
 #include "text/one_based.h"
 
@@ -19,26 +14,20 @@ namespace tessera {
 
 namespace {
 
-namespace fs = std::filesystem;
-
-// Entries of a folder whose names are program text, sorted blind to case. What can't be read has none.
+// Entries of a folder whose names are program text, sorted blind to case.
 struct Entry {
   std::string name;
   std::string upper;
   bool isFile;
-  bool isFolder;  // no link to one, so that a walk comes to an end
+  bool isFolder;
 };
 
-std::vector<Entry> EntriesOf(const std::string& folder) {
+std::vector<Entry> EntriesOf(FileStore& files, const std::string& folder) {
   std::vector<Entry> entries;
-  std::error_code error;
-  for (fs::directory_iterator at(folder, error), end; !error && at != end; at.increment(error)) {
-    const auto text = FromUtf8(at->path().filename().string());
+  for (const FolderEntry& entry : files.List(folder)) {
+    const auto text = FromUtf8(entry.name);
     const auto* name = std::get_if<std::string>(&text);
-    if (name == nullptr) continue;
-    std::error_code ignored;
-    const bool isFolder = fs::is_directory(at->symlink_status(ignored));
-    entries.push_back({*name, Upper(*name), at->is_regular_file(ignored), isFolder});
+    if (name != nullptr) entries.push_back({*name, Upper(*name), entry.isFile, entry.isFolder});
   }
   std::sort(entries.begin(), entries.end(), [](const Entry& a, const Entry& b) {
     return a.upper != b.upper ? a.upper < b.upper : a.name < b.name;
@@ -46,78 +35,44 @@ std::vector<Entry> EntriesOf(const std::string& folder) {
   return entries;
 }
 
-void CopyBytes(int source, int target) {
-  constexpr std::size_t kPortion = std::size_t{1} << 18;
-  for (;;) {
-    std::string bytes;
-    if (const int error = ReadSome(source, kPortion, bytes)) FailSystem(error);
-    if (bytes.empty()) return;
-    std::string_view rest = bytes;
-    if (const int error = WriteAll(target, rest)) FailSystem(error);
-  }
-}
-
-// Writes a copy beside the target and puts it in the target's place.
-void ReplaceByCopy(int source, mode_t permissions, const std::string& target) {
-  Replacement copy(target);
-  if (copy.error() != 0) FailOpening(target, copy.error());
-  CopyBytes(source, copy.descriptor());
-  if (const int error = copy.Commit(permissions)) FailSystem(error);
-}
-
 }  // namespace
 
-void FailOpening(const std::string& path, int error) {
-  const fs::path folder = fs::path(path).parent_path();
-  std::error_code ignored;
-  if (error == ENOENT && !folder.empty() && !fs::is_directory(folder, ignored)) Fail(76);
+void FailOpening(FileStore& files, const std::string& path, int error) {
+  const std::string folder = std::filesystem::path(path).parent_path().string();
+  if (error == ENOENT && !folder.empty() && !files.IsFolder(folder)) Fail(76);
   FailSystem(error);
 }
 
-bool IsFile(const std::string& path) {
-  struct stat status {};
-  if (stat(path.c_str(), &status) == 0) return !S_ISDIR(status.st_mode);
-  if (errno != ENOENT && errno != ENOTDIR) FailSystem(errno);
-  return false;
+bool IsFile(FileStore& files, const std::string& path) {
+  int error = 0;
+  const bool isFile = files.IsFile(path, error);
+  if (error != 0) FailSystem(error);
+  return isFile;
 }
 
-void CopyFile(const std::string& source, const std::string& target) {
-  const Descriptor from(open(source.c_str(), O_RDONLY | O_CLOEXEC));
-  if (!from.IsOpen()) FailOpening(source, errno);
-  struct stat status {};
-  if (fstat(from.number(), &status) != 0) FailSystem(errno);
-  if (S_ISDIR(status.st_mode)) FailSystem(EISDIR);
-
-  std::error_code ignored;
-  if (fs::equivalent(source, target, ignored)) Fail(70);
-  if (fs::is_directory(target, ignored)) FailSystem(EISDIR);
-  // A device is written, not replaced.
-  if (fs::exists(target, ignored) && !fs::is_regular_file(target, ignored)) {
-    const Descriptor to(open(target.c_str(), O_WRONLY | O_CLOEXEC));
-    if (!to.IsOpen()) FailOpening(target, errno);
-    CopyBytes(from.number(), to.number());
-    return;
-  }
-  ReplaceByCopy(from.number(), status.st_mode & 0777, target);
+void CopyFile(FileStore& files, const std::string& source, const std::string& target) {
+  std::string at;
+  const int error = files.Copy(source, target, at);
+  if (error == EEXIST) Fail(70);
+  if (error != 0) FailOpening(files, at, error);
 }
 
-bool RemoveFile(const std::string& path) {
-  return unlink(path.c_str()) == 0;
+bool RemoveFile(FileStore& files, const std::string& path) {
+  return files.Remove(path) == 0;
 }
 
-void MakeFolder(const std::string& path) {
-  constexpr mode_t kAnyone = 0777;
-  if (mkdir(path.c_str(), kAnyone) == 0) return;
-  if (errno == EEXIST) Fail(75);
-  if (errno == ENOENT) Fail(76);
-  FailSystem(errno);
+void MakeFolder(FileStore& files, const std::string& path) {
+  const int error = files.MakeFolder(path);
+  if (error == EEXIST) Fail(75);
+  if (error == ENOENT) Fail(76);
+  if (error != 0) FailSystem(error);
 }
 
-void RemoveFolder(const std::string& path) {
-  if (rmdir(path.c_str()) == 0) return;
-  if (errno == ENOTEMPTY || errno == EEXIST) Fail(75);
-  if (errno == ENOENT) Fail(76);
-  FailSystem(errno);
+void RemoveFolder(FileStore& files, const std::string& path) {
+  const int error = files.RemoveFolder(path);
+  if (error == ENOTEMPTY || error == EEXIST) Fail(75);
+  if (error == ENOENT) Fail(76);
+  if (error != 0) FailSystem(error);
 }
 
 bool FitsPattern(std::string_view name, std::string_view pattern) {
@@ -144,23 +99,23 @@ bool FitsPattern(std::string_view name, std::string_view pattern) {
   return pattern.find_first_not_of('*', in) == std::string_view::npos;
 }
 
-std::vector<std::string> FilesThatFit(const std::string& folder, std::string_view pattern) {
+std::vector<std::string> FilesThatFit(FileStore& files, const std::string& folder, std::string_view pattern) {
   std::vector<std::string> names;
-  for (Entry& entry : EntriesOf(folder)) {
+  for (Entry& entry : EntriesOf(files, folder)) {
     const bool hidden = entry.name.starts_with('.') && !pattern.starts_with('.');
     if (entry.isFile && !hidden && FitsPattern(entry.name, pattern)) names.push_back(std::move(entry.name));
   }
   return names;
 }
 
-std::optional<std::string> FindInTree(const std::string& folder, std::string_view name) {
+std::optional<std::string> FindInTree(FileStore& files, const std::string& folder, std::string_view name) {
   const std::string sought = Upper(name);
   // Folders still to be searched, in program text from `folder` on; the next one is the last.
   std::vector<std::string> open = {""};
   while (!open.empty()) {
     const std::string below = std::move(open.back());
     open.pop_back();
-    const std::vector<Entry> entries = EntriesOf(folder + "/" + ToUtf8(Replace(below, '\\', '/')));
+    const std::vector<Entry> entries = EntriesOf(files, folder + "/" + ToUtf8(Replace(below, '\\', '/')));
     for (const Entry& entry : entries) {
       if (entry.isFile && entry.upper == sought) return below + entry.name;
     }

@@ -12,6 +12,8 @@
 
 namespace tessera {
 
+class FileStore;
+
 enum class BoxIcon { None, Critical, Warning, Question, Information };
 enum class BoxButtons { Ok, OkCancel, YesNo };
 enum class BoxAnswer { Ok, Cancel, Yes, No };
@@ -134,6 +136,7 @@ struct Host {
   EventDispatch& events;
   Clock& clock;
   Random& random;
+  FileStore& files;
 };
 
 }  // namespace tessera

@@ -1,54 +1,42 @@
 #include "platform/paths.h"
 
-#include <filesystem>
-#include <optional>
+#include <utility>
 
 #include "platform/failure.h"
+#include "platform/file_store.h"
 #include "text/code_page.h"
 #include "text/one_based.h"
 
 namespace tessera {
 
-namespace {
-
-namespace fs = std::filesystem;
-
-bool Exists(const std::string& path) {
-  std::error_code error;
-  return fs::exists(fs::symlink_status(path, error));
-}
-
-// The name in `folder` that equals `name` blind to case; of several the first in order.
-std::optional<std::string> NameIgnoringCase(const std::string& folder, std::string_view name) {
-  std::optional<std::string> best;
-  std::error_code error;
-  for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
-    const std::string spelled = entry->path().filename();
-    const auto text = FromUtf8(spelled);
-    const auto* inCodePage = std::get_if<std::string>(&text);
-    if (inCodePage == nullptr || !EqualsIgnoringCase(*inCodePage, name)) continue;
-    if (!best || spelled < *best) best = spelled;
-  }
-  return best;
-}
-
-}  // namespace
-
 bool IsPathSeparator(char c) {
   return c == '\\' || c == '/';
 }
 
-PathMapping::PathMapping(std::string programFolder, std::string dataFolder)
-    : programFolder_(std::move(programFolder)),
+PathMapping::PathMapping(FileStore& files, std::string programFolder, std::string dataFolder)
+    : files_(&files),
+      programFolder_(std::move(programFolder)),
       programFolderText_(FromUtf8Lossy(programFolder_)),
       dataFolder_(std::move(dataFolder)) {}
 
 std::string PathMapping::DriveFolder(char letter) const {
   std::string folder = dataFolder_ + '/' + letter;
   // Where it can't be made the opening fails, and tells.
-  std::error_code error;
-  fs::create_directories(folder, error);
+  files_->MakeFolders(folder);
   return folder;
+}
+
+// The name in `folder` that equals `name` blind to case; of several the first in order.
+std::optional<std::string> PathMapping::NameIgnoringCase(const std::string& folder,
+                                                         std::string_view name) const {
+  std::optional<std::string> best;
+  for (const FolderEntry& entry : files_->List(folder)) {
+    const auto text = FromUtf8(entry.name);
+    const auto* inCodePage = std::get_if<std::string>(&text);
+    if (inCodePage == nullptr || !EqualsIgnoringCase(*inCodePage, name)) continue;
+    if (!best || entry.name < *best) best = entry.name;
+  }
+  return best;
 }
 
 bool PathMapping::LiesInProgramFolder(std::string_view path) const {
@@ -81,7 +69,7 @@ std::string PathMapping::SystemPath(std::string_view path) const {
     begin = end + 1;
     if (name.empty()) continue;
     std::string next = system + '/' + ToUtf8(name);
-    if (!spelledOnly && !Exists(next)) {
+    if (!spelledOnly && !files_->IsTaken(next)) {
       if (const auto other = NameIgnoringCase(system + '/', name)) {
         next = system + '/' + *other;
       } else {

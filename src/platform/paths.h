@@ -7,19 +7,20 @@
 // blind to case. Program paths are program text, the system's are UTF-8.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
 namespace tessera {
 
+class FileStore;
+
 bool IsPathSeparator(char c);
 
 class PathMapping {
  public:
-  // Other paths lie in the process's current folder, and so do the folders of drive letters.
-  PathMapping() = default;
-  // Absolute paths of the system: the program's folder, and the folder that holds the drive letters' ones.
-  PathMapping(std::string programFolder, std::string dataFolder);
+  // The program's folder and the folder that holds the drive letters' ones, as paths of the system.
+  explicit PathMapping(FileStore& files, std::string programFolder = ".", std::string dataFolder = ".");
 
   // The system's path of a program's path; the empty path stays empty. The folder of a drive letter is made
   // when it is missing. A component that no name fits stays as it is spelled. Failure 52 for a path with NUL.
@@ -27,12 +28,14 @@ class PathMapping {
 
  private:
   std::string DriveFolder(char letter) const;
+  std::optional<std::string> NameIgnoringCase(const std::string& folder, std::string_view name) const;
   bool LiesInProgramFolder(std::string_view path) const;
 
-  std::string programFolder_ = ".";
+  FileStore* files_;
+  std::string programFolder_;
   // How programs see that folder: a character beyond the code page reads as "?" there, and leads back here.
   std::string programFolderText_;
-  std::string dataFolder_ = ".";
+  std::string dataFolder_;
 };
 
 // The folder under the user's data folder that belongs to this system, by the desktop's conventions: within

@@ -1,11 +1,5 @@
 #include "platform/text_file.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-
-#include <cerrno>
-
-#include "platform/descriptor_io.h"
 #include "platform/failure.h"
 #include "platform/file_system.h"
 #include "text/one_based.h"
@@ -16,33 +10,30 @@ namespace {
 
 constexpr std::size_t kBuffer = std::size_t{1} << 16;
 
-Descriptor OpenDescriptor(const std::string& path, int flags) {
-  constexpr mode_t kAnyone = 0666;
-  Descriptor descriptor(open(path.c_str(), flags | O_CLOEXEC, kAnyone));
-  if (!descriptor.IsOpen()) FailOpening(path, errno);
-  struct stat status {};
-  if (fstat(descriptor.number(), &status) != 0) FailSystem(errno);
-  if (S_ISDIR(status.st_mode)) FailSystem(EISDIR);
-  return descriptor;
+std::unique_ptr<StoredFile> OpenStored(FileStore& files, const std::string& path, OpenAs how) {
+  auto [file, error] = files.Open(path, how);
+  if (error != 0) FailOpening(files, path, error);
+  return std::move(file);
 }
 
-std::uint64_t SizeOf(const Descriptor& descriptor) {
-  struct stat status {};
-  if (fstat(descriptor.number(), &status) != 0) FailSystem(errno);
-  return static_cast<std::uint64_t>(status.st_size);
+std::uint64_t SizeOf(const StoredFile& file) {
+  std::uint64_t size = 0;
+  if (const int error = file.Size(size)) FailSystem(error);
+  return size;
 }
 
 }  // namespace
 
-std::unique_ptr<TextReader> TextReader::Open(const std::string& path) {
-  return std::unique_ptr<TextReader>(new TextReader(OpenDescriptor(path, O_RDONLY)));
+std::unique_ptr<TextReader> TextReader::Open(FileStore& files, const std::string& path) {
+  return std::unique_ptr<TextReader>(new TextReader(OpenStored(files, path, OpenAs::Read)));
 }
 
 bool TextReader::Fill() {
   buffer_.erase(0, next_);
   next_ = 0;
   const std::size_t held = buffer_.size();
-  if (const int error = ReadSome(descriptor_.number(), kBuffer, buffer_)) FailSystem(error);
+  if (const int error = file_->ReadAt(read_, kBuffer, buffer_)) FailSystem(error);
+  read_ += buffer_.size() - held;
   return buffer_.size() > held;
 }
 
@@ -66,11 +57,11 @@ std::optional<std::string> TextReader::ReadLine() {
 }
 
 std::uint64_t TextReader::Size() const {
-  return SizeOf(descriptor_);
+  return SizeOf(*file_);
 }
 
-std::unique_ptr<TextWriter> TextWriter::Open(const std::string& path) {
-  return std::unique_ptr<TextWriter>(new TextWriter(OpenDescriptor(path, O_WRONLY | O_CREAT | O_TRUNC)));
+std::unique_ptr<TextWriter> TextWriter::Open(FileStore& files, const std::string& path) {
+  return std::unique_ptr<TextWriter>(new TextWriter(OpenStored(files, path, OpenAs::Rewrite)));
 }
 
 TextWriter::~TextWriter() {
@@ -84,13 +75,15 @@ void TextWriter::WriteLine(std::string_view line) {
 
 void TextWriter::Flush() {
   std::string_view rest = buffer_;
-  const int error = WriteAll(descriptor_.number(), rest);
-  buffer_.erase(0, buffer_.size() - rest.size());
+  const int error = file_->WriteAt(written_, rest);
+  const std::size_t taken = buffer_.size() - rest.size();
+  written_ += taken;
+  buffer_.erase(0, taken);
   if (error != 0) FailSystem(error);
 }
 
 std::uint64_t TextWriter::Size() const {
-  return SizeOf(descriptor_) + buffer_.size();
+  return SizeOf(*file_) + buffer_.size();
 }
 
 }  // namespace tessera

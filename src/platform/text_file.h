@@ -9,14 +9,13 @@
 #include <string_view>
 
 #include "platform/binary_file.h"
-#include "platform/descriptor.h"
 
 namespace tessera {
 
 class TextReader final : public OpenedFile {
  public:
   // Failures: 53 for a missing file, 76 for a missing folder, 75 for a folder in the file's place.
-  static std::unique_ptr<TextReader> Open(const std::string& path);
+  static std::unique_ptr<TextReader> Open(FileStore& files, const std::string& path);
 
   // The next line without its end (CR LF, LF or CR), or nothing at the end of the file. A last line needs no
   // end.
@@ -25,11 +24,12 @@ class TextReader final : public OpenedFile {
   std::uint64_t Size() const;
 
  private:
-  explicit TextReader(Descriptor descriptor) : descriptor_(std::move(descriptor)) {}
+  explicit TextReader(std::unique_ptr<StoredFile> file) : file_(std::move(file)) {}
   // False at the end of the file.
   bool Fill();
 
-  Descriptor descriptor_;
+  std::unique_ptr<StoredFile> file_;
+  std::uint64_t read_ = 0;  // bytes taken from the file
   std::string buffer_;
   std::size_t next_ = 0;  // offset in the buffer
 };
@@ -37,7 +37,7 @@ class TextReader final : public OpenedFile {
 class TextWriter final : public OpenedFile {
  public:
   // Creates or empties the file. Failures as above, and those of a disk.
-  static std::unique_ptr<TextWriter> Open(const std::string& path);
+  static std::unique_ptr<TextWriter> Open(FileStore& files, const std::string& path);
   // What the buffer still holds is written; a failure is passed over. `Flush` before tells it.
   ~TextWriter() override;
 
@@ -49,9 +49,10 @@ class TextWriter final : public OpenedFile {
   std::uint64_t Size() const;
 
  private:
-  explicit TextWriter(Descriptor descriptor) : descriptor_(std::move(descriptor)) {}
+  explicit TextWriter(std::unique_ptr<StoredFile> file) : file_(std::move(file)) {}
 
-  Descriptor descriptor_;
+  std::unique_ptr<StoredFile> file_;
+  std::uint64_t written_ = 0;  // bytes that the file has taken
   std::string buffer_;
 };
 

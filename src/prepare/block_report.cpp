@@ -5,6 +5,7 @@
 
 #include "language/words.h"
 #include "prepare/linking.h"
+#include "prepare/plain_search.h"
 #include "prepare/prepared_text.h"
 #include "text/literal.h"
 #include "text/number.h"
@@ -23,14 +24,18 @@ std::int32_t NumberIn(std::string_view digits) {
   return static_cast<std::int32_t>(LeadingNumber(digits));
 }
 
+// What a line's head tells.
+SourcePlace PlaceIn(std::string_view line) {
+  return {.editor = NumberIn(Mid(line, kEditorColumn, 2)),
+          .line = NumberIn(Mid(line, kSourceLineColumn, 5)) + 1};
+}
+
 std::vector<Statement> StatementsOf(std::string_view text) {
   std::vector<Statement> statements;
   while (!text.empty()) {
     const std::string_view line = text.substr(0, text.find(kCrLf));
     text.remove_prefix(std::min(text.size(), line.size() + kCrLf.size()));
-    statements.push_back({{.editor = NumberIn(Mid(line, kEditorColumn, 2)),
-                           .line = NumberIn(Mid(line, kSourceLineColumn, 5)) + 1},
-                          Mid(line, kStatementColumn)});
+    statements.push_back({PlaceIn(line), Mid(line, kStatementColumn)});
   }
   return statements;
 }
@@ -146,30 +151,15 @@ std::string InOneLine(std::string_view message) {
   return line;
 }
 
-bool IsRoutineWithoutParentheses(std::string_view statement) {
-  const std::string upper = Upper(statement);
-  return (upper.starts_with("FUNCAO ") || statement.starts_with("Sub ")) &&
-         (!Contains(statement, "(") || !Contains(statement, ")"));
-}
-
 }  // namespace
 
 std::vector<PlacedProblem> ReportBlocks(std::string_view text) {
   return BlockWalk(text).Run(StatementsOf(text));
 }
 
-PlacedProblem PlaceRoutineMessage(std::string_view text, std::string_view message) {
-  // The name stands behind the colon; a message without one is about a routine without parentheses.
-  const Position colon = Find(message, ": ");
-  const std::string name = colon == 0 ? std::string() : Upper(Mid(message, colon + 2));
-  for (const Statement& statement : StatementsOf(text)) {
-    const std::string upper = Upper(statement.text);
-    const bool named = upper.starts_with("FUNCAO " + name + "(") || upper.starts_with("SUB " + name);
-    if (colon == 0 ? IsRoutineWithoutParentheses(statement.text) : named) {
-      return {statement.place, InOneLine(message)};
-    }
-  }
-  return {{}, InOneLine(message)};
+PlacedProblem PlaceMessage(std::string_view text, std::string_view message, Position place) {
+  const Position tag = plain::FindTagBack(text, place);
+  return {PlaceIn(Mid(text, tag)), InOneLine(message)};
 }
 
 }  // namespace tessera

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "text/one_based.h"
+
 namespace tessera {
 
 // A line of an editor's source, counted from 1.
@@ -28,7 +30,7 @@ struct PlacedProblem {
 // closed, ends without a block, and texts that the check takes for a block word. Empty where it passes.
 std::vector<PlacedProblem> ReportBlocks(std::string_view text);
 
-// A message of the routine pass, at the routine of which it speaks.
-PlacedProblem PlaceRoutineMessage(std::string_view text, std::string_view message);
+// A message about a place of the text, at the line of the sources that stands there.
+PlacedProblem PlaceMessage(std::string_view text, std::string_view message, Position place);
 
 }  // namespace tessera

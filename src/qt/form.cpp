@@ -24,6 +24,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/failure.h"
 #include "qt/colour.h"
 #include "qt/fonts.h"
 #include "qt/key_codes.h"
@@ -53,6 +54,12 @@ PointerPlace PlaceOf(const QMouseEvent& event) {
   return {event.position().x(), event.position().y()};
 }
 
+// A program may name any number; the window system counts in 16 bits.
+int WidgetPixels(double pixels) {
+  constexpr double kMost = 32767;
+  return qRound(std::clamp(pixels, -kMost, kMost));
+}
+
 WindowState StateOf(const QWidget& widget) {
   if (widget.isMinimized()) return WindowState::Minimised;
   return widget.isMaximized() ? WindowState::Maximised : WindowState::Normal;
@@ -64,7 +71,9 @@ class FormWidget final : public QWidget {
  public:
   FormWidget(QtForm& form, const QString& objectName);
 
-  void Print(QPointF at, const QString& lines, const QFont& font, const QColor& colour);
+  void Print(QPointF at, const QString& lines, const QFont& font, const QColor& colour, const QRect& touched);
+  // A finer screen's own picture is there before anything is printed.
+  void FitSurface();
   void Draw(const Spans& spans, Pixel pixel);
   void Paint(const PictureRef& picture, QPoint at);
   void Clear();
@@ -102,9 +111,9 @@ class FormWidget final : public QWidget {
   bool isPainted_ = false;
 };
 
-QtForm::QtForm(const QString& objectName, const Placement& place, FormEvents& events, LogicEntry& entry,
-               FrontWatch& front, DrawnForms& drawn)
-    : Form(events, place),
+QtForm::QtForm(const QString& objectName, const Placement& place, FormEvents& events, TextPainter& painter,
+               LogicEntry& entry, FrontWatch& front, DrawnForms& drawn)
+    : Form(events, place, &painter),
       entry_(entry),
       front_(front),
       drawn_(drawn),
@@ -135,8 +144,9 @@ void QtForm::ShowDrawn() {
   widget_->ShowDrawn();
 }
 
-void QtForm::Print(std::string_view text) {
-  widget_->Print(QPointF(CurrentX, CurrentY), ToQLines(text), ToQFont(Font), ToQColor(ForeColor));
+void QtForm::ShowPrinted(std::string_view text, const TextMask& mask) {
+  widget_->Print(QPointF(CurrentX, CurrentY), ToQLines(text), ToQFont(Font), ToQColor(ForeColor),
+                 QRect(mask.corner.x, mask.corner.y, mask.size.width, mask.size.height));
 }
 
 void QtForm::ShowGround() {
@@ -174,9 +184,14 @@ void QtForm::ShowCaption() {
 }
 
 void QtForm::ShowPlace() {
-  widget_->move(qRound(PixelsOfTwips(Place().Left)), qRound(PixelsOfTwips(Place().Top)));
+  widget_->move(WidgetPixels(PixelsOfTwips(Place().Left)), WidgetPixels(PixelsOfTwips(Place().Top)));
   FitSizable();
-  widget_->resize(qRound(ScaleWidth()), qRound(ScaleHeight()));
+  widget_->resize(SizeOfWidget());
+  widget_->FitSurface();
+}
+
+QSize QtForm::SizeOfWidget() const {
+  return {std::max(WidgetPixels(ScaleWidth()), 0), std::max(WidgetPixels(ScaleHeight()), 0)};
 }
 
 void QtForm::FitSizable() {
@@ -184,7 +199,7 @@ void QtForm::FitSizable() {
     widget_->setMinimumSize(0, 0);
     widget_->setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
   } else {
-    widget_->setFixedSize(qRound(ScaleWidth()), qRound(ScaleHeight()));
+    widget_->setFixedSize(SizeOfWidget());
   }
 }
 
@@ -253,9 +268,16 @@ void QtForm::ShowStyle() {
   flags.setFlag(Qt::WindowStaysOnTopHint, style.TopMost);
   FitSizable();
   if (flags == widget_->windowFlags()) return;
-  widget_->setWindowFlags(flags);
-  // A change of flags hides a widget.
-  widget_->setVisible(Visible());
+  QWindow* window = widget_->windowHandle();
+  if (window == nullptr || !Visible()) {
+    widget_->setWindowFlags(flags);
+    return;
+  }
+  // The widget would hide itself for new flags, and a window that comes and goes loses its place, its order
+  // and at times its manager. The window system is told alone, and the window put where it stood.
+  widget_->overrideWindowFlags(flags);
+  window->setFlags(flags);
+  ShowPlace();
 }
 
 // The measures of the font asked for last.
@@ -314,8 +336,7 @@ void QtForm::TakeFront() {
 }
 
 void QtForm::TakeSizeOfWidget() {
-  const QSize now(qRound(ScaleWidth()), qRound(ScaleHeight()));
-  if (widget_->size() != now) TakeScale(widget_->width(), widget_->height());
+  if (widget_->size() != SizeOfWidget()) TakeScale(widget_->width(), widget_->height());
 }
 
 FormWidget::FormWidget(QtForm& form, const QString& objectName) : form_(form), surface_(form.raster_) {
@@ -329,9 +350,15 @@ FormWidget::FormWidget(QtForm& form, const QString& objectName) : form_(form), s
   sincePaint_.start();
 }
 
-void FormWidget::Print(QPointF at, const QString& lines, const QFont& font, const QColor& colour) {
+void FormWidget::FitSurface() {
+  if (devicePixelRatioF() != 1) surface_.Fit(size(), devicePixelRatioF());
+}
+
+void FormWidget::Print(QPointF at, const QString& lines, const QFont& font, const QColor& colour,
+                       const QRect& touched) {
   surface_.Fit(size(), devicePixelRatioF());
-  Touch(surface_.Print(at, lines, font, colour));
+  surface_.Print(at, lines, font, colour);
+  Touch(touched);
 }
 
 void FormWidget::Draw(const Spans& spans, Pixel pixel) {
@@ -402,7 +429,8 @@ void FormWidget::focusInEvent(QFocusEvent*) {
 
 // Only a size that the program did not give is news to the logic.
 void FormWidget::resizeEvent(QResizeEvent*) {
-  surface_.Fit(size(), devicePixelRatioF());
+  // A surface too large to draw on is the failure of the drawing, not of the window.
+  Guard([this] { surface_.Fit(size(), devicePixelRatioF()); });
   form_.entry_.Enter([this] { form_.TakeSizeOfWidget(); });
 }
 

@@ -2,6 +2,7 @@
 // printed, and tells the logic what the person does; nothing is decided here.
 #pragma once
 
+#include <QSize>
 #include <memory>
 #include <string_view>
 #include <vector>
@@ -30,8 +31,8 @@ using DrawnForms = std::vector<QtForm*>;
 class QtForm final : public Form {
  public:
   // `objectName` is the name by which tests and assistive tools find the widget.
-  QtForm(const QString& objectName, const Placement& place, FormEvents& events, LogicEntry& entry,
-         FrontWatch& front, DrawnForms& drawn);
+  QtForm(const QString& objectName, const Placement& place, FormEvents& events, TextPainter& painter,
+         LogicEntry& entry, FrontWatch& front, DrawnForms& drawn);
   ~QtForm() override;
   QtForm(const QtForm&) = delete;
   QtForm& operator=(const QtForm&) = delete;
@@ -44,7 +45,6 @@ class QtForm final : public Form {
   // Shows what waits to be shown, where the screen is ready for it.
   void ShowDrawn();
 
-  void Print(std::string_view text) override;
   void Activate() override;
   TextSize MeasureText(std::string_view text, const FontFace& font) const override;
   void DragForm() override;
@@ -55,6 +55,7 @@ class QtForm final : public Form {
   void ShowMouseIcon() override;
   void ShowIcon() override;
   void ShowErased() override;
+  void ShowPrinted(std::string_view text, const TextMask& mask) override;
   void ShowDrawn(const Spans& spans, Pixel pixel) override;
   void ShowPainted(const PictureRef& picture, PixelPoint at) override;
   void ShowCaption() override;
@@ -75,6 +76,7 @@ class QtForm final : public Form {
   void TakeFront();
   void WaitsToBeShown();
   void FitSizable();
+  QSize SizeOfWidget() const;
   bool DragBySystem();
   void WaitForFirstPainting();
 

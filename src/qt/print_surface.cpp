@@ -8,31 +8,11 @@
 #include <cmath>
 #include <limits>
 
+#include "qt/qt_text_painter.h"
+
 namespace tessera {
 
 namespace {
-
-constexpr int kDotsPerMeter = 3780;  // 96 dots an inch: a font's points give the same pixels on every screen
-
-void SetFontScale(QImage& image) {
-  image.setDotsPerMeterX(kDotsPerMeter);
-  image.setDotsPerMeterY(kDotsPerMeter);
-}
-
-QRectF PrintOn(QImage& image, QPointF at, const QStringList& lines, const QFont& font, const QColor& colour) {
-  QPainter painter(&image);
-  painter.setFont(font);
-  painter.setPen(colour);
-  const QFontMetricsF metrics(font, &image);
-  QRectF touched;
-  double top = at.y();
-  for (const QString& line : lines) {
-    painter.drawText(QPointF(at.x(), top + metrics.ascent()), line);
-    touched |= metrics.boundingRect(line).translated(at.x(), top + metrics.ascent());
-    top += metrics.height();
-  }
-  return touched;
-}
 
 QRect BoundsOf(const Spans& spans) {
   int left = std::numeric_limits<int>::max();
@@ -82,14 +62,17 @@ void PrintSurface::Fit(QSize size, double pixelRatio) {
   fine_ = std::move(grown);
 }
 
-QRect PrintSurface::Print(QPointF at, const QString& lines, const QFont& font, const QColor& colour) {
-  if (raster_.IsEmpty() || lines.isEmpty()) return {};
-  const QStringList rows = lines.split(u'\n');
-  QImage image = RasterImage();
-  const QRectF touched = PrintOn(image, at, rows, font, colour);
-  if (!fine_.isNull()) PrintOn(fine_, at, rows, font, colour);
-  // Slanted and smoothed edges reach a little beyond the measured box.
-  return touched.toAlignedRect().adjusted(-2, -2, 2, 2);
+void PrintSurface::Print(QPointF at, const QString& lines, const QFont& font, const QColor& colour) {
+  if (fine_.isNull()) return;
+  QPainter painter(&fine_);
+  painter.setFont(font);
+  painter.setPen(colour);
+  const QFontMetricsF metrics(font, &fine_);
+  double baseline = at.y() + metrics.ascent();
+  for (const QString& line : lines.split(u'\n')) {
+    painter.drawText(QPointF(at.x(), baseline), line);
+    baseline += metrics.height();
+  }
 }
 
 // Each pixel of the raster is a block of the finer ones, and neighbours leave no gap at any ratio.

@@ -1,7 +1,6 @@
-// What a program has printed and drawn on a window, as the screen shows it. Text is painted into the
-// surface's raster, where the program reads it back, and on a finer screen a second time at that screen's
-// resolution, with the drawings beside it. It lies transparent above the window's ground, survives whatever
-// covers the window, and keeps what a smaller window hides.
+// What a program has printed and drawn on a window, as the screen shows it: the surface's raster, and on a
+// finer screen a second picture in which text is painted at that screen's resolution. It lies transparent
+// above the window's ground, survives whatever covers the window, and keeps what a smaller window hides.
 #pragma once
 
 #include <QImage>
@@ -25,8 +24,8 @@ class PrintSurface {
   // Room for at least `size` (device-independent pixels), at that device pixel ratio. It never shrinks.
   void Fit(QSize size, double pixelRatio);
 
-  // Prints lines of text from the upper left corner `at` on; the area that was touched.
-  QRect Print(QPointF at, const QString& lines, const QFont& font, const QColor& colour);
+  // Follows lines of text that were printed in the raster, from the upper left corner `at` on.
+  void Print(QPointF at, const QString& lines, const QFont& font, const QColor& colour);
 
   // Follows what was drawn in the raster; the area that was touched.
   QRect Draw(const Spans& spans, Pixel pixel);

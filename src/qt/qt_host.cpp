@@ -97,8 +97,8 @@ QtHost::QtHost(std::function<void()> refused)
   portuguese_ = InstallPortuguese();
   QApplication::setQuitOnLastWindowClosed(false);
   serving_ = std::make_unique<QEventLoop>();
-  ServeTermination();
   posted_ = std::make_unique<QObject>();
+  ServeTermination();
 }
 
 QtHost::~QtHost() = default;
@@ -118,13 +118,13 @@ void QtHost::ServeTermination() {
 // Where a person clicks the window system finds the window by itself.
 std::unique_ptr<Form> QtHost::NewMainForm(const Placement& place, FormEvents& events,
                                           const WindowDirectory&) {
-  auto form = std::make_unique<QtForm>("Janela", place, events, entry_, front_, drawn_);
+  auto form = std::make_unique<QtForm>("Janela", place, events, painter_, entry_, front_, drawn_);
   mainForm_ = form.get();
   return form;
 }
 
 std::unique_ptr<Form> QtHost::NewForm(std::string_view name, const Placement& place, FormEvents& events) {
-  return std::make_unique<QtForm>(ToQString(name), place, events, entry_, front_, drawn_);
+  return std::make_unique<QtForm>(ToQString(name), place, events, painter_, entry_, front_, drawn_);
 }
 
 void QtHost::ShowPointer(bool visible) {

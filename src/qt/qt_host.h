@@ -7,8 +7,10 @@
 
 #include "platform/host.h"
 #include "platform/system_clock.h"
+#include "platform/system_files.h"
 #include "qt/form.h"
 #include "qt/logic_entry.h"
+#include "qt/qt_text_painter.h"
 #include "windows/display.h"
 
 class QApplication;
@@ -30,7 +32,7 @@ class QtHost final : public Display, public Dialogs, public EventDispatch {
   ~QtHost() override;
 
   // What a `Run` is made with.
-  Host host() { return {*this, *this, clock_, random_}; }
+  Host host() { return {*this, *this, clock_, random_, files_}; }
 
   std::unique_ptr<Form> NewMainForm(const Placement& place, FormEvents& events,
                                     const WindowDirectory& windows) override;
@@ -74,12 +76,14 @@ class QtHost final : public Display, public Dialogs, public EventDispatch {
   std::unique_ptr<QSocketNotifier> termination_;
   Form* mainForm_ = nullptr;
   LogicEntry entry_;
+  QtTextPainter painter_;
   FrontWatch front_;
   DrawnForms drawn_;
   std::unique_ptr<QObject> posted_;  // takes what other threads post; it goes with the host
   const std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
   SystemClock clock_;
   SeededRandom random_;
+  SystemFiles files_;
 };
 
 }  // namespace tessera

@@ -1,14 +1,9 @@
 #include "recorddb/cleaning.h"
 
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <cerrno>
-
 #include "commands/arguments.h"
 #include "image/codec.h"
 #include "platform/failure.h"
-#include "platform/whole_file.h"
+#include "platform/file_store.h"
 #include "recorddb/header_lock.h"
 #include "recorddb/record_commands.h"
 #include "recorddb/slots.h"
@@ -56,20 +51,15 @@ void WriteCleanHeader(RecordContext& context, const BinaryFile& from, BinaryFile
 // Puts the temporary file in the database file's place in one step, so that at no moment both are gone.
 // Failure 70 while this program still has the database file open.
 void TakePlace(RecordContext& context, const std::string& temporary, const std::string& database) {
-  struct stat wanted {};
-  stat(database.c_str(), &wanted);
-  const bool stillOpen = context.run.fileNumbers.AnyOf<BinaryFile>([&](const BinaryFile& file) {
-    struct stat status {};
-    return fstat(file.descriptor(), &status) == 0 && status.st_dev == wanted.st_dev &&
-           status.st_ino == wanted.st_ino;
-  });
+  const bool stillOpen =
+      context.run.fileNumbers.AnyOf<BinaryFile>([&](const BinaryFile& file) { return file.IsAt(database); });
   if (stillOpen) Fail(70);
-  if (const int error = TakePlaceOf(temporary, database)) FailSystem(error);
+  if (const int error = context.run.host.files.TakePlace(temporary, database)) FailSystem(error);
 }
 
 void CleanInto(RecordContext& context, const DatabaseSlot& slot, const std::string& temporary,
                const std::string& database, BinaryFile& to) {
-  const auto from = BinaryFile::Open(database);
+  const auto from = BinaryFile::Open(context.run.host.files, database);
   const FileLock lock(*from, context.run.host.events);
   const std::int32_t written = CopyLiveRecords(context, slot, *from, to);
   WriteCleanHeader(context, *from, to, written);
@@ -84,12 +74,6 @@ std::vector<DatabaseSlot*> DatabasesUnder(RecordContext& context, int number) {
     if (slot.fileNumber == number) databases.push_back(&slot);
   }
   return databases;
-}
-
-// A link that leads nowhere takes the name as well.
-bool IsNameTaken(const std::string& path) {
-  struct stat status {};
-  return lstat(path.c_str(), &status) == 0;
 }
 
 void TellOtherCleaning(RecordContext& context, const DatabaseSlot& slot) {
@@ -113,21 +97,21 @@ Value LimpaBD(RecordContext& context, const WordCall& call) {
   const auto readers = DatabasesUnder(context, number);
   run.fileNumbers.Close(number);
   for (DatabaseSlot* reader : readers) reader->fileNumber = 0;
-  if (IsNameTaken(temporary)) {
+  if (run.host.files.IsTaken(temporary)) {
     TellOtherCleaning(context, slot);
     return {};
   }
-  if (access(database.c_str(), F_OK) != 0) FailSystem(errno);
-  const auto to = BinaryFile::Create(temporary);
+  if (const int error = run.host.files.Open(database, OpenAs::Read).error) FailSystem(error);
+  const auto to = BinaryFile::Create(run.host.files, temporary);
   // OPEN: a cleaning that fails takes its temporary file with it; the old file is whole, and a file that
   // stays would forbid every later cleaning.
   if (const auto failure = Guard([&] { CleanInto(context, slot, temporary, database, *to); })) {
-    unlink(temporary.c_str());
+    run.host.files.Remove(temporary);
     throw *failure;
   }
   // OPEN: there is no file number 0, so the database of the first slot is left closed.
   if (number < FileNumbers::kFirst) return {};
-  run.fileNumbers.Put(number, BinaryFile::Open(database));
+  run.fileNumbers.Put(number, BinaryFile::Open(context.run.host.files, database));
   for (DatabaseSlot* reader : readers) reader->fileNumber = number;
   return {};
 }

@@ -12,6 +12,7 @@
 #include "prepare/prepared_text.h"
 #include "recorddb/header_lock.h"
 #include "recorddb/slots.h"
+#include "recorddb/tsa_writer.h"
 #include "text/date.h"
 #include "text/literal.h"
 #include "values/eval.h"
@@ -98,7 +99,7 @@ void TellChangedLength(RecordContext& context, const std::string& name) {
 bool EnterExistingFile(RecordContext& context, DatabaseSlot& slot, const std::string& path) {
   Run& run = context.run;
   const int number = run.fileNumbers.Free();
-  auto file = BinaryFile::Open(path);
+  auto file = BinaryFile::Open(run.host.files, path);
   std::string header = file->ReadBlankPadded(1, tsa::kHeaderLength);
   const double length = LeadingNumber(DecodeTrimmed(header, tsa::kRecordLength));
   if (length != slot.recordLength) {
@@ -127,8 +128,9 @@ void FinishDescriptor(RecordContext& context, Reading& reading) {
   slot.recordLength = Short(reading.next - 1);
   const std::string path = context.run.paths.SystemPath(slot.folder + slot.name + ".Tsa");
   // Another program may make the file at the same moment: it is there for the second one.
+  FileStore& files = context.run.host.files;
   const int error =
-      access(path.c_str(), F_OK) == 0 ? EEXIST : CreateFile(path, NewHeader(context, slot, reading.password));
+      files.IsTaken(path) ? EEXIST : files.Create(path, NewHeader(context, slot, reading.password));
   if (error != 0 && error != EEXIST) FailSystem(error);
   if (error == EEXIST && !EnterExistingFile(context, slot, path)) return;
   ++context.DatabaseCount;
@@ -137,27 +139,18 @@ void FinishDescriptor(RecordContext& context, Reading& reading) {
 }  // namespace
 
 std::string NewHeader(RecordContext& context, const DatabaseSlot& slot, std::string_view password) {
-  Random& random = context.run.host.random;
-  std::string header(tsa::kHeaderLength, tsa::kBlank);
-  const auto write = [&](tsa::Slot place, std::string_view plain) {
-    SlotWrite(header, place, EncodeTrimmable(plain, random));
-  };
-  const std::string now = DateAndTime(context.run.host.clock);
-  SlotWrite(header, tsa::kLockByte, {&tsa::kFree, 1});
-  write(tsa::kCount, "0");
-  write(tsa::kName, slot.name);
-  write(tsa::kRecordLength, std::to_string(slot.recordLength));
-  write(tsa::kCreated, now);
-  write(tsa::kLastRun, now);
-  for (std::size_t i = 0; i < slot.fields.size(); ++i) {
-    const DatabaseField& field = slot.fields[i];
-    write(tsa::FieldName(i), field.Name());
-    write(tsa::FieldSize(i), std::to_string(field.width - static_cast<int>(kEncodedOverhead)));
-    write(tsa::FieldType(i), field.type);
+  TsaHeader header;
+  header.name = slot.name;
+  header.recordLength = slot.recordLength;
+  header.created = header.lastRun = DateAndTime(context.run.host.clock);
+  header.password = password;
+  for (const DatabaseField& field : slot.fields) {
+    header.fields.push_back({.name = std::string(field.Name()),
+                             .type = field.type,
+                             .size = field.width - static_cast<int>(kEncodedOverhead),
+                             .slot = field.Slot()});
   }
-  write(tsa::FieldName(slot.fields.size()), "#Fim");
-  write(tsa::kPassword, password);
-  return header;
+  return EncodeTsaHeader(header, context.run.host.random);
 }
 
 std::int32_t RunDatabaseBlock(RecordContext& context, std::string_view text, Position position,

@@ -1,8 +1,5 @@
 #include "recorddb/header_lock.h"
 
-#include <fcntl.h>
-
-#include <cerrno>
 #include <thread>
 
 #include "image/codec.h"
@@ -13,48 +10,24 @@ namespace tessera {
 
 namespace {
 
-// Far past the largest file of the format (999,999 records of 32,767 bytes).
-constexpr off_t kLockOffset = off_t{1} << 62;
 constexpr int kQuickTries = 64;
-constexpr std::chrono::microseconds kPause{200};
-
-struct flock OneByte(short type) {
-  struct flock lock {};
-  lock.l_type = type;
-  lock.l_whence = SEEK_SET;
-  lock.l_start = kLockOffset;
-  lock.l_len = 1;
-  return lock;
-}
-
-bool TryLock(int descriptor) {
-  struct flock lock = OneByte(F_WRLCK);
-  if (fcntl(descriptor, F_OFD_SETLK, &lock) == 0) return true;
-  if (errno == EAGAIN || errno == EACCES || errno == EINTR) return false;
-  // A file opened for reading alone takes the shared form: it keeps writers out all the same.
-  lock = OneByte(F_RDLCK);
-  if (fcntl(descriptor, F_OFD_SETLK, &lock) == 0) return true;
-  if (errno == EAGAIN || errno == EACCES || errno == EINTR) return false;
-  FailSystem(errno);
-}
 
 }  // namespace
 
 FileLock::FileLock(const FileFinder& find, EventDispatch& events) : file_(&find()) {
-  for (int tries = 0; !TryLock(file_->descriptor()); ++tries) {
+  for (int tries = 0; !file_->TryLock(); ++tries) {
     if (tries < kQuickTries) {
       std::this_thread::yield();
     } else {
+      file_->AwaitOthers();
       events.ProcessEvents();
-      std::this_thread::sleep_for(kPause);
       file_ = &find();
     }
   }
 }
 
 FileLock::~FileLock() {
-  struct flock lock = OneByte(F_UNLCK);
-  fcntl(file_->descriptor(), F_OFD_SETLK, &lock);
+  file_->Unlock();
 }
 
 HeaderStep::HeaderStep(const FileFinder& find, EventDispatch& events) {
@@ -64,9 +37,10 @@ HeaderStep::HeaderStep(const FileFinder& find, EventDispatch& events) {
     area_ = file().ReadBlankPadded(1, tsa::kLockAreaLength);
     const bool abandoned = SlotOf(area_, tsa::kHolderMark)[0] == tsa::kHeld;
     if (area_[0] == tsa::kFree || abandoned) return;
+    const BinaryFile& waited = file();
     lock_.reset();
+    waited.AwaitOthers();
     events.ProcessEvents();
-    std::this_thread::sleep_for(kPause);
   }
 }
 

@@ -15,9 +15,8 @@ namespace tessera {
 // one: the file is sought again after each wait, and the seeking's failure ends it.
 using FileFinder = std::function<BinaryFile&()>;
 
-// Exclusion among our own processes: an open-file-description lock on one byte far behind any data, so that
-// no reader is ever stopped. It ends with the object, and with the process. No event may run while it is
-// held.
+// Exclusion among our own processes, by the lock of the file store. It ends with the object, and with the
+// process. No event may run while it is held.
 class FileLock {
  public:
   // Waits for the lock, letting events run meanwhile.

@@ -86,7 +86,7 @@ Value AbreBD(RecordContext& context, const WordCall& call) {
     return {};
   }
   slot.fileNumber = run.fileNumbers.Free();
-  run.fileNumbers.Put(slot.fileNumber, BinaryFile::Open(path));
+  run.fileNumbers.Put(slot.fileNumber, BinaryFile::Open(run.host.files, path));
   const std::string header = context.FileOf(number).ReadBlankPadded(1, tsa::kHeaderLength);
   const std::string password = arguments.Text("senha");
   if (DecodeTrimmed(header, tsa::kPassword) != password) {

@@ -1,9 +1,6 @@
 #include "recorddb/tsa_repair.h"
 
-#include <unistd.h>
-
 #include <algorithm>
-#include <cerrno>
 
 #include "image/codec.h"
 #include "platform/failure.h"
@@ -81,7 +78,7 @@ void RepairTsa(BinaryFile& file, const TsaHeader& header, const TsaFindings& fin
   SlotWrite(area, tsa::kHolderMark, {&tsa::kBlank, 1});
   file.Write(1, area);
   const std::uint64_t size = std::max<std::uint64_t>(PlaceOf(header, count) - 1, tsa::kHeaderLength);
-  if (ftruncate(file.descriptor(), static_cast<off_t>(size)) != 0) FailSystem(errno);
+  file.Resize(size);
   file.Sync();
 }
 

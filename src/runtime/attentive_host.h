@@ -8,6 +8,7 @@
 #include <memory>
 #include <optional>
 #include <string_view>
+#include <utility>
 
 #include "platform/host.h"
 #include "values/run.h"
@@ -20,7 +21,7 @@ class AttentiveHost final : public Dialogs, public EventDispatch {
   explicit AttentiveHost(const Host& host) : host_(host) {}
 
   // What the run is made with.
-  Host host() { return {*this, *this, host_.clock, host_.random}; }
+  Host host() { return {*this, *this, host_.clock, host_.random, host_.files}; }
   // The run, once it is made.
   void Watch(Run& run) { run_ = &run; }
 

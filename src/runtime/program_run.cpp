@@ -53,8 +53,7 @@ void TellProgram(Run& run, const ProgramStart& start, const Services& services) 
   run.ProgramFolderText = FolderText(start.folder) + "\\";
   run.RuntimeFolderText = run.ProgramFolderText;
   run.CommandLineText = start.commandLine;
-  run.startForm = services.startForm;
-  run.paths = PathMapping(start.folder.string(), services.dataFolder);
+  run.paths = PathMapping(run.host.files, start.folder.string(), services.dataFolder);
 }
 
 }  // namespace
@@ -79,7 +78,9 @@ ProgramRun::ProgramRun(const ProgramStart& start, const Services& services)
   BindDialogCommands(commands);
   BindSystemCommands(commands);
   BindFolderCommands(commands);
-  if (display_ != nullptr) windowed_ = std::make_unique<Windowed>(*this, *display_);
+  if (display_ == nullptr) return;
+  windowed_ = std::make_unique<Windowed>(*this, *display_);
+  windowed_->janela.StartAs(services.startForm);
 }
 
 ProgramRun::~ProgramRun() = default;

@@ -98,16 +98,28 @@ void ApplyUserFunction(Run& run, std::string& text, const Call& call) {
   text = std::move(built);
 }
 
+void ReplacementLimit::Count(std::string_view text) {
+  constexpr int kMostCalls = 100'000;
+  constexpr std::size_t kLongestText = std::size_t{16} << 20;
+  if (++count_ > kMostCalls || text.size() > kLongestText) FailStack();
+}
+
 void ReplaceFunctions(Run& run, std::string& text, bool& numericTarget) {
+  ReplacementLimit limit;
   while (const auto call = FindFunction(run, text)) {
     run.stack.Check();
+    limit.Count(text);
     if (IsNumericFunction(call->name)) numericTarget = true;
     ApplyFunction(run, text, *call, numericTarget);
   }
 }
 
 void ReplaceUserFunctions(Run& run, std::string& text) {
-  while (const auto call = FindUserFunction(run, text)) ApplyUserFunction(run, text, *call);
+  ReplacementLimit limit;
+  while (const auto call = FindUserFunction(run, text)) {
+    limit.Count(text);
+    ApplyUserFunction(run, text, *call);
+  }
 }
 
 }  // namespace tessera

@@ -32,12 +32,6 @@ Mark MarkAt(std::string_view text, std::size_t i) {
   return {};
 }
 
-void CutAtFirstEmpty(std::vector<std::string>& list) {
-  for (std::size_t i = 0; i < list.size(); ++i) {
-    if (list[i].empty()) list.resize(i);
-  }
-}
-
 std::partial_ordering Order(const Value& left, const Value& right) {
   const bool leftText = left.IsText();
   const bool rightText = right.IsText() || (leftText && right.IsEmpty());
@@ -77,7 +71,6 @@ Condition SplitCondition(std::string_view text) {
     i += mark.word.size();
   }
   endTerm();
-  CutAtFirstEmpty(condition.terms);
   return condition;
 }
 
@@ -114,7 +107,8 @@ std::string_view EvaluateCondition(Run& run, const Condition& condition) {
   const auto entry = [](const std::vector<std::string>& list, std::size_t i) {
     return i < list.size() ? std::string_view(list[i]) : std::string_view{};
   };
-  for (std::size_t i = 0; i < condition.terms.size(); i += 2) {
+  // Of a pair only the left term must be there: the right one may be an empty text.
+  for (std::size_t i = 0; !entry(condition.terms, i).empty(); i += 2) {
     const Value left = EvalNumber(run, condition.terms[i]);
     const Value right = EvalNumber(run, entry(condition.terms, i + 1));
     if (results.size() == kResultPlaces) FailSubscript();

@@ -14,7 +14,7 @@ namespace tessera {
 inline constexpr std::string_view kTrue = "TRUE";
 inline constexpr std::string_view kFalse = "FALSE";
 
-// A condition's text cut into its parts; the lists hold only the entries up to the first empty one.
+// A condition's text cut into its parts. A term may be empty; operators and connectives are not.
 struct Condition {
   std::vector<std::string> terms;
   std::vector<std::string> operators;

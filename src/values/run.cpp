@@ -5,7 +5,9 @@
 namespace tessera {
 
 Run::Run(const Host& runHost)
-    : host(runHost), variables([this](std::string_view text) { ShowCritical(*this, text); }) {}
+    : host(runHost),
+      paths(host.files),
+      variables([this](std::string_view text) { ShowCritical(*this, text); }) {}
 
 void InstallProgram(Run& run, PreparedProgram program) {
   run.program = std::move(program);

@@ -13,7 +13,6 @@
 #include "platform/host.h"
 #include "platform/paths.h"
 #include "platform/stack_limit.h"
-#include "platform/start_form.h"
 #include "prepare/prepare.h"
 #include "values/function_table.h"
 #include "values/value.h"
@@ -62,16 +61,11 @@ struct Run {
   bool StopFlag = false;
   bool WindowCodeStopFlag = false;
 
-  // Tells that the right side of the running assignment is text.
-  bool TextExpressionFlag = false;
-
   // Name of the program with ".TSC", its folder and the runtime's with a final backslash, its command line.
   std::string ProgramFileName;
   std::string ProgramFolderText;
   std::string RuntimeFolderText;
   std::string CommandLineText;
-  // The window form that whoever started the program asked for.
-  StartForm startForm = StartForm::Normal;
 
   // The printer that the person chose in `CaixaDialogo`; empty for the system's own choice.
   std::string PrinterName;
@@ -86,10 +80,6 @@ struct Run {
   FunctionTable programFunctions;  // names of the program's functions
 
   SourcePosition sourcePosition;
-
-  // Written by `Retorne`, read when a function ends, never cleared.
-  Value ReturnValue;
-  std::int32_t FunctionCallCounter = 0;
   // Calls of the program's functions on the stack. Some expression waits for each, and with it a command that
   // may hold a window.
   std::int32_t FunctionsInProgress = 0;

@@ -15,6 +15,7 @@ namespace tessera {
 
 class Control;
 class Form;
+class TextLayout;
 
 // What happens to the controls of a family; a control's `Index` is its object's row. The owner outlives its
 // controls and only writes down what it hears.
@@ -45,6 +46,8 @@ class ControlView {
   virtual void Follow(ControlProperty changed) = 0;
   // The keyboard goes to the control from now on.
   virtual void TakeFocus() = 0;
+  // How a text of several lines is folded where it is shown; none for other controls.
+  virtual const TextLayout* Layout() const { return nullptr; }
 
  private:
   Control& control_;

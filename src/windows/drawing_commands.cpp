@@ -2,6 +2,7 @@
 
 #include "commands/arguments.h"
 #include "windows/form.h"
+#include "windows/gradient.h"
 #include "windows/window_model.h"
 
 namespace tessera {

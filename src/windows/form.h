@@ -23,8 +23,9 @@ struct TextSize {
 
 class Form : public Surface {
  public:
-  // `events` outlives the window. The place is not shown yet.
-  Form(FormEvents& events, const Placement& place) : events_(events), place_(place) {}
+  // `events` outlives the window, and the painter of what is printed on it. The place is not shown yet.
+  Form(FormEvents& events, const Placement& place, TextPainter* painter = nullptr)
+      : Surface(painter), events_(events), place_(place) {}
 
   FormEvents& Events() const { return events_; }
 

@@ -40,6 +40,7 @@ WindowState StateOf(StartForm form) {
 
 constexpr std::string_view kHiddenWord = "IniciaJanelaInvisivel";
 constexpr std::string_view kTransparentWord = "JanelaTransparente";
+constexpr std::string_view kBorderlessWord = "SemBorda";
 
 }  // namespace
 
@@ -99,6 +100,7 @@ RunOutcome Janela::FirstActivation(const EditorTexts& editors, std::string_view 
     style.Titlebar = style.ControlBox = style.Sizable = false;
     form_->SetStyle(style);
   }
+  if (projectStyleWord == kBorderlessWord) SetBorder(*form_, false);
   if (!Prepare(editors)) return RunOutcome::Refused;
   WriteGridVariables(run_, windows_, display_.ScreenExtent());
   ShowFirst();
@@ -109,7 +111,7 @@ RunOutcome Janela::FirstActivation(const EditorTexts& editors, std::string_view 
 // OPEN: a form that was asked for is that of the first showing, and a program started hidden shows its window
 // when it says so itself.
 void Janela::ShowFirst() {
-  const StartForm form = run_.startForm;
+  const StartForm form = startForm_;
   form_->ShowWithoutFocus = form == StartForm::NormalWithoutFocus || form == StartForm::MinimisedWithoutFocus;
   form_->SetState(StateOf(form));
   if (form != StartForm::Hidden && !Contains(run_.program.ProgramText->text(), kHiddenWord)) Show();

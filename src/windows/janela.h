@@ -7,6 +7,7 @@
 
 #include "commands/command_table.h"
 #include "engine/engine.h"
+#include "platform/start_form.h"
 #include "prepare/prepare.h"
 #include "values/run.h"
 #include "windows/janela_command.h"
@@ -37,6 +38,9 @@ class Janela final : private OwnedWindows, public ProgramWindow {
   ~Janela() override;
 
   WindowModel& windows() { return windows_; }
+
+  // The window form that whoever starts the program asks for.
+  void StartAs(StartForm form) { startForm_ = form; }
 
   // Start, then events until the window is closed. The process' exit status: 0, 1 for a program that was
   // refused or abandoned, or the host's own.
@@ -69,6 +73,7 @@ class Janela final : private OwnedWindows, public ProgramWindow {
   Display& display_;
   JanelaCommand command_;
   OverlaidWindows overlaid_;
+  StartForm startForm_ = StartForm::Normal;
   std::unique_ptr<Timer> Timer1_;
 };
 

@@ -83,7 +83,7 @@ constexpr RowOn<WindowModel> kRows[] = {{"Icone", Icone}};
 PictureRef PictureOfFile(Run& run, std::string_view path) {
   const std::string resolved = ResolveFile(run, path);
   if (resolved.empty()) return nullptr;
-  PictureRef picture = LoadPicture(run.paths.SystemPath(resolved));
+  PictureRef picture = LoadPicture(run.host.files, run.paths.SystemPath(resolved));
   if (!picture) Fail(kNoPicture);
   return picture;
 }

@@ -5,18 +5,16 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <filesystem>
 #include <memory>
-#include <system_error>
 
-#include "platform/whole_file.h"
+#include "platform/file_store.h"
 #include "windows/icon_picture.h"
 
 namespace tessera {
 
 namespace {
 
-constexpr std::uintmax_t kLargestFile = 256U << 20;  // bytes
+constexpr std::uint64_t kLargestFile = 256U << 20;  // bytes
 // A few damaged bytes may promise a picture of any size: what no screen could show, or what so few bytes
 // can't hold in any of the formats, is refused before its pixels are made room for.
 constexpr std::uint64_t kMostPixels = 100'000'000;
@@ -129,17 +127,17 @@ PictureRef DecodePicture(std::string_view bytes) {
   return image.starts_with(kPngStart) ? DecodeByLibrary(image) : DecodeIconBitmap(image);
 }
 
-PictureRef LoadPicture(const std::string& path) {
-  std::error_code error;
-  const std::uintmax_t length = std::filesystem::file_size(path, error);
-  if (error || length == 0 || length > kLargestFile) return nullptr;
-  const auto bytes = ReadWholeFile(path);
-  if (std::holds_alternative<SystemError>(bytes)) return nullptr;
-  return DecodePicture(std::get<std::string>(bytes));
+PictureRef LoadPicture(FileStore& files, const std::string& path) {
+  const auto [file, error] = files.Open(path, OpenAs::Read);
+  std::uint64_t length = 0;
+  if (error != 0 || file->Size(length) != 0 || length == 0 || length > kLargestFile) return nullptr;
+  std::string bytes;
+  if (ReadAllAt(*file, 0, static_cast<std::size_t>(length), bytes) != 0) return nullptr;
+  return DecodePicture(bytes);
 }
 
 // OPEN: a bitmap has no transparency; white stands for it.
-bool SaveBitmap(const Picture& picture, const std::string& path) {
+bool SaveBitmap(const Picture& picture, FileStore& files, const std::string& path) {
   constexpr Pixel kWhite = 0xFFFFFFFF;
   constexpr int kDepth = 24;
   const Size size = picture.size();
@@ -159,7 +157,7 @@ bool SaveBitmap(const Picture& picture, const std::string& path) {
   DWORD length = 0;
   return FreeImage_SaveToMemory(FIF_BMP, bitmap.get(), memory.get()) &&
          FreeImage_AcquireMemory(memory.get(), &saved, &length) &&
-         ReplaceFile(path, {reinterpret_cast<const char*>(saved), length}) == 0;
+         files.Replace(path, {reinterpret_cast<const char*>(saved), length}) == 0;
 }
 
 }  // namespace tessera

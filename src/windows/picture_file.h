@@ -9,15 +9,17 @@
 
 namespace tessera {
 
+class FileStore;
+
 // The picture of a file, an animation's first frame, by the system's path. Nothing for a file that can't be
 // read, is damaged or too large, or holds something else.
-PictureRef LoadPicture(const std::string& path);
+PictureRef LoadPicture(FileStore& files, const std::string& path);
 
 // The same from the bytes themselves.
 PictureRef DecodePicture(std::string_view bytes);
 
 // Puts the picture into a file as a bitmap of 24 bits, what is transparent in white. False where the disk
 // refuses.
-bool SaveBitmap(const Picture& picture, const std::string& path);
+bool SaveBitmap(const Picture& picture, FileStore& files, const std::string& path);
 
 }  // namespace tessera

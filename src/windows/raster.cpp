@@ -2,7 +2,15 @@
 
 #include <algorithm>
 
+#include "platform/failure.h"
+
 namespace tessera {
+
+namespace {
+
+constexpr std::int64_t kMostPixels = 64'000'000;
+
+}  // namespace
 
 Pixel PixelOf(std::uint32_t colour, Pixel opacity) {
   Pixel pixel = opacity << 24;
@@ -23,6 +31,7 @@ Pixel Blend(Pixel above, Pixel below) {
 void Raster::Grow(Size size) {
   const Size wanted{std::max(size.width, size_.width), std::max(size.height, size_.height)};
   if (wanted == size_) return;
+  if (std::int64_t{wanted.width} * wanted.height > kMostPixels) FailMemory();
   Raster grown;
   grown.size_ = wanted;
   grown.pixels_.resize(grown.Offset(wanted.height));

@@ -43,7 +43,8 @@ class Raster {
   Size size() const { return size_; }
   bool IsEmpty() const { return pixels_.empty(); }
 
-  // Room for at least `size`; the new pixels are transparent, and what is there stays.
+  // Room for at least `size`; the new pixels are transparent, and what is there stays. Failure 7 for more
+  // pixels than any screen has, before their memory is taken.
   void Grow(Size size);
   void Clear();
 

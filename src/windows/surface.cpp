@@ -43,6 +43,23 @@ Raster& Surface::Canvas() {
   return raster_;
 }
 
+void Surface::Print(std::string_view text) {
+  TextMask mask;
+  if (painter_ != nullptr && !text.empty()) {
+    Raster& canvas = Canvas();
+    mask = painter_->Mask(text, Font, CurrentX, CurrentY, canvas.size());
+    const Pixel colour = SwapEnds(static_cast<Pixel>(ResolveColour(ForeColor)));
+    auto covered = mask.coverage.begin();
+    for (int y = 0; y < mask.size.height; ++y) {
+      Pixel* row = canvas.Row(mask.corner.y + y) + mask.corner.x;
+      for (int x = 0; x < mask.size.width; ++x, ++covered) {
+        if (*covered != 0) row[x] = Blend(PixelOf(colour, *covered), row[x]);
+      }
+    }
+  }
+  ShowPrinted(text, mask);
+}
+
 void Surface::Cls() {
   raster_.Clear();
   ShowErased();

@@ -1,6 +1,6 @@
 // A surface: what a program prints and draws on. Drawing happens here, in one plain raster for every host, so
-// that a program reads the same pixels everywhere; a host shows what changed. Printed text is the host's own:
-// where there is a screen it paints it into the raster, and elsewhere text leaves no pixels.
+// that a program reads the same pixels everywhere; a host shows what changed. Where no painter of text is
+// loaded, printed text leaves no pixels.
 //
 // From below: the ground colour, the background picture, and the raster with all that was drawn.
 #pragma once
@@ -13,6 +13,7 @@
 #include "windows/picture.h"
 #include "windows/raster.h"
 #include "windows/shapes.h"
+#include "windows/text_painter.h"
 
 namespace tessera {
 
@@ -25,21 +26,14 @@ inline constexpr Colour kButtonTextColour = static_cast<Colour>(0x80000012U);
 // What `Point` answers for a place beyond the surface.
 inline constexpr Colour kNoColour = -1;
 
-struct FontFace {
-  std::string name = "Courier New";
-  double size = 10;  // points, at 96 dots an inch
-  bool bold = false;
-  bool italic = false;
-  bool operator==(const FontFace&) const = default;
-};
-
 // Whether boxes are filled.
 enum class Filling { Solid = 0, Transparent = 1 };
 
 // Sizes and positions in pixels of its client area.
 class Surface {
  public:
-  Surface() = default;
+  // The painter outlives the surface.
+  explicit Surface(TextPainter* painter = nullptr) : painter_(painter) {}
   Surface(const Surface&) = delete;
   Surface& operator=(const Surface&) = delete;
   virtual ~Surface() = default;
@@ -80,7 +74,7 @@ class Surface {
   FontFace Font;
 
   // Prints a text with its upper left corner at the print position.
-  virtual void Print(std::string_view text) = 0;
+  void Print(std::string_view text);
   // Erases printed text and drawings; the print position, the ground and the background picture stay.
   void Cls();
 
@@ -110,6 +104,8 @@ class Surface {
   virtual void ShowErased() {}
   virtual void ShowDrawn(const Spans& /*spans*/, Pixel /*pixel*/) {}
   virtual void ShowPainted(const PictureRef& /*picture*/, PixelPoint /*at*/) {}
+  // A text was printed at the print position; the mask is empty without a painter.
+  virtual void ShowPrinted(std::string_view /*text*/, const TextMask& /*mask*/) {}
 
   // The raster, at least as large as the client area.
   Raster& Canvas();
@@ -121,6 +117,7 @@ class Surface {
   Pixel PixelInSight(int x, int y) const;
   void Draw(const Spans& spans, Colour colour);
 
+  TextPainter* painter_;
   Colour backColor_ = kButtonFaceColour;
   PictureRef background_;
   PictureRef mouseIcon_;

@@ -2,6 +2,7 @@
 
 #include "commands/arguments.h"
 #include "platform/failure.h"
+#include "platform/file_store.h"
 #include "platform/file_system.h"
 #include "text/one_based.h"
 #include "windows/picture_file.h"
@@ -14,9 +15,9 @@ constexpr long kNoFile = 53;
 constexpr long kNoPicture = 481;
 constexpr std::size_t kExtension = 3;
 
-PictureRef PictureAt(const std::string& file) {
-  PictureRef picture = LoadPicture(file);
-  if (!picture) Fail(IsFile(file) ? kNoPicture : kNoFile);
+PictureRef PictureAt(FileStore& files, const std::string& file) {
+  PictureRef picture = LoadPicture(files, file);
+  if (!picture) Fail(IsFile(files, file) ? kNoPicture : kNoFile);
   return picture;
 }
 
@@ -36,7 +37,8 @@ Value WallpaperCommand::MudaPapel(const WordCall& call) {
     return {};
   }
   const std::string copy = run_.paths.SystemPath(run_.RuntimeFolderText + "Temp.bmp");
-  if (!SaveBitmap(*PictureAt(file), copy)) return {};
+  FileStore& files = run_.host.files;
+  if (!SaveBitmap(*PictureAt(files, file), files, copy)) return {};
   run_.host.events.ProcessEvents();
   Change(copy);
   run_.host.events.ProcessEvents();

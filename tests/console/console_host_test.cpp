@@ -86,7 +86,7 @@ TEST(ConsoleDispatch, APostWakesAPersonsTerminal) {
   ASSERT_EQ(pipe(terminal.data()), 0);
   std::istringstream in;
   std::ostringstream out;
-  ConsoleHost host({.in = in, .out = out, .err = out, .descriptor = terminal[0], .isTerminal = true}, {});
+  ConsoleHost host({in, out, out, terminal[0], true}, {});
   bool seen = false;
   std::thread other([&] {
     std::this_thread::sleep_for(std::chrono::milliseconds(20));

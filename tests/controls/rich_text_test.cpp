@@ -68,10 +68,9 @@ TEST_F(RichTextTest, KeysMoveTheCaret) {
       {kUp, false, false, "um\n\nt|res\nd"},       {kHome, true, false, "um\n\n|t]res\nd"},
       {kLeft, true, false, "um\n|\nt]res\nd"},     {kLeft, false, false, "um\n|\ntres\nd"},
       {kHome, false, true, "|um\n\ntres\nd"},      {kLeft, false, false, "|um\n\ntres\nd"},
-      {kPageDown, false, false, "um\n\n|tres\nd"}, {kPageUp, true, false, "|um\n\n]tres\nd"},
-      {kEnd, true, true, "um\n\n[tres\nd|"},       {kRight, false, false, "um\n\ntres\nd|"},
+      {kPageDown, false, false, "um\n|\ntres\nd"}, {kPageUp, true, false, "|um\n]\ntres\nd"},
+      {kEnd, true, true, "um\n[\ntres\nd|"},       {kRight, false, false, "um\n\ntres\nd|"},
       {kDown, false, false, "um\n\ntres\nd|"},     {65, false, false, "um\n\ntres\nd|"}};
-  text.SetPageLines(2);
   for (const Step& step : steps) {
     EXPECT_FALSE(text.KeyDown(step.code, step.shift, step.ctrl));
     EXPECT_EQ(Shown(), step.shown) << step.code;
@@ -80,12 +79,16 @@ TEST_F(RichTextTest, KeysMoveTheCaret) {
 
 TEST_F(RichTextTest, AHostThatFoldsLinesMovesByThem) {
   text.SetText("abcdefghij");
-  text.MoveByLines = [](std::size_t caret, int lines) { return caret + static_cast<std::size_t>(lines * 3); };
-  text.SetPageLines(2);
-  text.KeyDown(key::kDown, false);
-  text.KeyDown(key::kPageDown, true);
+  struct ThreeToALine final : TextLayout {
+    std::size_t MovedByLines(std::size_t caret, int lines) const override {
+      return caret + static_cast<std::size_t>(lines * 3);
+    }
+    int PageLines() const override { return 2; }
+  } layout;
+  text.KeyDown(key::kDown, false, false, &layout);
+  text.KeyDown(key::kPageDown, true, false, &layout);
   EXPECT_EQ(Shown(), "abc[defghi|j");
-  text.KeyDown(key::kPageDown, false);
+  text.KeyDown(key::kPageDown, false, false, &layout);
   EXPECT_EQ(Shown(), "abcdefghij|") << "a place behind the text";
 }
 

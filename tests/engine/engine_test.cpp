@@ -197,7 +197,7 @@ TEST(Functions, LocalsEndWithTheCallAndLaterDeclarationsAreGlobal) {
       "9\n");
   EXPECT_EQ(program.run.variables.VarFind("F0a"), -1);
   EXPECT_EQ(program.run.variables.VarFind("F0b"), -1);
-  EXPECT_EQ(program.run.FunctionCallCounter, 1);
+  EXPECT_EQ(program.engine.FunctionCallCounter, 1);
 }
 
 TEST(Functions, ThePrefixFoundFirstIsRun) {
@@ -264,6 +264,39 @@ TEST(TickTimer, CallsTheSubsWhoseIntervalDividesTheTick) {
 TEST(StatementCost, ALiteralThatSpellsATagIsFoundLikeAHead) {
   EXPECT_EQ(Output("Escreva \"&#00001§#00000$#00 Escreva 9\"\nEscreva 2"),
             "&#00001§#00000$#00 Escreva 9\n9\n");
+}
+
+// Each read and each write of an element shows its own box for an index that is not declared.
+TEST(Assignment, JoiningShowsEachBoxOnce) {
+  struct Case {
+    std::string_view statement;
+    std::size_t boxes;
+  };
+  for (const Case& c : {Case{"v(k) = v(k) & \"2\"", 2}, Case{"n = n & v(q)", 1}, Case{"t = t & v(q)", 1},
+                        Case{"t = t & \"a\"", 0}, Case{"v(k) = v(1) & v(q) & t", 2}}) {
+    test::CoreProgram program;
+    program.Run("Var v(3) String, n Inteiro, t String\n" + std::string(c.statement));
+    EXPECT_EQ(program.Boxes().size(), c.boxes) << c.statement;
+  }
+}
+
+// A line may hold a Se and a CasoContrario of two depths; each looks for its own FimSe.
+TEST(Blocks, TwoDepthsInOneLineHaveTheirOwnEnds) {
+  EXPECT_EQ(
+      test::Output("Var i Inteiro\nEnquanto i < 2\ni++\nSe 1 = 2 & \"CasoContrario[7]\"\nEscreva \"a\"\n"
+                   "Escreva \"FimSe[7]\"\nEscreva \"b\"\nRepita"),
+      "b\nb\n");
+}
+
+// Calls whose replacing never ends are a failure of the statement's guard.
+TEST(Calls, ReplacingThatNeverEndsIsAFailure) {
+  for (const std::string_view statement :
+       {"Escreva 1 + Sete()", "Se 1 + Sete() = 8\nFimSe", "x = 1 + Sete()"}) {
+    EXPECT_EQ(test::OutputWithRoutines("Var x\n" + std::string(statement),
+                                       "Funcao Sete() Numero\nRetorne 7\nFimFuncao"),
+              statement.starts_with("x") ? "" : "falha 28\n")
+        << statement;
+  }
 }
 
 }  // namespace

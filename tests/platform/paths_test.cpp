@@ -4,18 +4,18 @@
 
 #include "platform/failure.h"
 #include "platform/file_system.h"
-#include "support/temp_folder.h"
+#include "platform/system_files.h"
+#include "support/temporary_folder.h"
 #include "text/code_page.h"
 #include "text/literal.h"
 
 namespace tessera {
 namespace {
 
-using test::TempFolder;
-
 TEST(PathMapping, BothSeparatorsLeadFromTheProgramsFolder) {
-  const TempFolder folder;
-  const PathMapping paths(folder.path(), folder / "data");
+  SystemFiles files;
+  const TemporaryFolder folder;
+  const PathMapping paths(files, folder.path(), folder / "data");
   EXPECT_EQ(paths.SystemPath("a.txt"), folder / "a.txt");
   EXPECT_EQ(paths.SystemPath("sub\\a/b.txt"), folder / "sub/a/b.txt");
   EXPECT_EQ(paths.SystemPath(".\\a.txt"), folder / "./a.txt");
@@ -25,24 +25,27 @@ TEST(PathMapping, BothSeparatorsLeadFromTheProgramsFolder) {
 }
 
 TEST(PathMapping, AProgramMayAppendToAFolderWithItsBackslash) {
-  const TempFolder folder;
-  const PathMapping paths("/nowhere", "/nowhere");
-  EXPECT_EQ(paths.SystemPath(folder.path() + "\\\\x.txt"), folder / "x.txt");
+  SystemFiles files;
+  const TemporaryFolder folder;
+  const PathMapping paths(files, "/nowhere", "/nowhere");
+  EXPECT_EQ(paths.SystemPath(folder.path().string() + "\\\\x.txt"), folder / "x.txt");
   EXPECT_EQ(paths.SystemPath("\\"), "/");
 }
 
 TEST(PathMapping, AProgramsFolderMayHaveAnyName) {
-  const TempFolder folder;
+  SystemFiles files;
+  const TemporaryFolder folder;
   folder.Write("日本/x.txt", "");
-  const PathMapping paths(folder / "日本", folder / "data");
+  const PathMapping paths(files, folder / "日本", folder / "data");
   const std::string asSeen = FromUtf8Lossy(folder / "日本");
   EXPECT_EQ(paths.SystemPath(asSeen + "\\X.txt"), folder / "日本/x.txt");
   EXPECT_EQ(paths.SystemPath(asSeen + "x"), asSeen + "x");
 }
 
 TEST(PathMapping, DriveLettersAreFoldersMadeOnFirstUse) {
-  const TempFolder folder;
-  const PathMapping paths(folder.path(), folder / "data");
+  SystemFiles files;
+  const TemporaryFolder folder;
+  const PathMapping paths(files, folder.path(), folder / "data");
   EXPECT_FALSE(folder.Has("data"));
   EXPECT_EQ(paths.SystemPath("c:\\dados\\x.txt"), folder / "data/C/dados/x.txt");
   EXPECT_TRUE(folder.Has("data/C"));
@@ -51,8 +54,9 @@ TEST(PathMapping, DriveLettersAreFoldersMadeOnFirstUse) {
 }
 
 TEST(PathMapping, WhatIsNotThereAsSpelledIsLookedUpBlindToCase) {
-  const TempFolder folder;
-  const PathMapping paths(folder.path(), folder / "data");
+  SystemFiles files;
+  const TemporaryFolder folder;
+  const PathMapping paths(files, folder.path(), folder / "data");
   folder.Write("Clientes/AÇÃO.Txt", "x");
   folder.Write("Clientes/b.txt", "x");
   folder.Write("Clientes/B.txt", "x");
@@ -90,28 +94,30 @@ long FailureOf(const std::function<void()>& body) {
 }
 
 TEST(CopyFile, ReplacesTheTargetOnlyByAWholeCopy) {
-  const TempFolder folder;
+  SystemFiles files;
+  const TemporaryFolder folder;
   folder.Write("a", "novo");
   folder.Write("b", "velho e longo");
-  CopyFile(folder / "a", folder / "b");
+  CopyFile(files, folder / "a", folder / "b");
   EXPECT_EQ(folder.Read("b"), "novo");
-  EXPECT_EQ(FailureOf([&] { CopyFile(folder / "a", folder / "a"); }), 70);
+  EXPECT_EQ(FailureOf([&] { CopyFile(files, folder / "a", folder / "a"); }), 70);
   EXPECT_EQ(folder.Read("a"), "novo");
-  EXPECT_EQ(FailureOf([&] { CopyFile(folder / "x", folder / "b"); }), 53);
-  EXPECT_EQ(FailureOf([&] { CopyFile(folder / "x/y", folder / "b"); }), 76);
-  EXPECT_EQ(FailureOf([&] { CopyFile(folder / "a", folder / "x/y"); }), 76);
-  EXPECT_EQ(FailureOf([&] { CopyFile(folder.path(), folder / "c"); }), 75);
-  EXPECT_EQ(FailureOf([&] { CopyFile(folder / "a", folder.path()); }), 75);
-  EXPECT_EQ(FailureOf([&] { CopyFile(folder / "a", "/dev/full"); }), 61);
+  EXPECT_EQ(FailureOf([&] { CopyFile(files, folder / "x", folder / "b"); }), 53);
+  EXPECT_EQ(FailureOf([&] { CopyFile(files, folder / "x/y", folder / "b"); }), 76);
+  EXPECT_EQ(FailureOf([&] { CopyFile(files, folder / "a", folder / "x/y"); }), 76);
+  EXPECT_EQ(FailureOf([&] { CopyFile(files, folder.path(), folder / "c"); }), 75);
+  EXPECT_EQ(FailureOf([&] { CopyFile(files, folder / "a", folder.path()); }), 75);
+  EXPECT_EQ(FailureOf([&] { CopyFile(files, folder / "a", "/dev/full"); }), 61);
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 2);
 }
 
 TEST(CopyFile, FollowsALinkToItsFile) {
-  const TempFolder folder;
+  SystemFiles files;
+  const TemporaryFolder folder;
   folder.Write("a", "novo");
   folder.Write("b", "velho");
   std::filesystem::create_symlink("b", folder / "elo");
-  CopyFile(folder / "a", folder / "elo");
+  CopyFile(files, folder / "a", folder / "elo");
   EXPECT_EQ(folder.Read("b"), "novo");
   EXPECT_TRUE(std::filesystem::is_symlink(folder / "elo"));
 }

@@ -20,7 +20,7 @@
 #include "qt/qt_host.h"
 #include "support/core_program.h"
 #include "support/hosted_program.h"
-#include "support/temp_folder.h"
+#include "support/temporary_folder.h"
 #include "windows/picture_commands.h"
 
 namespace tessera::test {
@@ -179,7 +179,7 @@ TEST(PrintSurface, OnAFineScreenDrawingsKeepTheirPlacesAndTextBesideThemStaysFin
 }
 
 TEST_F(QtDrawingTest, TheDialogsAnswerWhatThePersonChoseAndCancelIsNothing) {
-  TempFolder folder;
+  TemporaryFolder folder;
   folder.Write("um.txt", "x");
   {
     With<QFileDialog> choosing("DialogoArquivo", [&](QFileDialog& dialog) {

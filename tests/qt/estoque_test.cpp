@@ -32,10 +32,10 @@ TEST(EstoqueOnWindows, SaysWhatItSaysOnTheConsole) {
   ScriptedDispatch dispatch(qt, Content(expected / "Estoque.in"));
   RecordedBoxes boxes;
   const Host host = qt.host();
-  HostedProgram program({boxes, dispatch, host.clock, host.random}, qt);
+  HostedProgram program({boxes, dispatch, host.clock, host.random, host.files}, qt);
   dispatch.person.windows = &program.janela.windows();
   program.run.ProgramFolderText = FromUtf8Lossy(folder.string()) + "\\";
-  program.run.paths = PathMapping(folder, folder / "dados");
+  program.run.paths = PathMapping(program.run.host.files, folder, folder / "dados");
 
   EXPECT_EQ(program.Run(Content(folder / "Estoque.tsc")), 0);
   std::string said;

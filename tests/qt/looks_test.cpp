@@ -45,14 +45,14 @@ class LooksOnWindows : public testing::Test {
   QtHost qt;
   RecordedBoxes boxes;
   Host host = qt.host();
-  HostedProgram program{{boxes, qt, host.clock, host.random}, qt};
+  HostedProgram program{{boxes, qt, host.clock, host.random, host.files}, qt};
 };
 
 }  // namespace
 
 TEST_F(LooksOnWindows, AButtonShowsEachOfItsStates) {
   for (const char* form : {"Botao B, 1, 1, 2, 12, \"Grava\"\n", "Botao B, \"Tipo0\", 1, 1, \"Grava\"\n"}) {
-    HostedProgram fresh({boxes, qt, host.clock, host.random}, qt);
+    HostedProgram fresh({boxes, qt, host.clock, host.random, host.files}, qt);
     EditorTexts editors;
     editors[0] = FromSource(form);
     ASSERT_EQ(fresh.Start(editors, ""), RunOutcome::Ended);
@@ -204,6 +204,11 @@ TEST_F(LooksOnWindows, WhatIsDroppedDownClosesWhereThePersonTurnsElsewhere) {
   EXPECT_FALSE(list->isVisible());
   QTest::mouseClick(Top(), Qt::LeftButton, {}, InWindow(combo, {combo.width() - 8, 10}));
   ASSERT_TRUE(list->isVisible());
+  // A pointer that has picked is over the list's place, and no longer over the entry.
+  combo.setAttribute(Qt::WA_UnderMouse, true);
+  QTest::mouseClick(list, Qt::LeftButton, {}, {20, 30});
+  EXPECT_FALSE(combo.underMouse());
+  QTest::mouseClick(Top(), Qt::LeftButton, {}, InWindow(combo, {combo.width() - 8, 10}));
   QTest::mousePress(list, Qt::LeftButton, {}, {-50, -50});
   EXPECT_FALSE(list->isVisible());
   EXPECT_EQ(Variable("C.Txt"), "dois");

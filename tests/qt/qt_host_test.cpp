@@ -22,6 +22,8 @@
 #include "qt/boxes.h"
 #include "qt/fonts.h"
 #include "qt/print_surface.h"
+#include "qt/qt_text_painter.h"
+#include "qt/text.h"
 #include "support/core_program.h"
 #include "support/hosted_program.h"
 #include "windows/stock_pictures.h"
@@ -272,12 +274,67 @@ TEST_F(QtHostTest, ClsErasesAndANewGroundKeepsThePrints) {
   EXPECT_GT(DarkPixels(picture, QRect(0, 14, 40, 14)), 20);
 }
 
+// A surface of 100 by 20 pixels on a screen of that ratio.
+class Paper final : public Surface {
+ public:
+  Paper(TextPainter& painter, double ratio) : Surface(&painter), shown(raster_) {
+    shown.Fit(QSize(100, 20), ratio);
+  }
+  double ScaleWidth() const override { return 100; }
+  double ScaleHeight() const override { return 20; }
+
+  PrintSurface shown;
+  QRect printed;
+
+ protected:
+  void ShowPrinted(std::string_view text, const TextMask& mask) override {
+    shown.Print(QPointF(CurrentX, CurrentY), ToQLines(text), ToQFont(Font), Qt::black);
+    printed = QRect(mask.corner.x, mask.corner.y, mask.size.width, mask.size.height);
+  }
+};
+
+// What the window system paints on the ground itself.
+TEST(TextPainter, ItsMaskBlendedInIsTheTextAsTheWindowSystemPaintsIt) {
+  QtTextPainter painter;
+  for (const FontFace& face : {FontFace{}, FontFace{.name = "Times New Roman", .size = 12, .italic = true}}) {
+    Paper paper(painter, 1);
+    paper.FillBar({0, 0}, {60, 19}, 0x40C080);
+    QImage wanted(100, 20, QImage::Format_ARGB32_Premultiplied);
+    SetFontScale(wanted);
+    wanted.fill(Qt::transparent);
+    QPainter direct(&wanted);
+    direct.fillRect(0, 0, 61, 20, QColor(0x80, 0xC0, 0x40));
+    direct.setFont(ToQFont(face));
+    direct.setPen(QColor(0xC0, 0x20, 0x60));
+    const QFontMetricsF metrics(ToQFont(face), &wanted);
+    direct.drawText(QPointF(8.5, 1.25 + metrics.ascent()), "Ol\u00e1, rifa");
+    direct.end();
+    paper.ForeColor = 0x6020C0;
+    paper.Font = face;
+    paper.CurrentX = 8.5;
+    paper.CurrentY = 1.25;
+    paper.Print("Ol\xE1, rifa");
+    QImage printed(100, 20, QImage::Format_ARGB32_Premultiplied);
+    printed.fill(Qt::transparent);
+    QPainter screen(&printed);
+    paper.shown.PaintOn(screen, QRect(0, 0, 100, 20));
+    screen.end();
+    EXPECT_TRUE(paper.printed.contains(QRect(20, 5, 30, 10)));
+    int different = 0;
+    for (int y = 0; y < 20; ++y) {
+      for (int x = 0; x < 100; ++x) different += printed.pixel(x, y) != wanted.pixel(x, y);
+    }
+    EXPECT_EQ(different, 0) << face.name;
+  }
+}
+
 TEST(PrintSurface, OnAFineScreenCharactersAreFineAndStandInTheSamePlaces) {
   const auto picture = [](double ratio) {
-    Raster raster;
-    PrintSurface surface(raster);
-    surface.Fit(QSize(100, 20), ratio);
-    surface.Print(QPointF(8, 0), "Olá", ToQFont({}), Qt::black);
+    QtTextPainter textPainter;
+    Paper paper(textPainter, ratio);
+    paper.CurrentX = 8;
+    paper.Print("Ol\xE1");
+    PrintSurface& surface = paper.shown;
     QImage screen(QSize(100, 20) * ratio, QImage::Format_RGB32);
     screen.setDevicePixelRatio(ratio);
     screen.fill(Qt::white);
@@ -349,7 +406,7 @@ TEST_F(QtHostTest, TheFirstShowingHasTheFormThatItsStarterAskedFor) {
                          Row{StartForm::NormalWithoutFocus, true, Qt::WindowNoState, false}}) {
     QtHost anotherHost;
     HostedProgram another(anotherHost.host(), anotherHost);
-    another.run.startForm = row.form;
+    another.janela.StartAs(row.form);
     ASSERT_EQ(another.Start({}, ""), RunOutcome::Ended);
     QTest::qWait(20);
     const QWidget* janela = WidgetNamed("Janela");
@@ -384,15 +441,42 @@ TEST_F(QtHostTest, ThePointerIsToldInPixelsOfTheScreen) {
     QTest::mouseMove(WidgetNamed("Janela")->windowHandle(), QPoint(x, y));
   };
   program.commands.CommandCall("Janela", "MouseGeral = Sim");
-  pointAt(80, 42);
-  EXPECT_EQ(place(), "0 0") << "the window tells nothing";
   QCursor::setPos(123, 45);
-  QTest::qWait(120);
-  EXPECT_EQ(place(), "45 123");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return place() == "45 123"; })) << place();
+  pointAt(80, 42);
+  EXPECT_NE(place(), "3 10") << "the window tells nothing";
   program.commands.CommandCall("Janela", "MouseGeral = Nao");
   pointAt(160, 28);
   QTest::qWait(120);
   EXPECT_EQ(place(), "2 20") << "the timer has no effect any more";
+}
+
+// A window that went and came again would lose its place, its order, and at times its manager.
+TEST_F(QtHostTest, AStyleChangesWithoutTheWindowsGoing) {
+  struct Hides final : QObject {
+    bool eventFilter(QObject*, QEvent* event) override {
+      count += event->type() == QEvent::Hide;
+      return false;
+    }
+    int count = 0;
+  };
+  When shown("Janela", [&](QWidget& janela) {
+    Hides hides;
+    janela.installEventFilter(&hides);
+    Form& form = *program.janela.windows().MainWindow;
+    const QPoint place = janela.pos();
+    const QWindow* window = janela.windowHandle();
+    form.SetStyle({.Sizable = false});
+    form.SetStyle({.ControlBox = false, .TopMost = true});
+    EXPECT_TRUE(window->flags().testFlag(Qt::WindowStaysOnTopHint));
+    form.SetStyle({});
+    EXPECT_EQ(hides.count, 0);
+    EXPECT_EQ(janela.windowHandle(), window);
+    EXPECT_EQ(janela.pos(), place);
+    janela.removeEventFilter(&hides);
+    janela.close();
+  });
+  Run("Enquanto 1 = 1\nAguarde 10\nRepita\n");
 }
 
 TEST_F(QtHostTest, AHelpButtonStandsInATitleWithoutSizeButtons) {

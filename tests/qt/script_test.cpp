@@ -35,7 +35,7 @@ TEST_P(ScriptOnWindows, WritesWhatTheConsoleHostWrites) {
   ScriptedDispatch dispatch(qt, file(".in"));
   RecordedBoxes boxes;
   const Host host = qt.host();
-  HostedProgram program({boxes, dispatch, host.clock, host.random}, qt);
+  HostedProgram program({boxes, dispatch, host.clock, host.random, host.files}, qt);
   dispatch.person.windows = &program.janela.windows();
   std::string written;
   AtWord(program.run, "Escreva", [&](std::string_view arguments) {

@@ -59,7 +59,7 @@ void AtWord(Run& run, std::string_view word, std::function<Value(std::string_vie
 }
 
 CoreProgram::CoreProgram(const std::function<void(Services&)>& change)
-    : program_(StartOf(".", ""), Changed(TestServices({dialogs, events, clock, random}), change)) {
+    : program_(StartOf(".", ""), Changed(TestServices({dialogs, events, clock, random, files}), change)) {
   run.RunningFlag = true;
   AtWord(run, "Escreva", [this](std::string_view arguments) {
     for (const std::string& part : SplitArguments(run, arguments, 101)) {

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "platform/host.h"
+#include "platform/system_files.h"
 #include "runtime/program_run.h"
 
 namespace tessera::test {
@@ -86,6 +87,7 @@ class CoreProgram {
   NoEvents events;
   FixedClock clock;
   FixedRandom random;
+  SystemFiles files;
 
  private:
   ProgramRun program_;

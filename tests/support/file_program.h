@@ -3,13 +3,13 @@
 #pragma once
 
 #include "support/library_program.h"
-#include "support/temp_folder.h"
+#include "support/temporary_folder.h"
 
 namespace tessera::test {
 
 // The folder stands before the run that lies in it.
 struct OwnFolder {
-  TempFolder folder;
+  TemporaryFolder folder;
 };
 
 class FileProgram : public OwnFolder, public LibraryProgram {
@@ -21,9 +21,9 @@ class FileProgram : public OwnFolder, public LibraryProgram {
                               .ports = HardwarePorts(ports),
                               .isFinished = isFinished};
         }) {
-    run.ProgramFolderText = FromUtf8Lossy(folder.path()) + "\\";
+    run.ProgramFolderText = FromUtf8Lossy(folder.path().string()) + "\\";
     run.RuntimeFolderText = run.ProgramFolderText;
-    run.paths = PathMapping(folder.path(), folder / "dados");
+    run.paths = PathMapping(run.host.files, folder.path(), folder / "dados");
   }
 };
 

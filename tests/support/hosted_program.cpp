@@ -19,7 +19,7 @@ Services OnDisplay(const Host& host, Display& display) {
 HostedProgram::HostedProgram(const Host& host, Display& display)
     : program_(StartOf("/programas/teste", "um dois"), OnDisplay(host, display)) {
   run.RuntimeFolderText = "/programas\\";
-  run.paths = PathMapping();
+  run.paths = PathMapping(run.host.files);
 }
 
 int HostedProgram::Run(std::string_view editor0, std::string_view routines,

@@ -5,9 +5,10 @@
 
 #include "platform/host.h"
 #include "runtime/program_run.h"
+#include "windows/display.h"
 #include "windows/form.h"
-#include "windows/janela.h"
 #include "windows/picture_commands.h"
+#include "windows/window_model.h"
 
 namespace tessera::test {
 

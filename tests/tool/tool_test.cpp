@@ -114,6 +114,11 @@ TEST_F(Tool, ChecksWhereABlockOpened) {
   EXPECT_EQ(routine.status, kRefused);
   EXPECT_EQ(routine.out, folder_ / "R.tsc" + ":3: Funcao sem o respectivo comando FimFuncao: Dobro\n");
 
+  const ProcessResult failed =
+      Call({"check",
+            folder_.Write("F.tsc", "FimPrograma\n\n\nSub Temporizador_T(99999)\nFimSub\nSub Y()\nFimSub")});
+  EXPECT_TRUE(failed.out.starts_with(folder_ / "F.tsc" + ":4: Erro na criação")) << failed.out;
+
   const ProcessResult fine = Call({"check", main});
   EXPECT_EQ(fine.status, kDone);
   EXPECT_EQ(fine.out, "");

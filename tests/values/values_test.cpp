@@ -133,8 +133,25 @@ TEST(Conditions, AreCutIntoTermsAndMarks) {
 }
 
 TEST(Conditions, OuCutsAName) {
-  EXPECT_EQ(SplitCondition("TOTOU = 1").terms, (std::vector<std::string>{"TOT"}));
+  EXPECT_EQ(SplitCondition("TOTOU = 1").terms, (std::vector<std::string>{"TOT", "", "1"}));
   EXPECT_EQ(SplitCondition("a = 1 e b = 2").terms, (std::vector<std::string>{"a", "1 e b", "2"}));
+}
+
+// An empty text on the right is a term of its own; an empty left one ends the list.
+TEST(Conditions, AnEmptyRightTermIsCompared) {
+  struct Compared {
+    std::string_view condition;
+    std::string_view holds;
+  };
+  for (const Compared& c :
+       {Compared{"s = E b = 1", "1"}, Compared{"s = E b = 2", "0"}, Compared{"b = 2 OU s = ", "1"},
+        Compared{"s <> OU b = 1", "1"}, Compared{"= 1 OU b = 1", "0"}, Compared{"b = 1 E = 2", "1"},
+        Compared{"s = \"\" E b = 1", "1"}}) {
+    EXPECT_EQ(test::Output("Var s String, b Inteiro\nb = 1\nSe " + std::string(c.condition) +
+                           "\nEscreva 1\nCasoContrario\nEscreva 0\nFimSe"),
+              std::string(c.holds) + "\n")
+        << c.condition;
+  }
 }
 
 TEST(Conditions, OnlyANumberOnTheLeftConverts) {

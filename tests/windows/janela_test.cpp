@@ -41,7 +41,7 @@ TEST_F(JanelaTest, TheFirstShowingHasTheFormThatItsStarterAskedFor) {
                          Row{StartForm::Maximised, true, WindowState::Maximised},
                          Row{StartForm::MinimisedWithoutFocus, true, WindowState::Minimised}}) {
     HostedProgram started(host.host(), host);
-    started.run.startForm = row.form;
+    started.janela.StartAs(row.form);
     EditorTexts editors;
     EXPECT_EQ(started.Start(editors, ""), RunOutcome::Ended);
     EXPECT_EQ(started.janela.form().Visible(), row.visible);
@@ -101,6 +101,19 @@ TEST_F(JanelaTest, ThatWordAnywhereInTheProgramKeepsTheWindowHidden) {
   program.Start(editors, "JanelaTransparente");
   EXPECT_FALSE(Window().Visible());
   EXPECT_FALSE(Window().Style().Titlebar);
+}
+
+TEST_F(JanelaTest, AProgramThatAsksForItHasNoFrame) {
+  program.Run("Cls\n", "", "SemBorda");
+  EXPECT_FALSE(Window().Style().Titlebar);
+  EXPECT_TRUE(Window().Style().ControlBox);
+}
+
+// A surface larger than any screen fails where it is drawn on, before its memory is taken.
+TEST_F(JanelaTest, AnImmenseWindowCanNotBeDrawnOn) {
+  EXPECT_EQ(program.Run("Janela Tamanho = 3000, 6000\nPonto 1, 1, 255\nEscreva 1\n"), 1);
+  EXPECT_EQ(Printed(), "");
+  EXPECT_NE(err.str().find("Memória insuficiente"), std::string::npos) << err.str();
 }
 
 TEST_F(JanelaTest, AnEventWhoseVariableIsGoneIsNoFailureOfTheWaitingStatement) {

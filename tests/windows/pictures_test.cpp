@@ -4,7 +4,7 @@
 #include <string>
 
 #include "support/console_window.h"
-#include "support/temp_folder.h"
+#include "support/temporary_folder.h"
 #include "text/code_page.h"
 #include "windows/picture_commands.h"
 #include "windows/picture_file.h"
@@ -76,15 +76,16 @@ TEST(PictureFile, ATransparentColourLetsTheGroundThrough) {
 }
 
 TEST(PictureFile, OtherContentsAreNoPictureWhateverTheyAreCalled) {
-  TempFolder folder;
+  SystemFiles files;
+  TemporaryFolder folder;
   folder.Write("tiff.png", "II*\0\x08\0\0\0\0\0\0\0\0\0"s);
   folder.Write("texto.bmp", "Isto é um texto");
   folder.Write("vazio.png", "");
   folder.Write("gif.txt", kGif);
   for (const char* name : {"tiff.png", "texto.bmp", "vazio.png", "falta.png", ""}) {
-    EXPECT_EQ(LoadPicture(folder / name), nullptr) << name;
+    EXPECT_EQ(LoadPicture(files, folder / name), nullptr) << name;
   }
-  EXPECT_NE(LoadPicture(folder / "gif.txt"), nullptr);
+  EXPECT_NE(LoadPicture(files, folder / "gif.txt"), nullptr);
 }
 
 TEST(PictureFile, EachFormatHasItsPixelsAndItsTransparency) {
@@ -164,12 +165,13 @@ TEST(PictureFile, APictureThatPromisesMoreThanItHoldsIsNone) {
 }
 
 TEST(PictureFile, ADamagedFileOnTheDiskIsNone) {
-  TempFolder folder;
+  SystemFiles files;
+  TemporaryFolder folder;
   for (const auto& [name, bytes] : {std::pair{"a.png", kPng}, {"a.ico", kIco}, {"a.jpg", kJpeg}}) {
     folder.Write(name, bytes);
-    EXPECT_NE(LoadPicture(folder / name), nullptr) << name;
+    EXPECT_NE(LoadPicture(files, folder / name), nullptr) << name;
     folder.Write(name, bytes.substr(0, bytes.size() / 3));
-    EXPECT_EQ(LoadPicture(folder / name), nullptr) << name;
+    EXPECT_EQ(LoadPicture(files, folder / name), nullptr) << name;
   }
 }
 
@@ -198,8 +200,8 @@ class BackgroundTest : public ConsoleWindowTest {
   BackgroundTest() {
     folder.Write("foto.png", kBmp);
     folder.Write("quebrada.bmp", kBmp.substr(0, 30));
-    program.run.paths = PathMapping(folder.path(), folder / "dados");
-    program.run.ProgramFolderText = folder.path() + "\\";
+    program.run.paths = PathMapping(program.run.host.files, folder.path(), folder / "dados");
+    program.run.ProgramFolderText = folder.path().string() + "\\";
   }
 
   void Fundo(std::string_view value, std::string_view line = "", std::string_view column = "",
@@ -207,7 +209,7 @@ class BackgroundTest : public ConsoleWindowTest {
     program.Fundo(Window(), value, stock, line, column);
   }
 
-  TempFolder folder;
+  TemporaryFolder folder;
 };
 
 TEST_F(BackgroundTest, IsAStockNameAColourAVariableAFileOrNothing) {

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "support/console_window.h"
-#include "support/temp_folder.h"
+#include "support/temporary_folder.h"
 #include "windows/picture_file.h"
 
 namespace tessera::test {
@@ -19,27 +19,27 @@ PictureRef RedAndNothing() {
 class WallpaperTest : public ConsoleWindowTest {
  protected:
   WallpaperTest() {
-    program.run.paths = PathMapping(folder.path(), folder / "dados");
-    program.run.ProgramFolderText = program.run.RuntimeFolderText = folder.path() + "\\";
+    program.run.paths = PathMapping(program.run.host.files, folder.path(), folder / "dados");
+    program.run.ProgramFolderText = program.run.RuntimeFolderText = folder.path().string() + "\\";
   }
   long FailureOf(std::string_view arguments) {
     const auto failure = Guard([&] { program.commands.CommandCall("MudaPapel", arguments); });
     return failure ? failure->number() : 0;
   }
 
-  TempFolder folder;
+  TemporaryFolder folder;
 };
 
 }  // namespace
 
 TEST_F(WallpaperTest, APictureIsSavedAsABitmapOf24BitsBesideTheRuntime) {
-  ASSERT_TRUE(SaveBitmap(*RedAndNothing(), folder / "foto.ico"));
+  ASSERT_TRUE(SaveBitmap(*RedAndNothing(), program.run.host.files, folder / "foto.ico"));
   EXPECT_EQ(FailureOf("\"foto.ico\""), 0);
   const std::string bitmap = folder.Read("Temp.bmp");
   ASSERT_GT(bitmap.size(), 54U);
   EXPECT_EQ(bitmap.substr(0, 2), "BM");
   EXPECT_EQ(bitmap[28], 24) << "bits of a pixel";
-  const PictureRef saved = LoadPicture(folder / "Temp.bmp");
+  const PictureRef saved = LoadPicture(program.run.host.files, folder / "Temp.bmp");
   ASSERT_NE(saved, nullptr);
   EXPECT_EQ(saved->size(), (Size{2, 1}));
   EXPECT_EQ(saved->raster.At(0, 0), 0xFFFF0000U);
@@ -63,7 +63,7 @@ TEST_F(WallpaperTest, AFileThatCannotBeLoadedIsAFailure) {
 }
 
 TEST_F(WallpaperTest, ADiskThatRefusesTheBitmapLeavesTheDesktopAlone) {
-  ASSERT_TRUE(SaveBitmap(*RedAndNothing(), folder / "foto.ico"));
+  ASSERT_TRUE(SaveBitmap(*RedAndNothing(), program.run.host.files, folder / "foto.ico"));
   folder.Write("Temp.bmp/fica", "uma pasta com esse nome");
   EXPECT_EQ(FailureOf("\"foto.ico\""), 0);
   EXPECT_EQ(program.wallpaper.Outcome(), "");

@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QScreen>
 #include <algorithm>
 #include <utility>
@@ -31,7 +32,21 @@ void DroppedView::Close() {
   closesByItself_ = true;
 }
 
+bool DroppedView::event(QEvent* event) {
+  if (event->type() == QEvent::MouseMove || event->type() == QEvent::MouseButtonRelease ||
+      event->type() == QEvent::MouseButtonPress) {
+    pointer_ = static_cast<QMouseEvent*>(event)->globalPosition().toPoint();
+  }
+  return QWidget::event(event);
+}
+
+// The window system tells the entry nothing of a pointer that has left it below the view.
 void DroppedView::hideEvent(QHideEvent*) {
+  if (pointer_) {
+    entry_.setAttribute(Qt::WA_UnderMouse, entry_.rect().contains(entry_.mapFromGlobal(*pointer_)));
+    entry_.update();
+  }
+  pointer_.reset();
   if (closesByItself_) closed_();
 }
 

@@ -2,8 +2,10 @@
 // keyboard stays with the entry.
 #pragma once
 
+#include <QPoint>
 #include <QWidget>
 #include <functional>
+#include <optional>
 
 namespace tessera {
 
@@ -17,6 +19,7 @@ class DroppedView : public QWidget {
   void Close();
 
  protected:
+  bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void keyReleaseEvent(QKeyEvent* event) override;
   void hideEvent(QHideEvent* event) override;
@@ -25,6 +28,7 @@ class DroppedView : public QWidget {
   QWidget& entry_;
   std::function<void()> closed_;
   bool closesByItself_ = true;
+  std::optional<QPoint> pointer_;  // on the screen, as it was last felt
 };
 
 }  // namespace tessera

@@ -27,6 +27,8 @@ class LookBody {
   virtual void FollowControl() { Widget().update(); }
   // A key combination of the desktop's own, like that of the clipboard; true where it was one.
   virtual bool TakeShortcut(const QKeyEvent& /*event*/) { return false; }
+  // How it folds a text of several lines.
+  virtual const TextLayout* Layout() const { return nullptr; }
 };
 
 // Where a widget's events go into the logic. It goes with the control; what comes later is dropped.
@@ -57,6 +59,7 @@ class LookView final : public QObject, public ControlView {
 
   void Follow(ControlProperty changed) override;
   void TakeFocus() override;
+  const TextLayout* Layout() const override { return body_->Layout(); }
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -54,9 +54,6 @@ QRectF TextoLook::TextRect() const {
 
 void TextoLook::FollowControl() {
   LayOut();
-  const auto byLines = [this](std::size_t caret, int lines) { return MovedByLines(caret, lines); };
-  const double lineHeight = std::max(1.0, CaretRect(0).height());
-  control().TakeLayout(byLines, std::max(1, static_cast<int>(TextRect().height() / lineHeight) - 1));
   if (std::exchange(seenCaret_, control().State().Caret()) != control().State().Caret()) RestartBlinking();
   ScrollToCaret();
   update();
@@ -125,6 +122,11 @@ std::size_t TextoLook::MovedByLines(std::size_t caret, int lines) const {
   cursor.movePosition(lines < 0 ? QTextCursor::Up : QTextCursor::Down, QTextCursor::MoveAnchor,
                       std::abs(lines));
   return static_cast<std::size_t>(cursor.position());
+}
+
+int TextoLook::PageLines() const {
+  const double lineHeight = std::max(1.0, CaretRect(0).height());
+  return std::max(1, static_cast<int>(TextRect().height() / lineHeight) - 1);
 }
 
 // Painting

@@ -9,11 +9,12 @@
 
 namespace tessera {
 
-class TextoLook final : public TextLook<TextoControl> {
+class TextoLook final : public TextLook<TextoControl>, private TextLayout {
  public:
   TextoLook(TextoControl& control, LogicEntry& entry);
 
   void FollowControl() override;
+  const TextLayout* Layout() const override { return this; }
 
  protected:
   void SelectAll() override;
@@ -40,7 +41,8 @@ class TextoLook final : public TextLook<TextoControl> {
   // How far the document may be scrolled.
   double LastScroll() const;
   std::size_t PlaceAt(QPointF at) const;
-  std::size_t MovedByLines(std::size_t caret, int lines) const;
+  std::size_t MovedByLines(std::size_t caret, int lines) const override;
+  int PageLines() const override;
   void PaintMark(QPainter& painter);
 
   QTextDocument document_;
