@@ -159,6 +159,13 @@ class CommandLine {
         ->type_name("SAÍDA");
     exported->add_option("--sqlite", export_.sqlite, "Banco de dados SQLite")->type_name("SAÍDA");
     exported->add_option("--senha", export_.password, "Senha do banco de dados")->type_name("SENHA");
+    CLI::App* imported = add("import", "Faz um banco de dados com registros de outro formato", import_.file,
+                             [this] { return BdImportSubcommand(import_); });
+    imported->add_option("--csv", import_.csv, "Texto com os nomes dos campos na primeira linha")
+        ->type_name("ENTRADA");
+    imported->add_option("--sqlite", import_.sqlite, "Banco de dados SQLite")->type_name("ENTRADA");
+    imported->add_option("--table", import_.table, "Tabela do banco SQLite")->type_name("TABELA");
+    imported->add_option("--senha", import_.password, "Senha que o banco de dados terá")->type_name("SENHA");
   }
 
   // The command chosen at the lowest level.
@@ -195,6 +202,7 @@ class CommandLine {
   RunCall run_;
   BuildCall build_;
   BdExportCall export_;
+  BdImportCall import_;
   std::string name_;
 };
 

@@ -41,4 +41,13 @@ struct BdExportCall {
 };
 int BdExportSubcommand(const BdExportCall& call);
 
+struct BdImportCall {
+  std::string file;    // the record file to make
+  std::string csv;     // the text file to read, or
+  std::string sqlite;  // the SQLite file to read
+  std::string table;   // of the SQLite file
+  std::string password;
+};
+int BdImportSubcommand(const BdImportCall& call);
+
 }  // namespace tessera

@@ -1,32 +1,76 @@
 #include "commands/command_table.h"
 
-#include "language/words.h"
+#include <algorithm>
+#include <stdexcept>
+#include <utility>
+
+#include "text/literal.h"
 #include "text/one_based.h"
 
 namespace tessera {
 
-CommandTable::CommandTable(Run& run) {
+namespace {
+
+constexpr std::size_t kPrefixLetters = 3;
+
+[[noreturn]] void Refuse(std::string_view word, std::string_view reason) {
+  throw std::logic_error("command " + std::string(word) + ": " + std::string(reason));
+}
+
+// Behind a prefix that has words of its own, as `Rel.Config`, other names are none of the language's.
+bool IsWordToCome(const WordCall& call) {
+  if (!call.word.Has(trait::kPrefix)) return true;
+  const std::string_view own = call.name.substr(std::min(call.name.size(), call.word.name.size() + 1));
+  return call.name.substr(call.word.name.size()).starts_with('.') &&
+         FindForm(call.word.more.keywords, Upper(own)) != nullptr;
+}
+
+}  // namespace
+
+CommandTable::CommandTable(Run& run) : run_(run) {
   run.doors.CommandCall = [this](std::string_view name, std::string_view arguments) {
     return CommandCall(name, arguments);
   };
+  for (const Word& word : Words()) {
+    if (!word.Has(trait::kComing)) continue;
+    commands_.try_emplace(Upper(word.name), Command{word, [this](const WordCall& call) {
+                                                      if (IsWordToCome(call)) TellComing(call);
+                                                      return Value();
+                                                    }});
+  }
 }
 
-void CommandTable::Add(std::string_view word, CommandHandler handler) {
-  handlers_.insert_or_assign(std::string(word), std::move(handler));
+void CommandTable::Add(std::string_view name, CommandHandler handler) {
+  const Word* word = FindWord(name);
+  if (word == nullptr) Refuse(name, "no word of the language");
+  if (word->Has(trait::kComing)) Refuse(name, "marked as not yet bound");
+  if (!commands_.try_emplace(Upper(name), Command{*word, std::move(handler)}).second) {
+    Refuse(name, "bound twice");
+  }
 }
 
-void CommandTable::AddPrefix(std::string_view prefix, CommandHandler handler) {
-  prefixes_.emplace_back(prefix, std::move(handler));
+const Command* CommandTable::Find(std::string_view name) const {
+  const std::string upper = Upper(name);
+  if (const auto found = commands_.find(upper); found != commands_.end()) return &found->second;
+  const auto prefix = commands_.find(upper.substr(0, kPrefixLetters));
+  const bool isCaught = prefix != commands_.end() && prefix->second.word.Has(trait::kPrefix);
+  return isCaught ? &prefix->second : nullptr;
 }
 
 Value CommandTable::CommandCall(std::string_view name, std::string_view arguments) const {
-  const std::string upper = Upper(name);
-  if (const auto found = handlers_.find(upper); found != handlers_.end())
-    return found->second(name, arguments);
-  for (const auto& [prefix, handler] : prefixes_) {
-    if (Left(upper, 3) == prefix) return handler(name, arguments);
-  }
-  return {};
+  const Command* command = Find(name);
+  if (command == nullptr) return {};
+  return command->handler({run_, command->word, name, arguments});
+}
+
+// OPEN: once in a run, so that a loop over such a word does not hold the program up.
+void CommandTable::TellComing(const WordCall& call) {
+  if (!told_.insert(&call.word).second) return;
+  ShowCritical(run_,
+               std::string("O comando "_w)
+                   .append(call.name)
+                   .append(" ainda não existe nesta versão do Tessera.\rO programa continua sem ele.\r"_w)
+                   .append(SourcePositionText(run_)));
 }
 
 bool IsReservedWord(const FunctionTable& functions, std::string_view word) {

@@ -1,54 +1,84 @@
-// The dispatcher of the language's words: an upper-cased word leads to its handler, and behind all words
-// stand the prefix rules. A command group adds its words; nobody but `ProgramRun` lists the groups.
+// The dispatcher of the language's words: a word leads to its handler. What a word is, and which of them
+// catch others by a prefix, is told by its row in language/words.h. A room binds its words by one table of
+// rows; nobody but `ProgramRun` lists the rooms.
 #pragma once
 
+#include <cstddef>
 #include <functional>
+#include <set>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <unordered_map>
-#include <utility>
-#include <vector>
 
+#include "language/words.h"
 #include "values/run.h"
 #include "values/value.h"
 
 namespace tessera {
 
-// `name` is the word as the program wrote it, `arguments` the raw text behind it. A text result carries its
-// double quotes, a number goes bare, the empty value is "none".
-using CommandHandler = std::function<Value(std::string_view name, std::string_view arguments)>;
+// One use of a word.
+struct WordCall {
+  Run& run;
+  const Word& word;
+  std::string_view name;  // as the program wrote it
+  std::string_view text;  // the raw text of the arguments behind it
+};
+
+// A text result carries its double quotes, a number goes bare, the empty value is "none".
+using CommandHandler = std::function<Value(const WordCall& call)>;
+
+struct Command {
+  const Word& word;
+  CommandHandler handler;
+};
 
 class CommandTable {
  public:
-  // Fills the door `CommandCall` of the run, which outlives the table.
+  // Fills the door `CommandCall` of the run, which outlives the table. Words that no room does yet say so in
+  // a box, once in a run, and are passed over.
   explicit CommandTable(Run& run);
   CommandTable(const CommandTable&) = delete;
   CommandTable& operator=(const CommandTable&) = delete;
 
-  // `word` in upper case.
+  // Throws std::logic_error for a word that the language lacks, that has a handler, or that is marked as to
+  // come: none of them may reach a program.
   void Add(std::string_view word, CommandHandler handler);
-  // Reached by any word whose first three letters, upper-cased, are `prefix`, when no word fits.
-  void AddPrefix(std::string_view prefix, CommandHandler handler);
+
+  // What a word of a program leads to, in any case; null where no rule catches it.
+  const Command* Find(std::string_view name) const;
 
   // The handler's answer, or the empty value for a word that no rule catches.
   Value CommandCall(std::string_view name, std::string_view arguments) const;
 
  private:
-  std::unordered_map<std::string, CommandHandler> handlers_;
-  std::vector<std::pair<std::string, CommandHandler>> prefixes_;
+  void TellComing(const WordCall& call);
+
+  Run& run_;
+  std::unordered_map<std::string, Command> commands_;  // by the word in upper case
+  std::set<const Word*> told_;                         // words to come that the program was told of
 };
 
-// A row of a group's registration table: the word and a handler that needs the run alone.
+// A row of a room's table: a word and what does it.
+template <typename Handler>
 struct CommandRow {
   std::string_view word;
-  Value (*handler)(Run& run, std::string_view arguments);
+  Handler handler;
 };
 
-template <std::size_t N>
-void AddRows(CommandTable& table, Run& run, const CommandRow (&rows)[N]) {
-  for (const CommandRow& row : rows) {
-    table.Add(row.word, [&run, handler = row.handler](std::string_view, std::string_view arguments) {
-      return handler(run, arguments);
+// The three kinds of handlers: one that needs nothing beside the call, one on a context, one of a group.
+using PlainRow = CommandRow<Value (*)(const WordCall& call)>;
+template <typename Context>
+using RowOn = CommandRow<Value (*)(Context& context, const WordCall& call)>;
+template <typename Group>
+using MemberRow = CommandRow<Value (Group::*)(const WordCall& call)>;
+
+// Binds the words of all rows. The context, if the handlers have one, outlives the table.
+template <typename Handler, std::size_t N, typename... Context>
+void Bind(CommandTable& table, const CommandRow<Handler> (&rows)[N], Context&... context) {
+  for (const auto& row : rows) {
+    table.Add(row.word, [handler = row.handler, &context...](const WordCall& call) {
+      return std::invoke(handler, context..., call);
     });
   }
 }

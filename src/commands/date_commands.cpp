@@ -34,39 +34,39 @@ DateTime DateOf(const Value& value) {
   return *date;
 }
 
-Value Data(Run& run, std::string_view) {
-  return Quote(DateText(floor<days>(Now(run))));
+Value Data(const WordCall& call) {
+  return Quote(DateText(floor<days>(Now(call.run))));
 }
 
-Value Hora(Run& run, std::string_view) {
-  return Quote(TimeText(Now(run)));
+Value Hora(const WordCall& call) {
+  return Quote(TimeText(Now(call.run)));
 }
 
 // Part of a date, or of today's. A text that is no date answers with the failure's description.
 template <typename PartOf>
-Value PartOfDate(Run& run, std::string_view text, PartOf partOf) {
+Value PartOfDate(const WordCall& call, PartOf partOf) {
   std::string part;
   const auto failure = Guard([&] {
-    const std::string date = Arguments(run, text, kTwoArguments).Text(0);
-    part = std::to_string(partOf(CalendarDay(date.empty() ? Now(run) : DateOf(date))));
+    const std::string date = Arguments(call).Text("data");
+    part = std::to_string(partOf(CalendarDay(date.empty() ? Now(call.run) : DateOf(date))));
   });
   return failure ? Quote(failure->description()) : part;
 }
 
-Value Dia(Run& run, std::string_view text) {
-  return PartOfDate(run, text, [](const auto& date) { return static_cast<unsigned>(date.day()); });
+Value Dia(const WordCall& call) {
+  return PartOfDate(call, [](const auto& date) { return static_cast<unsigned>(date.day()); });
 }
 
-Value Mes(Run& run, std::string_view text) {
-  return PartOfDate(run, text, [](const auto& date) { return static_cast<unsigned>(date.month()); });
+Value Mes(const WordCall& call) {
+  return PartOfDate(call, [](const auto& date) { return static_cast<unsigned>(date.month()); });
 }
 
-Value Ano(Run& run, std::string_view text) {
-  return PartOfDate(run, text, [](const auto& date) { return static_cast<int>(date.year()); });
+Value Ano(const WordCall& call) {
+  return PartOfDate(call, [](const auto& date) { return static_cast<int>(date.year()); });
 }
 
-Value DiaSemana(Run& run, std::string_view text) {
-  const DateTime date = DateOf(Arguments(run, text, kTwoArguments).Number(0));
+Value DiaSemana(const WordCall& call) {
+  const DateTime date = DateOf(Arguments(call).Number("data"));
   return Quote(kWeekdayNames[std::chrono::weekday{floor<days>(date)}.c_encoding()]);
 }
 
@@ -156,20 +156,20 @@ std::int64_t UnitsBetween(DateTime from, DateTime to, Unit unit) {
   }
 }
 
-Value DataAdiciona(Run& run, std::string_view text) {
-  const Arguments arguments(run, text, kThreeArguments);
-  const Unit unit = UnitOf(arguments.Number(0));
-  const std::int32_t amount = arguments.Number(1).ToInteger();
-  const auto date = AddUnits(DateOf(arguments.Number(2)), unit, amount);
+Value DataAdiciona(const WordCall& call) {
+  const Arguments arguments(call);
+  const Unit unit = UnitOf(arguments.Number("unidade"));
+  const std::int32_t amount = arguments.Number("quantidade").ToInteger();
+  const auto date = AddUnits(DateOf(arguments.Number("data")), unit, amount);
   if (!date) FailArgument();
   return Quote(DateText(*date));
 }
 
-Value DataDif(Run& run, std::string_view text) {
-  const Arguments arguments(run, text, kThreeArguments);
-  const Unit unit = UnitOf(arguments.Number(0));
-  const DateTime first = DateOf(arguments.Number(1));
-  const std::int64_t difference = UnitsBetween(first, DateOf(arguments.Number(2)), unit);
+Value DataDif(const WordCall& call) {
+  const Arguments arguments(call);
+  const Unit unit = UnitOf(arguments.Number("unidade"));
+  const DateTime first = DateOf(arguments.Number("primeira"));
+  const std::int64_t difference = UnitsBetween(first, DateOf(arguments.Number("segunda")), unit);
   return Quote(NumberText(RoundToInteger(static_cast<double>(difference))));
 }
 
@@ -184,8 +184,8 @@ std::string Inverted(std::string_view date) {
   return out.append(Mid(date, 7, 2)).append("/").append(Mid(date, 5, 2)).append("/").append(Mid(date, 1, 4));
 }
 
-Value InverteData(Run& run, std::string_view text) {
-  return Quote(Inverted(Arguments(run, text, kTwoArguments).Text(0)));
+Value InverteData(const WordCall& call) {
+  return Quote(Inverted(Arguments(call).Text("data")));
 }
 
 // Day and month: "D/" takes as many digits as the number has, "DD" two.
@@ -222,10 +222,10 @@ std::int32_t DatePart(std::string_view text) {
   return number;
 }
 
-Value ConverteData(Run& run, std::string_view text) {
-  const Arguments arguments(run, text, kTwoArguments);
-  const std::string date = arguments.Text(0);
-  std::string format = Upper(arguments.Text(1)) + "/";
+Value ConverteData(const WordCall& call) {
+  const Arguments arguments(call);
+  const std::string date = arguments.Text("data");
+  std::string format = Upper(arguments.Text("formato")) + "/";
   const Position first = Find(date, "/");
   const Position second = Find(date, "/", first + 1);
   if (first == 0 || second == 0) FailType();
@@ -236,23 +236,23 @@ Value ConverteData(Run& run, std::string_view text) {
   return Quote(format);
 }
 
-constexpr CommandRow kRows[] = {
-    {"DATA", Data},
-    {"HORA", Hora},
-    {"DIA", Dia},
-    {"MES", Mes},
-    {"ANO", Ano},
-    {"DIASEMANA", DiaSemana},
-    {"DATAADICIONA", DataAdiciona},
-    {"DATADIF", DataDif},
-    {"CONVERTEDATA", ConverteData},
-    {"INVERTEDATA", InverteData},
+constexpr PlainRow kRows[] = {
+    {"Data", Data},
+    {"Hora", Hora},
+    {"Dia", Dia},
+    {"Mes", Mes},
+    {"Ano", Ano},
+    {"DiaSemana", DiaSemana},
+    {"DataAdiciona", DataAdiciona},
+    {"DataDif", DataDif},
+    {"ConverteData", ConverteData},
+    {"InverteData", InverteData},
 };
 
 }  // namespace
 
-void AddDateCommands(CommandTable& table, Run& run) {
-  AddRows(table, run, kRows);
+void BindDateCommands(CommandTable& table) {
+  Bind(table, kRows);
 }
 
 }  // namespace tessera

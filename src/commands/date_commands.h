@@ -5,6 +5,6 @@
 
 namespace tessera {
 
-void AddDateCommands(CommandTable& table, Run& run);
+void BindDateCommands(CommandTable& table);
 
 }  // namespace tessera

@@ -31,20 +31,20 @@ struct Answer {
   Value value;
 };
 
-std::optional<Answer> AskPath(Run& run, const Arguments& arguments, bool save) {
+std::optional<Answer> AskPath(Run& run, const ArgumentView& arguments, bool save) {
   auto path = run.host.dialogs.AskFile({.save = save,
-                                        .title = arguments.Number(0).ToText(),
-                                        .description = arguments.Number(1).ToText(),
-                                        .pattern = arguments.Number(2).ToText(),
-                                        .proposed = arguments.Number(4).ToText()});
+                                        .title = arguments.Number("título").ToText(),
+                                        .description = arguments.Number("descrição").ToText(),
+                                        .pattern = arguments.Number("filtro").ToText(),
+                                        .proposed = arguments.Number("proposto").ToText()});
   if (!path) return std::nullopt;
   return Answer{"Retorno", std::move(*path)};
 }
 
-std::optional<Answer> Ask(Run& run, const Arguments& arguments, std::string_view mode) {
+std::optional<Answer> Ask(Run& run, const ArgumentView& arguments, std::string_view mode) {
   Dialogs& dialogs = run.host.dialogs;
   if (mode == "ABRIR" || mode == "SALVAR") return AskPath(run, arguments, mode == "SALVAR");
-  const std::string title = arguments.Number(0).ToText();
+  const std::string title = arguments.Number("título").ToText();
   if (mode == "COR") {
     const auto colour = dialogs.AskColour(title);
     if (!colour) return std::nullopt;
@@ -62,22 +62,22 @@ std::optional<Answer> Ask(Run& run, const Arguments& arguments, std::string_view
   return Answer{"Retorno", std::string("OK")};
 }
 
-Value CaixaDialogo(Run& run, std::string_view text) {
-  const Arguments arguments(run, text, kFiveArguments);
-  const std::string mode = Upper(arguments.Number(3).ToText());
+Value CaixaDialogo(const WordCall& call) {
+  const Arguments arguments(call);
+  const std::string mode = Upper(arguments.Number("modo").ToText());
   const bool isMode =
       mode == "ABRIR" || mode == "SALVAR" || mode == "COR" || mode == "FONTE" || mode == "IMPRESSORA";
   if (!isMode) return {};
-  const auto answer = Ask(run, arguments, mode);
+  const auto answer = Ask(call.run, arguments, mode);
   if (answer) {
-    run.variables.VarWrite(answer->variable, answer->value, true);
+    call.run.variables.VarWrite(answer->variable, answer->value, true);
   } else {
-    run.variables.VarWrite("Retorno", std::string(kCancelled), true);
+    call.run.variables.VarWrite("Retorno", std::string(kCancelled), true);
   }
   return {};
 }
 
-constexpr CommandRow kRows[] = {{"CAIXADIALOGO", CaixaDialogo}};
+constexpr PlainRow kRows[] = {{"CaixaDialogo", CaixaDialogo}};
 
 }  // namespace
 
@@ -98,8 +98,8 @@ ChosenFont FontOfRecord(std::string_view record) {
           .italic = isOn(kItalicAt)};
 }
 
-void AddDialogCommands(CommandTable& table, Run& run) {
-  AddRows(table, run, kRows);
+void BindDialogCommands(CommandTable& table) {
+  Bind(table, kRows);
 }
 
 }  // namespace tessera

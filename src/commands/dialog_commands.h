@@ -15,6 +15,6 @@ std::string FontRecord(const ChosenFont& font);
 // The font of such a record; what a short text lacks is empty.
 ChosenFont FontOfRecord(std::string_view record);
 
-void AddDialogCommands(CommandTable& table, Run& run);
+void BindDialogCommands(CommandTable& table);
 
 }  // namespace tessera

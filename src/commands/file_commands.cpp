@@ -6,7 +6,6 @@
 #include <utility>
 
 #include "commands/arguments.h"
-#include "commands/folder_commands.h"
 #include "platform/failure.h"
 #include "platform/file_system.h"
 #include "platform/text_file.h"
@@ -65,22 +64,22 @@ int FileCommands::Open(const std::string& path, std::string_view mode) {
 // KEPT: with all aliases taken nothing is opened and nothing said (FileCommands.The21stAliasOpensNothing).
 // OPEN: an opening that fails leaves the entry free, so that the program may try again; a file without a name
 // could never be reached, and is failure 52.
-Value FileCommands::AbreArquivo(std::string_view text) {
-  const Arguments arguments(run_, text, kThreeArguments);
+Value FileCommands::AbreArquivo(const WordCall& call) {
+  const Arguments arguments(call);
   FileAlias* entry = table_.FirstFree();
   if (entry == nullptr) return {};
-  const std::string alias = Upper(arguments.Text(0));
+  const std::string alias = Upper(arguments.Text("apelido"));
   if (alias.empty()) Fail(52);
-  const std::string path = run_.paths.SystemPath(arguments.Text(1));
-  const std::string mode = Upper(arguments.Text(2));
+  const std::string path = run_.paths.SystemPath(arguments.Text("arquivo"));
+  const std::string mode = Upper(arguments.Text("modo"));
   run_.fileNumbers.FlushAll();
   const int number = Open(path, mode);
   *entry = {alias, number, mode};
   return {};
 }
 
-Value FileCommands::FechaArquivo(std::string_view text) {
-  FileAlias* entry = FindAlias("FechaArquivo", Arguments(run_, text, kTwoArguments).Text(0));
+Value FileCommands::FechaArquivo(const WordCall& call) {
+  FileAlias* entry = FindAlias("FechaArquivo", Arguments(call).Text("apelido"));
   if (entry == nullptr) return std::int32_t{0};
   const FileAlias closed = std::exchange(*entry, {});
   // A disk that refuses the last lines is told, and the file is closed all the same.
@@ -92,13 +91,13 @@ Value FileCommands::FechaArquivo(std::string_view text) {
   return std::int32_t{0};
 }
 
-Value FileCommands::LeArquivo(std::string_view text) {
-  const Arguments arguments(run_, text, kThreeArguments);
-  const FileAlias* entry = FindAlias("LeArquivo", arguments.Text(0));
+Value FileCommands::LeArquivo(const WordCall& call) {
+  const Arguments arguments(call);
+  const FileAlias* entry = FindAlias("LeArquivo", arguments.Text("apelido"));
   if (entry == nullptr) return {};
   if (entry->mode == kModeBinary) {
-    const std::uint64_t position = BytePosition(arguments.Number(1));
-    const std::size_t length = ByteCount(arguments.Number(2));
+    const std::uint64_t position = BytePosition(arguments.Number("posição"));
+    const std::size_t length = ByteCount(arguments.Number("tamanho"));
     return Quote(run_.fileNumbers.Get<BinaryFile>(entry->number).Read(position, length));
   }
   if (entry->mode == kModeRead) {
@@ -109,23 +108,23 @@ Value FileCommands::LeArquivo(std::string_view text) {
 }
 
 // What is written is worked out before the file is asked for: a function in it may close the file.
-Value FileCommands::GravaArquivo(std::string_view text) {
-  const Arguments arguments(run_, text, kThreeArguments);
-  const FileAlias* entry = FindAlias("GravaArquivo", arguments.Text(0));
+Value FileCommands::GravaArquivo(const WordCall& call) {
+  const Arguments arguments(call);
+  const FileAlias* entry = FindAlias("GravaArquivo", arguments.Text("apelido"));
   if (entry == nullptr) return {};
   if (entry->mode == kModeBinary) {
-    const std::uint64_t position = BytePosition(arguments.Number(1));
-    const std::string bytes = arguments.Text(2);
+    const std::uint64_t position = BytePosition(arguments.Number("texto ou posição"));
+    const std::string bytes = arguments.Text("texto");
     run_.fileNumbers.Get<BinaryFile>(entry->number).Write(position, bytes);
   } else if (entry->mode == kModeWrite) {
-    const std::string line = arguments.Text(1);
+    const std::string line = arguments.Text("texto ou posição");
     run_.fileNumbers.Get<TextWriter>(entry->number).WriteLine(line);
   }
   return {};
 }
 
-Value FileCommands::TamanhoArquivo(std::string_view text) {
-  const FileAlias* entry = FindAlias("TamanhoArquivo", Arguments(run_, text, kTwoArguments).Text(0));
+Value FileCommands::TamanhoArquivo(const WordCall& call) {
+  const FileAlias* entry = FindAlias("TamanhoArquivo", Arguments(call).Text("apelido"));
   if (entry == nullptr) return std::int32_t{0};
   const FileNumbers& files = run_.fileNumbers;
   const std::uint64_t size = entry->mode == kModeRead    ? files.Get<TextReader>(entry->number).Size()
@@ -135,11 +134,11 @@ Value FileCommands::TamanhoArquivo(std::string_view text) {
   return static_cast<std::int32_t>(size);
 }
 
-Value FileCommands::Diretorio(std::string_view text) {
-  const Arguments arguments(run_, text, kTwoArguments);
-  const bool begins = !arguments.IsEmpty(0);
+Value FileCommands::Diretorio(const WordCall& call) {
+  const Arguments arguments(call);
+  const bool begins = !arguments.IsEmpty("filtro");
   if (begins) {
-    const std::string path = arguments.Text(0);
+    const std::string path = arguments.Text("filtro");
     std::size_t name = path.size();
     while (name > 0 && !IsPathSeparator(path[name - 1])) --name;
     // A pattern without a folder means the program's, one without a name every file.
@@ -164,15 +163,15 @@ std::string FileCommands::SideFilePath() const {
   return run_.paths.SystemPath(run_.RuntimeFolderText + "\\TS.arq");
 }
 
-Value FileCommands::LeString(std::string_view text) {
-  const std::string key = Arguments(run_, text, kTwoArguments).Text(0);
+Value FileCommands::LeString(const WordCall& call) {
+  const std::string key = Arguments(call).Text("chave");
   return Quote(sideFile_.LeString(SideFilePath(), key));
 }
 
-Value FileCommands::SalvaString(std::string_view text) {
-  const Arguments arguments(run_, text, kTwoArguments);
-  const std::string key = arguments.Text(0);
-  sideFile_.SalvaString(SideFilePath(), key, arguments.Text(1));
+Value FileCommands::SalvaString(const WordCall& call) {
+  const Arguments arguments(call);
+  const std::string key = arguments.Text("chave");
+  sideFile_.SalvaString(SideFilePath(), key, arguments.Text("valor"));
   return {};
 }
 
@@ -180,28 +179,18 @@ void FileCommands::CloseAll() {
   for (FileAlias& entry : table_) run_.fileNumbers.Close(std::exchange(entry, {}).number);
 }
 
-void FileCommands::Register(CommandTable& table) {
-  using Handler = Value (FileCommands::*)(std::string_view);
-  struct Row {
-    std::string_view word;
-    Handler handler;
+FileCommands::FileCommands(CommandTable& table, Run& run) : run_(run), sideFile_(run.host.files) {
+  constexpr MemberRow<FileCommands> kRows[] = {
+      {"AbreArquivo", &FileCommands::AbreArquivo},
+      {"FechaArquivo", &FileCommands::FechaArquivo},
+      {"LeArquivo", &FileCommands::LeArquivo},
+      {"GravaArquivo", &FileCommands::GravaArquivo},
+      {"TamanhoArquivo", &FileCommands::TamanhoArquivo},
+      {"Diretorio", &FileCommands::Diretorio},
+      {"LeString", &FileCommands::LeString},
+      {"SalvaString", &FileCommands::SalvaString},
   };
-  constexpr Row kRows[] = {
-      {"ABREARQUIVO", &FileCommands::AbreArquivo},
-      {"FECHAARQUIVO", &FileCommands::FechaArquivo},
-      {"LEARQUIVO", &FileCommands::LeArquivo},
-      {"GRAVAARQUIVO", &FileCommands::GravaArquivo},
-      {"TAMANHOARQUIVO", &FileCommands::TamanhoArquivo},
-      {"DIRETORIO", &FileCommands::Diretorio},
-      {"LESTRING", &FileCommands::LeString},
-      {"SALVASTRING", &FileCommands::SalvaString},
-  };
-  for (const Row& row : kRows) {
-    table.Add(row.word, [this, handler = row.handler](std::string_view, std::string_view arguments) {
-      return (this->*handler)(arguments);
-    });
-  }
-  AddFolderCommands(table, run_);
+  Bind(table, kRows, *this);
 }
 
 }  // namespace tessera

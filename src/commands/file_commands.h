@@ -1,5 +1,4 @@
-// The commands on files under aliases, the listing of a folder, and the texts of the side file; and, since a
-// program knows them as one library, the commands on whole files and folders.
+// The commands on files under aliases, the listing of a folder, and the texts of the side file.
 #pragma once
 
 #include <cstddef>
@@ -16,26 +15,24 @@ namespace tessera {
 
 class FileCommands {
  public:
-  // The run and the group live as long as the table that the group is registered in.
-  explicit FileCommands(Run& run) : run_(run), sideFile_(run.host.files) {}
+  // The run and the group live as long as the table.
+  FileCommands(CommandTable& table, Run& run);
   ~FileCommands() { CloseAll(); }
   FileCommands(const FileCommands&) = delete;
   FileCommands& operator=(const FileCommands&) = delete;
-
-  void Register(CommandTable& table);
 
   // Closes the files of all aliases and frees the aliases: every way out of the program leads here.
   void CloseAll();
 
  private:
-  Value AbreArquivo(std::string_view text);
-  Value FechaArquivo(std::string_view text);
-  Value LeArquivo(std::string_view text);
-  Value GravaArquivo(std::string_view text);
-  Value TamanhoArquivo(std::string_view text);
-  Value Diretorio(std::string_view text);
-  Value LeString(std::string_view text);
-  Value SalvaString(std::string_view text);
+  Value AbreArquivo(const WordCall& call);
+  Value FechaArquivo(const WordCall& call);
+  Value LeArquivo(const WordCall& call);
+  Value GravaArquivo(const WordCall& call);
+  Value TamanhoArquivo(const WordCall& call);
+  Value Diretorio(const WordCall& call);
+  Value LeString(const WordCall& call);
+  Value SalvaString(const WordCall& call);
 
   FileAlias* FindAlias(std::string_view command, const std::string& alias);
   int Open(const std::string& path, std::string_view mode);

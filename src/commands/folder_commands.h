@@ -5,6 +5,6 @@
 
 namespace tessera {
 
-void AddFolderCommands(CommandTable& table, Run& run);
+void BindFolderCommands(CommandTable& table);
 
 }  // namespace tessera

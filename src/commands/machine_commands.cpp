@@ -48,8 +48,8 @@ StartForm StartFormOf(std::string_view word) {
 }
 
 // The programs' numbers of ports have 16 bits, of which none is a sign on the machine.
-std::uint16_t PortOf(const Arguments& arguments) {
-  return static_cast<std::uint16_t>(arguments.Number(0).ToShort());
+std::uint16_t PortOf(const ArgumentView& arguments) {
+  return static_cast<std::uint16_t>(arguments.Number("porta").ToShort());
 }
 
 }  // namespace
@@ -60,28 +60,28 @@ MachineCommands::Places MachineCommands::UserPlaces(bool isFinished) {
           .isFinished = isFinished};
 }
 
-Value MachineCommands::LeRegWin(std::string_view text) {
-  const Arguments arguments(run_, text, kThreeArguments);
-  const std::string root = arguments.Text(0);
-  const std::string key = arguments.Text(1);
-  const std::string name = arguments.Text(2);
+Value MachineCommands::LeRegWin(const WordCall& call) {
+  const Arguments arguments(call);
+  const std::string root = arguments.Text("raiz");
+  const std::string key = arguments.Text("chave");
+  const std::string name = arguments.Text("nome");
   return Quote(IsRoot(root) ? places_.registry.Read(root, key, name) : std::string());
 }
 
-Value MachineCommands::SalvaRegWin(std::string_view text) {
-  const Arguments arguments(run_, text, kFiveArguments);
-  const std::string root = arguments.Text(0);
-  const std::string key = arguments.Text(1);
-  const std::string name = arguments.Text(2);
-  const std::string value = arguments.Text(3);
+Value MachineCommands::SalvaRegWin(const WordCall& call) {
+  const Arguments arguments(call);
+  const std::string root = arguments.Text("raiz");
+  const std::string key = arguments.Text("chave");
+  const std::string name = arguments.Text("nome");
+  const std::string value = arguments.Text("valor");
   if (IsRoot(root)) places_.registry.Write(root, key, name, value);
   return {};
 }
 
 // The entry starts this process's own program as it was started itself.
 // OPEN: a program that is run from its sources has no executable of its own, and is refused with a box.
-Value MachineCommands::AdicioneSistema(std::string_view text) {
-  const Arguments arguments(run_, text, kTwoArguments);
+Value MachineCommands::AdicioneSistema(const WordCall& call) {
+  const Arguments arguments(call);
   if (!places_.isFinished) {
     ShowCritical(run_, std::string("AdicioneSistema - O programa ainda não é um executável. "
                                    "Grave-o com tessera build e execute o que foi gravado."_w)
@@ -90,21 +90,21 @@ Value MachineCommands::AdicioneSistema(std::string_view text) {
     return {};
   }
   std::error_code ignored;
-  places_.startList.Add(arguments.Number(0).ToText(), OwnCommand(),
+  places_.startList.Add(arguments.Number("entrada").ToText(), OwnCommand(),
                         std::filesystem::current_path(ignored).string());
   return {};
 }
 
-Value MachineCommands::RemoveSistema(std::string_view text) {
-  const Arguments arguments(run_, text, kTwoArguments);
-  places_.startList.Remove(arguments.Number(0).ToText());
+Value MachineCommands::RemoveSistema(const WordCall& call) {
+  const Arguments arguments(call);
+  places_.startList.Remove(arguments.Number("entrada").ToText());
   return {};
 }
 
-Value MachineCommands::Chame(std::string_view text) {
-  const Arguments arguments(run_, text, kTwoArguments);
-  const std::string line = arguments.Text(0);
-  const std::string form = arguments.Text(1);
+Value MachineCommands::Chame(const WordCall& call) {
+  const Arguments arguments(call);
+  const std::string line = arguments.Text("comando");
+  const std::string form = arguments.Text("janela");
   std::string answer;
   const auto failure = Guard([&] { answer = NumberText(std::int32_t{Start(line, form)}); });
   return failure ? Quote("Erro " + std::to_string(failure->number())) : answer;
@@ -128,18 +128,18 @@ std::string MachineCommands::ProgramPath(const std::string& word) const {
   return isPath || IsFile(run_.host.files, path) ? path : ToUtf8(word);
 }
 
-Value MachineCommands::LePorta(std::string_view text) {
-  const Arguments arguments(run_, text, kTwoArguments);
+Value MachineCommands::LePorta(const WordCall& call) {
+  const Arguments arguments(call);
   const std::uint16_t port = PortOf(arguments);
   if (const auto value = places_.ports.Read(port)) return std::int32_t{*value};
   TellForbiddenPort("LePorta", port);
   return std::int32_t{0};
 }
 
-Value MachineCommands::EnviaPorta(std::string_view text) {
-  const Arguments arguments(run_, text, kTwoArguments);
+Value MachineCommands::EnviaPorta(const WordCall& call) {
+  const Arguments arguments(call);
   const std::uint16_t port = PortOf(arguments);
-  const auto value = static_cast<std::uint8_t>(arguments.Number(1).ToShort());
+  const auto value = static_cast<std::uint8_t>(arguments.Number("valor").ToShort());
   if (!places_.ports.Write(port, value)) TellForbiddenPort("EnviaPorta", port);
   return {};
 }
@@ -154,26 +154,18 @@ void MachineCommands::TellForbiddenPort(std::string_view command, std::uint16_t 
                          .append(SourcePositionText(run_)));
 }
 
-struct MachineCommands::Word {
-  std::string_view word;
-  Value (MachineCommands::*handler)(std::string_view text);
-};
-
-void MachineCommands::Register(CommandTable& table) {
-  constexpr Word kWords[] = {
-      {"LEREGWIN", &MachineCommands::LeRegWin},
-      {"SALVAREGWIN", &MachineCommands::SalvaRegWin},
-      {"ADICIONESISTEMA", &MachineCommands::AdicioneSistema},
-      {"REMOVESISTEMA", &MachineCommands::RemoveSistema},
-      {"CHAME", &MachineCommands::Chame},
-      {"LEPORTA", &MachineCommands::LePorta},
-      {"ENVIAPORTA", &MachineCommands::EnviaPorta},
+MachineCommands::MachineCommands(CommandTable& table, Run& run, Places places)
+    : run_(run), places_(std::move(places)) {
+  constexpr MemberRow<MachineCommands> kRows[] = {
+      {"LeRegWin", &MachineCommands::LeRegWin},
+      {"SalvaRegWin", &MachineCommands::SalvaRegWin},
+      {"AdicioneSistema", &MachineCommands::AdicioneSistema},
+      {"RemoveSistema", &MachineCommands::RemoveSistema},
+      {"Chame", &MachineCommands::Chame},
+      {"LePorta", &MachineCommands::LePorta},
+      {"EnviaPorta", &MachineCommands::EnviaPorta},
   };
-  for (const Word& word : kWords) {
-    table.Add(word.word, [this, handler = word.handler](std::string_view, std::string_view text) {
-      return (this->*handler)(text);
-    });
-  }
+  Bind(table, kRows, *this);
 }
 
 }  // namespace tessera

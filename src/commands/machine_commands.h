@@ -23,20 +23,19 @@ class MachineCommands {
   };
   static Places UserPlaces(bool isFinished);
 
-  MachineCommands(Run& run, Places places) : run_(run), places_(std::move(places)) {}
-
-  void Register(CommandTable& table);
+  // The run and the group live as long as the table.
+  MachineCommands(CommandTable& table, Run& run, Places places);
+  MachineCommands(const MachineCommands&) = delete;
+  MachineCommands& operator=(const MachineCommands&) = delete;
 
  private:
-  struct Word;
-
-  Value LeRegWin(std::string_view text);
-  Value SalvaRegWin(std::string_view text);
-  Value AdicioneSistema(std::string_view text);
-  Value RemoveSistema(std::string_view text);
-  Value Chame(std::string_view text);
-  Value LePorta(std::string_view text);
-  Value EnviaPorta(std::string_view text);
+  Value LeRegWin(const WordCall& call);
+  Value SalvaRegWin(const WordCall& call);
+  Value AdicioneSistema(const WordCall& call);
+  Value RemoveSistema(const WordCall& call);
+  Value Chame(const WordCall& call);
+  Value LePorta(const WordCall& call);
+  Value EnviaPorta(const WordCall& call);
 
   int Start(const std::string& line, std::string_view form);
   std::string ProgramPath(const std::string& word) const;

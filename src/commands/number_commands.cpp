@@ -13,14 +13,14 @@ namespace tessera {
 
 namespace {
 
-Value OnlyArgument(Run& run, std::string_view text) {
-  return Arguments(run, text, kTwoArguments).Number(0);
+Value OnlyArgument(const WordCall& call) {
+  return EvalNumber(call.run, Arguments(call).Part(0));
 }
 
 // A function of one number; a result that no float holds is failure 6.
 template <double (*Function)(double)>
-Value OfNumber(Run& run, std::string_view text) {
-  const double result = Function(OnlyArgument(run, text).ToDouble());
+Value OfNumber(const WordCall& call) {
+  const double result = Function(OnlyArgument(call).ToDouble());
   if (!std::isfinite(result)) FailOverflow();
   return result;
 }
@@ -57,10 +57,10 @@ double NaturalLogarithm(double x) {
 
 // OPEN: it rounds the digits that the number shows, so that 2,675 is a tie, as a person sees it; the kind of
 // number stays.
-Value Arredonda(Run& run, std::string_view text) {
-  const Arguments arguments(run, text, kTwoArguments);
-  const Value value = arguments.Number(0);
-  const std::int32_t places = arguments.Number(1).ToInteger();
+Value Arredonda(const WordCall& call) {
+  const Arguments arguments(call);
+  const Value value = arguments.Number("valor");
+  const std::int32_t places = arguments.Number("casas").ToInteger();
   if (places < 0) FailArgument();
   if (const ExactDecimal* exact = value.AsDecimal()) return exact->RoundedTo(places);
   const double number = value.ToDouble();
@@ -69,33 +69,33 @@ Value Arredonda(Run& run, std::string_view text) {
   return exact ? exact->RoundedTo(places).ToDouble() : number;
 }
 
-Value Sinal(Run& run, std::string_view text) {
-  const double number = OnlyArgument(run, text).ToDouble();
+Value Sinal(const WordCall& call) {
+  const double number = OnlyArgument(call).ToDouble();
   return std::int32_t{(number > 0) - (number < 0)};
 }
 
-Value ValorInteiro(Run& run, std::string_view text) {
-  return RoundToInteger(std::floor(OnlyArgument(run, text).ToDouble()));
+Value ValorInteiro(const WordCall& call) {
+  return RoundToInteger(std::floor(OnlyArgument(call).ToDouble()));
 }
 
 // KEPT: the product is rounded, so that the limit itself may come (NumberCommands.AleatorioReachesItsLimit).
-Value Aleatorio(Run& run, std::string_view text) {
-  const double limit = OnlyArgument(run, text).ToDouble();
-  return RoundToInteger(limit * run.host.random.Next());
+Value Aleatorio(const WordCall& call) {
+  const double limit = OnlyArgument(call).ToDouble();
+  return RoundToInteger(limit * call.run.host.random.Next());
 }
 
-Value Rgb(Run& run, std::string_view text) {
-  const Arguments arguments(run, text, kThreeArguments);
-  const double red = arguments.Number(0).ToInteger();
-  const double green = arguments.Number(1).ToInteger();
-  const double blue = arguments.Number(2).ToInteger();
+Value Rgb(const WordCall& call) {
+  const Arguments arguments(call);
+  const double red = arguments.Number("vermelho").ToInteger();
+  const double green = arguments.Number("verde").ToInteger();
+  const double blue = arguments.Number("azul").ToInteger();
   return RoundToInteger(red + 256 * green + 65536 * blue);
 }
 
-Value Hexadecimal(Run& run, std::string_view text) {
+Value Hexadecimal(const WordCall& call) {
   constexpr std::string_view kDigits = "0123456789ABCDEF";
   // A negative number shows its two's complement.
-  auto rest = static_cast<std::uint32_t>(OnlyArgument(run, text).ToInteger());
+  auto rest = static_cast<std::uint32_t>(OnlyArgument(call).ToInteger());
   std::string digits;
   do {
     digits.insert(digits.begin(), kDigits[rest % 16]);
@@ -106,8 +106,8 @@ Value Hexadecimal(Run& run, std::string_view text) {
 
 // KEPT: a value above 255 has all eight digits set, since each weight is taken once
 // (NumberCommands.BinaryDigitsOfLargeNumbersAreAllOnes).
-Value DecBin(Run& run, std::string_view text) {
-  std::int16_t rest = OnlyArgument(run, text).ToShort();
+Value DecBin(const WordCall& call) {
+  std::int16_t rest = OnlyArgument(call).ToShort();
   std::string digits;
   for (std::int16_t weight = 128; weight > 0; weight = static_cast<std::int16_t>(weight / 2)) {
     const bool one = weight <= rest;
@@ -117,8 +117,8 @@ Value DecBin(Run& run, std::string_view text) {
   return digits;
 }
 
-Value BinDec(Run& run, std::string_view text) {
-  const std::string digits = Arguments(run, text, kTwoArguments).Text(0);
+Value BinDec(const WordCall& call) {
+  const std::string digits = Arguments(call).Text("texto");
   constexpr std::int32_t kLargest = std::numeric_limits<std::int16_t>::max();
   std::int32_t sum = 0;
   std::int32_t weight = 1;
@@ -130,30 +130,30 @@ Value BinDec(Run& run, std::string_view text) {
   return sum;
 }
 
-constexpr CommandRow kRows[] = {
-    {"ARREDONDA", Arredonda},
-    {"SINAL", Sinal},
-    {"VALORABSOLUTO", OfNumber<Absolute>},
-    {"VALORINTEIRO", ValorInteiro},
-    {"PARTEINTEIRA", OfNumber<Truncated>},
-    {"RAIZQUADRADA", OfNumber<SquareRoot>},
-    {"SENO", OfNumber<Sine>},
-    {"COSSENO", OfNumber<Cosine>},
-    {"TANGENTE", OfNumber<Tangent>},
-    {"ARCOTANGENTE", OfNumber<ArcTangent>},
-    {"LOGARITMO", OfNumber<NaturalLogarithm>},
-    {"ANTILOGARITMO", OfNumber<Exponential>},
-    {"ALEATORIO", Aleatorio},
+constexpr PlainRow kRows[] = {
+    {"Arredonda", Arredonda},
+    {"Sinal", Sinal},
+    {"ValorAbsoluto", OfNumber<Absolute>},
+    {"ValorInteiro", ValorInteiro},
+    {"ParteInteira", OfNumber<Truncated>},
+    {"RaizQuadrada", OfNumber<SquareRoot>},
+    {"Seno", OfNumber<Sine>},
+    {"Cosseno", OfNumber<Cosine>},
+    {"Tangente", OfNumber<Tangent>},
+    {"Arcotangente", OfNumber<ArcTangent>},
+    {"Logaritmo", OfNumber<NaturalLogarithm>},
+    {"Antilogaritmo", OfNumber<Exponential>},
+    {"Aleatorio", Aleatorio},
     {"RGB", Rgb},
-    {"HEXADECIMAL", Hexadecimal},
-    {"DECBIN", DecBin},
-    {"BINDEC", BinDec},
+    {"Hexadecimal", Hexadecimal},
+    {"DecBin", DecBin},
+    {"BinDec", BinDec},
 };
 
 }  // namespace
 
-void AddNumberCommands(CommandTable& table, Run& run) {
-  AddRows(table, run, kRows);
+void BindNumberCommands(CommandTable& table) {
+  Bind(table, kRows);
 }
 
 }  // namespace tessera

@@ -5,6 +5,6 @@
 
 namespace tessera {
 
-void AddNumberCommands(CommandTable& table, Run& run);
+void BindNumberCommands(CommandTable& table);
 
 }  // namespace tessera

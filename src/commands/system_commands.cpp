@@ -1,23 +1,20 @@
 #include "commands/system_commands.h"
 
+#include "commands/arguments.h"
 #include "text/one_based.h"
-#include "values/eval.h"
 
 namespace tessera {
 
 namespace {
 
-constexpr std::size_t kMensagemPlaces = 101;
-constexpr std::size_t kEntraTextoPlaces = 3;
-
 constexpr std::string_view kYesNoWord = "OPCAOSIMNAO";
 constexpr std::string_view kCancelled = "CANCELADO";
 
-Value Mensagem(Run& run, std::string_view arguments) {
-  Box box{.text = {}, .title = ProgramTitle(run), .icon = BoxIcon::Information};
-  for (const std::string& argument : SplitArguments(run, arguments, kMensagemPlaces)) {
-    if (argument.empty()) break;
-    const std::string text = EvalNumber(run, argument).ToText();
+Value Mensagem(const WordCall& call) {
+  const Arguments arguments(call);
+  Box box{.text = {}, .title = ProgramTitle(call.run), .icon = BoxIcon::Information};
+  for (const std::string& argument : arguments.List("valor")) {
+    const std::string text = EvalNumber(call.run, argument).ToText();
     if (Upper(text) == kYesNoWord) {
       box.icon = BoxIcon::Question;
       box.buttons = BoxButtons::YesNo;
@@ -26,16 +23,16 @@ Value Mensagem(Run& run, std::string_view arguments) {
       box.text += text;
     }
   }
-  const BoxAnswer answer = run.host.dialogs.ShowBox(box);
+  const BoxAnswer answer = call.run.host.dialogs.ShowBox(box);
   if (box.buttons != BoxButtons::YesNo) return {};
   return std::string(answer == BoxAnswer::Yes ? "SIM" : "NAO");
 }
 
-Value EntraTexto(Run& run, std::string_view arguments) {
-  const auto parts = SplitArguments(run, arguments, kEntraTextoPlaces);
-  const std::string prompt = EvalText(run, parts[0]).ToText();
-  const TextInputAnswer answer = run.host.dialogs.AskText(
-      {.caption = ProgramTitle(run), .prompt = prompt, .initial = EvalText(run, parts[1]).ToText()});
+Value EntraTexto(const WordCall& call) {
+  const Arguments arguments(call);
+  const std::string prompt = arguments.Text("pergunta");
+  const TextInputAnswer answer = call.run.host.dialogs.AskText(
+      {.caption = ProgramTitle(call.run), .prompt = prompt, .initial = arguments.Text("proposto")});
   switch (answer.end) {
     case InputEnd::Confirmed:
       return Quote(answer.text);
@@ -49,15 +46,15 @@ Value EntraTexto(Run& run, std::string_view arguments) {
   return Quote(prompt);
 }
 
-constexpr CommandRow kRows[] = {
-    {"MENSAGEM", Mensagem},
-    {"ENTRATEXTO", EntraTexto},
+constexpr PlainRow kRows[] = {
+    {"Mensagem", Mensagem},
+    {"EntraTexto", EntraTexto},
 };
 
 }  // namespace
 
-void AddSystemCommands(CommandTable& table, Run& run) {
-  AddRows(table, run, kRows);
+void BindSystemCommands(CommandTable& table) {
+  Bind(table, kRows);
 }
 
 }  // namespace tessera

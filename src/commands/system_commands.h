@@ -6,6 +6,6 @@
 
 namespace tessera {
 
-void AddSystemCommands(CommandTable& table, Run& run);
+void BindSystemCommands(CommandTable& table);
 
 }  // namespace tessera

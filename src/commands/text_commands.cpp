@@ -24,47 +24,45 @@ std::size_t LengthOf(std::int32_t number) {
   return static_cast<std::size_t>(number);
 }
 
-Value Unir(Run& run, std::string_view text) {
-  const Arguments arguments(run, text, kListOfArguments);
+Value Unir(const WordCall& call) {
+  const Arguments arguments(call);
   std::string joined;
-  for (std::size_t i = 0; i < kListOfArguments && !arguments.IsEmpty(i); ++i) {
-    joined += arguments.Number(i).ToText();
-  }
+  for (const std::string& value : arguments.List("valor")) joined += EvalNumber(call.run, value).ToText();
   return Quote(joined);
 }
 
-Value Separe(Run& run, std::string_view text) {
-  const Arguments arguments(run, text, kThreeArguments);
-  const std::string source = arguments.Text(0);
-  const Position start = PositionOf(arguments.Number(1).ToShort());
-  const auto length = arguments.OptionalNumber(2);
+Value Separe(const WordCall& call) {
+  const Arguments arguments(call);
+  const std::string source = arguments.Text("texto");
+  const Position start = PositionOf(arguments.Number("início").ToShort());
+  const auto length = arguments.OptionalNumber("tamanho");
   return Quote(length ? Mid(source, start, LengthOf(length->ToShort())) : Mid(source, start));
 }
 
-Value Comprimento(Run& run, std::string_view text) {
-  return static_cast<std::int32_t>(Arguments(run, text, kTwoArguments).Text(0).size());
+Value Comprimento(const WordCall& call) {
+  return static_cast<std::int32_t>(Arguments(call).Text("texto").size());
 }
 
-Value Apara(Run& run, std::string_view text) {
-  return Quote(Trim(Arguments(run, text, kTwoArguments).Text(0)));
+Value Apara(const WordCall& call) {
+  return Quote(Trim(Arguments(call).Text("texto")));
 }
 
-Value Asc(Run& run, std::string_view text) {
-  const std::string source = Arguments(run, text, kTwoArguments).Text(0);
+Value Asc(const WordCall& call) {
+  const std::string source = Arguments(call).Text("texto");
   if (source.empty()) FailArgument();
   return std::int32_t{static_cast<unsigned char>(source.front())};
 }
 
-Value Car(Run& run, std::string_view text) {
-  const std::int32_t code = Arguments(run, text, kTwoArguments).Number(0).ToInteger();
+Value Car(const WordCall& call) {
+  const std::int32_t code = Arguments(call).Number("código").ToInteger();
   if (code < 0 || code > std::numeric_limits<unsigned char>::max()) FailArgument();
   return Quote(std::string(1, static_cast<char>(code)));
 }
 
-Value Sequencia(Run& run, std::string_view text) {
-  const Arguments arguments(run, text, kTwoArguments);
-  const std::size_t count = LengthOf(arguments.Number(0).ToShort());
-  const Value character = arguments.Number(1);
+Value Sequencia(const WordCall& call) {
+  const Arguments arguments(call);
+  const std::size_t count = LengthOf(arguments.Number("quantidade").ToShort());
+  const Value character = arguments.Number("caractere");
   if (const std::string* first = character.AsText()) {
     if (first->empty()) FailArgument();
     return Quote(std::string(count, first->front()));
@@ -76,16 +74,16 @@ Value Sequencia(Run& run, std::string_view text) {
 }
 
 // OPEN: a start below 1 is failure 5 in both directions, as in `Separe`.
-Value PosIni(Run& run, std::string_view text) {
+Value PosIni(const WordCall& call) {
   constexpr std::string_view kBackwards = "INVER";
-  const Arguments arguments(run, text, kFiveArguments);
-  const std::string source = arguments.Text(0);
-  const std::string sought = arguments.Text(1);
-  const std::string mode = arguments.Text(2);
+  const Arguments arguments(call);
+  const std::string source = arguments.Text("texto");
+  const std::string sought = arguments.Text("procurado");
+  const std::string mode = arguments.Text("início ou modo");
   Position found = 0;
   if (Upper(Left(mode, kBackwards.size())) == kBackwards) {
     // The last occurrence that ends by the given position.
-    const auto from = arguments.OptionalNumber(3);
+    const auto from = arguments.OptionalNumber("início");
     const Position end = from ? PositionOf(from->ToInteger()) : source.size();
     const std::string_view searched = Left(source, end);
     if (sought.size() <= searched.size()) {
@@ -99,12 +97,12 @@ Value PosIni(Run& run, std::string_view text) {
 }
 
 // OPEN: a start behind the text's end changes nothing, since the text never grows.
-Value Sobreponha(Run& run, std::string_view text) {
-  const Arguments arguments(run, text, kFiveArguments);
-  std::string target = arguments.Text(0);
-  const std::string over = arguments.Text(1);
-  const Position start = PositionOf(arguments.Number(2).ToInteger());
-  const auto given = arguments.OptionalNumber(3);
+Value Sobreponha(const WordCall& call) {
+  const Arguments arguments(call);
+  std::string target = arguments.Text("variável");
+  const std::string over = arguments.Text("texto");
+  const Position start = PositionOf(arguments.Number("início").ToInteger());
+  const auto given = arguments.OptionalNumber("tamanho");
   const std::size_t length = given ? LengthOf(given->ToInteger()) : 0;
 
   const std::string_view written = length == 0 ? std::string_view(over) : Left(over, length);
@@ -113,12 +111,12 @@ Value Sobreponha(Run& run, std::string_view text) {
     const std::string_view fitting = Left(written, room);
     target.replace(start - 1, fitting.size(), fitting);
   }
-  run.variables.VarWrite(arguments.Raw(0), std::move(target), true);
+  call.run.variables.VarWrite(arguments.Raw("variável"), std::move(target), true);
   return {};
 }
 
-Value ConvStr(Run& run, std::string_view text) {
-  return Quote(Trim(Arguments(run, text, kTwoArguments).Number(0).ToText()));
+Value ConvStr(const WordCall& call) {
+  return Quote(Trim(Arguments(call).Number("valor").ToText()));
 }
 
 // A text of marked parentheses reads plain: what stands between the first "]" and the first "[" is kept, and
@@ -135,9 +133,9 @@ std::string WithoutMarks(std::string_view text) {
       .append(Mid(text, close));
 }
 
-Value ValStr(Run& run, std::string_view text) {
-  const Arguments arguments(run, text, kTwoArguments);
-  return LeadingNumber(EvalText(run, WithoutMarks(arguments.Raw(0))).ToText());
+Value ValStr(const WordCall& call) {
+  const Arguments arguments(call);
+  return LeadingNumber(EvalText(call.run, WithoutMarks(arguments.Raw("texto"))).ToText());
 }
 
 // The value's text with digits in their places. OPEN: a float's exponent is written out, so that `PADRAO`
@@ -149,11 +147,11 @@ std::string PositionalText(const Value& value) {
   return value.ToText();
 }
 
-Value Formata(Run& run, std::string_view text) {
+Value Formata(const WordCall& call) {
   constexpr std::size_t kPadraoPlaces = 2;
-  const Arguments arguments(run, text, kTwoArguments);
-  const Value value = arguments.Number(0);
-  const std::string format = arguments.Text(1);
+  const Arguments arguments(call);
+  const Value value = arguments.Number("valor");
+  const std::string format = arguments.Text("formato");
   if (Upper(format) == "PADRAO") {
     std::string number = PositionalText(value);
     if (const std::size_t comma = number.find(','); comma != std::string::npos) number[comma] = '.';
@@ -166,27 +164,26 @@ Value Formata(Run& run, std::string_view text) {
   return Quote(*formatted);
 }
 
-constexpr CommandRow kRows[] = {
-    {"UNIR", Unir},
-    {"SEPARE", Separe},
-    {"COMPRIMENTO", Comprimento},
-    {"APARA", Apara},
-    {"ASC", Asc},
-    {"SEQUENCIA", Sequencia},
-    {"POSINI", PosIni},
-    {"POSICAOINICIAL", PosIni},
-    {"SOBREPONHA", Sobreponha},
-    {"CONVSTR", ConvStr},
-    {"VALSTR", ValStr},
-    {"FORMATA", Formata},
+constexpr PlainRow kRows[] = {
+    {"Unir", Unir},
+    {"Separe", Separe},
+    {"Comprimento", Comprimento},
+    {"Apara", Apara},
+    {"Asc", Asc},
+    {"Sequencia", Sequencia},
+    {"PosIni", PosIni},
+    {"PosicaoInicial", PosIni},
+    {"Sobreponha", Sobreponha},
+    {"ConvStr", ConvStr},
+    {"ValStr", ValStr},
+    {"Formata", Formata},
+    {"Car", Car},
 };
 
 }  // namespace
 
-void AddTextCommands(CommandTable& table, Run& run) {
-  AddRows(table, run, kRows);
-  table.AddPrefix("CAR",
-                  [&run](std::string_view, std::string_view arguments) { return Car(run, arguments); });
+void BindTextCommands(CommandTable& table) {
+  Bind(table, kRows);
 }
 
 }  // namespace tessera

@@ -5,6 +5,6 @@
 
 namespace tessera {
 
-void AddTextCommands(CommandTable& table, Run& run);
+void BindTextCommands(CommandTable& table);
 
 }  // namespace tessera

@@ -83,38 +83,38 @@ bool IsDate(std::string_view date, std::string_view separator) {
   return day >= 1 && day <= MonthLength(month, year) && year >= 1;
 }
 
-std::string OnlyText(Run& run, std::string_view text) {
-  return Arguments(run, text, kTwoArguments).Number(0).ToText();
+std::string OnlyText(const WordCall& call) {
+  return EvalNumber(call.run, Arguments(call).Part(0)).ToText();
 }
 
-Value TestaCpf(Run& run, std::string_view text) {
-  return TruthWord(IsCpf(TaxDigits(OnlyText(run, text))));
+Value TestaCpf(const WordCall& call) {
+  return TruthWord(IsCpf(TaxDigits(OnlyText(call))));
 }
 
-Value TestaCnpj(Run& run, std::string_view text) {
-  return TruthWord(IsCnpj(TaxDigits(OnlyText(run, text))));
+Value TestaCnpj(const WordCall& call) {
+  return TruthWord(IsCnpj(TaxDigits(OnlyText(call))));
 }
 
-Value TestaEmail(Run& run, std::string_view text) {
-  return TruthWord(IsEmail(OnlyText(run, text)));
+Value TestaEmail(const WordCall& call) {
+  return TruthWord(IsEmail(OnlyText(call)));
 }
 
-Value TestaData(Run& run, std::string_view text) {
+Value TestaData(const WordCall& call) {
   bool valid = false;
   Guard([&] {
-    const Arguments arguments(run, text, kTwoArguments);
-    const std::string date = arguments.Number(0).ToText();
-    const std::string separator = arguments.Number(1).ToText();
+    const Arguments arguments(call);
+    const std::string date = arguments.Number("data").ToText();
+    const std::string separator = arguments.Number("separador").ToText();
     valid = IsDate(date, separator.empty() ? "/" : separator);
   });
   return TruthWord(valid);
 }
 
-constexpr CommandRow kRows[] = {
-    {"TESTACPF", TestaCpf},
-    {"TESTACNPJ", TestaCnpj},
-    {"TESTAEMAIL", TestaEmail},
-    {"TESTADATA", TestaData},
+constexpr PlainRow kRows[] = {
+    {"TestaCPF", TestaCpf},
+    {"TestaCNPJ", TestaCnpj},
+    {"TestaEmail", TestaEmail},
+    {"TestaData", TestaData},
 };
 
 }  // namespace
@@ -142,8 +142,8 @@ std::int32_t MonthLength(std::int32_t month, std::int32_t year) {
   }
 }
 
-void AddValidationCommands(CommandTable& table, Run& run) {
-  AddRows(table, run, kRows);
+void BindValidationCommands(CommandTable& table) {
+  Bind(table, kRows);
 }
 
 }  // namespace tessera

@@ -10,6 +10,6 @@ namespace tessera {
 // Days of a month of 1 to 12, 0 for any other. Every fourth year is a leap year.
 std::int32_t MonthLength(std::int32_t month, std::int32_t year);
 
-void AddValidationCommands(CommandTable& table, Run& run);
+void BindValidationCommands(CommandTable& table);
 
 }  // namespace tessera

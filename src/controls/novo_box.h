@@ -137,10 +137,10 @@ class NovoBox : public BoxRows {
 
  private:
   void PaintRow(int visibleRow) override;
+  int MostRows() const override { return kMaxCells / TotalColunas(); }
   void ForgetRows() override { editing_.reset(); }
   void ForgetColumns() override { sortColumn_.reset(); }
   void LeaveRows() override { EndEdit(); }
-  int MostRows() const override { return kMaxCells / TotalColunas(); }
   bool InPool(int visibleRow, int column) const;
   bool EditKey(int code, bool shift);
 

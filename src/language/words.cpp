@@ -233,7 +233,7 @@ constexpr Word kWords[] = {
     {"Sinal", Numbers, Value, kANumber, kPlain, "valor:n", "Dá -1, 0 ou 1, como o sinal do número."},
     {"Sobreponha", Texts, Statement, kNothing, kPlain, "variável:x, texto:t, início:n, [tamanho:n]",
      "Escreve um texto sobre uma parte do texto de uma variável."},
-    {"SQL", Sql, Both, kAText, kText | kEqualSign | kComing, "caminho:w, [valor:v...]",
+    {"SQL", Sql, Both, kAText, kText | kEqualSign, "caminho:w, [valor:v...]",
      "Trabalha com bancos de dados SQL.", Keywords(kSqlKeywords)},
     {"TamanhoArquivo", Files, Value, kANumber, kPlain, "apelido:t",
      "Dá o tamanho de um arquivo aberto, em bytes."},

@@ -17,7 +17,6 @@ constexpr int kShortestThumb = 10;
 constexpr std::string_view kBarVer = "BarVer";
 constexpr std::string_view kBarHor = "BarHor";
 constexpr std::string_view kValor = ".Valor";
-constexpr Companion kCompanions[] = {{kValor, kTypeInteiro}};
 
 constexpr ControlPlace SizeOf(BarDirection direction) {
   if (direction == BarDirection::Vertical) return {.Width = kThickness, .Height = kLength};
@@ -120,10 +119,10 @@ void BarraControl::OnKeyDown(int keyCode, KeyShift) {
 
 // The family
 
-BarraRolagem::BarraRolagem(ObjectFrame& frame) : ObjectFamily(frame, kBarHor, kCompanions, kSuffixes) {}
+BarraRolagem::BarraRolagem(ObjectFrame& frame) : ObjectFamily(frame, "BarraRolagem", kSuffixes) {}
 
-std::string BarraRolagem::ArrayFor(const Settings& arguments) {
-  return std::string(arguments.Number(4).ToInteger() == 0 ? kBarVer : kBarHor);
+std::string BarraRolagem::ArrayFor(const Arguments& arguments) {
+  return std::string(arguments.Number("tipo").ToInteger() == 0 ? kBarVer : kBarHor);
 }
 
 std::shared_ptr<Control> BarraRolagem::NewControl(Form& form, std::string_view array, int index) {
@@ -131,14 +130,14 @@ std::shared_ptr<Control> BarraRolagem::NewControl(Form& form, std::string_view a
   return std::make_shared<BarraControl>(form, *this, index, direction);
 }
 
-void BarraRolagem::Create(Control& control, ObjectRow&, const Settings& arguments) {
+void BarraRolagem::Create(Control& control, ObjectRow&, const Arguments& arguments) {
   auto& bar = static_cast<BarraControl&>(control);
-  bar.SetMax(arguments.Number(1).ToInteger());
-  Place(bar, arguments, 2);
+  bar.SetMax(arguments.Number("máximo").ToInteger());
+  Place(bar, arguments);
   if (bar.Direction() == BarDirection::Vertical) {
-    SetHeight(bar, arguments, 5);
+    SetHeight(bar, arguments, "comprimento");
   } else {
-    SetWidth(bar, arguments, 5);
+    SetWidth(bar, arguments, "comprimento");
   }
 }
 

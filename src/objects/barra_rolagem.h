@@ -47,9 +47,9 @@ class BarraRolagem final : public ObjectFamily {
   void OnChange(Control& control) override;
 
  protected:
-  std::string ArrayFor(const Settings& arguments) override;
+  std::string ArrayFor(const Arguments& arguments) override;
   std::shared_ptr<Control> NewControl(Form& form, std::string_view array, int index) override;
-  void Create(Control& control, ObjectRow& row, const Settings& arguments) override;
+  void Create(Control& control, ObjectRow& row, const Arguments& arguments) override;
 };
 
 }  // namespace tessera

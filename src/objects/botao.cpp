@@ -27,7 +27,7 @@ Value Descricao(const SuffixCall& call) {
 }
 
 Value Figura(const SuffixCall& call) {
-  static_cast<Botao&>(call.family).SetPicture(call.As<BotaoControl>(), call.arguments.Raw(2));
+  static_cast<Botao&>(call.family).SetPicture(call.As<BotaoControl>(), call.Raw());
   return {};
 }
 
@@ -144,33 +144,35 @@ void BotaoControl::PressByKey() {
 
 // The family
 
-Botao::Botao(ObjectFrame& frame) : ObjectFamily(frame, "BtnNovo", {}, kSuffixes) {}
+Botao::Botao(ObjectFrame& frame) : ObjectFamily(frame, "Botao", kSuffixes) {}
 
 std::shared_ptr<Control> Botao::NewControl(Form& form, std::string_view, int index) {
   return std::make_shared<BotaoControl>(form, *this, index, run().host.events);
 }
 
-void Botao::Create(Control& control, ObjectRow&, const Settings& arguments) {
+void Botao::Create(Control& control, ObjectRow&, const Arguments& arguments) {
   auto& button = static_cast<BotaoControl&>(control);
-  const auto isGiven = [&](std::size_t place) { return !arguments.Raw(place).empty(); };
-  if (Upper(EvalText(run(), arguments.Raw(1)).ToText()).starts_with(kSkinWord)) {
-    CreateSkinned(button, arguments);
-  } else if (isGiven(4) || isGiven(5) || isGiven(6) || isGiven(7)) {
-    CreateLong(button, arguments);
+  const ArgumentView styled = arguments.In("estilo");
+  const ArgumentView longer = arguments.In("longa");
+  if (Upper(styled.Text("estilo")).starts_with(kSkinWord)) {
+    CreateSkinned(button, styled);
+  } else if (!longer.IsEmpty("largura") || !longer.IsEmpty("legenda") || !longer.IsEmpty("figura") ||
+             !longer.IsEmpty("dica")) {
+    CreateLong(button, longer);
   } else {
     CreateShort(button, arguments);
   }
 }
 
 // OPEN: a skinned button takes the size of its skin, as far as the skin has a picture.
-void Botao::CreateSkinned(BotaoControl& button, const Settings& arguments) {
-  Place(button, arguments, 2);
+void Botao::CreateSkinned(BotaoControl& button, const ArgumentView& arguments) {
+  Place(button, arguments);
   const bool isCaptioned =
-      !arguments.Raw(4).empty() || !arguments.Raw(5).empty() || !arguments.Raw(6).empty();
-  button.SetCaption(isCaptioned ? arguments.Number(4).ToText() : "OK");
-  SetPicture(button, arguments.Raw(5));
-  button.SetToolTipText(arguments.Number(6).ToText());
-  const std::string word = EvalText(run(), arguments.Raw(1)).ToText();
+      !arguments.IsEmpty("legenda") || !arguments.IsEmpty("figura") || !arguments.IsEmpty("dica");
+  button.SetCaption(isCaptioned ? arguments.Number("legenda").ToText() : "OK");
+  SetPicture(button, arguments.Raw("figura"));
+  button.SetToolTipText(arguments.Number("dica").ToText());
+  const std::string word = arguments.Text("estilo");
   const ButtonSkin& skin = skins_.Element(RoundToInteger(LeadingNumber(Mid(word, kSkinWord.size() + 1))));
   button.SetSkin(skin);
   if (!skin.BtnUp) return;
@@ -180,20 +182,20 @@ void Botao::CreateSkinned(BotaoControl& button, const Settings& arguments) {
   button.Move(place);
 }
 
-void Botao::CreateLong(BotaoControl& button, const Settings& arguments) {
+void Botao::CreateLong(BotaoControl& button, const ArgumentView& arguments) {
   button.SetPlain();
-  Place(button, arguments, 1);
-  SetHeight(button, arguments, 3);
-  SetWidth(button, arguments, 4);
-  button.SetCaption(arguments.Number(5).ToText());
-  SetPicture(button, arguments.Raw(6));
-  button.SetToolTipText(arguments.Number(7).ToText());
+  Place(button, arguments);
+  SetHeight(button, arguments);
+  SetWidth(button, arguments);
+  button.SetCaption(arguments.Number("legenda").ToText());
+  SetPicture(button, arguments.Raw("figura"));
+  button.SetToolTipText(arguments.Number("dica").ToText());
 }
 
-void Botao::CreateShort(BotaoControl& button, const Settings& arguments) {
+void Botao::CreateShort(BotaoControl& button, const ArgumentView& arguments) {
   button.SetPlain();
-  Place(button, arguments, 1);
-  button.SetCaption(arguments.Raw(3).empty() ? "OK" : arguments.Number(3).ToText());
+  Place(button, arguments);
+  button.SetCaption(arguments.IsEmpty("legenda") ? "OK" : arguments.Number("legenda").ToText());
   SetPicture(button, {});
   button.SetToolTipText({});
 }
@@ -210,10 +212,9 @@ void Botao::SetPicture(BotaoControl& button, std::string_view argument) {
 }
 
 // KEPT: "Visivel" counts in this case alone, wherever it stands (programs.buttons_are_made_in_three_forms).
-void Botao::BeforeSuffix(const SuffixCall& call) {
-  if (Contains(call.arguments.Raw(0), "Visivel")) {
-    SetBySimNao(call.Word(), [&](bool on) { call.control.SetVisible(on); });
-  }
+void Botao::BeforeSuffix(Control& control, const Arguments& arguments) {
+  if (!Contains(arguments.Raw("nome"), "Visivel")) return;
+  SetBySimNao(EvalNumber(run(), arguments.Part(2)).ToText(), [&](bool on) { control.SetVisible(on); });
 }
 
 void Botao::OnClick(Control& control) {
@@ -226,26 +227,42 @@ void Botao::OnClick(Control& control) {
 
 // The style command
 
-void Botao::EstiloBotao(std::string_view arguments) {
-  const Settings settings(run(), arguments);
-  const std::string keyword = Upper(settings.Raw(0));
-  const std::string& value = settings.Raw(2);
+Value Botao::EstiloBotao(const WordCall& call) {
+  const Arguments arguments(call);
+  const std::string keyword = Upper(arguments.Raw("palavra"));
   ButtonSkin& skin = skins_.Element(0);
-  const auto picture = [&] { return PictureOfFile(run(), EvalText(run(), value).ToText()); };
-  if (Contains(keyword, "FIGSOLTO")) skin.BtnUp = picture();
-  if (Contains(keyword, "FIGDESTAQUE")) skin.BtnHigh = picture();
-  if (Contains(keyword, "FIGFOCO")) skin.BtnFocus = picture();
-  if (Contains(keyword, "FIGCLIQUE")) skin.BtnDown = picture();
-  if (Contains(keyword, "FIGINATIVO")) skin.BtnDisabled = picture();
-  if (Contains(keyword, "CORFUNDO")) skin.backColor = settings.Number(2).ToInteger();
-  if (Contains(keyword, "CORLETRA")) skin.foreColor = settings.Number(2).ToInteger();
+  for (const StyleTable::Bound& style : styles_) {
+    if (Contains(keyword, style.form->word)) style.act(*this, skin, arguments);
+  }
+  return {};
 }
 
-void Botao::AddStyleCommand(CommandTable& table) {
-  table.Add("ESTILOBOTAO", [this](std::string_view, std::string_view arguments) {
-    EstiloBotao(arguments);
-    return Value();
-  });
+template <PictureRef ButtonSkin::*picture>
+void Botao::SetStylePicture(Botao& family, ButtonSkin& skin, const ArgumentView& values) {
+  skin.*picture = PictureOfFile(family.run(), values.Text("valor"));
+}
+
+template <Colour ButtonSkin::*colour>
+void Botao::SetStyleColour(Botao&, ButtonSkin& skin, const ArgumentView& values) {
+  skin.*colour = values.Number("valor").ToInteger();
+}
+
+Botao::StyleTable Botao::Styles() {
+  constexpr StyleTable::Row kRows[] = {
+      {"FIGSOLTO", SetStylePicture<&ButtonSkin::BtnUp>},
+      {"FIGDESTAQUE", SetStylePicture<&ButtonSkin::BtnHigh>},
+      {"FIGFOCO", SetStylePicture<&ButtonSkin::BtnFocus>},
+      {"FIGCLIQUE", SetStylePicture<&ButtonSkin::BtnDown>},
+      {"FIGINATIVO", SetStylePicture<&ButtonSkin::BtnDisabled>},
+      {"CORFUNDO", SetStyleColour<&ButtonSkin::backColor>},
+      {"CORLETRA", SetStyleColour<&ButtonSkin::foreColor>},
+  };
+  return {FindWord("EstiloBotao")->more.keywords, {kRows}};
+}
+
+void Botao::BindStyleCommand(CommandTable& table) {
+  constexpr MemberRow<Botao> kRows[] = {{"EstiloBotao", &Botao::EstiloBotao}};
+  Bind(table, kRows, *this);
 }
 
 }  // namespace tessera

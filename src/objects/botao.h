@@ -87,9 +87,8 @@ class Botao final : public ObjectFamily {
  public:
   explicit Botao(ObjectFrame& frame);
 
-  // The command `EstiloBotao`.
-  void EstiloBotao(std::string_view arguments);
-  void AddStyleCommand(CommandTable& table);
+  // `EstiloBotao`.
+  void BindStyleCommand(CommandTable& table);
 
   // A stock name, or a file; none for an empty argument. A missing file is told in a box.
   void SetPicture(BotaoControl& button, std::string_view argument);
@@ -98,15 +97,24 @@ class Botao final : public ObjectFamily {
 
  protected:
   std::shared_ptr<Control> NewControl(Form& form, std::string_view array, int index) override;
-  void Create(Control& control, ObjectRow& row, const Settings& arguments) override;
-  void BeforeSuffix(const SuffixCall& call) override;
+  void Create(Control& control, ObjectRow& row, const Arguments& arguments) override;
+  void BeforeSuffix(Control& control, const Arguments& arguments) override;
 
  private:
-  void CreateSkinned(BotaoControl& button, const Settings& arguments);
-  void CreateLong(BotaoControl& button, const Settings& arguments);
-  void CreateShort(BotaoControl& button, const Settings& arguments);
+  void CreateSkinned(BotaoControl& button, const ArgumentView& arguments);
+  void CreateLong(BotaoControl& button, const ArgumentView& arguments);
+  void CreateShort(BotaoControl& button, const ArgumentView& arguments);
+
+  using StyleTable = FormTable<void (*)(Botao& family, ButtonSkin& skin, const ArgumentView& values)>;
+  static StyleTable Styles();
+  template <PictureRef ButtonSkin::*picture>
+  static void SetStylePicture(Botao& family, ButtonSkin& skin, const ArgumentView& values);
+  template <Colour ButtonSkin::*colour>
+  static void SetStyleColour(Botao& family, ButtonSkin& skin, const ArgumentView& values);
+  Value EstiloBotao(const WordCall& call);
 
   SkinStore skins_;
+  const StyleTable styles_ = Styles();
 };
 
 }  // namespace tessera

@@ -17,28 +17,30 @@ namespace {
 
 constexpr double kHeightFactor = 1.7;
 constexpr std::string_view kTxt = ".Txt";
-constexpr Companion kCompanions[] = {{kTxt, kTypeString}};
 
 // The values of one suffix, evaluated; an empty one takes what is said for it.
 class BoxValues {
  public:
-  explicit BoxValues(const SuffixCall& call) : run_(call.run), values_(call.Values()) {}
+  explicit BoxValues(const SuffixCall& call)
+      : run_(call.run), signature_(call.form.arguments), values_(call.Values()) {}
 
-  Value At(std::size_t place) const {
-    return IsEmpty(place) ? Value(std::string()) : EvalNumber(run_, values_[place]);
+  Value At(ArgumentName name) const {
+    return IsEmpty(name) ? Value(std::string()) : EvalNumber(run_, values_[signature_.PlaceOf(name)]);
   }
-  std::string Text(std::size_t place) const { return At(place).ToText(); }
-  std::int32_t Integer(std::size_t place, std::int32_t otherwise) const {
-    return IsEmpty(place) ? otherwise : At(place).ToInteger();
+  std::string Text(ArgumentName name) const { return At(name).ToText(); }
+  std::int32_t Integer(ArgumentName name, std::int32_t otherwise) const {
+    return IsEmpty(name) ? otherwise : At(name).ToInteger();
   }
-  std::int16_t Short(std::size_t place) const {
-    return IsEmpty(place) ? std::int16_t{0} : At(place).ToShort();
-  }
+  std::int16_t Short(ArgumentName name) const { return IsEmpty(name) ? std::int16_t{0} : At(name).ToShort(); }
 
  private:
-  bool IsEmpty(std::size_t place) const { return place >= values_.size() || values_[place].empty(); }
+  bool IsEmpty(ArgumentName name) const {
+    const std::size_t place = signature_.PlaceOf(name);
+    return place >= values_.size() || values_[place].empty();
+  }
 
   Run& run_;
+  const Signature& signature_;
   std::vector<std::string> values_;
 };
 
@@ -62,8 +64,10 @@ TextAlign AlignOf(std::string_view word) {
 Value Titulo(const SuffixCall& call) {
   const BoxValues values(call);
   return Change(call, [&](NovoBox& grid) {
-    const bool isNumeric = Upper(values.Text(3)) == "NUMERICO";
-    if (!grid.Titulo(values.Text(0), values.Short(1), AlignOf(Upper(values.Text(2))), isNumeric)) Fail(9);
+    const bool isNumeric = Upper(values.Text("tipo")) == "NUMERICO";
+    if (!grid.Titulo(values.Text("texto"), values.Short("largura"), AlignOf(Upper(values.Text("lado"))),
+                     isNumeric))
+      Fail(9);
   });
 }
 
@@ -75,12 +79,12 @@ Value Ativa(const SuffixCall& call) {
 // Shows with `.FIM`, however many cells come before it.
 Value Add(const SuffixCall& call) {
   const BoxValues values(call);
-  const std::string text = values.Text(0);
-  const CellAttributes attributes = {.fore = values.Integer(1, -1),
-                                     .back = values.Integer(2, -1),
-                                     .font = values.Text(3),
-                                     .size = values.Short(4),
-                                     .bold = Upper(values.Text(5)) == "NEGRITO"};
+  const std::string text = values.Text("texto");
+  const CellAttributes attributes = {.fore = values.Integer("cor", -1),
+                                     .back = values.Integer("fundo", -1),
+                                     .font = values.Text("fonte"),
+                                     .size = values.Short("tamanho"),
+                                     .bold = Upper(values.Text("negrito")) == "NEGRITO"};
   if (!Grid(call).Add(text, attributes)) {
     ShowCritical(call.run, std::string(NovoBox::kTooManyCells).append(text));
   }
@@ -102,7 +106,7 @@ Value Cls(const SuffixCall& call) {
 
 Value Seleciona(const SuffixCall& call) {
   return Change(call, [&](NovoBox& grid) {
-    if (!grid.Selected(call.Nth(0).ToInteger())) ShowCritical(call.run, NovoBox::kBadIndex);
+    if (!grid.Selected(call.Nth("linha").ToInteger())) ShowCritical(call.run, NovoBox::kBadIndex);
   });
 }
 
@@ -127,7 +131,7 @@ Value CorLetra(const SuffixCall& call) {
 
 Value LeListagem(const SuffixCall& call) {
   const BoxValues values(call);
-  return Quote(Grid(call).LeVetor(values.Integer(0, 0), values.Integer(1, 0)));
+  return Quote(Grid(call).LeVetor(values.Integer("linha", 0), values.Integer("coluna", 0)));
 }
 
 Value TotalItens(const SuffixCall& call) {
@@ -190,18 +194,17 @@ constexpr SuffixRow kSuffixes[] = {
 
 }  // namespace
 
-BoxFamily::BoxFamily(ObjectFrame& frame)
-    : ObjectFamily(frame, "GrdLstB", kCompanions, kSuffixes), events_(frame) {}
+BoxFamily::BoxFamily(ObjectFrame& frame) : ObjectFamily(frame, "Box", kSuffixes), events_(frame) {}
 
 std::shared_ptr<Control> BoxFamily::NewControl(Form& form, std::string_view, int index) {
   return std::make_shared<BoxControl>(form, *this, index);
 }
 
-void BoxFamily::Create(Control& control, ObjectRow&, const Settings& arguments) {
-  Place(control, arguments, 1);
-  if (!arguments.Raw(3).empty()) {
+void BoxFamily::Create(Control& control, ObjectRow&, const Arguments& arguments) {
+  Place(control, arguments);
+  if (!arguments.IsEmpty("altura")) {
     ControlPlace place = control.Place();
-    place.Height = Lines(arguments.Number(3)) * kHeightFactor;
+    place.Height = Lines(arguments.Number("altura")) * kHeightFactor;
     control.Move(place);
   }
   static_cast<BoxControl&>(control).Config();

@@ -23,7 +23,7 @@ class BoxFamily final : public ObjectFamily {
 
  protected:
   std::shared_ptr<Control> NewControl(Form& form, std::string_view array, int index) override;
-  void Create(Control& control, ObjectRow& row, const Settings& arguments) override;
+  void Create(Control& control, ObjectRow& row, const Arguments& arguments) override;
   // The variable comes with `.ATIVA`.
   void CreateCompanions(const ObjectRow&) override {}
 

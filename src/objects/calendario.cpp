@@ -12,7 +12,6 @@ namespace {
 
 constexpr ControlPlace kCalendarSize = {.Width = 110, .Height = 20};
 constexpr std::string_view kTxt = ".Txt";
-constexpr Companion kCompanions[] = {{kTxt, kTypeString}};
 
 Value Txt(const SuffixCall& call) {
   static_cast<CalendarioFamily&>(call.family).SetText(call.As<CalendarioControl>(), call.Text());
@@ -75,17 +74,17 @@ void CalendarioControl::OnKeyPress(char character) {
 // The family
 
 CalendarioFamily::CalendarioFamily(ObjectFrame& frame)
-    : ObjectFamily(frame, "TxtCal", kCompanions, kSuffixes, suffix::kOfEntries) {}
+    : ObjectFamily(frame, "Calendario", kSuffixes, suffix::kOfEntries) {}
 
 std::shared_ptr<Control> CalendarioFamily::NewControl(Form& form, std::string_view, int index) {
   const DateTime now = std::chrono::floor<std::chrono::seconds>(run().host.clock.Now());
   return std::make_shared<CalendarioControl>(form, *this, index, now);
 }
 
-void CalendarioFamily::Create(Control& control, ObjectRow&, const Settings& arguments) {
+void CalendarioFamily::Create(Control& control, ObjectRow&, const Arguments& arguments) {
   Guard([&] {
-    Place(control, arguments, 1);
-    SetWidth(control, arguments, 3);
+    Place(control, arguments);
+    SetWidth(control, arguments);
   });
   OnChange(control);
 }

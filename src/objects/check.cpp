@@ -12,7 +12,6 @@ namespace {
 constexpr ControlPlace kCheckSize = {.Width = 100, .Height = 18};
 constexpr double kBoxAllowance = 25;  // pixels beside the caption
 constexpr std::string_view kValor = ".Valor";
-constexpr Companion kCompanions[] = {{kValor, kTypeInteiro}};
 
 Value Valor(const SuffixCall& call) {
   static_cast<Check&>(call.family).SetValue(call.As<CheckControl>(), call.Number().ToInteger() != 0);
@@ -75,26 +74,25 @@ void OpcaoControl::OnKeyDown(int keyCode, KeyShift shift) {
 
 // `Check`
 
-Check::Check(ObjectFrame& frame) : Check(frame, "Chk") {}
+Check::Check(ObjectFrame& frame) : Check(frame, "Check") {}
 
-Check::Check(ObjectFrame& frame, std::string_view array)
-    : ObjectFamily(frame, array, kCompanions, kSuffixes) {}
+Check::Check(ObjectFrame& frame, std::string_view word) : ObjectFamily(frame, word, kSuffixes) {}
 
 std::shared_ptr<Control> Check::NewControl(Form& form, std::string_view, int index) {
   return std::make_shared<CheckControl>(form, *this, index);
 }
 
-void Check::Create(Control& control, ObjectRow&, const Settings& arguments) {
+void Check::Create(Control& control, ObjectRow&, const Arguments& arguments) {
   auto& check = static_cast<CheckControl&>(control);
   TakeCaption(check, arguments);
   check.SetValue(false);
-  Guard([&] { SetValue(check, arguments.Number(4).ToInteger() != 0); });
+  Guard([&] { SetValue(check, arguments.Number("valor").ToInteger() != 0); });
 }
 
 // The width is that of the caption in the window's font, which the control takes.
-void Check::TakeCaption(CheckControl& check, const Settings& arguments) const {
-  Place(check, arguments, 1);
-  const std::string caption = arguments.Number(3).ToText();
+void Check::TakeCaption(CheckControl& check, const Arguments& arguments) const {
+  Place(check, arguments);
+  const std::string caption = arguments.Number("legenda").ToText();
   const FontFace& font = check.form().Font;
   const TextSize size = check.form().MeasureText(caption, font);
   ControlPlace place = check.Place();
@@ -117,13 +115,13 @@ void Check::OnClick(Control& control) {
 
 // `Opcao`
 
-Opcao::Opcao(ObjectFrame& frame) : Check(frame, "Opc") {}
+Opcao::Opcao(ObjectFrame& frame) : Check(frame, "Opcao") {}
 
 std::shared_ptr<Control> Opcao::NewControl(Form& form, std::string_view, int index) {
   return std::make_shared<OpcaoControl>(form, *this, index);
 }
 
-void Opcao::Create(Control& control, ObjectRow&, const Settings& arguments) {
+void Opcao::Create(Control& control, ObjectRow&, const Arguments& arguments) {
   auto& option = static_cast<OpcaoControl&>(control);
   TakeCaption(option, arguments);
   option.SetValue(false);

@@ -47,11 +47,11 @@ class Check : public ObjectFamily {
   void OnClick(Control& control) override;
 
  protected:
-  Check(ObjectFrame& frame, std::string_view array);
+  Check(ObjectFrame& frame, std::string_view word);
 
   std::shared_ptr<Control> NewControl(Form& form, std::string_view array, int index) override;
-  void Create(Control& control, ObjectRow& row, const Settings& arguments) override;
-  void TakeCaption(CheckControl& check, const Settings& arguments) const;
+  void Create(Control& control, ObjectRow& row, const Arguments& arguments) override;
+  void TakeCaption(CheckControl& check, const Arguments& arguments) const;
 };
 
 class Opcao final : public Check {
@@ -65,7 +65,7 @@ class Opcao final : public Check {
 
  protected:
   std::shared_ptr<Control> NewControl(Form& form, std::string_view array, int index) override;
-  void Create(Control& control, ObjectRow& row, const Settings& arguments) override;
+  void Create(Control& control, ObjectRow& row, const Arguments& arguments) override;
 
  private:
   void GiveUpOthers(const CheckControl& option);

@@ -11,10 +11,9 @@ namespace {
 constexpr ControlPlace kComboSize = {.Width = 140, .Height = 20};
 constexpr double kRowMargin = 4;  // pixels of a row beyond its text
 constexpr std::string_view kTxt = ".Txt";
-constexpr Companion kCompanions[] = {{kTxt, kTypeString}};
 
 Value Adiciona(const SuffixCall& call) {
-  call.As<ComboControl>().AddItem(call.Nth(0).ToText());
+  call.As<ComboControl>().AddItem(call.Nth("texto").ToText());
   return {};
 }
 
@@ -116,16 +115,16 @@ void ComboControl::OnKeyPress(char character) {
 
 // The family
 
-Combo::Combo(ObjectFrame& frame) : ObjectFamily(frame, "Cmb", kCompanions, kSuffixes, suffix::kOfEntries) {}
+Combo::Combo(ObjectFrame& frame) : ObjectFamily(frame, "Combo", kSuffixes, suffix::kOfEntries) {}
 
 std::shared_ptr<Control> Combo::NewControl(Form& form, std::string_view, int index) {
   return std::make_shared<ComboControl>(form, *this, index);
 }
 
-void Combo::Create(Control& control, ObjectRow&, const Settings& arguments) {
+void Combo::Create(Control& control, ObjectRow&, const Arguments& arguments) {
   auto& combo = static_cast<ComboControl&>(control);
-  Place(combo, arguments, 1);
-  SetWidth(combo, arguments, 3);
+  Place(combo, arguments);
+  SetWidth(combo, arguments);
   combo.SetText("");
 }
 

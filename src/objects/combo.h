@@ -55,7 +55,7 @@ class Combo final : public ObjectFamily {
 
  protected:
   std::shared_ptr<Control> NewControl(Form& form, std::string_view array, int index) override;
-  void Create(Control& control, ObjectRow& row, const Settings& arguments) override;
+  void Create(Control& control, ObjectRow& row, const Arguments& arguments) override;
 };
 
 }  // namespace tessera

@@ -50,17 +50,17 @@ LinkControl::LinkControl(Form& form, ControlEvents& events, int index)
 }
 
 Link::Link(ObjectFrame& frame, Desktop& desktop)
-    : ObjectFamily(frame, "TxtLink", {}, kSuffixes), desktop_(desktop) {}
+    : ObjectFamily(frame, "Link", kSuffixes), desktop_(desktop) {}
 
 std::shared_ptr<Control> Link::NewControl(Form& form, std::string_view, int index) {
   return std::make_shared<LinkControl>(form, *this, index);
 }
 
-void Link::Create(Control& control, ObjectRow&, const Settings& arguments) {
+void Link::Create(Control& control, ObjectRow&, const Arguments& arguments) {
   auto& link = static_cast<LinkControl&>(control);
-  Place(link, arguments, 1);
-  link.SetText(arguments.Number(3).ToText());
-  link.SetTag(EvalText(run(), arguments.Raw(4)).ToText());
+  Place(link, arguments);
+  link.SetText(arguments.Number("texto").ToText());
+  link.SetTag(arguments.Text("endereço"));
   const FontFace& font = link.form().Font;
   const TextSize size = link.form().MeasureText(link.Text(), font);
   ControlPlace place = link.Place();

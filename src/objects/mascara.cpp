@@ -10,7 +10,6 @@ namespace {
 
 constexpr ControlPlace kEntrySize = {.Width = 120, .Height = 20};
 constexpr std::string_view kTxt = ".Txt";
-constexpr Companion kCompanions[] = {{kTxt, kTypeString}};
 
 Value Txt(const SuffixCall& call) {
   static_cast<Mascara&>(call.family).SetText(call.As<MascaraControl>(), call.Word());
@@ -71,18 +70,17 @@ void MascaraControl::OnKeyPress(char character) {
 
 // The family
 
-Mascara::Mascara(ObjectFrame& frame)
-    : ObjectFamily(frame, "TxtMask", kCompanions, kSuffixes, suffix::kOfEntries) {}
+Mascara::Mascara(ObjectFrame& frame) : ObjectFamily(frame, "Mascara", kSuffixes, suffix::kOfEntries) {}
 
 std::shared_ptr<Control> Mascara::NewControl(Form& form, std::string_view, int index) {
   return std::make_shared<MascaraControl>(form, *this, index);
 }
 
-void Mascara::Create(Control& control, ObjectRow&, const Settings& arguments) {
+void Mascara::Create(Control& control, ObjectRow&, const Arguments& arguments) {
   auto& entry = static_cast<MascaraControl&>(control);
-  entry.SetMask(EvalText(run(), arguments.Raw(1)).ToText());
-  Place(entry, arguments, 2);
-  SetWidth(entry, arguments, 4);
+  entry.SetMask(arguments.Text("máscara"));
+  Place(entry, arguments);
+  SetWidth(entry, arguments);
   OnChange(entry);
 }
 

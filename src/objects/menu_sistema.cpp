@@ -81,27 +81,26 @@ void GuiaControl::ClickItem(const MenuItem& item) {
 
 // The command
 
-void MenuSistema::AddCommand(CommandTable& table) {
-  table.Add("MENUSISTEMA", [this](std::string_view, std::string_view arguments) {
-    Do(arguments);
-    return Value();
-  });
+void MenuSistema::BindCommand(CommandTable& table) {
+  constexpr MemberRow<MenuSistema> kRows[] = {{"MenuSistema", &MenuSistema::Do}};
+  Bind(table, kRows, *this);
   frame_.AddFinder(
       [this](std::string_view name, const ProgramWindow& window) { return FindItem(name, window); });
 }
 
 // OPEN: the entries of a menu are those of the window on which they were made, and "INICIA" empties the
 // menus of the current window, so that they can be filled anew.
-void MenuSistema::Do(std::string_view arguments) {
-  const Settings settings(frame_.run(), arguments);
-  const std::string word = settings.Word(0);
-  if (word == "INICIA") return Bar().ClearMenus();
-  if (word != "GUIA") return;
-  const std::size_t menu = MenuIndex(settings.Number(1));
-  const std::string kind = settings.Word(2);
-  const std::string caption = settings.Number(3).ToText();
+Value MenuSistema::Do(const WordCall& call) {
+  const Arguments arguments(call);
+  const std::string word = arguments.Word("palavra");
+  if (word == "INICIA") Bar().ClearMenus();
+  if (word != "GUIA") return {};
+  const std::size_t menu = MenuIndex(arguments.Number("guia"));
+  const std::string kind = arguments.Word("tipo");
+  const std::string caption = arguments.Number("texto").ToText();
   if (kind.empty()) Bar().SetGuia(menu, caption);
   if (kind == "OPCAO") Bar().AddEntry(menu, caption);
+  return {};
 }
 
 GuiaControl& MenuSistema::Bar() {

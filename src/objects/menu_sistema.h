@@ -64,14 +64,13 @@ class MenuSistema final : public ControlEvents {
  public:
   explicit MenuSistema(ObjectFrame& frame) : frame_(frame) {}
 
-  void AddCommand(CommandTable& table);
-
-  // `arguments` is the text behind the word `MenuSistema`.
-  void Do(std::string_view arguments);
+  // `MenuSistema`.
+  void BindCommand(CommandTable& table);
 
   void OnClick(Control& control) override;
 
  private:
+  Value Do(const WordCall& call);
   GuiaControl& Bar();
   PersonObject* FindItem(std::string_view caption, const ProgramWindow& window) const;
 

@@ -10,7 +10,6 @@ namespace {
 
 constexpr ControlPlace kEntrySize = {.Width = 120, .Height = 20};
 constexpr std::string_view kValor = ".Valor";
-constexpr Companion kCompanions[] = {{kValor, kTypeDecimal}};
 
 Value Casas(const SuffixCall& call) {
   call.As<MoedaControl>().SetCasas(call.Number().ToInteger());
@@ -70,16 +69,15 @@ void MoedaControl::OnKeyPress(char character) {
 
 // The family
 
-Moeda::Moeda(ObjectFrame& frame)
-    : ObjectFamily(frame, "TxtNum", kCompanions, kSuffixes, suffix::kOfEntries) {}
+Moeda::Moeda(ObjectFrame& frame) : ObjectFamily(frame, "Moeda", kSuffixes, suffix::kOfEntries) {}
 
 std::shared_ptr<Control> Moeda::NewControl(Form& form, std::string_view, int index) {
   return std::make_shared<MoedaControl>(form, *this, index);
 }
 
-void Moeda::Create(Control& control, ObjectRow&, const Settings& arguments) {
-  Place(control, arguments, 1);
-  SetWidth(control, arguments, 3);
+void Moeda::Create(Control& control, ObjectRow&, const Arguments& arguments) {
+  Place(control, arguments);
+  SetWidth(control, arguments);
   static_cast<MoedaControl&>(control).SetValue(0);
 }
 

@@ -19,18 +19,18 @@ constexpr SuffixRow kSuffixes[] = {
 MolduraControl::MolduraControl(Form& form, ControlEvents& events, int index)
     : Control(form, events, index, kFrameSize) {}
 
-Moldura::Moldura(ObjectFrame& frame) : ObjectFamily(frame, "SpFrame", {}, kSuffixes) {}
+Moldura::Moldura(ObjectFrame& frame) : ObjectFamily(frame, "Moldura", kSuffixes) {}
 
 std::shared_ptr<Control> Moldura::NewControl(Form& form, std::string_view, int index) {
   return std::make_shared<MolduraControl>(form, *this, index);
 }
 
-void Moldura::Create(Control& control, ObjectRow&, const Settings& arguments) {
+void Moldura::Create(Control& control, ObjectRow&, const Arguments& arguments) {
   auto& box = static_cast<MolduraControl&>(control);
-  box.SetCaption(arguments.Number(1).ToText());
-  Place(box, arguments, 2);
-  SetHeight(box, arguments, 4);
-  SetWidth(box, arguments, 5);
+  box.SetCaption(arguments.Number("legenda").ToText());
+  Place(box, arguments);
+  SetHeight(box, arguments);
+  SetWidth(box, arguments);
 }
 
 }  // namespace tessera

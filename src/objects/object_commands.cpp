@@ -17,20 +17,20 @@ namespace tessera {
 
 ObjectCommands::ObjectCommands(CommandTable& table, Run& run, WindowModel& windows, Desktop& desktop)
     : frame_(run, windows), menus_(frame_) {
-  frame_.Add<Botao>(table, "BOTAO").AddStyleCommand(table);
-  frame_.Add<BoxFamily>(table, "BOX");
-  frame_.Add<Rotulo>(table, "ROTULO");
-  frame_.Add<Check>(table, "CHECK");
-  frame_.Add<Opcao>(table, "OPCAO");
-  frame_.Add<Texto>(table, "TEXTO");
-  frame_.Add<Mascara>(table, "MASCARA");
-  frame_.Add<Moeda>(table, "MOEDA");
-  frame_.Add<Combo>(table, "COMBO");
-  frame_.Add<CalendarioFamily>(table, "CALENDARIO");
-  frame_.Add<BarraRolagem>(table, "BARRAROLAGEM");
-  frame_.Add<Moldura>(table, "MOLDURA");
-  frame_.Add<Link>(table, "LINK", desktop);
-  menus_.AddCommand(table);
+  frame_.Add<Botao>(table).BindStyleCommand(table);
+  frame_.Add<BoxFamily>(table);
+  frame_.Add<Rotulo>(table);
+  frame_.Add<Check>(table);
+  frame_.Add<Opcao>(table);
+  frame_.Add<Texto>(table);
+  frame_.Add<Mascara>(table);
+  frame_.Add<Moeda>(table);
+  frame_.Add<Combo>(table);
+  frame_.Add<CalendarioFamily>(table);
+  frame_.Add<BarraRolagem>(table);
+  frame_.Add<Moldura>(table);
+  frame_.Add<Link>(table, desktop);
+  menus_.BindCommand(table);
 }
 
 }  // namespace tessera

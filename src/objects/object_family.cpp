@@ -13,9 +13,12 @@
 
 namespace tessera {
 
-ObjectFamily::ObjectFamily(ObjectFrame& frame, std::string_view array, std::span<const Companion> companions,
-                           std::span<const SuffixRow> suffixes, std::span<const SuffixRow> shared)
-    : frame_(frame), array_(array), companions_(companions), suffixes_(suffixes), shared_(shared) {}
+ObjectFamily::ObjectFamily(ObjectFrame& frame, std::string_view word, std::span<const SuffixRow> suffixes,
+                           std::span<const SuffixRow> shared)
+    : frame_(frame),
+      word_(*FindWord(word)),
+      family_(*FamilyOf(word)),
+      suffixes_(word_.more.suffixes, {suffixes, shared}) {}
 
 Run& ObjectFamily::run() const {
   return frame_.run();
@@ -50,12 +53,12 @@ std::vector<PersonObject*> ObjectFamily::Named(std::string_view name) {
 
 // KEPT: "Remove" counts wherever it stands in the first argument, in an object's name too
 // (programs.objects_come_and_go_by_rows).
-Value ObjectFamily::Do(std::string_view arguments) {
-  const Settings settings(run(), arguments);
-  const std::string& first = settings.Raw(0);
+Value ObjectFamily::Do(const WordCall& call) {
+  const Arguments arguments(call);
+  const std::string& first = arguments.Raw("nome");
   const Position point = Find(first, ".");
   if (point == 0) {
-    CreateObject(settings);
+    CreateObject(arguments);
     return {};
   }
   ObjectRow* row = FindRow(LookupName(Left(first, point - 1)));
@@ -64,24 +67,20 @@ Value ObjectFamily::Do(std::string_view arguments) {
     Remove(*row);
     return {};
   }
-  return DoSuffix(settings, *row, point);
+  return DoSuffix(arguments, *row, point);
 }
 
-Value ObjectFamily::DoSuffix(const Settings& arguments, ObjectRow& row, Position point) {
+Value ObjectFamily::DoSuffix(const Arguments& arguments, ObjectRow& row, Position point) {
   const auto control = row.object.lock();
   // The control went down with its window.
   if (!control) Fail(91);
-  const std::string& first = arguments.Raw(0);
-  const SuffixCall call{run(), frame_, *this, row, *control, arguments};
-  BeforeSuffix(call);
+  const std::string& first = arguments.Raw("nome");
+  BeforeSuffix(*control, arguments);
   const Position blank = Find(first, " ", point);
   const std::string word = Upper(Mid(first, point, blank == 0 ? std::string_view::npos : blank - point));
-  for (const auto& table : {suffixes_, shared_}) {
-    for (const SuffixRow& suffix : table) {
-      if (suffix.word == word) return suffix.act(call);
-    }
-  }
-  return {};
+  const SuffixTable::Bound* suffix = suffixes_.Find(word);
+  if (suffix == nullptr) return {};
+  return suffix->act({run(), frame_, *this, row, *control, arguments, *suffix->form});
 }
 
 // Creation
@@ -94,8 +93,8 @@ Form& ObjectFamily::FormCarrying(std::string_view array) const {
   return *windows().CurrentForm;
 }
 
-void ObjectFamily::CreateObject(const Settings& arguments) {
-  const std::string name = LookupName(EvalText(run(), arguments.Raw(0)).ToText());
+void ObjectFamily::CreateObject(const Arguments& arguments) {
+  const std::string name = LookupName(arguments.Text("nome"));
   // OPEN: an object without a name could never be spoken of, and its row would count as free: none is made.
   if (name.empty()) return;
   const std::string array = ArrayFor(arguments);
@@ -120,7 +119,7 @@ void ObjectFamily::CreateObject(const Settings& arguments) {
 }
 
 void ObjectFamily::CreateCompanions(const ObjectRow& row) {
-  for (const Companion& companion : companions_) {
+  for (const Companion& companion : family_.Companions()) {
     run().variables.VarCreateScalar(row.name + std::string(companion.suffix), companion.type);
   }
 }
@@ -133,24 +132,24 @@ double ObjectFamily::Columns(const Value& count) const {
   return count.ToDouble() * windows().TamCol;
 }
 
-void ObjectFamily::Place(Control& control, const Settings& arguments, std::size_t place) const {
+void ObjectFamily::Place(Control& control, const ArgumentView& arguments) const {
   ControlPlace to = control.Place();
-  to.Top = Lines(arguments.Number(place));
-  to.Left = Columns(arguments.Number(place + 1));
+  to.Top = Lines(arguments.Number("linha"));
+  to.Left = Columns(arguments.Number("coluna"));
   control.Move(to);
 }
 
-void ObjectFamily::SetWidth(Control& control, const Settings& arguments, std::size_t place) const {
-  if (arguments.Raw(place).empty()) return;
+void ObjectFamily::SetWidth(Control& control, const ArgumentView& arguments, ArgumentName name) const {
+  if (arguments.IsEmpty(name)) return;
   ControlPlace to = control.Place();
-  to.Width = Columns(arguments.Number(place));
+  to.Width = Columns(arguments.Number(name));
   control.Move(to);
 }
 
-void ObjectFamily::SetHeight(Control& control, const Settings& arguments, std::size_t place) const {
-  if (arguments.Raw(place).empty()) return;
+void ObjectFamily::SetHeight(Control& control, const ArgumentView& arguments, ArgumentName name) const {
+  if (arguments.IsEmpty(name)) return;
   ControlPlace to = control.Place();
-  to.Height = Lines(arguments.Number(place));
+  to.Height = Lines(arguments.Number(name));
   control.Move(to);
 }
 
@@ -178,7 +177,7 @@ void ObjectFamily::GiveUp(ObjectRow& row) {
 }
 
 void ObjectFamily::RemoveCompanions(const ObjectRow& row) {
-  for (const Companion& companion : companions_) {
+  for (const Companion& companion : family_.Companions()) {
     run().variables.VarRemove(row.name + std::string(companion.suffix), true);
   }
 }

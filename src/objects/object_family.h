@@ -12,23 +12,18 @@
 #include <string_view>
 #include <vector>
 
+#include "commands/arguments.h"
+#include "language/families.h"
 #include "objects/suffix.h"
 #include "values/run.h"
 #include "values/value.h"
 #include "windows/control.h"
-#include "windows/window_settings.h"
 
 namespace tessera {
 
 class ObjectFrame;
 class ProgramWindow;
 struct WindowModel;
-
-// A variable that an object of a family has beside it: `name.Txt`.
-struct Companion {
-  std::string_view suffix;
-  std::string_view type;
-};
 
 struct ObjectRow {
   std::string name;  // as evaluated at the creation; an empty name is a free row
@@ -39,15 +34,18 @@ struct ObjectRow {
 
 class ObjectFamily : public ControlEvents {
  public:
-  // `shared` are the suffixes that the family has in common with others.
-  ObjectFamily(ObjectFrame& frame, std::string_view array, std::span<const Companion> companions,
-               std::span<const SuffixRow> suffixes, std::span<const SuffixRow> shared = {});
+  // `word` is the family's command. `shared` are the suffixes that the family has in common with others; both
+  // tables together do all suffixes of the word, or the start stops.
+  ObjectFamily(ObjectFrame& frame, std::string_view word, std::span<const SuffixRow> suffixes,
+               std::span<const SuffixRow> shared = {});
   ~ObjectFamily() override = default;
   ObjectFamily(const ObjectFamily&) = delete;
   ObjectFamily& operator=(const ObjectFamily&) = delete;
 
-  // The family's command with its raw argument text. Some suffixes give a value.
-  Value Do(std::string_view arguments);
+  const Word& word() const { return word_; }
+
+  // The family's command. Some suffixes give a value.
+  Value Do(const WordCall& call);
 
   // The rows ever used; the count never goes down while the program runs.
   const std::deque<ObjectRow>& Rows() const { return rows_; }
@@ -73,14 +71,14 @@ class ObjectFamily : public ControlEvents {
 
  protected:
   // The control array for a new object; some families have more than one.
-  virtual std::string ArrayFor(const Settings& /*arguments*/) { return std::string(array_); }
+  virtual std::string ArrayFor(const Arguments& /*arguments*/) { return std::string(family_.arrays[0]); }
   // The element in its own default state, not yet placed.
   virtual std::shared_ptr<Control> NewControl(Form& form, std::string_view array, int index) = 0;
   // Sets the properties that the creation arguments name; the control is placed, shown and numbered by
   // `Place` and the frame.
-  virtual void Create(Control& control, ObjectRow& row, const Settings& arguments) = 0;
+  virtual void Create(Control& control, ObjectRow& row, const Arguments& arguments) = 0;
   // What the family does with a suffix' whole first argument, before the suffix itself is looked at.
-  virtual void BeforeSuffix(const SuffixCall& /*call*/) {}
+  virtual void BeforeSuffix(Control& /*control*/, const Arguments& /*arguments*/) {}
   // The name of the object that a program has written so.
   virtual std::string LookupName(std::string_view written) { return std::string(written); }
   // The companion variables of a new object.
@@ -92,11 +90,11 @@ class ObjectFamily : public ControlEvents {
 
   // The row of a control; null for one whose row was given up.
   ObjectRow* RowOf(const Control& control);
-  // `Top` and `Left` in lines and columns of the grid, from two places of the arguments.
-  void Place(Control& control, const Settings& arguments, std::size_t place) const;
+  // `Top` and `Left` in lines and columns of the grid, from "linha" and "coluna".
+  void Place(Control& control, const ArgumentView& arguments) const;
   // `Width` in columns, `Height` in lines; an empty argument leaves the control's own.
-  void SetWidth(Control& control, const Settings& arguments, std::size_t place) const;
-  void SetHeight(Control& control, const Settings& arguments, std::size_t place) const;
+  void SetWidth(Control& control, const ArgumentView& arguments, ArgumentName name = "largura") const;
+  void SetHeight(Control& control, const ArgumentView& arguments, ArgumentName name = "altura") const;
   // Pixels of so many lines or columns.
   double Lines(const Value& count) const;
   double Columns(const Value& count) const;
@@ -107,9 +105,9 @@ class ObjectFamily : public ControlEvents {
   void TellCompanion(const Control& control, std::string_view suffix, const Value& value);
 
  private:
-  void CreateObject(const Settings& arguments);
+  void CreateObject(const Arguments& arguments);
   // `point` is the place of the "." in the first argument, from 1.
-  Value DoSuffix(const Settings& arguments, ObjectRow& row, std::size_t point);
+  Value DoSuffix(const Arguments& arguments, ObjectRow& row, std::size_t point);
   void Remove(ObjectRow& row);
   void Unload(ObjectRow& row);
   void RemoveCompanions(const ObjectRow& row);
@@ -117,10 +115,9 @@ class ObjectFamily : public ControlEvents {
   Form& FormCarrying(std::string_view array) const;
 
   ObjectFrame& frame_;
-  std::string_view array_;
-  std::span<const Companion> companions_;
-  std::span<const SuffixRow> suffixes_;
-  std::span<const SuffixRow> shared_;
+  const Word& word_;
+  const Family& family_;
+  const SuffixTable suffixes_;
   // References to rows live across the evaluation of arguments, which may make further objects or end the
   // program: rows are added at the end and never taken out.
   std::deque<ObjectRow> rows_;

@@ -17,11 +17,8 @@ ObjectFrame::~ObjectFrame() {
   windows_.objects = nullptr;
 }
 
-void ObjectFrame::AddFamily(CommandTable& table, std::string_view word,
-                            std::unique_ptr<ObjectFamily> family) {
-  table.Add(word, [family = family.get()](std::string_view, std::string_view arguments) {
-    return family->Do(arguments);
-  });
+void ObjectFrame::AddFamily(CommandTable& table, std::unique_ptr<ObjectFamily> family) {
+  table.Add(family->word().name, [family = family.get()](const WordCall& call) { return family->Do(call); });
   families_.push_back(std::move(family));
 }
 

@@ -27,12 +27,12 @@ class ObjectFrame final : public WindowObjects {
   Run& run() const { return run_; }
   WindowModel& windows() const { return windows_; }
 
-  // `word` is the family's command, in upper case.
+  // Binds the family's command.
   template <typename Family, typename... More>
-  Family& Add(CommandTable& table, std::string_view word, More&... more) {
+  Family& Add(CommandTable& table, More&... more) {
     auto family = std::make_unique<Family>(*this, more...);
     Family& added = *family;
-    AddFamily(table, word, std::move(family));
+    AddFamily(table, std::move(family));
     return added;
   }
 
@@ -56,7 +56,7 @@ class ObjectFrame final : public WindowObjects {
   void WakeCopying() override;
 
  private:
-  void AddFamily(CommandTable& table, std::string_view word, std::unique_ptr<ObjectFamily> family);
+  void AddFamily(CommandTable& table, std::unique_ptr<ObjectFamily> family);
 
   Run& run_;
   WindowModel& windows_;

@@ -11,7 +11,6 @@ namespace {
 
 constexpr ControlPlace kLabelSize = {.Width = 80, .Height = 20};
 constexpr std::string_view kTxt = ".Txt";
-constexpr Companion kCompanions[] = {{kTxt, kTypeString}};
 
 Value Txt(const SuffixCall& call) {
   static_cast<Rotulo&>(call.family).SetText(call.As<RotuloControl>(), call.Word());
@@ -44,26 +43,26 @@ constexpr SuffixRow kSuffixes[] = {
 RotuloControl::RotuloControl(Form& form, ControlEvents& events, int index)
     : Control(form, events, index, kLabelSize) {}
 
-Rotulo::Rotulo(ObjectFrame& frame) : ObjectFamily(frame, "LblRotulo", kCompanions, kSuffixes) {}
+Rotulo::Rotulo(ObjectFrame& frame) : ObjectFamily(frame, "Rotulo", kSuffixes) {}
 
 std::shared_ptr<Control> Rotulo::NewControl(Form& form, std::string_view, int index) {
   return std::make_shared<RotuloControl>(form, *this, index);
 }
 
 // OPEN: without a width or height the label is as large as its text needs, so that nothing of it is cut off.
-void Rotulo::Create(Control& control, ObjectRow&, const Settings& arguments) {
+void Rotulo::Create(Control& control, ObjectRow&, const Arguments& arguments) {
   auto& label = static_cast<RotuloControl&>(control);
   label.SetFont({.name = "MS Sans Serif", .size = 8});
-  const std::string text = arguments.Number(1).ToText();
+  const std::string text = arguments.Number("texto").ToText();
   SetText(label, text);
-  Place(label, arguments, 2);
+  Place(label, arguments);
   ControlPlace place = label.Place();
   const TextSize needed = label.form().MeasureText(text, label.Font());
   place.Width = needed.width;
   place.Height = std::max(kLabelSize.Height, needed.height);
   label.Move(place);
-  SetWidth(label, arguments, 4);
-  SetHeight(label, arguments, 5);
+  SetWidth(label, arguments);
+  SetHeight(label, arguments);
 }
 
 void Rotulo::SetText(RotuloControl& label, std::string_view text) {

@@ -11,24 +11,21 @@
 
 namespace tessera {
 
-std::string SuffixCall::Text() const {
-  return EvalText(run, arguments.Raw(kValue)).ToText();
-}
-
 std::vector<std::string> SuffixCall::Values() const {
   std::vector<std::string> values;
-  const std::string& first = arguments.Raw(0);
+  const std::string& first = arguments.Part(0);
   const Position blank = Find(first, " ");
   if (blank > 0) values.emplace_back(Trim(Mid(first, blank)));
   std::size_t place = 1;
-  if (arguments.Raw(place) == "=") ++place;
-  std::size_t end = Settings::kPlaces;
-  while (end > place && arguments.Raw(end - 1).empty()) --end;
-  for (; place < end; ++place) values.push_back(arguments.Raw(place));
+  if (arguments.Part(place) == "=") ++place;
+  std::size_t end = arguments.Places();
+  while (end > place && arguments.Part(end - 1).empty()) --end;
+  for (; place < end; ++place) values.push_back(arguments.Part(place));
   return values;
 }
 
-Value SuffixCall::Nth(std::size_t place) const {
+Value SuffixCall::Nth(ArgumentName name) const {
+  const std::size_t place = form.arguments.PlaceOf(name);
   const std::vector<std::string> values = Values();
   return place < values.size() ? EvalNumber(run, values[place]) : Value(std::string());
 }

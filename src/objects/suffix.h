@@ -6,11 +6,13 @@
 #include <string_view>
 #include <vector>
 
+#include "commands/arguments.h"
+#include "commands/form_table.h"
 #include "controls/text_align.h"
+#include "values/eval.h"
 #include "values/run.h"
 #include "values/value.h"
 #include "windows/control.h"
-#include "windows/window_settings.h"
 
 namespace tessera {
 
@@ -25,7 +27,8 @@ struct SuffixCall {
   ObjectFamily& family;
   ObjectRow& row;
   Control& control;
-  const Settings& arguments;
+  const Arguments& arguments;
+  const WordForm& form;
 
   // The family's own kind of control.
   template <typename T>
@@ -35,24 +38,24 @@ struct SuffixCall {
 
   // The value behind the equals sign: a number, a word or a text, and a name or path, which must stay text.
   // OPEN: texts are computed as numbers are.
-  Value Number() const { return arguments.Number(kValue); }
+  Value Number() const { return EvalNumber(run, Raw()); }
   std::string Word() const { return Number().ToText(); }
-  std::string Text() const;
+  std::string Text() const { return EvalText(run, Raw()).ToText(); }
+  // As the program wrote it.
+  const std::string& Raw() const { return arguments.Part(kValue); }
 
   // All values: what stands behind the first blank of the first argument, and the arguments behind it without
   // the equals sign.
   std::vector<std::string> Values() const;
-  // One of them, evaluated; empty beyond their end.
-  Value Nth(std::size_t place) const;
+  // One of them by its name, evaluated; empty beyond their end.
+  Value Nth(ArgumentName name) const;
 
  private:
   static constexpr std::size_t kValue = 2;
 };
 
-struct SuffixRow {
-  std::string_view word;  // with its ".", in upper case
-  Value (*act)(const SuffixCall& call);
-};
+using SuffixTable = FormTable<Value (*)(const SuffixCall& call)>;
+using SuffixRow = SuffixTable::Row;
 
 namespace suffix {
 

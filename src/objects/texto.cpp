@@ -17,13 +17,10 @@ namespace {
 
 constexpr ControlPlace kLineSize = {.Width = 120, .Height = 20};
 constexpr ControlPlace kLinesSize = {.Width = 240, .Height = 80};
-constexpr std::string_view kOneLine = "Texto";
 constexpr std::string_view kMultiLine = "MultiLine";
 constexpr std::string_view kNumeric = "NUMERICO";
 constexpr std::string_view kTxt = ".Txt";
-constexpr Companion kCompanions[] = {{kTxt, kTypeString}};
 constexpr std::chrono::milliseconds kCopyInterval{5};
-constexpr std::size_t kLinesPlace = 4;
 
 std::size_t CountOf(const Value& value) {
   return static_cast<std::size_t>(std::max(value.ToInteger(), 0));
@@ -36,7 +33,7 @@ Value Txt(const SuffixCall& call) {
 
 Value TextoRtf(const SuffixCall& call) {
   auto& entry = call.As<TextoControl>();
-  if (call.arguments.Raw(1) != "=") return Quote(entry.State().TextRTF());
+  if (call.arguments.Part(1) != "=") return Quote(entry.State().TextRTF());
   entry.SetTextRTF(call.Text());
   call.family.OnChange(entry);
   return {};
@@ -50,13 +47,18 @@ Value Seleciona(const SuffixCall& call) {
     entry.Select(0, entry.Text().size());
     return {};
   }
-  const auto isGiven = [&](std::size_t place) { return place < values.size() && !values[place].empty(); };
-  entry.Select(CountOf(call.Nth(0)), isGiven(1) ? CountOf(call.Nth(1)) : 0);
+  const auto isGiven = [&](ArgumentName name) {
+    const std::size_t place = call.form.arguments.PlaceOf(name);
+    return place < values.size() && !values[place].empty();
+  };
+  entry.Select(CountOf(call.Nth("início")), isGiven("tamanho") ? CountOf(call.Nth("tamanho")) : 0);
   FormatChange change;
-  if (isGiven(2)) change.font = EvalText(call.run, values[2]).ToText();
-  if (isGiven(3)) change.size = call.Nth(3).ToDouble();
-  if (isGiven(4) && Upper(call.Nth(4).ToText()) == "NEGRITO") change.bold = true;
-  if (isGiven(5)) change.color = call.Nth(5).ToInteger();
+  if (isGiven("fonte")) {
+    change.font = EvalText(call.run, values[call.form.arguments.PlaceOf("fonte")]).ToText();
+  }
+  if (isGiven("altura")) change.size = call.Nth("altura").ToDouble();
+  if (isGiven("negrito") && Upper(call.Nth("negrito").ToText()) == "NEGRITO") change.bold = true;
+  if (isGiven("cor")) change.color = call.Nth("cor").ToInteger();
   entry.SetSelFormat(change);
   return {};
 }
@@ -188,23 +190,22 @@ void TextoControl::FontChanged() {
 
 // The family
 
-Texto::Texto(ObjectFrame& frame)
-    : ObjectFamily(frame, kOneLine, kCompanions, kSuffixes, suffix::kOfEntries) {}
+Texto::Texto(ObjectFrame& frame) : ObjectFamily(frame, "Texto", kSuffixes, suffix::kOfEntries) {}
 
-std::string Texto::ArrayFor(const Settings& arguments) {
-  const bool isTall = !arguments.Raw(kLinesPlace).empty() && arguments.Number(kLinesPlace).ToDouble() >= 3;
-  return std::string(isTall ? kMultiLine : kOneLine);
+std::string Texto::ArrayFor(const Arguments& arguments) {
+  const bool isTall = !arguments.IsEmpty("linhas") && arguments.Number("linhas").ToDouble() >= 3;
+  return isTall ? std::string(kMultiLine) : ObjectFamily::ArrayFor(arguments);
 }
 
 std::shared_ptr<Control> Texto::NewControl(Form& form, std::string_view array, int index) {
   return std::make_shared<TextoControl>(form, *this, index, array == kMultiLine);
 }
 
-void Texto::Create(Control& control, ObjectRow&, const Settings& arguments) {
-  Place(control, arguments, 1);
-  SetWidth(control, arguments, 3);
-  const bool isOneLine = !arguments.Raw(kLinesPlace).empty() && arguments.Number(kLinesPlace).ToDouble() == 1;
-  if (!isOneLine) SetHeight(control, arguments, kLinesPlace);
+void Texto::Create(Control& control, ObjectRow&, const Arguments& arguments) {
+  Place(control, arguments);
+  SetWidth(control, arguments);
+  const bool isOneLine = !arguments.IsEmpty("linhas") && arguments.Number("linhas").ToDouble() == 1;
+  if (!isOneLine) SetHeight(control, arguments, "linhas");
   static_cast<TextoControl&>(control).SetText("");
   WakeCopying();
 }

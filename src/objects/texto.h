@@ -68,9 +68,9 @@ class Texto final : public ObjectFamily {
   void OnDoubleClick(Control& control) override { OnClick(control); }
 
  protected:
-  std::string ArrayFor(const Settings& arguments) override;
+  std::string ArrayFor(const Arguments& arguments) override;
   std::shared_ptr<Control> NewControl(Form& form, std::string_view array, int index) override;
-  void Create(Control& control, ObjectRow& row, const Settings& arguments) override;
+  void Create(Control& control, ObjectRow& row, const Arguments& arguments) override;
 
  private:
   // Whether some variable differed from its text.

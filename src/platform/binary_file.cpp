@@ -122,8 +122,8 @@ void FileNumbers::Put(int number, std::unique_ptr<OpenedFile> file) {
 
 std::optional<RunFailure> FileNumbers::FlushAll() {
   std::optional<RunFailure> failure;
-  for (const auto& [number, file] : files_) {
-    if (const auto refused = Guard([&] { file->Flush(); })) failure = refused;
+  for (const auto& entry : files_) {
+    if (const auto refused = Guard([&] { entry.second->Flush(); })) failure = refused;
   }
   return failure;
 }

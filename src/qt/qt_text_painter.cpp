@@ -36,7 +36,8 @@ TextMask QtTextPainter::Mask(std::string_view text, const FontFace& face, double
   const QFontMetricsF metrics(font, &measured);
   QRectF bounds;
   for (qsizetype i = 0; i < lines.size(); ++i) {
-    bounds |= metrics.boundingRect(lines[i]).translated(left, top + double(i) * metrics.height() + metrics.ascent());
+    bounds |= metrics.boundingRect(lines[i]).translated(
+        left, top + double(i) * metrics.height() + metrics.ascent());
   }
   // Slanted and smoothed edges reach beyond the measured box.
   const int margin = static_cast<int>(std::ceil(metrics.height()));

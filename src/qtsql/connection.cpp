@@ -29,61 +29,91 @@ namespace {
   throw SqlError(FromUtf8Lossy(ToUtf8(said.trimmed())));
 }
 
+[[noreturn]] void FailOf(const QSqlQuery& query) {
+  const QSqlError error = query.lastError();
+  Fail(error);
+}
+
 class Reader final : public sql::RowReader {
  public:
   // `connection` is the stream's own; null where the query runs on another's.
-  Reader(QSqlQuery query, const QSqlDatabase& database, Engine engine, std::unique_ptr<Connection> connection)
-      : connection_(std::move(connection)), query_(std::move(query)), statement_(StatementOf(query_)) {
-    const QSqlRecord record = query_.record();
-    std::map<std::string, std::map<std::string, sql::ColumnKind>> kinds;
-    for (int i = 0; i < record.count(); ++i) {
-      const QSqlField field = record.field(i);
+  Reader(SharedQuery query, const QSqlDatabase& database, Engine engine,
+         std::unique_ptr<Connection> connection)
+      : connection_(std::move(connection)),
+        query_(std::move(query)),
+        database_(database),
+        engine_(engine),
+        statement_(StatementOf(*query_)),
+        record_(query_->record()) {
+    for (int i = 0; i < record_.count(); ++i)
+      areDecimals_.push_back(statement_ == nullptr &&
+                             KindOf(record_.field(i), engine_) == sql::ColumnKind::Decimal);
+  }
+  // What a statement that serves again holds of the database is given back.
+  ~Reader() override { query_->finish(); }
+  Reader(const Reader&) = delete;
+  Reader& operator=(const Reader&) = delete;
+
+  std::vector<SqlColumn> Columns() override {
+    std::vector<SqlColumn> columns;
+    for (int i = 0; i < record_.count(); ++i) {
+      const QSqlField field = record_.field(i);
       SqlColumn column;
       column.name = ToUtf8(field.name());
       column.baseTable = ToUtf8(field.tableName());
-      column.baseName = engine == Engine::Sqlite ? OriginOf(statement_, i) : column.name;
+      column.baseName = statement_ != nullptr ? OriginOf(statement_, i) : column.name;
       if (column.baseName.empty()) column.baseTable.clear();
-      if (engine != Engine::Sqlite) {
-        column.kind = KindOf(field, engine);
-      } else if (!column.baseTable.empty()) {
-        const auto [table, isNew] = kinds.try_emplace(column.baseTable);
-        if (isNew) table->second = KindsOf(database, column.baseTable);
-        column.kind = table->second[column.baseName];
-      }
-      columns_.push_back(std::move(column));
+      if (statement_ == nullptr) column.kind = KindOf(field, engine_);
+      columns.push_back(std::move(column));
     }
+    if (statement_ != nullptr) TakeDeclaredKinds(columns);
+    return columns;
   }
 
-  const std::vector<SqlColumn>& Columns() const override { return columns_; }
-
   bool Next(SqlRow& row) override {
-    row.resize(columns_.size());
+    row.resize(static_cast<std::size_t>(record_.count()));
     if (statement_ != nullptr) {
       // The query has taken its first step when it was run.
-      const bool found = std::exchange(isFirst_, false) ? query_.next() : Step(statement_);
+      const bool found = std::exchange(isFirst_, false) ? query_->next() : Step(statement_);
       if (found) ReadRow(statement_, row);
       return found;
     }
-    if (!query_.next()) {
-      const QSqlError error = query_.lastError();
+    if (!query_->next()) {
+      const QSqlError error = query_->lastError();
       if (error.type() != QSqlError::NoError) Fail(error);
       return false;
     }
-    for (std::size_t i = 0; i < columns_.size(); ++i) {
-      row[i] = FromVariant(query_.value(static_cast<int>(i)));
-      // With all its digits an exact decimal comes as a text.
-      if (columns_[i].kind == sql::ColumnKind::Decimal && row[i].kind == sql::Kind::Text)
-        row[i].kind = sql::Kind::Decimal;
-    }
+    for (int i = 0; i < record_.count(); ++i) row[static_cast<std::size_t>(i)] = ValueAt(i);
     return true;
   }
 
  private:
+  void TakeDeclaredKinds(std::vector<SqlColumn>& columns) const {
+    std::map<std::string, std::map<std::string, sql::ColumnKind>> kinds;
+    for (SqlColumn& column : columns) {
+      if (column.baseTable.empty()) continue;
+      const auto [table, isNew] = kinds.try_emplace(column.baseTable);
+      if (isNew) table->second = KindsOf(database_, column.baseTable);
+      column.kind = table->second[column.baseName];
+    }
+  }
+
+  // With all its digits an exact decimal comes as a text.
+  SqlValue ValueAt(int place) const {
+    SqlValue value = FromVariant(query_->value(place));
+    if (value.kind == sql::Kind::Text && areDecimals_[static_cast<std::size_t>(place)])
+      value.kind = sql::Kind::Decimal;
+    return value;
+  }
+
   std::unique_ptr<Connection> connection_;
-  QSqlQuery query_;
+  SharedQuery query_;
+  QSqlDatabase database_;
+  Engine engine_;
   sqlite3_stmt* statement_;  // of a database file's query
+  QSqlRecord record_;
+  std::vector<bool> areDecimals_;
   bool isFirst_ = true;
-  std::vector<SqlColumn> columns_;
 };
 
 }  // namespace
@@ -107,29 +137,43 @@ Connection::Connection(const sql::ConnectionTarget& target)
 }
 
 Connection::~Connection() {
+  prepared_.clear();
   database_.close();
   database_ = QSqlDatabase();
   QSqlDatabase::removeDatabase(name_);
 }
 
-QSqlQuery Connection::Run(const SqlChange& statement, Rows rows) {
-  QSqlQuery query(database_);
+SharedQuery Connection::NewQuery(Rows rows) const {
+  auto query = std::make_shared<QSqlQuery>(database_);
   // PostgreSQL's driver names no tables while it reads row by row.
-  query.setForwardOnly(rows == Rows::OneByOne || target_.engine != Engine::PostgreSql);
-  query.setNumericalPrecisionPolicy(QSql::HighPrecision);
-  const QString text = FromUtf8(statement.text);
-  bool done = false;
+  query->setForwardOnly(rows == Rows::OneByOne || target_.engine != Engine::PostgreSql);
+  query->setNumericalPrecisionPolicy(QSql::HighPrecision);
+  return query;
+}
+
+// FAST: a database file's statement is prepared once and serves again; the library prepares it anew by itself
+// where the tables have changed.
+SharedQuery Connection::Prepared(const std::string& text) {
+  constexpr std::size_t kKept = 16;
+  if (const auto found = prepared_.find(text); found != prepared_.end()) return found->second;
+  const SharedQuery query = NewQuery(Rows::AtOnce);
+  if (!query->prepare(FromUtf8(text))) FailOf(*query);
+  if (target_.engine != Engine::Sqlite) return query;
+  if (prepared_.size() == kKept) prepared_.clear();
+  prepared_.emplace(text, query);
+  return query;
+}
+
+SharedQuery Connection::Run(const SqlChange& statement, Rows rows) {
   if (statement.values.empty()) {
-    done = query.exec(text);
-  } else {
-    done = query.prepare(text);
-    for (const SqlValue& value : statement.values) query.addBindValue(ToVariant(value));
-    done = done && query.exec();
+    const SharedQuery query = NewQuery(rows);
+    if (!query->exec(FromUtf8(statement.text))) FailOf(*query);
+    return query;
   }
-  if (!done) {
-    const QSqlError error = query.lastError();
-    Fail(error);
-  }
+  const SharedQuery query = Prepared(statement.text);
+  for (std::size_t i = 0; i < statement.values.size(); ++i)
+    query->bindValue(static_cast<int>(i), ToVariant(statement.values[i]));
+  if (!query->exec()) FailOf(*query);
   return query;
 }
 
@@ -145,31 +189,31 @@ void Connection::Execute(const std::string& text) {
 }
 
 std::unique_ptr<sql::RowReader> Connection::Query(const SqlChange& query) {
-  QSqlQuery run = Run(query);
-  if (!run.isSelect()) throw SqlError(FromUtf8Lossy("A consulta não devolve registros."));
+  SharedQuery run = Run(query);
+  if (!run->isSelect()) throw SqlError(FromUtf8Lossy("A consulta não devolve registros."));
   return std::make_unique<Reader>(std::move(run), database_, target_.engine, nullptr);
 }
 
 std::unique_ptr<sql::RowReader> Connection::Stream(const std::string& text) {
   if (target_.engine == Engine::Sqlite && target_.path == ":memory:") return nullptr;
   auto own = std::make_unique<Connection>(target_);
-  QSqlQuery run = own->Run({text, {}}, Rows::OneByOne);
-  if (!run.isSelect()) throw SqlError(FromUtf8Lossy("A consulta não devolve registros."));
+  SharedQuery run = own->Run({text, {}}, Rows::OneByOne);
+  if (!run->isSelect()) throw SqlError(FromUtf8Lossy("A consulta não devolve registros."));
   const QSqlDatabase database = own->database_;
   return std::make_unique<Reader>(std::move(run), database, target_.engine, std::move(own));
 }
 
 std::int64_t Connection::Change(const SqlChange& change) {
-  return Run(change).numRowsAffected();
+  return Run(change)->numRowsAffected();
 }
 
 SqlValue Connection::Insert(const SqlChange& change, const std::string& key) {
   if (target_.engine == Engine::PostgreSql && !key.empty()) {
-    QSqlQuery query = Run({change.text + " RETURNING " + QuotedColumn(key), change.values});
-    return query.next() ? FromVariant(query.value(0)) : SqlValue();
+    const SharedQuery query = Run({change.text + " RETURNING " + QuotedColumn(key), change.values});
+    return query->next() ? FromVariant(query->value(0)) : SqlValue();
   }
-  const QSqlQuery query = Run(change);
-  return key.empty() ? SqlValue() : FromVariant(query.lastInsertId());
+  const SharedQuery query = Run(change);
+  return key.empty() ? SqlValue() : FromVariant(query->lastInsertId());
 }
 
 std::vector<std::string> Connection::KeyOf(const std::string& table) {

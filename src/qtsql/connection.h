@@ -3,10 +3,16 @@
 
 #include <QSqlDatabase>
 #include <QSqlQuery>
+#include <map>
+#include <memory>
+#include <string>
 
 #include "sql/provider.h"
 
 namespace tessera::qtsql {
+
+// One that may serve again, or whose rows are being read.
+using SharedQuery = std::shared_ptr<QSqlQuery>;
 
 class Connection final : public sql::SqlConnection {
  public:
@@ -32,13 +38,16 @@ class Connection final : public sql::SqlConnection {
  private:
   enum class Rows { AtOnce, OneByOne };
 
+  SharedQuery NewQuery(Rows rows) const;
+  SharedQuery Prepared(const std::string& text);
   // Runs the statement; fails with the server's own text.
-  QSqlQuery Run(const sql::SqlChange& statement, Rows rows = Rows::AtOnce);
+  SharedQuery Run(const sql::SqlChange& statement, Rows rows = Rows::AtOnce);
   void Check(bool done, const char* failing) const;
 
   sql::ConnectionTarget target_;
   QString name_;  // under which the library keeps the connection
   QSqlDatabase database_;
+  std::map<std::string, SharedQuery> prepared_;  // by their text
 };
 
 }  // namespace tessera::qtsql

@@ -1,5 +1,6 @@
 #include "recorddb/cleaning.h"
 
+#include "commands/arguments.h"
 #include "image/codec.h"
 #include "platform/failure.h"
 #include "platform/file_store.h"
@@ -83,10 +84,9 @@ void TellOtherCleaning(RecordContext& context, const DatabaseSlot& slot) {
                                 .append("Temp.Tsa"));
 }
 
-Value LimpaBD(RecordContext& context, std::string_view arguments) {
-  constexpr std::size_t kPlaces = 3;
-  Run& run = context.run;
-  const std::string name = EvalText(run, SplitArguments(run, arguments, kPlaces)[0]).ToText();
+Value LimpaBD(RecordContext& context, const WordCall& call) {
+  Run& run = call.run;
+  const std::string name = Arguments(call).Text("banco");
   const std::int16_t number = FindDatabase(context, name);
   const DatabaseSlot& slot = context.Slot(number);
   const bool whole = EqualsIgnoringCase(Right(name, 3), "TSA");
@@ -118,9 +118,9 @@ Value LimpaBD(RecordContext& context, std::string_view arguments) {
 
 }  // namespace
 
-void AddCleaningCommand(CommandTable& commands, RecordContext& context) {
-  commands.Add("LIMPABD",
-               [&](std::string_view, std::string_view arguments) { return LimpaBD(context, arguments); });
+void BindCleaningCommand(CommandTable& table, RecordContext& context) {
+  constexpr RowOn<RecordContext> kRows[] = {{"LimpaBD", LimpaBD}};
+  Bind(table, kRows, context);
 }
 
 }  // namespace tessera

@@ -8,7 +8,7 @@
 
 namespace tessera {
 
-// Adds `LimpaBD`.
-void AddCleaningCommand(CommandTable& commands, RecordContext& context);
+// Binds `LimpaBD`.
+void BindCleaningCommand(CommandTable& table, RecordContext& context);
 
 }  // namespace tessera

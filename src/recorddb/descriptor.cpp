@@ -12,6 +12,7 @@
 #include "prepare/prepared_text.h"
 #include "recorddb/header_lock.h"
 #include "recorddb/slots.h"
+#include "recorddb/tsa_writer.h"
 #include "text/date.h"
 #include "text/literal.h"
 #include "values/eval.h"
@@ -138,27 +139,18 @@ void FinishDescriptor(RecordContext& context, Reading& reading) {
 }  // namespace
 
 std::string NewHeader(RecordContext& context, const DatabaseSlot& slot, std::string_view password) {
-  Random& random = context.run.host.random;
-  std::string header(tsa::kHeaderLength, tsa::kBlank);
-  const auto write = [&](tsa::Slot place, std::string_view plain) {
-    SlotWrite(header, place, EncodeTrimmable(plain, random));
-  };
-  const std::string now = DateAndTime(context.run.host.clock);
-  SlotWrite(header, tsa::kLockByte, {&tsa::kFree, 1});
-  write(tsa::kCount, "0");
-  write(tsa::kName, slot.name);
-  write(tsa::kRecordLength, std::to_string(slot.recordLength));
-  write(tsa::kCreated, now);
-  write(tsa::kLastRun, now);
-  for (std::size_t i = 0; i < slot.fields.size(); ++i) {
-    const DatabaseField& field = slot.fields[i];
-    write(tsa::FieldName(i), field.Name());
-    write(tsa::FieldSize(i), std::to_string(field.width - static_cast<int>(kEncodedOverhead)));
-    write(tsa::FieldType(i), field.type);
+  TsaHeader header;
+  header.name = slot.name;
+  header.recordLength = slot.recordLength;
+  header.created = header.lastRun = DateAndTime(context.run.host.clock);
+  header.password = password;
+  for (const DatabaseField& field : slot.fields) {
+    header.fields.push_back({.name = std::string(field.Name()),
+                             .type = field.type,
+                             .size = field.width - static_cast<int>(kEncodedOverhead),
+                             .slot = field.Slot()});
   }
-  write(tsa::FieldName(slot.fields.size()), "#Fim");
-  write(tsa::kPassword, password);
-  return header;
+  return EncodeTsaHeader(header, context.run.host.random);
 }
 
 std::int32_t RunDatabaseBlock(RecordContext& context, std::string_view text, Position position,

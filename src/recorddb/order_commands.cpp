@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "commands/arguments.h"
 #include "image/codec.h"
 #include "platform/failure.h"
 #include "recorddb/comparable_text.h"
@@ -16,8 +17,6 @@ namespace tessera {
 namespace {
 
 constexpr std::int32_t kMostRecords = 999'999;  // that the count's slot can hold
-constexpr std::size_t kOrderPlaces = 21;
-constexpr std::size_t kSearchPlaces = 51;
 
 std::string PositionDigits(std::int32_t position) {
   return std::string(Right(ZeroFilled(position, kPositionDigits), kPositionDigits));
@@ -154,22 +153,21 @@ class Rebuild {
   std::string text_;  // of one record, kept for its room
 };
 
-Value OrdemBD(RecordContext& context, std::string_view arguments) {
-  Run& run = context.run;
-  const auto parts = SplitArguments(run, arguments, kOrderPlaces);
-  const std::int16_t number = FindDatabase(context, EvalText(run, parts[0]).ToText());
+Value OrdemBD(RecordContext& context, const WordCall& call) {
+  const Arguments arguments(call);
+  const std::int16_t number = FindDatabase(context, arguments.Text("banco"));
   if (number == -1) return {};
   context.ListOf(number).Clear();
-  if (EqualsIgnoringCase(EvalText(run, parts[1]).ToText(), "SEQUENCIAL")) {
+  if (EqualsIgnoringCase(arguments.Text("campo"), "SEQUENCIAL")) {
     context.OrderOf(number) = Order::Sequencial;
     return {};
   }
   context.OrderOf(number) = Order::Indice;
   auto& indexFields = context.Slot(number).indexFields;
   indexFields.clear();
-  for (std::size_t i = 1; i < parts.size() && !parts[i].empty(); ++i) {
+  for (const std::string& field : arguments.List("campo")) {
     if (indexFields.size() == kIndexFields) FailSubscript();
-    indexFields.push_back(EvalText(run, parts[i]).ToText());
+    indexFields.push_back(EvalText(call.run, field).ToText());
   }
   if (const auto fields = ResolveIndexFields(context, number)) Rebuild(context, number, *fields).Run();
   return {};
@@ -219,23 +217,24 @@ class Search {
   std::int32_t count_;
 };
 
-Value Procure(RecordContext& context, std::string_view arguments) {
-  Run& run = context.run;
-  const auto parts = SplitArguments(run, arguments, kSearchPlaces);
-  const std::int16_t number = FindDatabase(context, EvalText(run, parts[0]).ToText());
-  const std::string mode = Upper(Trim(EvalText(run, parts[1]).ToText()));
+Value Procure(RecordContext& context, const WordCall& call) {
+  Run& run = call.run;
+  const Arguments arguments(call);
+  const std::int16_t number = FindDatabase(context, arguments.Text("banco"));
+  const std::string mode = Upper(Trim(arguments.Text("modo")));
   const DatabaseSlot& slot = context.Slot(number);
   std::string key;
-  for (std::size_t i = 2; i < parts.size() && !parts[i].empty(); ++i) {
-    if (i - 2 >= kIndexFields) FailSubscript();
-    std::string value = EvalText(run, parts[i]).ToText();
-    if (i - 2 >= slot.indexFields.size()) {
+  const auto values = arguments.List("valor");
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    if (i >= kIndexFields) FailSubscript();
+    std::string value = EvalText(run, values[i]).ToText();
+    if (i >= slot.indexFields.size()) {
       ShowCritical(run, SourcePositionText(run).append("\r").append(
                             "Erro no comando Procure!\r"
                             "Verifique se você definiu a ordem do banco de dados com o comando OrdemBD!"_w));
       return 0;
     }
-    const std::int32_t row = FindField(context, slot.indexFields[i - 2], number);
+    const std::int32_t row = FindField(context, slot.indexFields[i], number);
     if (row == -1) FailSubscript();
     value.resize(
         static_cast<std::size_t>(std::max<std::int16_t>(slot.fields[static_cast<std::size_t>(row)].width, 0)),
@@ -261,11 +260,9 @@ void UpdateOrderList(RecordContext& context, std::int32_t position, std::string_
   list.Add(EntryOf(*fields, record, physical));
 }
 
-void AddOrderCommands(CommandTable& commands, RecordContext& context) {
-  commands.Add("ORDEMBD",
-               [&](std::string_view, std::string_view arguments) { return OrdemBD(context, arguments); });
-  commands.Add("PROCURE",
-               [&](std::string_view, std::string_view arguments) { return Procure(context, arguments); });
+void BindOrderCommands(CommandTable& table, RecordContext& context) {
+  constexpr RowOn<RecordContext> kRows[] = {{"OrdemBD", OrdemBD}, {"Procure", Procure}};
+  Bind(table, kRows, context);
 }
 
 }  // namespace tessera

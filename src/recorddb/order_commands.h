@@ -20,7 +20,7 @@ enum class ListChange {
 void UpdateOrderList(RecordContext& context, std::int32_t position, std::string_view record,
                      std::int16_t slot, ListChange change);
 
-// Adds `OrdemBD` and `Procure`.
-void AddOrderCommands(CommandTable& commands, RecordContext& context);
+// Binds `OrdemBD` and `Procure`.
+void BindOrderCommands(CommandTable& table, RecordContext& context);
 
 }  // namespace tessera

@@ -2,34 +2,22 @@
 
 #include <unistd.h>
 
+#include "commands/arguments.h"
 #include "image/codec.h"
 #include "platform/failure.h"
 #include "recorddb/header_lock.h"
 #include "recorddb/order_commands.h"
 #include "recorddb/slots.h"
 #include "text/literal.h"
-#include "values/eval.h"
 
 namespace tessera {
 
 namespace {
 
-constexpr std::size_t kPlaces = 11;
-
-// A command's database and, where it has one, its record position.
-struct RecordArguments {
-  RecordArguments(RecordContext& context, std::string_view arguments)
-      : run(context.run), parts(SplitArguments(context.run, arguments, kPlaces)) {
-    name = EvalText(run, parts[0]).ToText();
-    slot = FindDatabase(context, name);
-  }
-  std::int32_t Position() { return EvalNumber(run, parts[1]).ToInteger(); }
-
-  Run& run;
-  std::vector<std::string> parts;
-  std::string name;
-  std::int16_t slot;
-};
+// The slot of the database that a command names, or -1 behind the message for one that is not there.
+std::int16_t SlotNamed(RecordContext& context, const ArgumentView& arguments) {
+  return FindDatabase(context, arguments.Text("banco"));
+}
 
 void ShowAtStatement(RecordContext& context, std::string_view text) {
   ShowCritical(context.run, SourcePositionText(context.run).append("\r").append(text));
@@ -84,12 +72,14 @@ std::string EncodeRecord(RecordContext& context, std::int16_t number, std::strin
   return record;
 }
 
-Value AbreBD(RecordContext& context, std::string_view arguments) {
+Value AbreBD(RecordContext& context, const WordCall& call) {
   Run& run = context.run;
-  const RecordArguments given(context, arguments);
-  if (given.slot == -1) return {};
-  DatabaseSlot& slot = context.Slot(given.slot);
-  const std::string name = slot.folder + given.name + ".Tsa";
+  const Arguments arguments(call);
+  const std::string database = arguments.Text("banco");
+  const std::int16_t number = FindDatabase(context, database);
+  if (number == -1) return {};
+  DatabaseSlot& slot = context.Slot(number);
+  const std::string name = slot.folder + database + ".Tsa";
   const std::string path = context.run.paths.SystemPath(name);
   if (access(path.c_str(), F_OK) != 0) {
     ShowCritical(run, std::string("Erro AbreBD - Arquivo não existente: "_w).append(name));
@@ -97,41 +87,40 @@ Value AbreBD(RecordContext& context, std::string_view arguments) {
   }
   slot.fileNumber = run.fileNumbers.Free();
   run.fileNumbers.Put(slot.fileNumber, BinaryFile::Open(run.host.files, path));
-  const std::string header = context.FileOf(given.slot).ReadBlankPadded(1, tsa::kHeaderLength);
-  const std::string password = EvalText(run, given.parts[1]).ToText();
+  const std::string header = context.FileOf(number).ReadBlankPadded(1, tsa::kHeaderLength);
+  const std::string password = arguments.Text("senha");
   if (DecodeTrimmed(header, tsa::kPassword) != password) {
     ShowAtStatement(context, std::string("Erro na abertura do banco de dados '"_w)
-                                 .append(given.name)
+                                 .append(database)
                                  .append("': Senha incorreta!"_w));
-    context.CloseFile(given.slot);
+    context.CloseFile(number);
   }
   return {};
 }
 
-Value FechaBD(RecordContext& context, std::string_view arguments) {
-  const RecordArguments given(context, arguments);
-  context.CloseFile(given.slot);
+Value FechaBD(RecordContext& context, const WordCall& call) {
+  context.CloseFile(SlotNamed(context, Arguments(call)));
   return {};
 }
 
-Value AdicionaRegistro(RecordContext& context, std::string_view arguments) {
-  const RecordArguments given(context, arguments);
-  if (given.slot == -1) return {};
-  const DatabaseSlot& slot = context.Slot(given.slot);
+Value AdicionaRegistro(RecordContext& context, const WordCall& call) {
+  const std::int16_t number = SlotNamed(context, Arguments(call));
+  if (number == -1) return {};
+  const DatabaseSlot& slot = context.Slot(number);
   const std::string record =
-      EncodeRecord(context, given.slot, "AdicionaRegistro", [&] { return RecordCount(context, given.slot); });
-  const bool ordered = context.PositionsAreOrdered(given.slot);
+      EncodeRecord(context, number, "AdicionaRegistro", [&] { return RecordCount(context, number); });
+  const bool ordered = context.PositionsAreOrdered(number);
   std::int32_t count = 0;
   {
-    HeaderStep step(FinderOf(context, given.slot), context.run.host.events);
+    HeaderStep step(FinderOf(context, number), context.run.host.events);
     count = step.Count();
     // The record's place is blank before the count tells of it, so that a sudden end leaves a blank record.
     step.file().Write(PositionOf(slot, count), std::string(record.size(), tsa::kBlank));
     step.SetBusy();
     step.SetFree(count + 1, context.run.host.random);
   }
-  if (ordered) UpdateOrderList(context, count, record, given.slot, ListChange::Add);
-  context.FileOf(given.slot).Write(PositionOf(slot, count), record);
+  if (ordered) UpdateOrderList(context, count, record, number, ListChange::Add);
+  context.FileOf(number).Write(PositionOf(slot, count), record);
   return {};
 }
 
@@ -166,37 +155,40 @@ void Overwrite(RecordContext& context, std::int16_t number, std::int32_t positio
   context.FileOf(number).Write(PositionOf(context.Slot(number), physical), record);
 }
 
-Value AtualizaRegistro(RecordContext& context, std::string_view arguments) {
-  RecordArguments given(context, arguments);
-  context.Slot(given.slot);
-  const std::int32_t position = given.Position();
-  const std::string record = EncodeRecord(context, given.slot, "AtualizaRegistro", [&] { return position; });
+Value AtualizaRegistro(RecordContext& context, const WordCall& call) {
+  const Arguments arguments(call);
+  const std::int16_t number = SlotNamed(context, arguments);
+  context.Slot(number);
+  const std::int32_t position = arguments.Number("posição").ToInteger();
+  const std::string record = EncodeRecord(context, number, "AtualizaRegistro", [&] { return position; });
   // KEPT: the count, and not the position, is taken for the list's place
   // (RecordOrder.UpdatingTakesTheCountForItsPlaceInTheList).
-  Overwrite(context, given.slot, position, record, ReplacedPlace::Count,
+  Overwrite(context, number, position, record, ReplacedPlace::Count,
             "Não pode atualizar registro: posição inválida !"_w);
   return {};
 }
 
-Value ExcluiRegistro(RecordContext& context, std::string_view arguments) {
-  RecordArguments given(context, arguments);
-  context.Slot(given.slot);
-  const std::int32_t position = given.Position();
-  Overwrite(context, given.slot, position, DeletedRecord(context, given.slot), ReplacedPlace::Position,
+Value ExcluiRegistro(RecordContext& context, const WordCall& call) {
+  const Arguments arguments(call);
+  const std::int16_t number = SlotNamed(context, arguments);
+  context.Slot(number);
+  const std::int32_t position = arguments.Number("posição").ToInteger();
+  Overwrite(context, number, position, DeletedRecord(context, number), ReplacedPlace::Position,
             "Não pode excluir registro: posição inválida !"_w);
   return {};
 }
 
-Value LeRegistroCommand(RecordContext& context, std::string_view arguments) {
-  RecordArguments given(context, arguments);
-  context.Slot(given.slot);
-  return LeRegistro(context, given.slot, given.Position());
+Value LeRegistroCommand(RecordContext& context, const WordCall& call) {
+  const Arguments arguments(call);
+  const std::int16_t number = SlotNamed(context, arguments);
+  context.Slot(number);
+  return LeRegistro(context, number, arguments.Number("posição").ToInteger());
 }
 
-Value TotalRegistrosBD(RecordContext& context, std::string_view arguments) {
-  const RecordArguments given(context, arguments);
-  if (given.slot == -1) return {};
-  return RecordCount(context, given.slot);
+Value TotalRegistrosBD(RecordContext& context, const WordCall& call) {
+  const std::int16_t number = SlotNamed(context, Arguments(call));
+  if (number == -1) return {};
+  return RecordCount(context, number);
 }
 
 }  // namespace
@@ -280,25 +272,17 @@ std::string LeRegistro(RecordContext& context, std::int16_t number, std::int32_t
   return Quote(DecodeRecord(context, slot, record));
 }
 
-void AddRecordCommands(CommandTable& commands, RecordContext& context) {
-  struct Row {
-    std::string_view word;
-    Value (*handler)(RecordContext& context, std::string_view arguments);
+void BindRecordCommands(CommandTable& table, RecordContext& context) {
+  constexpr RowOn<RecordContext> kRows[] = {
+      {"AbreBD", AbreBD},
+      {"FechaBD", FechaBD},
+      {"AdicionaRegistro", AdicionaRegistro},
+      {"AtualizaRegistro", AtualizaRegistro},
+      {"ExcluiRegistro", ExcluiRegistro},
+      {"LeRegistro", LeRegistroCommand},
+      {"TotalRegistrosBD", TotalRegistrosBD},
   };
-  constexpr Row kRows[] = {
-      {"ABREBD", AbreBD},
-      {"FECHABD", FechaBD},
-      {"ADICIONAREGISTRO", AdicionaRegistro},
-      {"ATUALIZAREGISTRO", AtualizaRegistro},
-      {"EXCLUIREGISTRO", ExcluiRegistro},
-      {"LEREGISTRO", LeRegistroCommand},
-      {"TOTALREGISTROSBD", TotalRegistrosBD},
-  };
-  for (const Row& row : kRows) {
-    commands.Add(row.word, [&context, handler = row.handler](std::string_view, std::string_view arguments) {
-      return handler(context, arguments);
-    });
-  }
+  Bind(table, kRows, context);
 }
 
 }  // namespace tessera

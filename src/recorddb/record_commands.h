@@ -10,9 +10,9 @@
 
 namespace tessera {
 
-// Adds `AbreBD`, `FechaBD`, `AdicionaRegistro`, `AtualizaRegistro`, `ExcluiRegistro`, `LeRegistro` and
+// Binds `AbreBD`, `FechaBD`, `AdicionaRegistro`, `AtualizaRegistro`, `ExcluiRegistro`, `LeRegistro` and
 // `TotalRegistrosBD`.
-void AddRecordCommands(CommandTable& commands, RecordContext& context);
+void BindRecordCommands(CommandTable& table, RecordContext& context);
 
 // Reads a record into the field variables, and returns its plain text in quotes, each field left-aligned in
 // its width; the empty text for a deleted record or behind a message. `position` counts in the order list

@@ -7,11 +7,11 @@
 
 namespace tessera {
 
-RecordDatabase::RecordDatabase(Run& run, CommandTable& commands, bool quickOrders)
+RecordDatabase::RecordDatabase(CommandTable& table, Run& run, bool quickOrders)
     : context_{.run = run, .quickOrders = quickOrders} {
-  AddRecordCommands(commands, context_);
-  AddOrderCommands(commands, context_);
-  AddCleaningCommand(commands, context_);
+  BindRecordCommands(table, context_);
+  BindOrderCommands(table, context_);
+  BindCleaningCommand(table, context_);
   run.doors.RunDatabaseBlock = [this](std::string_view text, Position position, Position lineEnd,
                                       std::int32_t statement) {
     return RunDatabaseBlock(context_, text, position, lineEnd, statement);

@@ -9,9 +9,9 @@ namespace tessera {
 
 class RecordDatabase {
  public:
-  // Adds the commands and fills the door `RunDatabaseBlock`. Tests turn `quickOrders` off to compare with the
-  // plain form.
-  RecordDatabase(Run& run, CommandTable& commands, bool quickOrders = true);
+  // Binds the commands and fills the door `RunDatabaseBlock`. Tests turn `quickOrders` off to compare with
+  // the plain form.
+  RecordDatabase(CommandTable& table, Run& run, bool quickOrders = true);
   RecordDatabase(const RecordDatabase&) = delete;
   RecordDatabase& operator=(const RecordDatabase&) = delete;
 

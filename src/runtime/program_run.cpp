@@ -4,6 +4,7 @@
 
 #include "commands/date_commands.h"
 #include "commands/dialog_commands.h"
+#include "commands/folder_commands.h"
 #include "commands/number_commands.h"
 #include "commands/system_commands.h"
 #include "commands/text_commands.h"
@@ -27,16 +28,14 @@ namespace tessera {
 // The rooms that stand on a display.
 struct ProgramRun::Windowed {
   Windowed(ProgramRun& program, Display& display)
-      : janela(program.run, program.engine, display),
+      : janela(program.commands, program.run, program.engine, display),
         objects(program.commands, program.run, janela.windows(), display),
-        wallpaper(program.run, display) {
-    janela.AddCommand(program.commands);
-    AddWindowCommands(program.commands, program.run, janela.windows());
-    AddEventCommands(program.commands, program.run, janela.windows());
-    AddDrawingCommands(program.commands, program.run, janela.windows());
-    AddPictureCommands(program.commands, program.run, janela.windows());
-    AddFontCommands(program.commands, program.run, display);
-    wallpaper.Register(program.commands);
+        wallpaper(program.commands, program.run, display) {
+    BindWindowCommands(program.commands, janela.windows());
+    BindEventCommands(program.commands, janela.windows());
+    BindDrawingCommands(program.commands, janela.windows());
+    BindPictureCommands(program.commands, janela.windows());
+    BindFontCommands(program.commands, display);
   }
 
   Janela janela;
@@ -66,21 +65,20 @@ ProgramRun::ProgramRun(const ProgramStart& start, const Services& services)
       engine(run),
       folders_(services.folders),
       display_(services.display),
-      files_(run),
-      machine_(run, services.machine),
-      database_(run, commands, services.quickOrders),
+      files_(commands, run),
+      machine_(commands, run, services.machine),
+      database_(commands, run, services.quickOrders),
       sqlProvider_(services.partFolders),
       sql_(commands, run, [this]() -> sql::SqlProvider& { return sqlProvider_.Provider(); }) {
   TellProgram(run, start, services);
   run.functionTable.Fill(WordNames());
-  AddTextCommands(commands, run);
-  AddNumberCommands(commands, run);
-  AddDateCommands(commands, run);
-  AddValidationCommands(commands, run);
-  AddDialogCommands(commands, run);
-  AddSystemCommands(commands, run);
-  files_.Register(commands);
-  machine_.Register(commands);
+  BindTextCommands(commands);
+  BindNumberCommands(commands);
+  BindDateCommands(commands);
+  BindValidationCommands(commands);
+  BindDialogCommands(commands);
+  BindSystemCommands(commands);
+  BindFolderCommands(commands);
   if (display_ == nullptr) return;
   windowed_ = std::make_unique<Windowed>(*this, *display_);
   windowed_->janela.StartAs(services.startForm);

@@ -27,7 +27,8 @@ using SqlRow = std::vector<SqlValue>;
 class RowReader {
  public:
   virtual ~RowReader() = default;
-  virtual const std::vector<SqlColumn>& Columns() const = 0;
+  // What the columns are, which some databases have to be asked for.
+  virtual std::vector<SqlColumn> Columns() = 0;
   // The next row into `row`; false behind the last one.
   virtual bool Next(SqlRow& row) = 0;
 };

@@ -65,7 +65,8 @@ struct SqlCommands::Call {
 
 SqlCommands::SqlCommands(CommandTable& table, Run& run, std::function<SqlProvider&()> provider)
     : run_(run), tables_(run, std::move(provider)) {
-  table.Add("SQL", [this](std::string_view, std::string_view arguments) { return SQL(arguments); });
+  constexpr MemberRow<SqlCommands> kRows[] = {{"SQL", &SqlCommands::SQL}};
+  Bind(table, kRows, *this);
   run.doors.SqlReadField = [this](std::string_view base, std::string_view name, std::string_view field) {
     return SqlReadField(base, name, field);
   };
@@ -84,8 +85,8 @@ bool SqlCommands::Guarded(const std::function<void()>& body) {
   return false;
 }
 
-Value SqlCommands::SQL(std::string_view arguments) {
-  const std::string text = StripParens(arguments);
+Value SqlCommands::SQL(const WordCall& call) {
+  const std::string text = StripParens(call.text);
   Value answer = Quote("");
   Guarded([&] {
     const SqlPath path = CutPath(text);

@@ -20,7 +20,7 @@ class SqlCommands {
  private:
   struct Call;
 
-  Value SQL(std::string_view arguments);
+  Value SQL(const WordCall& call);
   Value Do(const Call& call);
   void DatabaseWord(const Call& call);
   Value TableWord(const Call& call);

@@ -2,31 +2,33 @@
 
 #include "commands/arguments.h"
 #include "windows/form.h"
-#include "windows/window_command_row.h"
+#include "windows/gradient.h"
+#include "windows/window_model.h"
 
 namespace tessera {
 
 namespace {
 
 // A line and a column as pixels: fractions count until the product is rounded. Failure 6 out of range.
-PixelPoint PointAt(const WindowModel& windows, const Arguments& arguments, std::size_t place) {
-  const double line = arguments.Number(place).ToDouble();
-  const double column = arguments.Number(place + 1).ToDouble();
+PixelPoint PointAt(const WindowModel& windows, const ArgumentView& arguments, ArgumentName lineName,
+                   ArgumentName columnName) {
+  const double line = arguments.Number(lineName).ToDouble();
+  const double column = arguments.Number(columnName).ToDouble();
   return {.x = RoundToInteger(column * windows.TamCol), .y = RoundToInteger(line * windows.TamLin)};
 }
 
-Colour ColourAt(const Arguments& arguments, std::size_t place) {
-  return arguments.Number(place).ToInteger();
+Colour ColourAt(const ArgumentView& arguments, ArgumentName name) {
+  return arguments.Number(name).ToInteger();
 }
 
 // KEPT: the fill of a circle stays behind for the boxes that follow, until `Pinte` takes it back
 // (DrawingTest.ABoxBehindACircleIsFilledInTheCirclesColourUntilPinte).
-Value Circulo(Run& run, WindowModel& windows, std::string_view text) {
-  const Arguments arguments(run, text, kFiveArguments);
+Value Circulo(WindowModel& windows, const WordCall& call) {
+  const Arguments arguments(call);
   Surface& surface = *windows.CurrentForm;
-  const PixelPoint centre = PointAt(windows, arguments, 0);
-  const double radius = arguments.Number(2).ToDouble() * windows.TamCol;
-  const Colour colour = ColourAt(arguments, 3);
+  const PixelPoint centre = PointAt(windows, arguments, "linha", "coluna");
+  const double radius = arguments.Number("raio").ToDouble() * windows.TamCol;
+  const Colour colour = ColourAt(arguments, "cor");
   surface.FillColor = colour;
   surface.FillStyle = Filling::Solid;
   surface.Circle(centre, radius, colour);
@@ -35,29 +37,29 @@ Value Circulo(Run& run, WindowModel& windows, std::string_view text) {
 
 using TwoPoints = void (Surface::*)(PixelPoint from, PixelPoint to, Colour colour);
 
-Value DrawBetween(Run& run, WindowModel& windows, std::string_view text, TwoPoints draw) {
-  const Arguments arguments(run, text, kFiveArguments);
-  const PixelPoint from = PointAt(windows, arguments, 0);
-  const PixelPoint to = PointAt(windows, arguments, 2);
-  const Colour colour = ColourAt(arguments, 4);
+Value DrawBetween(WindowModel& windows, const WordCall& call, TwoPoints draw) {
+  const Arguments arguments(call);
+  const PixelPoint from = PointAt(windows, arguments, "linha 1", "coluna 1");
+  const PixelPoint to = PointAt(windows, arguments, "linha 2", "coluna 2");
+  const Colour colour = ColourAt(arguments, "cor");
   (windows.CurrentForm->*draw)(from, to, colour);
   return {};
 }
 
-Value Retangulo(Run& run, WindowModel& windows, std::string_view text) {
-  return DrawBetween(run, windows, text, &Surface::Box);
+Value Retangulo(WindowModel& windows, const WordCall& call) {
+  return DrawBetween(windows, call, &Surface::Box);
 }
 
-Value LinhaReta(Run& run, WindowModel& windows, std::string_view text) {
-  return DrawBetween(run, windows, text, &Surface::Line);
+Value LinhaReta(WindowModel& windows, const WordCall& call) {
+  return DrawBetween(windows, call, &Surface::Line);
 }
 
 // KEPT: the main window's pen tells which way a point is drawn, and the surface's own pen how wide it is
 // (DrawingTest.APointIsAsWideAsThePen).
-Value Ponto(Run& run, WindowModel& windows, std::string_view text) {
-  const Arguments arguments(run, text, kThreeArguments);
-  const PixelPoint at = PointAt(windows, arguments, 0);
-  const Colour colour = ColourAt(arguments, 2);
+Value Ponto(WindowModel& windows, const WordCall& call) {
+  const Arguments arguments(call);
+  const PixelPoint at = PointAt(windows, arguments, "linha", "coluna");
+  const Colour colour = ColourAt(arguments, "cor");
   if (windows.MainWindow->DrawWidth == 1) {
     windows.CurrentForm->SetPixel(at, colour);
   } else {
@@ -68,31 +70,31 @@ Value Ponto(Run& run, WindowModel& windows, std::string_view text) {
 
 // KEPT: here a line and a column are rounded before they become pixels
 // (DrawingTest.ReadingAPointRoundsLineAndColumnFirst).
-Value LePonto(Run& run, WindowModel& windows, std::string_view text) {
-  const Arguments arguments(run, text, kTwoArguments);
-  const std::int32_t line = arguments.Number(0).ToInteger();
-  const std::int32_t column = arguments.Number(1).ToInteger();
+Value LePonto(WindowModel& windows, const WordCall& call) {
+  const Arguments arguments(call);
+  const std::int32_t line = arguments.Number("linha").ToInteger();
+  const std::int32_t column = arguments.Number("coluna").ToInteger();
   return windows.CurrentForm->Point({.x = RoundToInteger(double(column) * windows.TamCol),
                                      .y = RoundToInteger(double(line) * windows.TamLin)});
 }
 
-Value Pinte(Run& run, WindowModel& windows, std::string_view text) {
-  const Arguments arguments(run, text, kThreeArguments);
+Value Pinte(WindowModel& windows, const WordCall& call) {
+  const Arguments arguments(call);
   Surface& surface = *windows.CurrentForm;
-  const PixelPoint at = PointAt(windows, arguments, 0);
-  surface.FillColor = ColourAt(arguments, 2);
+  const PixelPoint at = PointAt(windows, arguments, "linha", "coluna");
+  surface.FillColor = ColourAt(arguments, "cor");
   surface.FillStyle = Filling::Solid;
   surface.FloodFill(at);
   surface.FillStyle = Filling::Transparent;
   return {};
 }
 
-Value PaintGradiente(Run& run, WindowModel& windows, std::string_view text) {
-  const Arguments arguments(run, text, kTwoArguments);
+Value PaintGradiente(WindowModel& windows, const WordCall& call) {
+  const Arguments arguments(call);
   Form& window = *windows.CurrentForm;
-  if (!arguments.IsEmpty(0)) {
-    const Colour first = ColourAt(arguments, 0);
-    window.Grd.CorFinal = ColourAt(arguments, 1);
+  if (!arguments.IsEmpty("inicial")) {
+    const Colour first = ColourAt(arguments, "inicial");
+    window.Grd.CorFinal = ColourAt(arguments, "final");
     window.Grd.CorInicial = first;
   }
   window.Grd.FormGradiente(window);
@@ -100,15 +102,15 @@ Value PaintGradiente(Run& run, WindowModel& windows, std::string_view text) {
   return {};
 }
 
-constexpr WindowCommandRow kRows[] = {
-    {"CIRCULO", Circulo}, {"RETANGULO", Retangulo}, {"LINHARETA", LinhaReta},      {"PONTO", Ponto},
-    {"LEPONTO", LePonto}, {"PINTE", Pinte},         {"GRADIENTE", PaintGradiente},
+constexpr RowOn<WindowModel> kRows[] = {
+    {"Circulo", Circulo}, {"Retangulo", Retangulo}, {"LinhaReta", LinhaReta},      {"Ponto", Ponto},
+    {"LePonto", LePonto}, {"Pinte", Pinte},         {"Gradiente", PaintGradiente},
 };
 
 }  // namespace
 
-void AddDrawingCommands(CommandTable& table, Run& run, WindowModel& windows) {
-  AddRows(table, run, windows, kRows);
+void BindDrawingCommands(CommandTable& table, WindowModel& windows) {
+  Bind(table, kRows, windows);
 }
 
 }  // namespace tessera

@@ -8,6 +8,6 @@ namespace tessera {
 
 struct WindowModel;
 
-void AddDrawingCommands(CommandTable& table, Run& run, WindowModel& windows);
+void BindDrawingCommands(CommandTable& table, WindowModel& windows);
 
 }  // namespace tessera

@@ -5,9 +5,8 @@
 
 #include "commands/arguments.h"
 #include "text/one_based.h"
-#include "values/eval.h"
 #include "windows/form.h"
-#include "windows/window_command_row.h"
+#include "windows/window_model.h"
 
 namespace tessera {
 
@@ -25,19 +24,20 @@ void AwaitText(Run& run, std::string& pending) {
   run.variables.VarWrite("Retorno", pending, true);
 }
 
-Value Aguarde(Run& run, WindowModel& windows, std::string_view arguments) {
-  const Arguments parts(run, arguments, kTwoArguments);
-  const std::string mode = Upper(parts.Raw(0));
+Value Aguarde(WindowModel& windows, const WordCall& call) {
+  const Arguments arguments(call);
+  const std::string mode = Upper(arguments.Raw("milissegundos"));
   windows.OnYield();
   if (mode == "EVENTOS") {
-    run.host.events.AwaitEvents(milliseconds(0));
+    call.run.host.events.AwaitEvents(milliseconds(0));
   } else if (mode == "CLIQUEBOTAO" || mode == "CLIQUEOBJETO") {
-    AwaitText(run, windows.events.UltimoBotao);
+    AwaitText(call.run, windows.events.UltimoBotao);
   } else if (mode == "CLIQUEBOX") {
-    AwaitText(run, windows.events.EventoBox);
+    AwaitText(call.run, windows.events.EventoBox);
   } else {
     // OPEN: a negative time is no wait, so that a program may subtract what has gone by already.
-    run.host.events.AwaitEvents(milliseconds(std::max(parts.Number(0).ToInteger(), 0)));
+    call.run.host.events.AwaitEvents(
+        milliseconds(std::max(arguments.Number("milissegundos").ToInteger(), 0)));
   }
   return {};
 }
@@ -53,9 +53,9 @@ constexpr PendingText kPendingTexts[] = {
     {"GIFANIMADO", &EventState::EventoGif},
 };
 
-Value Evento(Run& run, WindowModel& windows, std::string_view arguments) {
+Value Evento(WindowModel& windows, const WordCall& call) {
   windows.CurrentForm->MoveFocus(nullptr);
-  const std::string word = Upper(EvalText(run, Trim(arguments)).ToText());
+  const std::string word = Upper(EvalText(call.run, Trim(call.text)).ToText());
   for (const PendingText& pending : kPendingTexts) {
     if (pending.word == word) return Quote(std::exchange(windows.events.*pending.text, {}));
   }
@@ -63,9 +63,9 @@ Value Evento(Run& run, WindowModel& windows, std::string_view arguments) {
   return Quote({});
 }
 
-Value TestaTecla(Run& run, WindowModel& windows, std::string_view arguments) {
+Value TestaTecla(WindowModel& windows, const WordCall& call) {
   windows.CurrentForm->MoveFocus(nullptr);
-  const Value argument = EvalNumber(run, arguments);
+  const Value argument = EvalNumber(call.run, call.text);
   const std::string key = Upper(argument.ToText());
   if (key == "?") return std::exchange(windows.events.LastKeyText, {});
   if (const std::string* named = windows.events.Keys.Named(key)) return Quote(*named);
@@ -73,16 +73,16 @@ Value TestaTecla(Run& run, WindowModel& windows, std::string_view arguments) {
   return Quote({});
 }
 
-Value TestaMouse(Run&, WindowModel& windows, std::string_view) {
+Value TestaMouse(WindowModel& windows, const WordCall&) {
   return windows.events.MouseButtonsText;
 }
 
-Value CaptureJanela(Run&, WindowModel& windows, std::string_view) {
+Value CaptureJanela(WindowModel& windows, const WordCall&) {
   windows.events.WindowDragFlag = true;
   return {};
 }
 
-Value DescaptureJanela(Run&, WindowModel& windows, std::string_view) {
+Value DescaptureJanela(WindowModel& windows, const WordCall&) {
   windows.events.WindowDragFlag = false;
   return {};
 }
@@ -94,35 +94,35 @@ std::string_view TimerName(std::string_view row) {
 }
 
 // OPEN: as a function it answers the period that the timer has now.
-Value Temporizador(Run& run, WindowModel&, std::string_view arguments) {
-  const Arguments parts(run, arguments, kTwoArguments);
-  const Position point = Find(parts.Raw(0), ".");
+Value Temporizador(WindowModel&, const WordCall& call) {
+  const Arguments arguments(call);
+  const Position point = Find(arguments.Raw("ação"), ".");
   if (point == 0) return {};
-  const std::string name = Upper(Left(parts.Raw(0), point - 1));
-  const std::string action = Upper(Mid(parts.Raw(0), point + 1));
+  const std::string name = Upper(Left(arguments.Raw("ação"), point - 1));
+  const std::string action = Upper(Mid(arguments.Raw("ação"), point + 1));
   if (action != "ATIVA" && action != "DESATIVA") return {};
-  const std::int16_t period = action == "ATIVA" ? parts.Number(1).ToShort() : std::int16_t{0};
-  RoutineTables& routines = run.program.routines;
+  const std::int16_t period = action == "ATIVA" ? arguments.Number("centésimos").ToShort() : std::int16_t{0};
+  RoutineTables& routines = call.run.program.routines;
   for (std::size_t row = 0; row < routines.TimerNames.size(); ++row) {
     if (Upper(TimerName(routines.TimerNames[row])) == name) routines.TimerIntervals[row] = period;
   }
   return std::int32_t{period};
 }
 
-constexpr WindowCommandRow kRows[] = {
-    {"AGUARDE", Aguarde},
-    {"EVENTO", Evento},
-    {"TESTATECLA", TestaTecla},
-    {"TESTAMOUSE", TestaMouse},
-    {"CAPTUREJANELA", CaptureJanela},
-    {"DESCAPTUREJANELA", DescaptureJanela},
-    {"TEMPORIZADOR", Temporizador},
+constexpr RowOn<WindowModel> kRows[] = {
+    {"Aguarde", Aguarde},
+    {"Evento", Evento},
+    {"TestaTecla", TestaTecla},
+    {"TestaMouse", TestaMouse},
+    {"CaptureJanela", CaptureJanela},
+    {"DescaptureJanela", DescaptureJanela},
+    {"Temporizador", Temporizador},
 };
 
 }  // namespace
 
-void AddEventCommands(CommandTable& table, Run& run, WindowModel& windows) {
-  AddRows(table, run, windows, kRows);
+void BindEventCommands(CommandTable& table, WindowModel& windows) {
+  Bind(table, kRows, windows);
 }
 
 }  // namespace tessera

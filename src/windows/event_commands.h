@@ -10,6 +10,6 @@ namespace tessera {
 
 struct WindowModel;
 
-void AddEventCommands(CommandTable& table, Run& run, WindowModel& windows);
+void BindEventCommands(CommandTable& table, WindowModel& windows);
 
 }  // namespace tessera

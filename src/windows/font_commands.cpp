@@ -9,10 +9,9 @@
 namespace tessera {
 
 // The system gives printers and the screen the same fonts. Failure 9 for an index that the list has not got.
-void AddFontCommands(CommandTable& table, Run& run, Screen& screen) {
-  table.Add("FONTES", [&run, &screen](std::string_view, std::string_view text) -> Value {
-    const Arguments arguments(run, text, kTwoArguments);
-    const std::int32_t index = arguments.Number(0).ToInteger();
+void BindFontCommands(CommandTable& table, Screen& screen) {
+  table.Add("Fontes", [&screen](const WordCall& call) -> Value {
+    const std::int32_t index = Arguments(call).Number("índice").ToInteger();
     const std::vector<std::string> names = screen.FontNames();
     if (index < 0 || index >= static_cast<std::int32_t>(names.size())) FailSubscript();
     return Quote(names[static_cast<std::size_t>(index)]);

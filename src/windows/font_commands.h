@@ -7,6 +7,6 @@
 
 namespace tessera {
 
-void AddFontCommands(CommandTable& table, Run& run, Screen& screen);
+void BindFontCommands(CommandTable& table, Screen& screen);
 
 }  // namespace tessera

@@ -44,23 +44,16 @@ constexpr std::string_view kBorderlessWord = "SemBorda";
 
 }  // namespace
 
-Janela::Janela(Run& run, Engine& engine, Display& display)
+Janela::Janela(CommandTable& table, Run& run, Engine& engine, Display& display)
     : ProgramWindow(run, OwnedWindows::model),
       engine_(engine),
       display_(display),
-      command_(run, display, windows_),
+      command_(table, run, display, windows_),
       overlaid_(run, engine, display, windows_) {
   run_.doors.UnloadMainWindow = [this] { Unload(); };
 }
 
 Janela::~Janela() = default;
-
-void Janela::AddCommand(CommandTable& table) {
-  table.Add("JANELA", [this](std::string_view, std::string_view arguments) {
-    command_.Do(arguments);
-    return Value();
-  });
-}
 
 int Janela::RunProgram(const EditorTexts& editors, std::string_view projectStyleWord) {
   int status = 0;

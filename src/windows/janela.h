@@ -33,17 +33,14 @@ struct OwnedWindows {
 
 class Janela final : private OwnedWindows, public ProgramWindow {
  public:
-  // All outlive the window.
-  Janela(Run& run, Engine& engine, Display& display);
+  // All outlive the window, which binds its own command.
+  Janela(CommandTable& table, Run& run, Engine& engine, Display& display);
   ~Janela() override;
 
   WindowModel& windows() { return windows_; }
 
   // The window form that whoever starts the program asks for.
   void StartAs(StartForm form) { startForm_ = form; }
-
-  // The command `Janela`.
-  void AddCommand(CommandTable& table);
 
   // Start, then events until the window is closed. The process' exit status: 0, 1 for a program that was
   // refused or abandoned, or the host's own.

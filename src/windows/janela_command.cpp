@@ -21,14 +21,8 @@ constexpr std::string_view kNo = "NAO";
 
 }  // namespace
 
-struct JanelaCommand::Keyword {
-  std::string_view word;
-  // `place` is that of the first value.
-  void (JanelaCommand::*set)(const Settings& settings, std::size_t place);
-};
-
-void JanelaCommand::Do(std::string_view arguments) {
-  static constexpr Keyword kKeywords[] = {
+JanelaCommand::Keywords JanelaCommand::AllKeywords() {
+  constexpr Keywords::Row kRows[] = {
       {"TAMANHOPONTO", &JanelaCommand::TamanhoPonto},
       {"FIXA", &JanelaCommand::Fixa},
       {"BOX", &JanelaCommand::Box},
@@ -44,51 +38,60 @@ void JanelaCommand::Do(std::string_view arguments) {
       {"RESVIDEO", &JanelaCommand::ResVideo},
       {"BORDA", &JanelaCommand::Borda},
   };
-  const Settings settings(run_, arguments);
-  for (std::size_t place = 0; place < Settings::kPlaces && !settings.Raw(place).empty(); ++place) {
-    const std::string word = Upper(Trim(settings.Raw(place)));
-    for (const Keyword& keyword : kKeywords) {
-      if (keyword.word == word) (this->*keyword.set)(settings, place + 2);
-    }
+  return {FindWord("Janela")->more.keywords, {kRows}};
+}
+
+JanelaCommand::JanelaCommand(CommandTable& table, Run& run, Screen& screen, WindowModel& windows)
+    : run_(run), screen_(screen), windows_(windows) {
+  constexpr MemberRow<JanelaCommand> kRows[] = {{"Janela", &JanelaCommand::Do}};
+  Bind(table, kRows, *this);
+}
+
+Value JanelaCommand::Do(const WordCall& call) {
+  const Arguments arguments(call);
+  for (std::size_t place = 0; place < arguments.Places() && !arguments.Part(place).empty(); ++place) {
+    const Keywords::Bound* keyword = keywords_.Find(Upper(Trim(arguments.Part(place))));
+    if (keyword != nullptr) (this->*keyword->act)(arguments.As(keyword->form->arguments, place + 2));
   }
+  return {};
 }
 
-void JanelaCommand::TamanhoPonto(const Settings& settings, std::size_t place) {
-  windows_.MainWindow->DrawWidth = settings.Number(place).ToInteger();
+void JanelaCommand::TamanhoPonto(const ArgumentView& values) {
+  windows_.MainWindow->DrawWidth = values.Number("pixels").ToInteger();
 }
 
-void JanelaCommand::Fixa(const Settings& settings, std::size_t place) {
-  windows_.FixedWindow = settings.Word(place) == kYes;
+void JanelaCommand::Fixa(const ArgumentView& values) {
+  windows_.FixedWindow = values.Word("valor") == kYes;
   WindowStyle style = windows_.MainWindow->Style();
   style.MinButton = style.MaxButton = !windows_.FixedWindow;
   windows_.MainWindow->SetStyle(style);
 }
 
-void JanelaCommand::Box(const Settings& settings, std::size_t place) {
+void JanelaCommand::Box(const ArgumentView& values) {
   WindowStyle style = windows_.MainWindow->Style();
-  style.ControlBox = settings.Word(place) != kNo;
+  style.ControlBox = values.Word("valor") != kNo;
   windows_.MainWindow->SetStyle(style);
 }
 
-void JanelaCommand::AtivaEnter(const Settings& settings, std::size_t place) {
-  windows_.MainWindow->KeyPreview = settings.Word(place) == kYes;
+void JanelaCommand::AtivaEnter(const ArgumentView& values) {
+  windows_.MainWindow->KeyPreview = values.Word("valor") == kYes;
 }
 
-void JanelaCommand::AtivaCursor(const Settings& settings, std::size_t place) {
-  screen_.ShowPointer(settings.Word(place) == kYes);
+void JanelaCommand::AtivaCursor(const ArgumentView& values) {
+  screen_.ShowPointer(values.Word("valor") == kYes);
 }
 
-void JanelaCommand::Visivel(const Settings& settings, std::size_t place) {
+void JanelaCommand::Visivel(const ArgumentView& values) {
   ProgramWindow& main = *windows_.slots[0].owner;
-  if (settings.Word(place) == kYes) {
+  if (values.Word("valor") == kYes) {
     main.Show();
   } else {
     main.Hide();
   }
 }
 
-void JanelaCommand::SetMouseGeral(const Settings& settings, std::size_t place) {
-  mouseGeral_ = settings.Word(place) == kYes;
+void JanelaCommand::SetMouseGeral(const ArgumentView& values) {
+  mouseGeral_ = values.Word("valor") == kYes;
   if (mouseGeral_ && !Timer3_) Timer3_ = run_.host.events.StartTimer(kPointerPoll, [this] { OnTimer3(); });
 }
 
@@ -102,30 +105,30 @@ void JanelaCommand::OnTimer3() {
   });
 }
 
-void JanelaCommand::MouseIcone(const Settings& settings, std::size_t place) {
-  SetMouseIcone(run_, windows_, settings.Raw(place));
+void JanelaCommand::MouseIcone(const ArgumentView& values) {
+  SetMouseIcone(run_, windows_, values.Text("arquivo"));
 }
 
-void JanelaCommand::Resolucao(const Settings& settings, std::size_t place) {
-  SetResolution(run_, windows_, screen_.ScreenExtent(), *windows_.MainWindow, settings, place);
+void JanelaCommand::Resolucao(const ArgumentView& values) {
+  SetResolution(run_, windows_, screen_.ScreenExtent(), *windows_.MainWindow, values);
 }
 
-void JanelaCommand::Tamanho(const Settings& settings, std::size_t place) {
-  SetSize(*windows_.MainWindow, screen_.ScreenExtent(), settings, place);
+void JanelaCommand::Tamanho(const ArgumentView& values) {
+  SetSize(*windows_.MainWindow, screen_.ScreenExtent(), values);
 }
 
-void JanelaCommand::Posicao(const Settings& settings, std::size_t place) {
-  SetPosition(*windows_.MainWindow, screen_.ScreenExtent(), settings, place, PositionNumbers::Literal);
+void JanelaCommand::Posicao(const ArgumentView& values) {
+  SetPosition(*windows_.MainWindow, screen_.ScreenExtent(), values, PositionNumbers::Literal);
 }
 
-void JanelaCommand::Fundo(const Settings& settings, std::size_t place) {
-  SetFundo(run_, windows_, *windows_.CurrentForm, FundoOf(settings, place), StockNames::Known);
+void JanelaCommand::Fundo(const ArgumentView& values) {
+  SetFundo(run_, windows_, *windows_.CurrentForm, values, StockNames::Known);
 }
 
-void JanelaCommand::ResVideo(const Settings& settings, std::size_t place) {
-  const VideoMode mode{.width = settings.Number(place).ToInteger(),
-                       .height = settings.Number(place + 1).ToInteger(),
-                       .bits = settings.Number(place + 2).ToInteger()};
+void JanelaCommand::ResVideo(const ArgumentView& values) {
+  const VideoMode mode{.width = values.Number("largura").ToInteger(),
+                       .height = values.Number("altura").ToInteger(),
+                       .bits = values.Number("bits").ToInteger()};
   const std::string reason = screen_.SetVideoMode(mode);
   if (reason.empty()) return;
   // OPEN: a mode that the screen refuses is told in a box, and the program goes on in the mode it has.
@@ -137,12 +140,8 @@ void JanelaCommand::ResVideo(const Settings& settings, std::size_t place) {
                          .append(reason));
 }
 
-void JanelaCommand::Borda(const Settings& settings, std::size_t place) {
-  SetBorder(*windows_.MainWindow, settings.Word(place) != kNo);
-}
-
-FundoArguments FundoOf(const Settings& settings, std::size_t place) {
-  return {.value = settings.Raw(place), .line = settings.Raw(place + 1), .column = settings.Raw(place + 2)};
+void JanelaCommand::Borda(const ArgumentView& values) {
+  SetBorder(*windows_.MainWindow, values.Word("valor") != kNo);
 }
 
 void SetBorder(Form& form, bool border) {

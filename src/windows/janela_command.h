@@ -2,8 +2,9 @@
 #pragma once
 
 #include <memory>
-#include <string_view>
 
+#include "commands/arguments.h"
+#include "commands/form_table.h"
 #include "platform/host.h"
 #include "values/run.h"
 #include "windows/picture_commands.h"
@@ -17,12 +18,10 @@ struct WindowModel;
 
 class JanelaCommand {
  public:
-  // All outlive the command.
-  JanelaCommand(Run& run, Screen& screen, WindowModel& windows)
-      : run_(run), screen_(screen), windows_(windows) {}
-
-  // The raw argument text behind the word `Janela`.
-  void Do(std::string_view arguments);
+  // All outlive the command, and the command lives as long as the table is used.
+  JanelaCommand(CommandTable& table, Run& run, Screen& screen, WindowModel& windows);
+  JanelaCommand(const JanelaCommand&) = delete;
+  JanelaCommand& operator=(const JanelaCommand&) = delete;
 
   // True while pointer positions are those of the screen and not of the main window.
   bool MouseGeral() const { return mouseGeral_; }
@@ -31,22 +30,25 @@ class JanelaCommand {
   void StopTimers() { Timer3_.reset(); }
 
  private:
-  struct Keyword;
+  using Keywords = FormTable<void (JanelaCommand::*)(const ArgumentView& values)>;
+  static Keywords AllKeywords();
 
-  void TamanhoPonto(const Settings& settings, std::size_t place);
-  void Fixa(const Settings& settings, std::size_t place);
-  void Box(const Settings& settings, std::size_t place);
-  void AtivaEnter(const Settings& settings, std::size_t place);
-  void AtivaCursor(const Settings& settings, std::size_t place);
-  void Visivel(const Settings& settings, std::size_t place);
-  void SetMouseGeral(const Settings& settings, std::size_t place);
-  void MouseIcone(const Settings& settings, std::size_t place);
-  void Resolucao(const Settings& settings, std::size_t place);
-  void Tamanho(const Settings& settings, std::size_t place);
-  void Posicao(const Settings& settings, std::size_t place);
-  void Fundo(const Settings& settings, std::size_t place);
-  void ResVideo(const Settings& settings, std::size_t place);
-  void Borda(const Settings& settings, std::size_t place);
+  Value Do(const WordCall& call);
+
+  void TamanhoPonto(const ArgumentView& values);
+  void Fixa(const ArgumentView& values);
+  void Box(const ArgumentView& values);
+  void AtivaEnter(const ArgumentView& values);
+  void AtivaCursor(const ArgumentView& values);
+  void Visivel(const ArgumentView& values);
+  void SetMouseGeral(const ArgumentView& values);
+  void MouseIcone(const ArgumentView& values);
+  void Resolucao(const ArgumentView& values);
+  void Tamanho(const ArgumentView& values);
+  void Posicao(const ArgumentView& values);
+  void Fundo(const ArgumentView& values);
+  void ResVideo(const ArgumentView& values);
+  void Borda(const ArgumentView& values);
 
   void OnTimer3();
 
@@ -55,10 +57,8 @@ class JanelaCommand {
   WindowModel& windows_;
   bool mouseGeral_ = false;
   std::unique_ptr<Timer> Timer3_;
+  const Keywords keywords_ = AllKeywords();
 };
-
-// The values of "FUNDO" as the program wrote them.
-FundoArguments FundoOf(const Settings& settings, std::size_t place);
 
 // "BORDA": no frame at all, or a title and a frame that keeps its size.
 void SetBorder(Form& form, bool border);

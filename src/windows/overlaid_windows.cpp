@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <chrono>
 
+#include "language/families.h"
 #include "platform/failure.h"
 #include "text/literal.h"
 #include "text/one_based.h"
@@ -68,10 +69,8 @@ void OverlaidWindow::Unload() {
 }
 
 bool OverlaidWindow::Carries(std::string_view array) const {
-  constexpr std::array<std::string_view, 7> kMainWindowAlone = {
-      "SpFrame", "LblRotulo", "Img", "Figura", "FiguraMasc", "TxtLink", "MediaPlayer"};
-  if (array == "Guia") return kind_ == WindowKind::Form1;
-  return std::find(kMainWindowAlone.begin(), kMainWindowAlone.end(), array) == kMainWindowAlone.end();
+  const Carried carried = CarriedBy(array);
+  return carried == Carried::Everywhere || (carried == Carried::Framed && kind_ == WindowKind::Form1);
 }
 
 OverlaidWindows::OverlaidWindows(Run& run, Engine& engine, Display& display, WindowModel& windows)
@@ -79,22 +78,42 @@ OverlaidWindows::OverlaidWindows(Run& run, Engine& engine, Display& display, Win
   run_.doors.NovaJanela = [this](std::string_view arguments) { NovaJanela(arguments); };
 }
 
-void OverlaidWindows::NovaJanela(std::string_view arguments) {
-  const Settings settings(run_, arguments);
-  const std::string& first = settings.Raw(0);
-  if (Upper(first) == "DEFINE") return Define(settings);
+OverlaidWindows::Suffixes OverlaidWindows::AllSuffixes() {
+  constexpr Suffixes::Row kRows[] = {
+      {".TAMANHOPONTO", &OverlaidWindows::TamanhoPonto},
+      {".RESOLUCAO", &OverlaidWindows::Resolucao},
+      {".TAMANHO", &OverlaidWindows::Tamanho},
+      {".POSICAO", &OverlaidWindows::Posicao},
+      {".FUNDO", &OverlaidWindows::Fundo},
+      {".BORDA", &OverlaidWindows::Borda},
+      {".VISIVEL", &OverlaidWindows::Visivel},
+      {".USE", &OverlaidWindows::Use},
+      {".ATIVA", &OverlaidWindows::Activate},
+      {".DESATIVA", &OverlaidWindows::Deactivate},
+  };
+  return {FindWord("NovaJanela")->more.suffixes, {kRows}};
+}
+
+void OverlaidWindows::NovaJanela(std::string_view text) {
+  const Arguments arguments({run_, word_, word_.name, text});
+  const std::string& first = arguments.Raw("palavra");
+  if (Upper(first) == "DEFINE") return Define(arguments);
   const Position point = Find(first, ".");
   if (point == 0) return;
   WindowSlot* slot = windows_.FindSlot(Left(first, point - 1));
   if (slot == nullptr) return;
   const Position blank = Find(first, " ", point);
   const std::size_t length = blank == 0 ? std::string_view::npos : blank - point;
-  DoSuffix(*slot, Upper(Mid(first, point, length)), settings);
+  const Suffixes::Bound* suffix = suffixes_.Find(Upper(Mid(first, point, length)));
+  if (suffix == nullptr) return;
+  // OPEN: a list of values stands behind a comma or behind an equals sign.
+  const bool isList = suffix->form->values == Values::List && arguments.Part(1) != "=";
+  (this->*suffix->act)(*slot, arguments.As(suffix->form->arguments, isList ? 1 : 2));
 }
 
-void OverlaidWindows::Define(const Settings& settings) {
+void OverlaidWindows::Define(const Arguments& arguments) {
   DropRetired();
-  const std::string& name = settings.Raw(1);
+  const std::string& name = arguments.Raw("nome");
   if (name.empty()) return;
   const auto slot = std::find_if(windows_.slots.begin() + 1, windows_.slots.end(),
                                  [](const WindowSlot& s) { return s.name.empty(); });
@@ -102,38 +121,47 @@ void OverlaidWindows::Define(const Settings& settings) {
     return ShowCritical(run_, "Não foi possível definir janela: mais de 20 janelas definidas"_w);
   }
   slot->name = name;
-  all_.push_back(
-      std::make_unique<OverlaidWindow>(run_, windows_, display_, KindOf(settings.Word(2)), slot->BareName()));
+  all_.push_back(std::make_unique<OverlaidWindow>(run_, windows_, display_, KindOf(arguments.Word("tipo")),
+                                                  slot->BareName()));
   slot->owner = all_.back().get();
   slot->window = &slot->owner->form();
 }
 
-void OverlaidWindows::DoSuffix(WindowSlot& slot, std::string_view suffix, const Settings& settings) {
-  constexpr std::size_t kValue = 2;
-  Form& form = *slot.window;
-  if (suffix == ".TAMANHOPONTO") form.DrawWidth = settings.Number(kValue).ToInteger();
-  if (suffix == ".RESOLUCAO") SetResolution(run_, windows_, display_.ScreenExtent(), form, settings, kValue);
-  if (suffix == ".TAMANHO") SetSize(form, display_.ScreenExtent(), settings, kValue);
-  if (suffix == ".POSICAO") {
-    // OPEN: the suffix computes its numbers; only the keyword of `Janela` takes them as they are written.
-    SetPosition(form, display_.ScreenExtent(), settings, kValue, PositionNumbers::Computed);
+void OverlaidWindows::TamanhoPonto(WindowSlot& slot, const ArgumentView& values) {
+  slot.window->DrawWidth = values.Number("pixels").ToInteger();
+}
+
+void OverlaidWindows::Resolucao(WindowSlot& slot, const ArgumentView& values) {
+  SetResolution(run_, windows_, display_.ScreenExtent(), *slot.window, values);
+}
+
+void OverlaidWindows::Tamanho(WindowSlot& slot, const ArgumentView& values) {
+  SetSize(*slot.window, display_.ScreenExtent(), values);
+}
+
+// OPEN: the suffix computes its numbers; only the keyword of `Janela` takes them as they are written.
+void OverlaidWindows::Posicao(WindowSlot& slot, const ArgumentView& values) {
+  SetPosition(*slot.window, display_.ScreenExtent(), values, PositionNumbers::Computed);
+}
+
+void OverlaidWindows::Fundo(WindowSlot& slot, const ArgumentView& values) {
+  SetFundo(run_, windows_, *slot.window, values, StockNames::Unknown);
+}
+
+void OverlaidWindows::Borda(WindowSlot& slot, const ArgumentView& values) {
+  SetBorder(*slot.window, values.Word("valor") != "NAO");
+}
+
+void OverlaidWindows::Visivel(WindowSlot& slot, const ArgumentView& values) {
+  if (values.Word("valor") == "NAO") {
+    slot.owner->Hide();
+  } else {
+    slot.owner->Show();
   }
-  if (suffix == ".FUNDO") SetFundo(run_, windows_, form, FundoOf(settings, kValue), StockNames::Unknown);
-  if (suffix == ".BORDA") SetBorder(form, settings.Word(kValue) != "NAO");
-  if (suffix == ".VISIVEL") {
-    if (settings.Word(kValue) == "NAO") {
-      slot.owner->Hide();
-    } else {
-      slot.owner->Show();
-    }
-  }
-  if (suffix == ".USE") Use(slot);
-  if (suffix == ".ATIVA") Activate(slot, settings);
-  if (suffix == ".DESATIVA") Deactivate(slot);
 }
 
 // The window itself goes with a later `Define`, when nothing can hold it any more.
-void OverlaidWindows::Deactivate(WindowSlot& slot) {
+void OverlaidWindows::Deactivate(WindowSlot& slot, const ArgumentView&) {
   slot.name.clear();
   slot.owner->Unload();
 }
@@ -151,7 +179,7 @@ void OverlaidWindows::DropRetired() {
   });
 }
 
-void OverlaidWindows::Use(WindowSlot& slot) {
+void OverlaidWindows::Use(WindowSlot& slot, const ArgumentView&) {
   slot.owner->BecomeCurrent(slot.BareName());
   const auto failure = Guard([&] { ShowModeless(slot); });
   if (!failure) return;
@@ -166,9 +194,8 @@ void OverlaidWindows::ShowModeless(WindowSlot& slot) {
   slot.owner->Show();
 }
 
-// OPEN: the mode stands behind a comma or behind an equals sign, as with the other suffixes.
-void OverlaidWindows::Activate(WindowSlot& slot, const Settings& settings) {
-  const std::string mode = settings.Word(settings.Raw(1) == "=" ? 2 : 1);
+void OverlaidWindows::Activate(WindowSlot& slot, const ArgumentView& values) {
+  const std::string mode = values.Word("modo");
   if (mode.empty() || mode == "DINAMICA") ActivateDynamic(slot);
   if (mode == "ESTATICA") ActivateStatic(slot);
 }

@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include "commands/arguments.h"
+#include "commands/form_table.h"
 #include "engine/engine.h"
 #include "platform/host.h"
 #include "values/run.h"
@@ -66,11 +68,21 @@ class OverlaidWindows {
     std::unique_ptr<Timer> timer;  // none once its tick has come
   };
 
-  void Define(const Settings& settings);
-  void DoSuffix(WindowSlot& slot, std::string_view suffix, const Settings& settings);
-  void Deactivate(WindowSlot& slot);
-  void Use(WindowSlot& slot);
-  void Activate(WindowSlot& slot, const Settings& settings);
+  // A suffix of a window, with its values.
+  using Suffixes = FormTable<void (OverlaidWindows::*)(WindowSlot& slot, const ArgumentView& values)>;
+  static Suffixes AllSuffixes();
+
+  void Define(const Arguments& arguments);
+  void TamanhoPonto(WindowSlot& slot, const ArgumentView& values);
+  void Resolucao(WindowSlot& slot, const ArgumentView& values);
+  void Tamanho(WindowSlot& slot, const ArgumentView& values);
+  void Posicao(WindowSlot& slot, const ArgumentView& values);
+  void Fundo(WindowSlot& slot, const ArgumentView& values);
+  void Borda(WindowSlot& slot, const ArgumentView& values);
+  void Visivel(WindowSlot& slot, const ArgumentView& values);
+  void Deactivate(WindowSlot& slot, const ArgumentView& values);
+  void Use(WindowSlot& slot, const ArgumentView& values);
+  void Activate(WindowSlot& slot, const ArgumentView& values);
   void ActivateDynamic(WindowSlot& slot);
   void ActivateStatic(WindowSlot& slot);
   void ShowModeless(WindowSlot& slot);
@@ -91,6 +103,9 @@ class OverlaidWindows {
   // The routine that the last activation started, and its window.
   std::string WindowCodeName_;
   ProgramWindow* codeWindow_ = nullptr;
+
+  const Word& word_ = *FindWord("NovaJanela");
+  const Suffixes suffixes_ = AllSuffixes();
 };
 
 }  // namespace tessera

@@ -11,7 +11,7 @@
 #include "windows/form.h"
 #include "windows/picture_file.h"
 #include "windows/stock_pictures.h"
-#include "windows/window_command_row.h"
+#include "windows/window_model.h"
 
 namespace tessera {
 
@@ -19,15 +19,14 @@ namespace {
 
 constexpr long kNoPicture = 481;
 
-double NumberOrZero(Run& run, std::string_view text) {
-  const Value value = EvalNumber(run, text);
+double NumberOrZero(const Value& value) {
   return value.IsNumeric() ? value.ToDouble() : 0;
 }
 
 // Left and top in pixels, or nothing where line or column is 0.
-std::optional<PixelPoint> PlaceOf(Run& run, const WindowModel& windows, const FundoArguments& arguments) {
-  const double line = NumberOrZero(run, arguments.line);
-  const double column = NumberOrZero(run, arguments.column);
+std::optional<PixelPoint> PlaceOf(const WindowModel& windows, const ArgumentView& values) {
+  const double line = NumberOrZero(values.Number("linha"));
+  const double column = NumberOrZero(values.Number("coluna"));
   if (line == 0 || column == 0) return std::nullopt;
   return PixelPoint{.x = RoundToInteger(column * windows.TamCol), .y = RoundToInteger(line * windows.TamLin)};
 }
@@ -47,9 +46,9 @@ bool ShowFile(Run& run, Form& window, const std::string& path, const std::option
   return true;
 }
 
-bool TryFundo(Run& run, const WindowModel& windows, Form& window, const FundoArguments& arguments,
+bool TryFundo(Run& run, const WindowModel& windows, Form& window, const ArgumentView& values,
               StockNames stock) {
-  const Value value = EvalNumber(run, arguments.value);
+  const Value value = values.Number("fundo");
   const std::string text = value.ToText();
   if (stock == StockNames::Known) {
     const std::int32_t number = StockNumber(StockKind::Background, text);
@@ -58,7 +57,7 @@ bool TryFundo(Run& run, const WindowModel& windows, Form& window, const FundoArg
       return true;
     }
   }
-  const auto place = PlaceOf(run, windows, arguments);
+  const auto place = PlaceOf(windows, values);
   if (value.IsNumeric()) {
     window.SetBackColor(value.ToInteger());
   } else if (run.variables.VarFind(text) >= 0) {
@@ -71,13 +70,13 @@ bool TryFundo(Run& run, const WindowModel& windows, Form& window, const FundoArg
   return true;
 }
 
-Value Icone(Run& run, WindowModel& windows, std::string_view text) {
-  const Arguments arguments(run, text, kTwoArguments);
-  windows.CurrentForm->SetIcon(PictureOfFile(run, arguments.Text(0)));
+Value Icone(WindowModel& windows, const WordCall& call) {
+  const Arguments arguments(call);
+  windows.CurrentForm->SetIcon(PictureOfFile(call.run, arguments.Text("arquivo")));
   return {};
 }
 
-constexpr WindowCommandRow kRows[] = {{"ICONE", Icone}};
+constexpr RowOn<WindowModel> kRows[] = {{"Icone", Icone}};
 
 }  // namespace
 
@@ -90,21 +89,21 @@ PictureRef PictureOfFile(Run& run, std::string_view path) {
 }
 
 // OPEN: the position stands on a line of its own, as in the boxes of other commands.
-void SetFundo(Run& run, const WindowModel& windows, Form& window, const FundoArguments& arguments,
+void SetFundo(Run& run, const WindowModel& windows, Form& window, const ArgumentView& values,
               StockNames stock) {
   bool done = false;
-  Guard([&] { done = TryFundo(run, windows, window, arguments, stock); });
+  Guard([&] { done = TryFundo(run, windows, window, values, stock); });
   if (!done) {
     ShowCritical(run, std::string("Erro no comando Fundo!").append(kCrLf).append(SourcePositionText(run)));
   }
 }
 
-void SetMouseIcone(Run& run, WindowModel& windows, std::string_view argument) {
-  windows.CurrentForm->SetMouseIcon(PictureOfFile(run, EvalText(run, argument).ToText()));
+void SetMouseIcone(Run& run, WindowModel& windows, std::string_view path) {
+  windows.CurrentForm->SetMouseIcon(PictureOfFile(run, path));
 }
 
-void AddPictureCommands(CommandTable& table, Run& run, WindowModel& windows) {
-  AddRows(table, run, windows, kRows);
+void BindPictureCommands(CommandTable& table, WindowModel& windows) {
+  Bind(table, kRows, windows);
 }
 
 }  // namespace tessera

@@ -3,6 +3,7 @@
 
 #include <string_view>
 
+#include "commands/arguments.h"
 #include "commands/command_table.h"
 #include "values/run.h"
 #include "windows/picture.h"
@@ -16,24 +17,17 @@ struct WindowModel;
 // none. Failure 481 for a file that holds no picture.
 PictureRef PictureOfFile(Run& run, std::string_view path);
 
-// The arguments of "FUNDO" as the program wrote them.
-struct FundoArguments {
-  std::string_view value;
-  std::string_view line;
-  std::string_view column;
-};
-
 enum class StockNames { Known, Unknown };
 
-// The background of a window: a stock name, a colour, "VAZIO" or a file. A failure is told in a box, and the
-// run goes on.
-void SetFundo(Run& run, const WindowModel& windows, Form& window, const FundoArguments& arguments,
+// The background of a window, from the values of "FUNDO": a stock name, a colour, "VAZIO" or a file. A
+// failure is told in a box, and the run goes on.
+void SetFundo(Run& run, const WindowModel& windows, Form& window, const ArgumentView& values,
               StockNames stock);
 
-// The cursor of the current window from the file that the argument names: "MOUSEICONE".
-void SetMouseIcone(Run& run, WindowModel& windows, std::string_view argument);
+// The cursor of the current window from a file: "MOUSEICONE".
+void SetMouseIcone(Run& run, WindowModel& windows, std::string_view path);
 
 // `Icone`.
-void AddPictureCommands(CommandTable& table, Run& run, WindowModel& windows);
+void BindPictureCommands(CommandTable& table, WindowModel& windows);
 
 }  // namespace tessera

@@ -23,27 +23,30 @@ PictureRef PictureAt(FileStore& files, const std::string& file) {
 
 }  // namespace
 
-void WallpaperCommand::MudaPapel(std::string_view arguments) {
-  const std::string path = Arguments(run_, arguments, kTwoArguments).Text(0);
+WallpaperCommand::WallpaperCommand(CommandTable& table, Run& run, Desktop& desktop)
+    : run_(run), desktop_(desktop) {
+  constexpr MemberRow<WallpaperCommand> kRows[] = {{"MudaPapel", &WallpaperCommand::MudaPapel}};
+  Bind(table, kRows, *this);
+}
+
+Value WallpaperCommand::MudaPapel(const WordCall& call) {
+  const std::string path = Arguments(call).Text("arquivo");
   const std::string file = run_.paths.SystemPath(path);
-  if (Upper(Right(path, kExtension)) == "BMP") return Change(file);
+  if (Upper(Right(path, kExtension)) == "BMP") {
+    Change(file);
+    return {};
+  }
   const std::string copy = run_.paths.SystemPath(run_.RuntimeFolderText + "Temp.bmp");
   FileStore& files = run_.host.files;
-  if (!SaveBitmap(*PictureAt(files, file), files, copy)) return;
+  if (!SaveBitmap(*PictureAt(files, file), files, copy)) return {};
   run_.host.events.ProcessEvents();
   Change(copy);
   run_.host.events.ProcessEvents();
+  return {};
 }
 
 void WallpaperCommand::Change(const std::string& bitmap) {
   outcome_ = desktop_.SetWallpaper(bitmap) ? "SUCESSO" : "ERRO";
-}
-
-void WallpaperCommand::Register(CommandTable& table) {
-  table.Add("MUDAPAPEL", [this](std::string_view, std::string_view arguments) {
-    MudaPapel(arguments);
-    return Value();
-  });
 }
 
 }  // namespace tessera

@@ -11,16 +11,16 @@ namespace tessera {
 
 class WallpaperCommand {
  public:
-  // Both outlive the command.
-  WallpaperCommand(Run& run, Desktop& desktop) : run_(run), desktop_(desktop) {}
-
-  void Register(CommandTable& table);
+  // All outlive the command, and the command lives as long as the table is used.
+  WallpaperCommand(CommandTable& table, Run& run, Desktop& desktop);
+  WallpaperCommand(const WallpaperCommand&) = delete;
+  WallpaperCommand& operator=(const WallpaperCommand&) = delete;
 
   // "SUCESSO" or "ERRO", as the last call of the desktop came out; empty before it.
   const std::string& Outcome() const { return outcome_; }
 
  private:
-  void MudaPapel(std::string_view arguments);
+  Value MudaPapel(const WordCall& call);
   void Change(const std::string& bitmap);
 
   Run& run_;

@@ -4,19 +4,16 @@
 #include <cmath>
 #include <limits>
 
+#include "commands/arguments.h"
+#include "commands/form_table.h"
 #include "platform/failure.h"
 #include "text/one_based.h"
-#include "values/eval.h"
 #include "windows/form.h"
-#include "windows/window_command_row.h"
+#include "windows/window_model.h"
 
 namespace tessera {
 
 namespace {
-
-constexpr std::size_t kEscrevaPlaces = 101;
-constexpr std::size_t kPosicionePlaces = 3;
-constexpr std::size_t kFontePlaces = 11;
 
 // OPEN: the cursor's integers stop at the ends of their 16 bits, so that a program that prints thousands of
 // lines goes on, its last ones out of sight below the window.
@@ -26,17 +23,17 @@ std::int16_t CursorInteger(double pixels) {
       std::trunc(std::clamp(pixels, double(Limits::min()), double(Limits::max()))));
 }
 
-Value Escreva(Run& run, WindowModel& windows, std::string_view arguments) {
+Value Escreva(WindowModel& windows, const WordCall& call) {
   std::string text;
   bool isTitle = false;
-  for (const std::string& argument : SplitArguments(run, arguments, kEscrevaPlaces)) {
-    if (argument.empty()) break;
+  const Arguments arguments(call);
+  for (const std::string& argument : arguments.List("valor")) {
     if (Upper(argument) == "TITULOJANELA") {
       isTitle = true;
     } else if (argument == "Data()" || argument == "Hora()") {
-      text += EvalText(run, argument).ToText();
+      text += EvalText(call.run, argument).ToText();
     } else {
-      text += EvalNumber(run, argument).ToText();
+      text += EvalNumber(call.run, argument).ToText();
     }
   }
   Form& form = *windows.CurrentForm;
@@ -50,15 +47,15 @@ Value Escreva(Run& run, WindowModel& windows, std::string_view arguments) {
   windows.PrintColumnPixels = CursorInteger(form.CurrentX);
   windows.PrintLinePixels = CursorInteger(form.CurrentY);
   windows.OnYield();
-  run.host.events.ProcessEvents();
+  call.run.host.events.ProcessEvents();
   return {};
 }
 
-Value Posicione(Run& run, WindowModel& windows, std::string_view arguments) {
-  const auto parts = SplitArguments(run, arguments, kPosicionePlaces);
+Value Posicione(WindowModel& windows, const WordCall& call) {
+  const Arguments arguments(call);
   Form& form = *windows.CurrentForm;
-  form.CurrentY = EvalNumber(run, parts[0]).ToDouble() * windows.TamLin;
-  form.CurrentX = EvalNumber(run, parts[1]).ToDouble() * windows.TamCol;
+  form.CurrentY = arguments.Number("linha").ToDouble() * windows.TamLin;
+  form.CurrentX = arguments.Number("coluna").ToDouble() * windows.TamCol;
   windows.PrintLinePixels = CursorInteger(form.CurrentY);
   windows.PrintColumnPixels = CursorInteger(form.CurrentX);
   return {};
@@ -66,25 +63,36 @@ Value Posicione(Run& run, WindowModel& windows, std::string_view arguments) {
 
 // OPEN: clearing leaves the print position where it is, on the window as in the cursor's integers, so that
 // the next line stands where it would have stood.
-Value Cls(Run&, WindowModel& windows, std::string_view) {
+Value Cls(WindowModel& windows, const WordCall&) {
   windows.CurrentForm->Cls();
   return {};
 }
 
-Value Fonte(Run& run, WindowModel& windows, std::string_view arguments) {
-  bool numericTarget = false;
-  auto parts = SplitArguments(run, arguments, kFontePlaces, true, numericTarget);
-  if (!Contains(parts[0], ".")) parts[0] = "PAI." + parts[0];
-  const std::string& property = parts[0];
-  const std::string& value = parts[2];
+bool IsOn(const ArgumentView& arguments) {
+  return arguments.Word("valor") != "NAO";
+}
+
+using FontTable = FormTable<void (*)(Form& form, const ArgumentView& arguments)>;
+
+constexpr FontTable::Row kFontWords[] = {
+    {"Nome", [](Form& form, const ArgumentView& arguments) { form.Font.name = arguments.Text("valor"); }},
+    {"Tamanho", [](Form& form,
+                   const ArgumentView& arguments) { form.Font.size = arguments.Number("valor").ToDouble(); }},
+    {"Cor", [](Form& form,
+               const ArgumentView& arguments) { form.ForeColor = arguments.Number("valor").ToInteger(); }},
+    {"Negrito", [](Form& form, const ArgumentView& arguments) { form.Font.bold = IsOn(arguments); }},
+    {"Italico", [](Form& form, const ArgumentView& arguments) { form.Font.italic = IsOn(arguments); }},
+};
+
+Value Fonte(WindowModel& windows, const FontTable& words, const WordCall& call) {
+  const Arguments arguments(call);
+  std::string property = arguments.Raw("propriedade");
+  if (!Contains(property, ".")) property = "PAI." + property;
   Form* form = windows.FindWindow(Left(property, Find(property, ".") - 1));
   if (form == nullptr) return {};
-  const auto isOn = [&] { return Upper(EvalNumber(run, value).ToText()) != "NAO"; };
-  if (Contains(property, "Nome")) form->Font.name = EvalText(run, value).ToText();
-  if (Contains(property, "Tamanho")) form->Font.size = EvalNumber(run, value).ToDouble();
-  if (Contains(property, "Cor")) form->ForeColor = EvalNumber(run, value).ToInteger();
-  if (Contains(property, "Negrito")) form->Font.bold = isOn();
-  if (Contains(property, "Italico")) form->Font.italic = isOn();
+  for (const FontTable::Bound& word : words) {
+    if (Contains(property, word.form->word)) word.act(*form, arguments);
+  }
   return {};
 }
 
@@ -94,28 +102,25 @@ Value GridCount(double scale, std::int16_t pixels) {
   return RoundToInteger(scale / pixels + 0.5);
 }
 
-Value AlturaJanela(Run&, WindowModel& windows, std::string_view) {
+Value AlturaJanela(WindowModel& windows, const WordCall&) {
   return GridCount(windows.CurrentForm->ScaleHeight(), windows.TamLin);
 }
 
-Value LarguraJanela(Run&, WindowModel& windows, std::string_view) {
+Value LarguraJanela(WindowModel& windows, const WordCall&) {
   return GridCount(windows.CurrentForm->ScaleWidth(), windows.TamCol);
 }
 
-constexpr WindowCommandRow kRows[] = {
-    {"ESCREVA", Escreva},
-    {"POSICIONE", Posicione},
-    {"CLS", Cls},
-    {"LIMPAJANELA", Cls},
-    {"FONTE", Fonte},
-    {"ALTURAJANELA", AlturaJanela},
-    {"LARGURAJANELA", LarguraJanela},
+constexpr RowOn<WindowModel> kRows[] = {
+    {"Escreva", Escreva}, {"Posicione", Posicione},       {"Cls", Cls},
+    {"LimpaJanela", Cls}, {"AlturaJanela", AlturaJanela}, {"LarguraJanela", LarguraJanela},
 };
 
 }  // namespace
 
-void AddWindowCommands(CommandTable& table, Run& run, WindowModel& windows) {
-  AddRows(table, run, windows, kRows);
+void BindWindowCommands(CommandTable& table, WindowModel& windows) {
+  Bind(table, kRows, windows);
+  table.Add("Fonte", [&windows, words = FontTable(FindWord("Fonte")->more.keywords, {kFontWords})](
+                         const WordCall& call) { return Fonte(windows, words, call); });
 }
 
 }  // namespace tessera

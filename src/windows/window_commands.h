@@ -9,6 +9,6 @@ namespace tessera {
 
 struct WindowModel;
 
-void AddWindowCommands(CommandTable& table, Run& run, WindowModel& windows);
+void BindWindowCommands(CommandTable& table, WindowModel& windows);
 
 }  // namespace tessera

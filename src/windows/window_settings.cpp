@@ -10,39 +10,19 @@ namespace tessera {
 
 namespace {
 
-std::vector<std::string> SplitAtEqual(Run& run, std::string_view arguments) {
-  bool numericTarget = false;
-  return SplitArguments(run, arguments, Settings::kPlaces, true, numericTarget);
-}
-
 // Pixels of one of so many lines or columns.
 std::int16_t GridPixels(double scale, double count) {
   return Value(scale / (count == 0 ? 1 : count)).ToShort();
 }
 
-double LinesOrColumns(const Settings& settings, std::size_t place, PositionNumbers numbers) {
-  if (numbers == PositionNumbers::Computed) return settings.Number(place).ToDouble();
+double LinesOrColumns(const ArgumentView& values, ArgumentName name, PositionNumbers numbers) {
+  if (numbers == PositionNumbers::Computed) return values.Number(name).ToDouble();
   // KEPT: the keyword converts what is written and evaluates nothing
   // (JanelaCommand.ThePositionTakesALiteralNumberAlone).
-  return Value(settings.Raw(place)).ToDouble();
+  return Value(values.Raw(name)).ToDouble();
 }
 
 }  // namespace
-
-Settings::Settings(Run& run, std::string_view arguments) : run_(run), parts_(SplitAtEqual(run, arguments)) {}
-
-const std::string& Settings::Raw(std::size_t place) const {
-  if (place >= parts_.size()) FailSubscript();
-  return parts_[place];
-}
-
-Value Settings::Number(std::size_t place) const {
-  return EvalNumber(run_, Raw(place));
-}
-
-std::string Settings::Word(std::size_t place) const {
-  return Upper(Number(place).ToText());
-}
 
 void WriteScreenVariables(Run& run, const WindowModel& windows, ScreenSize screen) {
   if (windows.TamLin == 0 || windows.TamCol == 0) FailDivision();
@@ -60,45 +40,44 @@ void WriteGridVariables(Run& run, const WindowModel& windows, ScreenSize screen)
 }
 
 void SetResolution(Run& run, WindowModel& windows, ScreenSize screen, const Form& form,
-                   const Settings& settings, std::size_t place) {
-  const double lines = settings.Number(place).ToDouble();
-  const double columns = settings.Number(place + 1).ToDouble();
+                   const ArgumentView& values) {
+  const double lines = values.Number("linhas").ToDouble();
+  const double columns = values.Number("colunas").ToDouble();
   windows.TamLin = GridPixels(form.ScaleHeight(), lines);
   windows.TamCol = GridPixels(form.ScaleWidth(), columns);
   WriteGridVariables(run, windows, screen);
 }
 
-void SetSize(Form& form, ScreenSize screen, const Settings& settings, std::size_t place) {
+void SetSize(Form& form, ScreenSize screen, const ArgumentView& values) {
   constexpr std::string_view kMaximum = "MAXIMO";
   Placement to = form.Place();
-  if (settings.Word(place) == kMaximum) {
+  if (values.Word("linhas") == kMaximum) {
     to.Top = 0;
     to.Height = screen.Height;
-  } else if (!settings.Raw(place).empty()) {
-    to.Height = settings.Number(place).ToDouble() * kWindowLineTwips + kFrameTwips;
+  } else if (!values.Raw("linhas").empty()) {
+    to.Height = values.Number("linhas").ToDouble() * kWindowLineTwips + kFrameTwips;
   }
-  if (settings.Word(place + 1) == kMaximum) {
+  if (values.Word("colunas") == kMaximum) {
     to.Left = 0;
     to.Width = screen.Width;
-  } else if (!settings.Raw(place + 1).empty()) {
-    to.Width = settings.Number(place + 1).ToDouble() * kWindowColumnTwips;
+  } else if (!values.Raw("colunas").empty()) {
+    to.Width = values.Number("colunas").ToDouble() * kWindowColumnTwips;
   }
   form.Move(to);
 }
 
-void SetPosition(Form& form, ScreenSize screen, const Settings& settings, std::size_t place,
-                 PositionNumbers numbers) {
+void SetPosition(Form& form, ScreenSize screen, const ArgumentView& values, PositionNumbers numbers) {
   constexpr std::string_view kCentre = "CENTRO";
   Placement to = form.Place();
-  if (settings.Word(place) == kCentre) {
+  if (values.Word("linha") == kCentre) {
     to.Top = (screen.Height - to.Height) / 2;
-  } else if (!settings.Raw(place).empty()) {
-    to.Top = LinesOrColumns(settings, place, numbers) * kWindowLineTwips;
+  } else if (!values.Raw("linha").empty()) {
+    to.Top = LinesOrColumns(values, "linha", numbers) * kWindowLineTwips;
   }
-  if (settings.Word(place + 1) == kCentre) {
+  if (values.Word("coluna") == kCentre) {
     to.Left = (screen.Width - to.Width) / 2;
-  } else if (!settings.Raw(place + 1).empty()) {
-    to.Left = LinesOrColumns(settings, place + 1, numbers) * kWindowColumnTwips;
+  } else if (!values.Raw("coluna").empty()) {
+    to.Left = LinesOrColumns(values, "coluna", numbers) * kWindowColumnTwips;
   }
   form.Move(to);
 }

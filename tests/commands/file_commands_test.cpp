@@ -9,7 +9,6 @@ namespace {
 
 using test::FileProgram;
 using test::LibraryProgram;
-using test::TempFolder;
 
 TEST(FileCommands, LinesGoOutAndComeBack) {
   FileProgram program;
@@ -187,7 +186,7 @@ TEST(FileCommands, FilesAreOpenToOthersAndClosedOnEveryWayOut) {
   EXPECT_EQ(program.Answer("AbreArquivo", "b, \"a.txt\", TEXTOLEITURA"), "");
   EXPECT_EQ(program.Answer("LeArquivo", "b"), "\"linha\"");
   program.Answer("GravaArquivo", "a, \"outra\"");
-  const TempFolder folder;
+  const TemporaryFolder folder;
   {
     LibraryProgram ending;
     ending.run.paths = PathMapping(ending.run.host.files, folder.path(), folder.path());

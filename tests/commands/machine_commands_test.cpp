@@ -44,7 +44,7 @@ TEST(Registry, KeepsTextsByRootKeyAndNameBlindToCase) {
 }
 
 TEST(Registry, AnyTextComesBackAndADamagedLineIsPassedOver) {
-  TempFolder folder;
+  TemporaryFolder folder;
   const RegistryFile registry(folder / "a/b/registro");
   const std::string odd = "tab\tlinha\r\n\\n \xE7\x81 fim";
   ASSERT_TRUE(registry.Write("HKEY_USERS", odd, odd, odd));
@@ -56,7 +56,7 @@ TEST(Registry, AnyTextComesBackAndADamagedLineIsPassedOver) {
 }
 
 TEST(Registry, NoProcessLosesWhatAnotherWrites) {
-  TempFolder folder;
+  TemporaryFolder folder;
   const RegistryFile registry(folder / "registro");
   constexpr int kProcesses = 4;
   constexpr int kValues = 25;
@@ -92,7 +92,7 @@ TEST(Registry, AFolderThatCanNotBeWrittenGivesNoMessage) {
 
 // A file that is there and can't be read is no empty one.
 TEST(Registry, WhatCanNotBeReadIsNotReplaced) {
-  TempFolder folder;
+  TemporaryFolder folder;
   const RegistryFile registry(folder / "registro");
   ASSERT_TRUE(registry.Write("HKEY_USERS", "k", "n", "v"));
   std::filesystem::rename(folder / "registro", folder / "guardado");
@@ -109,14 +109,10 @@ TEST(Registry, WhatCanNotBeReadIsNotReplaced) {
 }
 
 TEST(StartList, AProgramThatIsNotBuiltIsRefused) {
-  FileProgram program;
-  MachineCommands machine(program.run, {.registry = RegistryFile(program.folder / "r"),
-                                        .startList = StartList(program.folder / "autostart"),
-                                        .isFinished = false});
-  machine.Register(program.commands);
+  FileProgram program("/dev/null/port", false);
   program.Answer("ADICIONESISTEMA", "\"Loja\"");
   EXPECT_EQ(program.Boxes().size(), 1u);
-  EXPECT_FALSE(program.folder.Has("autostart/Loja.desktop"));
+  EXPECT_FALSE(program.folder.Has("config/autostart/Loja.desktop"));
 }
 
 TEST(StartList, AnEntryStartsThisProgramAndIsTakenAwayAgain) {
@@ -133,7 +129,7 @@ TEST(StartList, AnEntryStartsThisProgramAndIsTakenAwayAgain) {
 }
 
 TEST(StartList, OddWordsOfACommandAreQuotedForTheDesktop) {
-  TempFolder folder;
+  TemporaryFolder folder;
   ASSERT_TRUE(StartList(folder.path()).Add("x", {"/bin/a b", "50%", "\"$x`\\"}, "/"));
   EXPECT_NE(folder.Read("x.desktop").find(R"(Exec="/bin/a b" "50%%" "\\"\\$x\\`\\\\")"), std::string::npos)
       << folder.Read("x.desktop");
@@ -174,7 +170,7 @@ TEST(Chame, AFailureIsAnsweredByItsNumber) {
 }
 
 TEST(HardwarePort, ReadsAndWritesAByteAtThePortsPlace) {
-  TempFolder folder;
+  TemporaryFolder folder;
   folder.Write("portas", std::string(1000, '\0'));
   MachineProgram program(folder / "portas");
   program.Answer("ENVIAPORTA", "888, 65");

@@ -26,7 +26,7 @@
 #include "recorddb/tsa_repair.h"
 #include "support/core_program.h"
 #include "support/hosted_program.h"
-#include "support/temp_folder.h"
+#include "support/temporary_folder.h"
 #include "text/format.h"
 #include "values/conditions.h"
 #include "values/eval.h"
@@ -48,10 +48,8 @@ class OneFile {
   std::string path() const { return folder_ / "f"; }
   std::string other() const { return folder_ / "g"; }
 
-  mutable SystemFiles files;
-
  private:
-  test::TempFolder folder_;
+  TemporaryFolder folder_;
 };
 
 void Image(std::string_view bytes) {
@@ -136,9 +134,10 @@ void Registry(std::string_view bytes) {
 }
 
 void Records(std::string_view bytes) {
+  SystemFiles files;
   const OneFile file(bytes);
   Guard([&] {
-    const auto opened = BinaryFile::Open(file.files, file.path());
+    const auto opened = BinaryFile::Open(files, file.path());
     const auto header = ReadTsaHeader(*opened);
     if (const auto* whole = std::get_if<TsaHeader>(&header); whole != nullptr && whole->count < 10'000) {
       const TsaFindings findings = ExamineTsa(*opened, *whole);
@@ -152,17 +151,19 @@ void Records(std::string_view bytes) {
 
 void Package(std::string_view bytes) {
   const OneFile file(bytes);
-  Guard([&] { ExtractFromPackage(file.files, "a", file.other(), file.path()); });
-  Guard([&] { InsertIntoPackage(file.files, "b", file.path(), file.path() + "p"); });
-  Guard([&] { InsertIntoPackage(file.files, "b", __FILE__, file.path()); });
+  SystemFiles files;
+  Guard([&] { ExtractFromPackage(files, "a", file.other(), file.path()); });
+  Guard([&] { InsertIntoPackage(files, "b", file.path(), file.path() + "p"); });
+  Guard([&] { InsertIntoPackage(files, "b", __FILE__, file.path()); });
 }
 
 void Side(std::string_view bytes) {
   const OneFile file(bytes);
-  SideFile side(file.files);
+  SystemFiles files;
+  SideFile side(files);
   side.LeString(file.path(), "a");
   side.SalvaString(file.path(), "b", "valor");
-  SideFile again(file.files);
+  SideFile again(files);
   again.LeString(file.path(), "b");
 }
 
@@ -174,9 +175,9 @@ class ShortLife final : public EventDispatch {
   bool AwaitEvents(std::chrono::milliseconds) override { return Live(), host_.AwaitEvents({}); }
   bool AwaitNextEvents() override { return Live(), host_.AwaitNextEvents(); }
   void Pause(std::chrono::milliseconds) override { Live(); }
+  void ShowDrawn() override { Live(); }
   void Post(std::function<void()> act) override { host_.Post(std::move(act)); }
   std::chrono::milliseconds DispatchTime() override { return host_.DispatchTime(); }
-  void ShowDrawn() override { Live(); }
   std::unique_ptr<Timer> StartTimer(std::chrono::milliseconds interval, std::function<void()> tick) override {
     return host_.StartTimer(interval, std::move(tick));
   }

@@ -5,18 +5,16 @@
 #include "platform/failure.h"
 #include "platform/file_system.h"
 #include "platform/system_files.h"
-#include "support/temp_folder.h"
+#include "support/temporary_folder.h"
 #include "text/code_page.h"
 #include "text/literal.h"
 
 namespace tessera {
 namespace {
 
-using test::TempFolder;
-
 TEST(PathMapping, BothSeparatorsLeadFromTheProgramsFolder) {
   SystemFiles files;
-  const TempFolder folder;
+  const TemporaryFolder folder;
   const PathMapping paths(files, folder.path(), folder / "data");
   EXPECT_EQ(paths.SystemPath("a.txt"), folder / "a.txt");
   EXPECT_EQ(paths.SystemPath("sub\\a/b.txt"), folder / "sub/a/b.txt");
@@ -28,15 +26,15 @@ TEST(PathMapping, BothSeparatorsLeadFromTheProgramsFolder) {
 
 TEST(PathMapping, AProgramMayAppendToAFolderWithItsBackslash) {
   SystemFiles files;
-  const TempFolder folder;
+  const TemporaryFolder folder;
   const PathMapping paths(files, "/nowhere", "/nowhere");
-  EXPECT_EQ(paths.SystemPath(folder.path() + "\\\\x.txt"), folder / "x.txt");
+  EXPECT_EQ(paths.SystemPath(folder.path().string() + "\\\\x.txt"), folder / "x.txt");
   EXPECT_EQ(paths.SystemPath("\\"), "/");
 }
 
 TEST(PathMapping, AProgramsFolderMayHaveAnyName) {
   SystemFiles files;
-  const TempFolder folder;
+  const TemporaryFolder folder;
   folder.Write("日本/x.txt", "");
   const PathMapping paths(files, folder / "日本", folder / "data");
   const std::string asSeen = FromUtf8Lossy(folder / "日本");
@@ -46,7 +44,7 @@ TEST(PathMapping, AProgramsFolderMayHaveAnyName) {
 
 TEST(PathMapping, DriveLettersAreFoldersMadeOnFirstUse) {
   SystemFiles files;
-  const TempFolder folder;
+  const TemporaryFolder folder;
   const PathMapping paths(files, folder.path(), folder / "data");
   EXPECT_FALSE(folder.Has("data"));
   EXPECT_EQ(paths.SystemPath("c:\\dados\\x.txt"), folder / "data/C/dados/x.txt");
@@ -57,7 +55,7 @@ TEST(PathMapping, DriveLettersAreFoldersMadeOnFirstUse) {
 
 TEST(PathMapping, WhatIsNotThereAsSpelledIsLookedUpBlindToCase) {
   SystemFiles files;
-  const TempFolder folder;
+  const TemporaryFolder folder;
   const PathMapping paths(files, folder.path(), folder / "data");
   folder.Write("Clientes/AÇÃO.Txt", "x");
   folder.Write("Clientes/b.txt", "x");
@@ -97,7 +95,7 @@ long FailureOf(const std::function<void()>& body) {
 
 TEST(CopyFile, ReplacesTheTargetOnlyByAWholeCopy) {
   SystemFiles files;
-  const TempFolder folder;
+  const TemporaryFolder folder;
   folder.Write("a", "novo");
   folder.Write("b", "velho e longo");
   CopyFile(files, folder / "a", folder / "b");
@@ -115,7 +113,7 @@ TEST(CopyFile, ReplacesTheTargetOnlyByAWholeCopy) {
 
 TEST(CopyFile, FollowsALinkToItsFile) {
   SystemFiles files;
-  const TempFolder folder;
+  const TemporaryFolder folder;
   folder.Write("a", "novo");
   folder.Write("b", "velho");
   std::filesystem::create_symlink("b", folder / "elo");

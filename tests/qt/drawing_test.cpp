@@ -20,7 +20,7 @@
 #include "qt/qt_host.h"
 #include "support/core_program.h"
 #include "support/hosted_program.h"
-#include "support/temp_folder.h"
+#include "support/temporary_folder.h"
 #include "windows/picture_commands.h"
 
 namespace tessera::test {
@@ -125,11 +125,11 @@ TEST_F(QtDrawingTest, DrawingShowsThoughTheProgramLetsNoEventThroughAndNoOftener
 TEST_F(QtDrawingTest, WhatWasDrawnLastShowsThoughTheProgramMerelyComputesOn) {
   PaintCounter counter;
   int paintings = 0;
-  program.commands.Add("LEPORTA", [&](std::string_view, std::string_view) {
+  AtWord(program.run, "LePorta", [&](std::string_view) {
     qApp->installEventFilter(&counter);
     return Value();
   });
-  program.commands.Add("ENVIAPORTA", [&](std::string_view, std::string_view) {
+  AtWord(program.run, "EnviaPorta", [&](std::string_view) {
     paintings = counter.paintings;
     return Value();
   });
@@ -143,7 +143,7 @@ TEST_F(QtDrawingTest, WhatWasDrawnLastShowsThoughTheProgramMerelyComputesOn) {
 
 TEST_F(QtDrawingTest, ABackgroundLiesBelowDrawingsAndAPaintedFileAboveThem) {
   Draw("LinhaReta 0, 0, 0, 79, Vermelho\n");
-  SetFundo(program.run, program.janela.windows(), Window(), {"ImgPantano", "", ""}, StockNames::Known);
+  program.Fundo(Window(), "ImgPantano");
   const QImage picture = Picture("pantano.png");
   EXPECT_EQ(picture.pixel(300, 0), qRgb(255, 0, 0));
   const QRgb sun = picture.pixel(500, 92);
@@ -179,7 +179,7 @@ TEST(PrintSurface, OnAFineScreenDrawingsKeepTheirPlacesAndTextBesideThemStaysFin
 }
 
 TEST_F(QtDrawingTest, TheDialogsAnswerWhatThePersonChoseAndCancelIsNothing) {
-  TempFolder folder;
+  TemporaryFolder folder;
   folder.Write("um.txt", "x");
   {
     With<QFileDialog> choosing("DialogoArquivo", [&](QFileDialog& dialog) {

@@ -204,6 +204,11 @@ TEST_F(LooksOnWindows, WhatIsDroppedDownClosesWhereThePersonTurnsElsewhere) {
   EXPECT_FALSE(list->isVisible());
   QTest::mouseClick(Top(), Qt::LeftButton, {}, InWindow(combo, {combo.width() - 8, 10}));
   ASSERT_TRUE(list->isVisible());
+  // A pointer that has picked is over the list's place, and no longer over the entry.
+  combo.setAttribute(Qt::WA_UnderMouse, true);
+  QTest::mouseClick(list, Qt::LeftButton, {}, {20, 30});
+  EXPECT_FALSE(combo.underMouse());
+  QTest::mouseClick(Top(), Qt::LeftButton, {}, InWindow(combo, {combo.width() - 8, 10}));
   QTest::mousePress(list, Qt::LeftButton, {}, {-50, -50});
   EXPECT_FALSE(list->isVisible());
   EXPECT_EQ(Variable("C.Txt"), "dois");

@@ -24,6 +24,7 @@
 #include "qt/print_surface.h"
 #include "qt/qt_text_painter.h"
 #include "qt/text.h"
+#include "support/core_program.h"
 #include "support/hosted_program.h"
 #include "windows/stock_pictures.h"
 
@@ -110,7 +111,7 @@ int DarkPixels(const QImage& picture, const QRect& area) {
 
 TEST_F(QtHostTest, TheWindowIsPaintedBeforeTheFirstStatementAndClosingItAfterTheEndEndsTheProcess) {
   bool wasPainted = false;
-  program.commands.Add("LEPORTA", [&](std::string_view, std::string_view) {
+  AtWord(program.run, "LePorta", [&](std::string_view) {
     QWidget* janela = WidgetNamed("Janela");
     wasPainted = janela != nullptr && janela->windowHandle()->isExposed();
     return Value();
@@ -448,6 +449,34 @@ TEST_F(QtHostTest, ThePointerIsToldInPixelsOfTheScreen) {
   pointAt(160, 28);
   QTest::qWait(120);
   EXPECT_EQ(place(), "2 20") << "the timer has no effect any more";
+}
+
+// A window that went and came again would lose its place, its order, and at times its manager.
+TEST_F(QtHostTest, AStyleChangesWithoutTheWindowsGoing) {
+  struct Hides final : QObject {
+    bool eventFilter(QObject*, QEvent* event) override {
+      count += event->type() == QEvent::Hide;
+      return false;
+    }
+    int count = 0;
+  };
+  When shown("Janela", [&](QWidget& janela) {
+    Hides hides;
+    janela.installEventFilter(&hides);
+    Form& form = *program.janela.windows().MainWindow;
+    const QPoint place = janela.pos();
+    const QWindow* window = janela.windowHandle();
+    form.SetStyle({.Sizable = false});
+    form.SetStyle({.ControlBox = false, .TopMost = true});
+    EXPECT_TRUE(window->flags().testFlag(Qt::WindowStaysOnTopHint));
+    form.SetStyle({});
+    EXPECT_EQ(hides.count, 0);
+    EXPECT_EQ(janela.windowHandle(), window);
+    EXPECT_EQ(janela.pos(), place);
+    janela.removeEventFilter(&hides);
+    janela.close();
+  });
+  Run("Enquanto 1 = 1\nAguarde 10\nRepita\n");
 }
 
 TEST_F(QtHostTest, AHelpButtonStandsInATitleWithoutSizeButtons) {

@@ -38,7 +38,7 @@ TEST_P(ScriptOnWindows, WritesWhatTheConsoleHostWrites) {
   HostedProgram program({boxes, dispatch, host.clock, host.random, host.files}, qt);
   dispatch.person.windows = &program.janela.windows();
   std::string written;
-  program.commands.Add("ESCREVA", [&](std::string_view, std::string_view arguments) {
+  AtWord(program.run, "Escreva", [&](std::string_view arguments) {
     for (const std::string& part : SplitArguments(program.run, arguments, 101)) {
       if (part.empty()) break;
       written += ToUtf8(EvalNumber(program.run, part).ToText());

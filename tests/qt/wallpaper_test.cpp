@@ -11,7 +11,7 @@
 
 #include "qt/qt_host.h"
 #include "support/hosted_program.h"
-#include "support/temp_folder.h"
+#include "support/temporary_folder.h"
 #include "windows/picture_file.h"
 #include "windows/stock_pictures.h"
 
@@ -69,7 +69,7 @@ class WallpaperOnDesktop : public testing::Test {
  protected:
   WallpaperOnDesktop() {
     program.run.paths = PathMapping(program.run.host.files, folder.path(), folder / "dados");
-    program.run.ProgramFolderText = program.run.RuntimeFolderText = folder.path() + "\\";
+    program.run.ProgramFolderText = program.run.RuntimeFolderText = folder.path().string() + "\\";
     SaveBitmap(*StockPicture(StockKind::Figure, 0), program.run.host.files, folder / "foto.bmp");
     folder.Write("foto.png", folder.Read("foto.bmp"));  // known by its bytes
   }
@@ -92,7 +92,7 @@ class WallpaperOnDesktop : public testing::Test {
     return folder.Read("log");
   }
 
-  TempFolder folder;
+  TemporaryFolder folder;
   QtHost host;
   const Host parts{host.host()};
   WatchedDispatch dispatch{parts.events};

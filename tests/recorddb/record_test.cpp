@@ -21,9 +21,7 @@
 namespace tessera {
 namespace {
 
-using test::ReadFile;
 using test::RecordProgram;
-using test::WriteFile;
 using Texts = std::vector<std::string>;
 
 constexpr std::string_view kPeople =
@@ -42,7 +40,7 @@ class RecordFile : public testing::Test {
     return program->Run(std::string(kPeople).append(source));
   }
   Texts Boxes() const { return program->Boxes(); }
-  std::string Header(tsa::Slot slot) const { return DecodeText(SlotOf(ReadFile(File()), slot)); }
+  std::string Header(tsa::Slot slot) const { return DecodeText(SlotOf(ReadBytes(File()), slot)); }
 
   // Three people, the second of them deleted when asked for.
   static constexpr std::string_view kThree =
@@ -56,7 +54,7 @@ class RecordFile : public testing::Test {
 
 TEST_F(RecordFile, ANewFileIsAHeaderOf20000Bytes) {
   WithPeople("");
-  const std::string bytes = ReadFile(File());
+  const std::string bytes = ReadBytes(File());
   ASSERT_EQ(bytes.size(), 20000u);
   EXPECT_EQ(bytes[0], '0');
   EXPECT_EQ(Header(tsa::kCount), "0");
@@ -77,7 +75,7 @@ TEST_F(RecordFile, ANewFileIsAHeaderOf20000Bytes) {
 
 TEST_F(RecordFile, TheFirstRecordBeginsOnTheHeadersLastByte) {
   WithPeople("Gente.Nome = \"Ana\";Gente.Idade = 258;AdicionaRegistro Gente;AdicionaRegistro Gente");
-  const std::string bytes = ReadFile(File());
+  const std::string bytes = ReadBytes(File());
   EXPECT_EQ(bytes.size(), 19999 + 2 * kPeopleLength);
   EXPECT_EQ(DecodeText(bytes.substr(19999, 15)), "Ana");
   EXPECT_EQ(DecodeText(bytes.substr(19999 + 15, 9)), (std::string{2, 1, 0, 0}));
@@ -107,7 +105,7 @@ TEST_F(RecordFile, UpdatesGoToTheirPlaceAndOneBehindTheLast) {
                 "AtualizaRegistro Gente, 4;Escreva TotalRegistrosBD(\"Gente\")")),
             "Bia\nJosé\n3\n");
   EXPECT_EQ(Boxes(), (Texts{"Não pode atualizar registro: posição inválida !"}));
-  EXPECT_EQ(ReadFile(File()).size(), 19999 + 4 * kPeopleLength);
+  EXPECT_EQ(ReadBytes(File()).size(), 19999 + 4 * kPeopleLength);
 }
 
 TEST_F(RecordFile, BadPositionsAreTold) {
@@ -123,14 +121,14 @@ TEST_F(RecordFile, ATextThatIsTooLongLeavesItsFieldBlank) {
   EXPECT_EQ(Boxes(),
             (Texts{"Editor: 0 Linha: 7|AdicionaRegistro: o tamanho do campo 'Gente.Nome'|é menor do que o "
                    "tamanho dos dados atribuídos ao mesmo!"}));
-  EXPECT_EQ(ReadFile(File()).substr(19999, 15), std::string(15, ' '));
+  EXPECT_EQ(ReadBytes(File()).substr(19999, 15), std::string(15, ' '));
 }
 
 TEST_F(RecordFile, ASizeBelowZeroTakesNoBytesFromItsNeighbours) {
   program.emplace(folder.path());
   program->Run(
       "BD N, d\nA, String, 100\nB, String, -60\nFimBD\nAbreBD N\nN.A = \"texto\";AdicionaRegistro N");
-  EXPECT_EQ(ReadFile(folder.path() / "d" / "N.Tsa").size(), 19999u + 50);
+  EXPECT_EQ(ReadBytes(folder.path() / "d" / "N.Tsa").size(), 19999u + 50);
 }
 
 TEST_F(RecordFile, AutoIncIsTheCountBeforeAndThePositionGiven) {
@@ -162,10 +160,10 @@ TEST_F(RecordFile, AnotherRecordLengthIsRefused) {
 
 TEST_F(RecordFile, ASecondRunOfTheDescriptorChangesTheDateAlone) {
   WithPeople(kThree);
-  const std::string before = ReadFile(File());
+  const std::string before = ReadBytes(File());
   std::string after;
   WithPeople("");
-  after = ReadFile(File());
+  after = ReadBytes(File());
   after.replace(79, 30, before.substr(79, 30));
   EXPECT_EQ(after, before);
 }
@@ -180,7 +178,7 @@ TEST_F(RecordFile, The21stDescriptorIsTheLast) {
 
 TEST_F(RecordFile, DamagedFilesEndInAFailureOrABox) {
   WithPeople(kThree);
-  const std::string whole = ReadFile(File());
+  const std::string whole = ReadBytes(File());
   std::mt19937 random(17);
   for (int round = 0; round < 300; ++round) {
     std::string damaged = whole;
@@ -192,14 +190,14 @@ TEST_F(RecordFile, DamagedFilesEndInAFailureOrABox) {
     if (!damaged.empty()) damaged[0] = '0';
     if (damaged.size() > 134) damaged[134] = ' ';
     if (damaged.empty()) continue;
-    WriteFile(File(), damaged);
+    WriteBytes(File(), damaged);
     program.emplace(folder.path());
     program->Run(
         std::string(kPeople).append("Var i Inteiro;Enquanto i < 3;LeRegistro Gente, i;i++;Repita;OrdemBD "
                                     "Gente, Nome;FechaBD Gente;LimpaBD Gente"));
     std::filesystem::remove(folder.path() / "dados" / "Temp.Tsa");
   }
-  WriteFile(File(), whole);
+  WriteBytes(File(), whole);
   EXPECT_EQ(WithPeople("LeRegistro Gente, 2;Escreva Gente.Nome"), "Ana\n");
 }
 
@@ -217,11 +215,11 @@ TEST_F(RecordFile, AClosedDatabaseReachesNoOtherFile) {
          {"B.T = \"da B\";AdicionaRegistro B", "AtualizaRegistro B, 0", "ExcluiRegistro B, 0",
           "LeRegistro B, 0", "Escreva TotalRegistrosBD(\"B\")", "OrdemBD B, T"}) {
       program.emplace(folder.path());
-      const std::string records = ReadFile(File("A")).substr(19999);
+      const std::string records = ReadBytes(File("A")).substr(19999);
       EXPECT_EQ(program->Run(std::string(kTwo.substr(0, kTwo.rfind("A.T"))).append(state).append(command)),
                 "falha 52\n")
           << state << command;
-      EXPECT_EQ(ReadFile(File("A")).substr(19999), records) << state << command;
+      EXPECT_EQ(ReadBytes(File("A")).substr(19999), records) << state << command;
     }
     EXPECT_EQ(
         RecordProgram(folder.path())
@@ -234,12 +232,12 @@ TEST_F(RecordFile, AClosedDatabaseReachesNoOtherFile) {
 // A descriptor that was refused leaves its slot to the next one, without its open file and its order.
 TEST_F(RecordFile, TheSlotOfARefusedDescriptorIsNew) {
   WithPeople(kThree);
-  const std::string before = ReadFile(File());
+  const std::string before = ReadBytes(File());
   program.emplace(folder.path());
   EXPECT_EQ(program->Run("BD Gente, dados\nNome, String, 11\nFimBD\nAbreBD Gente, segredo;OrdemBD Gente, "
                          "SEQUENCIAL\nBD Outra, dados\nNome, String, 11\nFimBD\nAdicionaRegistro Outra"),
             "falha 52\n");
-  EXPECT_EQ(ReadFile(File()), before);
+  EXPECT_EQ(ReadBytes(File()), before);
 }
 
 // Whatever lets events run may close the file under a command that waits.
@@ -249,13 +247,13 @@ TEST_F(RecordFile, AFileClosedDuringAWaitEndsTheCommand) {
         "Gente.Nome = \"12345678901\";AdicionaRegistro Gente"}) {
     std::filesystem::remove(File());
     WithPeople(kThree);
-    std::string bytes = ReadFile(File());
+    std::string bytes = ReadBytes(File());
     bytes[0] = '1';
-    WriteFile(File(), bytes);
+    WriteBytes(File(), bytes);
     program.emplace(folder.path(), false);
     program->events.meanwhile = [&] { program->commands.CommandCall("FECHABD", "Gente"); };
     EXPECT_EQ(program->Run(std::string(kPeople).append(command)), "falha 52\n") << command;
-    EXPECT_EQ(ReadFile(File()).substr(110), bytes.substr(110)) << command;
+    EXPECT_EQ(ReadBytes(File()).substr(110), bytes.substr(110)) << command;
   }
 }
 
@@ -280,9 +278,9 @@ TEST_F(RecordFile, ACutHeaderIsMadeWholeAgain) {
   WithPeople("");
   std::filesystem::resize_file(File(), 1200);
   WithPeople("");
-  EXPECT_EQ(ReadFile(File()).size(), 20000u);
+  EXPECT_EQ(ReadBytes(File()).size(), 20000u);
   EXPECT_EQ(Header(tsa::kName), "Gente");
-  EXPECT_EQ(ReadFile(File()).substr(1200), std::string(18800, ' '));
+  EXPECT_EQ(ReadBytes(File()).substr(1200), std::string(18800, ' '));
 }
 
 // The record is encoded before its file is looked for.
@@ -330,9 +328,9 @@ TEST_F(RecordOrder, AnAddedRecordStandsUnderItsStoredForm) {
 
 TEST_F(RecordOrder, AFailureWhileRebuildingLeavesPositionsPhysical) {
   WithPeople(kThree);
-  std::string bytes = ReadFile(File());
+  std::string bytes = ReadBytes(File());
   bytes.replace(19999 + 2 * kPeopleLength, 15, std::string(15, ' '));
-  WriteFile(File(), bytes);
+  WriteBytes(File(), bytes);
   EXPECT_EQ(WithPeople("Ordena()\nLeRegistro Gente, 0;Escreva Gente.Nome;FimPrograma\nSub Ordena()\nOrdemBD "
                        "Gente, Nome\nFimSub"),
             "Zeca\n");
@@ -360,9 +358,9 @@ TEST_F(RecordOrder, QuickEntriesAreThoseOfPlainReading) {
     }
     WithPeople(source);
     if (round % 3 == 0) {
-      std::string bytes = ReadFile(File());
+      std::string bytes = ReadBytes(File());
       if (bytes.size() > 20000) bytes[19999 + random() % (bytes.size() - 19999)] = ' ';
-      WriteFile(File(), bytes);
+      WriteBytes(File(), bytes);
     }
     const auto outcome = [&](bool quick) {
       RecordProgram reader(folder.path(), quick);
@@ -428,7 +426,7 @@ TEST_F(Cleaning, KeepsTheLiveRecordsAndRenumbersAFirstAutoInc) {
       "ExcluiRegistro N, 1;ExcluiRegistro N, 2;FechaBD N;LimpaBD N;AbreBD N");
   EXPECT_TRUE(program->Boxes().empty());
   EXPECT_FALSE(std::filesystem::exists(folder.path() / "d" / "Temp.Tsa"));
-  EXPECT_EQ(ReadFile(folder.path() / "d" / "N.Tsa").size(), 19999u + 3 * 17);
+  EXPECT_EQ(ReadBytes(folder.path() / "d" / "N.Tsa").size(), 19999u + 3 * 17);
   program.emplace(folder.path());
   EXPECT_EQ(
       program->Run("BD N, d\nId, AutoInc\nT, String, 3\nFimBD\nLimpaBD N;AbreBD N\nVar i Inteiro\ni = 0\n"
@@ -438,21 +436,21 @@ TEST_F(Cleaning, KeepsTheLiveRecordsAndRenumbersAFirstAutoInc) {
 
 TEST_F(Cleaning, TheHeadersLastByteComesFromTheOldFile) {
   WithPeople(std::string(kThree).append("ExcluiRegistro Gente, 0;FechaBD Gente;LimpaBD Gente"));
-  const std::string bytes = ReadFile(File());
+  const std::string bytes = ReadBytes(File());
   EXPECT_EQ(bytes[19999], 2);  // the length of the mark of deletion, not of the name that stands there now
   EXPECT_EQ(bytes.size(), 19999 + 2 * kPeopleLength);
 }
 
 TEST_F(Cleaning, AStaleTemporaryFileForbidsIt) {
   WithPeople(kThree);
-  const std::string before = ReadFile(File());
-  WriteFile(folder.path() / "dados" / "Temp.Tsa", "");
+  const std::string before = ReadBytes(File());
+  WriteBytes(folder.path() / "dados" / "Temp.Tsa", "");
   WithPeople("FechaBD Gente;LimpaBD Gente");
   EXPECT_EQ(
       Boxes(),
       (Texts{"Há outro usuário efetuando a rotina de limpeza !|Se tiver certeza que não há nenhum usuário "
              "efetuando esta rotina,|apague o arquivo dados\\Temp.Tsa"}));
-  EXPECT_EQ(ReadFile(File()).size(), before.size());
+  EXPECT_EQ(ReadBytes(File()).size(), before.size());
 }
 
 TEST_F(Cleaning, AFileThatIsStillOpenIsNotReplaced) {
@@ -531,7 +529,7 @@ struct Queue {
 
 Queue ReadQueue(const std::filesystem::path& file) {
   Queue queue;
-  const std::string bytes = ReadFile(file);
+  const std::string bytes = ReadBytes(file);
   queue.count = std::stoul(DecodeText(SlotOf(bytes, tsa::kCount)));
   for (std::size_t i = 0; i < queue.count; ++i) {
     const std::string record = bytes.substr(19999 + 27 * i, 27);
@@ -594,7 +592,7 @@ TEST(SeveralProcesses, AForeignBusyByteMakesOursWait) {
   const TemporaryFolder folder;
   Insert(folder.path(), 1, 1);
   const auto file = folder.path() / "d" / "Fila.Tsa";
-  std::string bytes = ReadFile(file);
+  std::string bytes = ReadBytes(file);
   SystemFiles files;
   const auto setByte = [&](char byte) { BinaryFile::Open(files, file.string())->Write(1, {&byte, 1}); };
   setByte('1');

@@ -77,7 +77,7 @@ class FakeConnection final : public sql::SqlConnection {
    public:
     Reader(std::vector<SqlColumn> columns, std::vector<SqlRow> rows)
         : columns_(std::move(columns)), rows_(std::move(rows)) {}
-    const std::vector<SqlColumn>& Columns() const override { return columns_; }
+    std::vector<SqlColumn> Columns() override { return columns_; }
     bool Next(SqlRow& row) override {
       if (next_ == rows_.size()) return false;
       row = rows_[next_++];

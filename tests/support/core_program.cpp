@@ -51,10 +51,17 @@ Services Changed(Services services, const std::function<void(Services&)>& change
 
 }  // namespace
 
+void AtWord(Run& run, std::string_view word, std::function<Value(std::string_view arguments)> act) {
+  run.doors.CommandCall = [word = std::string(word), act = std::move(act), otherwise = run.doors.CommandCall](
+                              std::string_view name, std::string_view arguments) {
+    return EqualsIgnoringCase(name, word) ? act(arguments) : otherwise(name, arguments);
+  };
+}
+
 CoreProgram::CoreProgram(const std::function<void(Services&)>& change)
     : program_(StartOf(".", ""), Changed(TestServices({dialogs, events, clock, random, files}), change)) {
   run.RunningFlag = true;
-  commands.Add("ESCREVA", [this](std::string_view, std::string_view arguments) {
+  AtWord(run, "Escreva", [this](std::string_view arguments) {
     for (const std::string& part : SplitArguments(run, arguments, 101)) {
       if (part.empty()) break;
       output_ += EvalNumber(run, part).ToText();

@@ -67,6 +67,9 @@ ProgramStart StartOf(const std::filesystem::path& folder, std::string commandLin
 // What a test gives to a run: a machine without a registry, a start list and ports, and no display.
 Services TestServices(const Host& host);
 
+// From now on the program's use of a word does this instead.
+void AtWord(Run& run, std::string_view word, std::function<Value(std::string_view arguments)> act);
+
 // One run. Editors are given in UTF-8 with LF line ends; what comes back is UTF-8 too.
 class CoreProgram {
  public:

@@ -3,24 +3,25 @@
 #pragma once
 
 #include "support/library_program.h"
-#include "support/temp_folder.h"
+#include "support/temporary_folder.h"
 
 namespace tessera::test {
 
 // The folder stands before the run that lies in it.
 struct OwnFolder {
-  TempFolder folder;
+  TemporaryFolder folder;
 };
 
 class FileProgram : public OwnFolder, public LibraryProgram {
  public:
-  explicit FileProgram(const std::string& ports = "/dev/null/port")
-      : LibraryProgram([this, &ports](Services& services) {
+  explicit FileProgram(const std::string& ports = "/dev/null/port", bool isFinished = true)
+      : LibraryProgram([this, &ports, isFinished](Services& services) {
           services.machine = {.registry = RegistryFile(folder / "config/tessera/registro"),
                               .startList = StartList(folder / "config/autostart"),
-                              .ports = HardwarePorts(ports)};
+                              .ports = HardwarePorts(ports),
+                              .isFinished = isFinished};
         }) {
-    run.ProgramFolderText = FromUtf8Lossy(folder.path()) + "\\";
+    run.ProgramFolderText = FromUtf8Lossy(folder.path().string()) + "\\";
     run.RuntimeFolderText = run.ProgramFolderText;
     run.paths = PathMapping(run.host.files, folder.path(), folder / "dados");
   }

@@ -7,6 +7,7 @@
 #include "runtime/program_run.h"
 #include "windows/display.h"
 #include "windows/form.h"
+#include "windows/picture_commands.h"
 #include "windows/window_model.h"
 
 namespace tessera::test {
@@ -17,6 +18,10 @@ class HostedProgram {
 
   // The whole life of a program called TESTE, given in UTF-8 with LF line ends; its exit status.
   int Run(std::string_view editor0, std::string_view routines = {}, std::string_view projectStyleWord = {});
+
+  // The background of a window, from values as a program writes them.
+  void Fundo(Form& window, std::string_view value, StockNames stock = StockNames::Known,
+             std::string_view line = {}, std::string_view column = {});
 
   // Its start alone, which leaves its windows open.
   RunOutcome Start(const EditorTexts& editors, std::string_view projectStyleWord);

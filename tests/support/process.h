@@ -1,4 +1,4 @@
-// Runs a real process in a test, and keeps a folder for what it reads and writes.
+// Runs a real process in a test.
 #pragma once
 
 #include <sys/types.h>
@@ -8,6 +8,8 @@
 #include <optional>
 #include <string>
 #include <vector>
+
+#include "support/temporary_folder.h"
 
 namespace tessera {
 
@@ -23,26 +25,6 @@ struct ProcessCall {
   std::vector<std::string> environment = {};  // "NAME=value" on top of the test's own; "NAME" removes
   std::filesystem::path folder = {};          // working directory; empty: the test's own
 };
-
-// A new folder that vanishes with its owner.
-class TemporaryFolder {
- public:
-  TemporaryFolder();
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-  ~TemporaryFolder();
-
-  const std::filesystem::path& path() const { return path_; }
-  std::string operator/(const std::string& name) const { return (path_ / name).string(); }
-
-  // Writes a file below the folder, with the folders on its way, and returns its path.
-  std::string Write(const std::string& name, const std::string& bytes) const;
-
- private:
-  std::filesystem::path path_;
-};
-
-std::string ReadBytes(const std::filesystem::path& file);
 
 // Waits for the end of the process.
 ProcessResult RunProcess(const ProcessCall& call);

@@ -2,11 +2,10 @@
 #pragma once
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 
 #include "support/core_program.h"
+#include "support/temporary_folder.h"
 
 namespace tessera::test {
 
@@ -18,15 +17,5 @@ class RecordProgram : public CoreProgram {
     run.paths = PathMapping(run.host.files, folder.string(), folder.string());
   }
 };
-
-inline std::string ReadFile(const std::filesystem::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
-
-inline void WriteFile(const std::filesystem::path& path, std::string_view bytes) {
-  std::ofstream(path, std::ios::binary | std::ios::trunc)
-      .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-}
 
 }  // namespace tessera::test

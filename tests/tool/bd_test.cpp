@@ -30,10 +30,6 @@ class ToolBd : public testing::Test {
     words.insert(words.begin(), TESSERA_TOOL);
     return RunProcess({.words = std::move(words), .environment = {"DISPLAY", "QT_QPA_PLATFORM"}});
   }
-  std::string Read(const std::string& path) const {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-  }
   void Overwrite(std::size_t offset, std::string_view bytes) {
     std::fstream out(file_, std::ios::binary | std::ios::in | std::ios::out);
     out.seekp(static_cast<std::streamoff>(offset));
@@ -58,7 +54,7 @@ TEST_F(ToolBd, ExportWritesTheLiveRecords) {
   const std::string csv = folder_ / "gente.csv";
   EXPECT_EQ(Call({"bd", "export", file_, "--csv", csv}).status, kWrongCall);
   EXPECT_EQ(Call({"bd", "export", file_, "--csv", csv, "--senha", "segredo"}).status, kDone);
-  EXPECT_EQ(Read(csv), "Nome;Idade;Peso\r\n\"Ana; a \"\"boa\"\"\";30;60,5\r\nJosé;30;60,5\r\n");
+  EXPECT_EQ(ReadBytes(csv), "Nome;Idade;Peso\r\n\"Ana; a \"\"boa\"\"\";30;60,5\r\nJosé;30;60,5\r\n");
   EXPECT_EQ(Call({"bd", "export", file_, "--csv", csv, "--senha", "segredo"}).status, kWrongCall)
       << "an output is not overwritten";
 
@@ -72,7 +68,7 @@ TEST_F(ToolBd, ExportWritesTheLiveRecords) {
 
 // A death between the count and the record leaves blanks; a disk may lose the end, or keep more than is told.
 TEST_F(ToolBd, RepairMendsWhatASuddenEndLeft) {
-  const std::string whole = Read(file_);
+  const std::string whole = ReadBytes(file_);
   const auto at = [](std::size_t record) { return 19999 + 47 * record; };
   struct Case {
     const char* what;
@@ -105,7 +101,7 @@ TEST_F(ToolBd, RepairMendsWhatASuddenEndLeft) {
     EXPECT_NE(check.out.find(c.says), std::string::npos) << c.what << check.out;
     const ProcessResult repair = Call({"bd", "repair", file_});
     EXPECT_EQ(repair.status, kDone) << c.what << repair.err;
-    EXPECT_EQ(Read(file_ + ".copia"), c.bytes) << c.what;
+    EXPECT_EQ(ReadBytes(file_ + ".copia"), c.bytes) << c.what;
     EXPECT_EQ(Call({"bd", "check", file_}).out, c.after) << c.what;
     EXPECT_EQ(Call({"run", "--console",
                     folder_.Write("o.tsc",
@@ -131,7 +127,7 @@ TEST_F(ToolBd, CheckNamesWhatDoesNotDecode) {
 TEST_F(ToolBd, UnlockFreesABusyFile) {
   Overwrite(0, "1");
   EXPECT_EQ(Call({"bd", "unlock", file_}).out, "O arquivo foi liberado.\n");
-  EXPECT_EQ(Read(file_)[0], '0');
+  EXPECT_EQ(ReadBytes(file_)[0], '0');
   EXPECT_EQ(Call({"bd", "unlock", file_}).out, "O arquivo não estava ocupado.\n");
 }
 
@@ -141,10 +137,67 @@ TEST_F(ToolBd, UnsuitableFilesAreRefusedAndLeftAlone) {
   const std::string text = folder_.Write("texto.Tsa", "isto é um texto");
   EXPECT_NE(Call({"bd", "check", text}).err.find("menor que o cabeçalho"), std::string::npos);
   EXPECT_EQ(Call({"bd", "unlock", text}).status, kWrongCall);
-  EXPECT_EQ(Read(text), "isto é um texto");
+  EXPECT_EQ(ReadBytes(text), "isto é um texto");
   Overwrite(37, std::string(12, ' '));
   EXPECT_NE(Call({"bd", "info", file_}).err.find("não se decodifica"), std::string::npos);
   EXPECT_EQ(Call({"bd"}).status, kWrongCall);
+}
+
+TEST_F(ToolBd, ImportTakesInWhatExportWrote) {
+  const std::string csv = folder_ / "gente.csv";
+  const std::string sqlite = folder_ / "gente.db";
+  ASSERT_EQ(Call({"bd", "export", file_, "--csv", csv, "--senha", "segredo"}).status, kDone);
+  ASSERT_EQ(Call({"bd", "export", file_, "--sqlite", sqlite, "--senha", "segredo"}).status, kDone);
+  for (const auto& [option, source] : {std::pair{"--csv", csv}, std::pair{"--sqlite", sqlite}}) {
+    const std::string made = folder_ / (std::string("De") + (option + 2) + ".Tsa");
+    const ProcessResult imported = Call({"bd", "import", made, option, source, "--senha", "nova"});
+    EXPECT_EQ(imported.status, kDone) << imported.err;
+    EXPECT_NE(imported.out.find("Nome, String, 12\nIdade, Inteiro\nPeso, Decimal\nFimBD\n"),
+              std::string::npos)
+        << imported.out;
+    const std::string back = folder_ / (std::string(option + 2) + ".csv");
+    EXPECT_EQ(Call({"bd", "export", made, "--csv", back, "--senha", "nova"}).status, kDone);
+    EXPECT_EQ(ReadBytes(back), ReadBytes(csv)) << option;
+    EXPECT_EQ(Call({"bd", "check", made}).status, kDone);
+    EXPECT_EQ(Call({"bd", "import", made, option, source}).status, kWrongCall) << "an existing file stays";
+  }
+}
+
+TEST_F(ToolBd, ImportFindsTheTypesOfATextOfFields) {
+  const std::string csv = folder_.Write("a.csv",
+                                        "\xEF\xBB\xBFNome do cliente,CPF,Idade,Peso,Idade,Vazia\n"
+                                        "\"Ana, \"\"a\nboa\"\"\",00123,30,60.5,x,\n\nJosé,,2147483648,7,,\n");
+  const std::string made = folder_ / "Gente.tsa";
+  const ProcessResult imported = Call({"bd", "import", made, "--csv", csv});
+  EXPECT_EQ(imported.status, kDone) << imported.err;
+  EXPECT_EQ(imported.out.substr(imported.out.find("BD ")),
+            "BD Gente, .\nNome_do_cliente, String, 12\nCPF, String, 5\nIdade, Decimal\nPeso, Decimal\n"
+            "Idade2, String, 1\nVazia, String, 1\nFimBD\n");
+  const std::string program = folder_.Write(
+      "le.tsc",
+      "BD Gente, .\nNome_do_cliente, String, 12\nCPF, String, 5\nIdade, Decimal\nPeso, Decimal\n"
+      "Idade2, String, 1\nVazia, String, 1\nFimBD\nAbreBD Gente\nLeRegistro Gente, 0\n"
+      "Escreva Gente.Nome_do_cliente, Gente.CPF, Gente.Peso\nLeRegistro Gente, 1\n"
+      "Escreva Gente.Nome_do_cliente, Gente.CPF, Gente.Idade\n");
+  std::filesystem::rename(made, folder_ / "Gente.Tsa");
+  EXPECT_EQ(Call({"run", "--console", program}).out, "Ana, \"a\nboa\"0012360,5\nJosé2147483648\n");
+}
+
+TEST_F(ToolBd, ImportRefusesWhatARecordCantHold) {
+  const std::string made = folder_ / "Novo.Tsa";
+  const std::string wide = folder_.Write("wide.csv", "a\n" + std::string(32763, 'x') + "\n");
+  const std::string other = folder_.Write("other.db", "no database");
+  for (const std::vector<std::string>& words : {std::vector<std::string>{"--csv", wide},
+                                                {"--csv", folder_ / "ausente.csv"},
+                                                {"--sqlite", other},
+                                                {"--sqlite", folder_ / "ausente.db"},
+                                                {},
+                                                {"--csv", wide, "--sqlite", other}}) {
+    std::vector<std::string> call = {"bd", "import", made};
+    call.insert(call.end(), words.begin(), words.end());
+    EXPECT_EQ(Call(call).status, kWrongCall);
+    EXPECT_FALSE(std::filesystem::exists(made));
+  }
 }
 
 }  // namespace

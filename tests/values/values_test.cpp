@@ -2,8 +2,8 @@
 
 #include <random>
 
-#include "platform/failure.h"
 #include "language/words.h"
+#include "platform/failure.h"
 #include "support/core_program.h"
 #include "text/code_page.h"
 #include "text/literal.h"

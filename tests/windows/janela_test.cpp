@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "support/console_window.h"
+#include "support/core_program.h"
 
 namespace tessera::test {
 
@@ -118,7 +119,7 @@ TEST_F(JanelaTest, AnImmenseWindowCanNotBeDrawnOn) {
 TEST_F(JanelaTest, AnEventWhoseVariableIsGoneIsNoFailureOfTheWaitingStatement) {
   in.str("clique\n");
   program.run.doors.NovaJanela = [](std::string_view) {};
-  program.commands.Add("LEPORTA", [this](std::string_view, std::string_view) {
+  AtWord(program.run, "LePorta", [this](std::string_view) {
     program.run.variables.VarRemove("CliqueMouse", true);
     return Value();
   });

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "support/console_window.h"
-#include "support/temp_folder.h"
+#include "support/temporary_folder.h"
 #include "text/code_page.h"
 #include "windows/picture_commands.h"
 #include "windows/picture_file.h"
@@ -77,7 +77,7 @@ TEST(PictureFile, ATransparentColourLetsTheGroundThrough) {
 
 TEST(PictureFile, OtherContentsAreNoPictureWhateverTheyAreCalled) {
   SystemFiles files;
-  TempFolder folder;
+  TemporaryFolder folder;
   folder.Write("tiff.png", "II*\0\x08\0\0\0\0\0\0\0\0\0"s);
   folder.Write("texto.bmp", "Isto é um texto");
   folder.Write("vazio.png", "");
@@ -166,7 +166,7 @@ TEST(PictureFile, APictureThatPromisesMoreThanItHoldsIsNone) {
 
 TEST(PictureFile, ADamagedFileOnTheDiskIsNone) {
   SystemFiles files;
-  TempFolder folder;
+  TemporaryFolder folder;
   for (const auto& [name, bytes] : {std::pair{"a.png", kPng}, {"a.ico", kIco}, {"a.jpg", kJpeg}}) {
     folder.Write(name, bytes);
     EXPECT_NE(LoadPicture(files, folder / name), nullptr) << name;
@@ -201,15 +201,15 @@ class BackgroundTest : public ConsoleWindowTest {
     folder.Write("foto.png", kBmp);
     folder.Write("quebrada.bmp", kBmp.substr(0, 30));
     program.run.paths = PathMapping(program.run.host.files, folder.path(), folder / "dados");
-    program.run.ProgramFolderText = folder.path() + "\\";
+    program.run.ProgramFolderText = folder.path().string() + "\\";
   }
 
   void Fundo(std::string_view value, std::string_view line = "", std::string_view column = "",
              StockNames stock = StockNames::Known) {
-    SetFundo(program.run, program.janela.windows(), Window(), {value, line, column}, stock);
+    program.Fundo(Window(), value, stock, line, column);
   }
 
-  TempFolder folder;
+  TemporaryFolder folder;
 };
 
 TEST_F(BackgroundTest, IsAStockNameAColourAVariableAFileOrNothing) {
@@ -262,7 +262,7 @@ TEST_F(BackgroundTest, IconAndPointerComeFromFilesAndAMissingOneTakesThemAway) {
   EXPECT_EQ(Window().Icon()->size(), (Size{2, 2}));
   program.commands.CommandCall("Icone", "\"falta.ico\"");
   EXPECT_EQ(Window().Icon(), nullptr);
-  SetMouseIcone(program.run, program.janela.windows(), "\"foto.png\"");
+  SetMouseIcone(program.run, program.janela.windows(), "foto.png");
   EXPECT_NE(Window().MouseIcon(), nullptr);
   const auto failure = Guard([&] { program.commands.CommandCall("Icone", "\"quebrada.bmp\""); });
   ASSERT_TRUE(failure);

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "support/console_window.h"
-#include "support/temp_folder.h"
+#include "support/temporary_folder.h"
 #include "windows/picture_file.h"
 
 namespace tessera::test {
@@ -20,14 +20,14 @@ class WallpaperTest : public ConsoleWindowTest {
  protected:
   WallpaperTest() {
     program.run.paths = PathMapping(program.run.host.files, folder.path(), folder / "dados");
-    program.run.ProgramFolderText = program.run.RuntimeFolderText = folder.path() + "\\";
+    program.run.ProgramFolderText = program.run.RuntimeFolderText = folder.path().string() + "\\";
   }
   long FailureOf(std::string_view arguments) {
     const auto failure = Guard([&] { program.commands.CommandCall("MudaPapel", arguments); });
     return failure ? failure->number() : 0;
   }
 
-  TempFolder folder;
+  TemporaryFolder folder;
 };
 
 }  // namespace

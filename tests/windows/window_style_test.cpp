@@ -43,10 +43,10 @@ TEST_F(WindowStyleTest, AShapedWindowLosesItsCaptionAndWhatHasTheColour) {
 
 TEST_F(WindowStyleTest, AWindowWithoutThatColourKeepsItsFullRectangle) {
   Draw("Cls\n");
-  SetFundo(program.run, Windows(), Window(), {"ImgPantano", "", ""}, StockNames::Known);
+  program.Fundo(Window(), "ImgPantano");
   Window().ShapeMe(0xFF00FF);
   EXPECT_FALSE(Window().Shape());
-  SetFundo(program.run, Windows(), Window(), {"Vazio", "", ""}, StockNames::Known);
+  program.Fundo(Window(), "Vazio");
   Window().ShapeMe(0xFF00FF);
   ASSERT_TRUE(Window().Shape());
   EXPECT_TRUE(Window().Shape()->empty()) << "all of it has the colour";

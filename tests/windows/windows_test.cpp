@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "console/console_host.h"
+#include "support/core_program.h"
 #include "support/hosted_program.h"
 #include "windows/event_state.h"
 
@@ -17,7 +18,7 @@ class WindowsTest : public testing::Test {
   WindowModel& Windows() { return program.janela.windows(); }
   // What the command `LePorta` does when the program comes to it.
   void AtLePorta(std::function<void()> look) {
-    program.commands.Add("LEPORTA", [look = std::move(look)](std::string_view, std::string_view) {
+    AtWord(program.run, "LePorta", [look = std::move(look)](std::string_view) {
       look();
       return Value();
     });
