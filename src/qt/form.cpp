@@ -351,7 +351,7 @@ FormWidget::FormWidget(QtForm& form, const QString& objectName) : form_(form), s
 }
 
 void FormWidget::FitSurface() {
-  if (devicePixelRatioF() != 1) Guard([this] { surface_.Fit(size(), devicePixelRatioF()); });
+  if (devicePixelRatioF() != 1) surface_.Fit(size(), devicePixelRatioF());
 }
 
 void FormWidget::Print(QPointF at, const QString& lines, const QFont& font, const QColor& colour,

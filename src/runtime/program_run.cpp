@@ -16,7 +16,6 @@
 #include "runtime/attentive_host.h"
 #include "text/literal.h"
 #include "values/builtin_variables.h"
-#include "windows/display.h"
 #include "windows/drawing_commands.h"
 #include "windows/event_commands.h"
 #include "windows/font_commands.h"

@@ -9,10 +9,9 @@
 #include "platform/host.h"
 #include "platform/start_form.h"
 #include "platform/user_folders.h"
+#include "windows/display.h"
 
 namespace tessera {
-
-class Display;
 
 struct Services {
   Host host;

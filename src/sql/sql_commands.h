@@ -12,7 +12,7 @@ namespace tessera::sql {
 
 class SqlCommands {
  public:
-  // Adds the command and fills the door `SqlReadField`.
+  // Binds the command and fills the door `SqlReadField`.
   SqlCommands(CommandTable& table, Run& run, std::function<SqlProvider&()> provider);
   SqlCommands(const SqlCommands&) = delete;
   SqlCommands& operator=(const SqlCommands&) = delete;
