@@ -27,7 +27,8 @@ TEST(FolderCommands, RemoveArquivoAnswersTheResolvedPath) {
   program.folder.Write("a.txt", "");
   program.folder.Write("dados/C/b.txt", "");
   std::filesystem::create_directory(program.folder / "pasta");
-  EXPECT_EQ(program.Answer("RemoveArquivo", "\"A.TXT\""), "\"" + program.folder.path().string() + "\\A.TXT\"");
+  EXPECT_EQ(program.Answer("RemoveArquivo", "\"A.TXT\""),
+            "\"" + program.folder.path().string() + "\\A.TXT\"");
   EXPECT_FALSE(program.folder.Has("a.txt"));
   EXPECT_EQ(program.Answer("RemoveArquivo", "\"c:\\b.txt\""), "\"c:\\b.txt\"");
   EXPECT_FALSE(program.folder.Has("dados/C/b.txt"));
