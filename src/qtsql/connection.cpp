@@ -156,7 +156,7 @@ SharedQuery Connection::NewQuery(Rows rows) const {
 SharedQuery Connection::Prepared(const std::string& text) {
   constexpr std::size_t kKept = 16;
   if (const auto found = prepared_.find(text); found != prepared_.end()) return found->second;
-  const SharedQuery query = NewQuery(Rows::AtOnce);
+  SharedQuery query = NewQuery(Rows::AtOnce);
   if (!query->prepare(FromUtf8(text))) FailOf(*query);
   if (target_.engine != Engine::Sqlite) return query;
   if (prepared_.size() == kKept) prepared_.clear();
@@ -166,11 +166,11 @@ SharedQuery Connection::Prepared(const std::string& text) {
 
 SharedQuery Connection::Run(const SqlChange& statement, Rows rows) {
   if (statement.values.empty()) {
-    const SharedQuery query = NewQuery(rows);
+    SharedQuery query = NewQuery(rows);
     if (!query->exec(FromUtf8(statement.text))) FailOf(*query);
     return query;
   }
-  const SharedQuery query = Prepared(statement.text);
+  SharedQuery query = Prepared(statement.text);
   for (std::size_t i = 0; i < statement.values.size(); ++i)
     query->bindValue(static_cast<int>(i), ToVariant(statement.values[i]));
   if (!query->exec()) FailOf(*query);
@@ -219,6 +219,7 @@ SqlValue Connection::Insert(const SqlChange& change, const std::string& key) {
 std::vector<std::string> Connection::KeyOf(const std::string& table) {
   const QSqlIndex index = database_.primaryIndex(FromUtf8(table));
   std::vector<std::string> names;
+  names.reserve(static_cast<std::size_t>(index.count()));
   for (int i = 0; i < index.count(); ++i) names.push_back(ToUtf8(index.fieldName(i)));
   return names;
 }

@@ -6,7 +6,7 @@ namespace tessera::sql {
 
 namespace {
 
-constexpr std::size_t kBlock = 256 * 1024;
+constexpr std::size_t kBlock = 256 << 10;
 
 // A row is its number of values, then each value: its kind, and an integer, a float or a counted text.
 template <typename Number>

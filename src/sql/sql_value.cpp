@@ -58,7 +58,7 @@ std::string DayFirst(std::string_view iso) {
 }
 
 std::string StampText(const std::string& iso) {
-  const std::string day = DayFirst(std::string_view(iso).substr(0, kIsoDate));
+  std::string day = DayFirst(std::string_view(iso).substr(0, kIsoDate));
   if (iso.size() <= kIsoDate) return day;
   const std::string time = iso.substr(kIsoDate + 1, kIsoTime);
   return time == "00:00:00" ? day : day + " " + time;
@@ -127,10 +127,10 @@ std::optional<SqlValue> Converted(const std::string& text, ColumnKind kind) {
     case ColumnKind::Decimal:
       return DecimalOf(text);
     case ColumnKind::Numeric:
-      if (const auto number = NumberOf(text)) return number;
+      if (auto number = NumberOf(text)) return number;
       return SqlValue::Of(Kind::Text, ToUtf8(text));
     case ColumnKind::Truth:
-      if (const auto truth = TruthOf(text)) return truth;
+      if (auto truth = TruthOf(text)) return truth;
       return NumberOf(text);
     case ColumnKind::Date:
       return MomentOf(text, Kind::Date);

@@ -76,6 +76,12 @@ cd "$work"
 "$tessera" run --console servers.tsc -- "$connection" 2>&1 | sed '/linha 64/I,$d; /Linha: 64/,$d' > out
 diff -u "$here/servers.out" out
 
+# The example needs nothing but the connection text to change.
+cp -r "$here/../../examples/Biblioteca" "$work/"
+"$tessera" run --console Biblioteca -- "$connection" < "$here/../examples/Biblioteca.in" > bib.out 2> bib.err
+diff -u "$here/../examples/Biblioteca.err" bib.err
+[ ! -s bib.out ]
+
 # A server that goes away in the middle is an error of each operation, and the program goes on.
 case $engine in
   postgresql | mariadb)
