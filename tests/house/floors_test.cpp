@@ -99,6 +99,41 @@ TEST(Floors, TheRuleRefusesWhatStandsAbove) {
   EXPECT_FALSE(IsAllowed("prepare", "image"));
 }
 
+// The rooms that a room's CMakeLists.txt names, behind `SHOWS` for its headers and `USES` for its other
+// files.
+std::set<std::string> NamedRooms(const std::string& room, const std::string& list) {
+  std::ifstream file(fs::path(TESSERA_SOURCE_DIR) / "src" / room / "CMakeLists.txt");
+  std::set<std::string> named;
+  bool isInside = false;
+  for (std::string word; file >> word;) {
+    const bool isLast = word.ends_with(')');
+    if (isLast) word.pop_back();
+    if (isInside && kFloors.contains(word)) named.insert(word);
+    if (word == "SHOWS" || word == "USES") isInside = word == list;
+    if (isLast && !named.empty()) break;
+  }
+  return named;
+}
+
+// What a file sees that may include those rooms: they, and what their headers show.
+std::set<std::string> Seen(const std::set<std::string>& named) {
+  std::set<std::string> seen = named;
+  for (const std::string& room : named) seen.merge(Seen(NamedRooms(room, "SHOWS")));
+  return seen;
+}
+
+// The tool is no room; the plug-in for databases links none; and the runtime beside its room links the host.
+TEST(Floors, ARoomNamesWhatItIncludes) {
+  for (const Include& include : AllIncludes()) {
+    const bool isRoom = include.room != "tool" && include.room != "qtsql";
+    const bool isRuntime = include.room == "runtime" && include.target == "qt";
+    if (!isRoom || isRuntime || include.room == include.target) continue;
+    std::set<std::string> named = NamedRooms(include.room, "SHOWS");
+    if (!include.file.ends_with(".h")) named.merge(NamedRooms(include.room, "USES"));
+    EXPECT_TRUE(Seen(named).contains(include.target)) << include.file << " includes " << include.target;
+  }
+}
+
 // What hosts stand on stays near the ground: the interfaces, and the headers of their own room by which they
 // are told.
 TEST(Floors, TheHostInterfacesKnowTheGroundAlone) {
