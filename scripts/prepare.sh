@@ -3,11 +3,8 @@
 
 packages=(
   g++ cmake ninja-build ccache mold          # build
-<<<<<<< HEAD
-  libqt6sql6-sqlite libqt6sql6-psql postgresql-15   # databases, and a server for the tests
-=======
   clang-format clang-tidy                    # the keepers
->>>>>>> main
+  libqt6sql6-sqlite libqt6sql6-psql postgresql-15 python3  # databases, and a server for the tests
   libcli11-dev qt6-base-dev qt6-svg-dev libfreeimage-dev libgtest-dev libsqlite3-dev  # libraries
   qt6-translations-l10n                      # the desktop's dialogs in Portuguese
   x11-xserver-utils                          # the screen's modes, for "RESVIDEO"
