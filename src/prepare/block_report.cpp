@@ -17,6 +17,7 @@ namespace {
 
 struct Statement {
   SourcePlace place;
+  std::string_view head;  // the columns before the statement's own, which a source may spell itself
   std::string_view text;
 };
 
@@ -35,7 +36,7 @@ std::vector<Statement> StatementsOf(std::string_view text) {
   while (!text.empty()) {
     const std::string_view line = text.substr(0, text.find(kCrLf));
     text.remove_prefix(std::min(text.size(), line.size() + kCrLf.size()));
-    statements.push_back({PlaceIn(line), Mid(line, kStatementColumn)});
+    statements.push_back({PlaceIn(line), Left(line, kStatementColumn - 1), Mid(line, kStatementColumn)});
   }
   return statements;
 }
@@ -96,7 +97,7 @@ class BlockWalk {
       Close(statement.place, k);
       rest.remove_prefix(kind.closing.size() + 1);
     }
-    const std::string upper = Upper(rest);
+    const std::string upper = Upper(std::string(statement.head).append(rest));
     for (const std::string_view word : {kind.opening, kind.closing}) {
       if (Contains(upper, Upper(word) + "[")) {
         Tell(statement.place, k, " Nesta linha, o texto \""_w, Upper(word) + "[",
