@@ -185,15 +185,23 @@ void NovoBox::EndEdit() {
 
 std::string NovoBox::FitText(std::string_view text, int width, const CellAttributes& attributes) const {
   const double factor = size_.width > kWideControl ? kWideFactor : 1;
-  const auto fits = [&](std::string_view shown) { return measure_(shown, attributes) * factor <= width; };
-  if (fits(text)) return std::string(text);
+  const auto widthOf = [&](std::string_view shown) { return measure_(shown, attributes) * factor; };
+  const double whole = widthOf(text);
+  if (whole <= width) return std::string(text);
   // OPEN: what is measured while a text is shortened has its "..." already, so that these are never cut off.
   const auto cut = [&](std::size_t length) { return std::string(Trim(text.substr(0, length))).append(kCut); };
-  // FAST: a shorter beginning is never wider, so halving finds what one character at a time would find.
+  // FAST: a shorter beginning is never wider, so a search finds what one character at a time would find. It
+  // begins where letters of one width would end, looks beside that place, and goes on by halving.
   std::size_t fitting = 0;
-  for (std::size_t tooLong = text.size(); fitting + 1 < tooLong;) {
-    const std::size_t middle = fitting + (tooLong - fitting) / 2;
-    (fits(cut(middle)) ? fitting : tooLong) = middle;
+  std::size_t tooLong = text.size();
+  const auto letters =
+      static_cast<std::size_t>(static_cast<double>(text.size()) * std::max(width, 0) / whole);
+  std::size_t next = letters > kCut.size() ? letters - kCut.size() : 1;
+  for (int looks = 0; fitting + 1 < tooLong; ++looks) {
+    if (looks > 1 || next <= fitting || next >= tooLong) next = fitting + (tooLong - fitting) / 2;
+    const bool fits = widthOf(cut(next)) <= width;
+    (fits ? fitting : tooLong) = next;
+    next = fits ? next + 1 : next - 1;
   }
   return cut(fitting);
 }
