@@ -59,8 +59,8 @@ class Progress {
   std::chrono::steady_clock::time_point told_ = std::chrono::steady_clock::now();
 };
 
-// A number as the outside writes it: a sign, digits, and "," or "." before the fraction. With zeros in front
-// it is a code, no number.
+// OPEN: a number as the outside writes it: a sign, digits, and "," or "." before the fraction. With zeros in
+// front it is a code, no number.
 std::optional<double> OutsideNumber(std::string_view text) {
   const std::string_view digits = text.starts_with('-') ? text.substr(1) : text;
   const std::size_t mark = digits.find_first_of(",.");

@@ -61,6 +61,8 @@ class Reader final : public sql::RowReader {
       SqlColumn column;
       column.name = ToUtf8(field.name());
       column.baseTable = ToUtf8(field.tableName());
+      // OPEN: where the driver tells only the name, a column under another name is taken for that name; the
+      // server refuses to write what its table lacks.
       column.baseName = statement_ != nullptr ? OriginOf(statement_, i) : column.name;
       if (column.baseName.empty()) column.baseTable.clear();
       if (statement_ == nullptr) column.kind = KindOf(field, engine_);

@@ -22,6 +22,7 @@ ColumnKind KindOfDeclared(const QString& type) {
   if (upper.contains("CHAR") || upper.contains("CLOB") || upper.contains("TEXT")) return ColumnKind::Text;
   if (upper.isEmpty() || upper.contains("BLOB")) return ColumnKind::Any;
   if (upper.contains("REAL") || upper.contains("FLOA") || upper.contains("DOUB")) return ColumnKind::Real;
+  // OPEN: beside numbers such a column takes truth words.
   if (upper.contains("BOOL")) return ColumnKind::Truth;
   return ColumnKind::Numeric;
 }

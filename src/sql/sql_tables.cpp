@@ -28,7 +28,7 @@ LockType LockOf(std::string_view word) {
   return LockType::None;
 }
 
-// While a long query is read the window shows what was drawn, though no event runs.
+// OPEN: while a long query is read the window shows what was drawn, though no event runs.
 std::function<void()> Breath(EventDispatch& events) {
   static constexpr std::chrono::milliseconds kBlink{50};
   return [&events, last = std::chrono::steady_clock::now()]() mutable {
@@ -65,6 +65,7 @@ SqlDatabase* SqlTables::FindDatabase(std::string_view name) {
   return found == SqlDatabases.end() ? nullptr : &*found;
 }
 
+// OPEN: its tables go with it, batches that were not closed included.
 void SqlTables::FechaBDSQL(std::string_view name) {
   if (SqlDatabase* slot = FindDatabase(name)) *slot = SqlDatabase();
 }

@@ -23,6 +23,7 @@ constexpr std::size_t kDigits = 15;
 constexpr std::size_t kIsoDate = 10;  // characters of yyyy-mm-dd
 constexpr std::size_t kIsoTime = 8;   // of hh:mm:ss
 
+// OPEN: beyond that an integer is a text, and no digit is lost.
 Value IntegerValue(std::int64_t number) {
   if (number >= std::numeric_limits<std::int32_t>::min() &&
       number <= std::numeric_limits<std::int32_t>::max())
