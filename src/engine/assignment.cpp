@@ -1,7 +1,5 @@
 #include "engine/assignment.h"
 
-#include <algorithm>
-
 #include "platform/failure.h"
 #include "text/one_based.h"
 #include "values/calls.h"
@@ -10,14 +8,6 @@
 namespace tessera {
 
 namespace {
-
-// The value in the form that its text would read back as: a float keeps 15 digits.
-// FAST: spares the way through the text where a text would be written and read again.
-Value AsWritten(Value value) {
-  if (const double* number = value.AsDouble()) return RoundTo15Digits(*number);
-  if (value.IsEmpty()) return std::string();
-  return value;
-}
 
 // `SQL(base.tabela.campo)`: the field that the right side names.
 std::optional<Value> ReadSqlField(Run& run, std::string_view right) {
@@ -37,33 +27,6 @@ std::optional<Value> ReadSqlField(Run& run, std::string_view right) {
                                 view.substr(secondPoint + 1));
 }
 
-std::string JoinedTerm(Run& run, std::string_view term) {
-  if (term.starts_with('"')) return std::string(Unquote(term));
-  if (run.variables.VarFind(term) != -1) return run.variables.VarRead(term).ToText();
-  if (const auto call = FindFunction(run, term)) {
-    return std::string(Unquote(run.doors.CommandCall(call->name, call->arguments).ToText()));
-  }
-  return {};
-}
-
-// True for a term whose reading shows nothing and changes nothing: an element may have an index to show a box
-// for, each time that it is read or written.
-bool IsPlainTerm(Run& run, std::string_view term) {
-  return term.starts_with('"') || (!Contains(term, "(") && run.variables.VarFind(term) != -1);
-}
-
-// FAST: `t = t & ...` of literals and plain variables alone adds to the text where it stands. False where the
-// plain way has to be taken.
-bool AppendInPlace(Run& run, const RightSide& right, std::string_view name) {
-  if (!EqualsIgnoringCase(right.joined.front(), name)) return false;
-  if (!std::all_of(right.joined.begin(), right.joined.end(),
-                   [&](std::string_view term) { return IsPlainTerm(run, term); }))
-    return false;
-  std::string suffix;
-  for (std::size_t i = 1; i < right.joined.size(); ++i) suffix += JoinedTerm(run, right.joined[i]);
-  return run.variables.AppendText(name, suffix);
-}
-
 // The values of all parts of a right side without " & ", one behind the other.
 Value JoinParts(const Engine& engine, Run& run, std::string_view text, bool numericTarget) {
   constexpr std::size_t kPlaces = 11;
@@ -80,6 +43,22 @@ Value JoinParts(const Engine& engine, Run& run, std::string_view text, bool nume
 
 }  // namespace
 
+// FAST: spares the way through the text where a text would be written and read again.
+Value AsWritten(Value value) {
+  if (const double* number = value.AsDouble()) return RoundTo15Digits(*number);
+  if (value.IsEmpty()) return std::string();
+  return value;
+}
+
+std::string JoinedTerm(Run& run, std::string_view term) {
+  if (term.starts_with('"')) return std::string(Unquote(term));
+  if (run.variables.VarFind(term) != -1) return run.variables.VarRead(term).ToText();
+  if (const auto call = FindFunction(run, term)) {
+    return std::string(Unquote(run.doors.CommandCall(call->name, call->arguments).ToText()));
+  }
+  return {};
+}
+
 void AssignStatement(Engine& engine, Run& run, const RightSide& right, std::string_view name,
                      bool numericTarget) {
   engine.TextExpressionFlag = right.isText;
@@ -88,14 +67,13 @@ void AssignStatement(Engine& engine, Run& run, const RightSide& right, std::stri
     return;
   }
   if (!right.joined.empty()) {
-    if (AppendInPlace(run, right, name)) return;
     std::string joined;
     for (const std::string_view term : right.joined) joined += JoinedTerm(run, term);
     run.variables.VarWrite(name, std::move(joined), true);
     return;
   }
   std::string text(right.text);
-  ReplacementLimit limit;
+  ReplacementLimit limit(run);
   while (const auto call = FindUserFunction(run, text)) {
     limit.Count(text);
     if (text.ends_with(call->name + "()")) {

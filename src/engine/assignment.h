@@ -1,16 +1,24 @@
 // The right side of an assignment: joined terms, direct calls, replaced calls and comma lists.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "engine/engine.h"
 #include "engine/line.h"
 #include "values/run.h"
+#include "values/value.h"
 
 namespace tessera {
 
 // Evaluates the right side and writes it to `name`. `numericTarget` is false where the variable is text.
 void AssignStatement(Engine& engine, Run& run, const RightSide& right, std::string_view name,
                      bool numericTarget);
+
+// The value in the form that its text would read back as: a float keeps 15 digits.
+Value AsWritten(Value value);
+
+// What one term between two " & " adds.
+std::string JoinedTerm(Run& run, std::string_view term);
 
 }  // namespace tessera

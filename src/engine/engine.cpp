@@ -20,16 +20,22 @@ void Engine::RunStatements(const std::shared_ptr<const PreparedText>& text, std:
   StatementLoop(*this, run_, runnable).RunFrom(startStatement);
 }
 
-void Engine::CallSub(std::string_view name) {
+const RunnableText* Engine::CallSub(std::string_view name) {
+  const RunnableText* body = nullptr;
   // The guard of a sub is silence: a failure ends the sub, and the calling statement counts as done.
   Guard([&] {
-    const auto body = routines_->Sub(name);
-    if (!body) {
+    body = routines_->Sub(name);
+    if (body == nullptr) {
       ShowCritical(run_, std::string("Sub-rotina não encontrada: "_w).append(name));
       FailArgument();
     }
     StatementLoop(*this, run_, *body).RunFrom(0);
   });
+  return body;
+}
+
+void Engine::RunSub(const RunnableText& body) {
+  Guard([&] { StatementLoop(*this, run_, body).RunFrom(0); });
 }
 
 Value Engine::CallFunction(std::string_view name, std::string_view arguments) {

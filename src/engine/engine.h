@@ -12,6 +12,8 @@
 
 namespace tessera {
 
+class RunnableText;
+
 class Engine {
  public:
   // Fills the door `CallFunction` of the run. The run outlives the engine.
@@ -25,7 +27,9 @@ class Engine {
   void RunStatements(const std::shared_ptr<const PreparedText>& text, std::int32_t startStatement);
 
   // Runs a sub, named with its parentheses. A failure in it ends it without a word.
-  void CallSub(std::string_view name);
+  // Its text, ready for `RunSub`; none when there is no such sub, or none that could be run.
+  const RunnableText* CallSub(std::string_view name);
+  void RunSub(const RunnableText& body);
 
   // Runs a function of the program with its raw argument text. A failure shows a box, where Cancel stops the
   // program, and the value is empty.

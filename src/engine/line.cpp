@@ -19,19 +19,27 @@ std::string_view WordBefore(std::string_view text, Position end) {
   return Mid(text, blank + 1, end - blank - 1);
 }
 
-// A compound form "x + = e"; preparation may have left no blank in front of its sign.
+// A compound form "x + = e"; preparation may have left no blank in front of its sign, and the first sign of
+// the line that has a blank behind its "=" gets one.
 bool ReadCompound(Line& line, char sign) {
-  if (!Contains(line.text, std::string{sign, ' ', '='})) return false;
-  std::string text(line.text);
-  const std::string tight = {sign, ' ', '=', ' '};
-  const Position at = Find(text, tight);
-  if (at > 1 && CharAt(text, at - 1) != ' ') text.insert(at - 1, 1, ' ');
-  const Position p = Find(text, std::string{' ', sign, ' ', '='});
-  if (p == 0) return false;
-  const std::string_view word = WordBefore(text, p);
-  // The same characters stand in the line itself, in front of the blank that may have been inserted.
-  line.variable = Mid(line.text, p - word.size(), word.size());
-  line.expression = Mid(text, p + 5);
+  const std::string mark = {sign, ' ', '='};
+  const Position tight = Find(line.text, mark + ' ');
+  const bool needsBlank = tight > 1 && CharAt(line.text, tight - 1) != ' ';
+  const Position spaced = Find(line.text, ' ' + mark);
+  if (needsBlank && (spaced == 0 || tight < spaced)) {
+    line.variable = WordBefore(line.text, tight);
+    line.expression = Mid(line.text, tight + mark.size() + 1);
+    return true;
+  }
+  if (spaced == 0) return false;
+  line.variable = WordBefore(line.text, spaced);
+  line.expression = Mid(line.text, spaced + mark.size() + 2);
+  if (needsBlank) {
+    std::string text(line.expression);
+    text.insert(tight - 1 - (line.text.size() - text.size()), 1, ' ');
+    line.spacedExpression = std::make_unique<const std::string>(std::move(text));
+    line.expression = *line.spacedExpression;
+  }
   return true;
 }
 
@@ -149,6 +157,13 @@ const Line* RunnableText::LineAt(Position position) const {
   auto& line = lines_[position];
   if (!line) line = ReadLine(run_, *text_, position);
   return line.get();
+}
+
+const Line* RunnableText::First() const {
+  return Remember(first_, [&]() -> const Line* {
+    const Position tag = text_->FirstTag();
+    return tag == 0 ? nullptr : FindStatement(text_->NumberAt(tag), 1);
+  });
 }
 
 const Line* RunnableText::FindStatement(std::int32_t number, Position from) const {

@@ -11,6 +11,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "engine/line_form.h"
 #include "prepare/prepared_text.h"
 #include "values/conditions.h"
 #include "values/run.h"
@@ -83,17 +84,20 @@ struct Opening {
 };
 
 struct Line {
+  mutable LineForm form;
+  SourcePosition source;
+  Road road = Road::Blocks;
+
   Position position = 0;  // of "&#"
   Position end = 0;       // of the CR LF behind it
   std::string_view text;  // head included
   std::int32_t number = 0;
-  SourcePosition source;
-  Road road = Road::Blocks;
 
   std::string_view variable;  // of the step and compound forms
-  std::string expression;
-  std::string_view label;                // of VaPara, untrimmed
-  std::unique_ptr<const Blocks> blocks;  // none in a line without a "["
+  std::string_view expression;
+  std::unique_ptr<const std::string> spacedExpression;  // where it differs from the line's text by a blank
+  std::string_view label;                               // of VaPara, untrimmed
+  std::unique_ptr<const Blocks> blocks;                 // none in a line without a "["
   Opening opening;
 
   // Filled at first use.
@@ -108,6 +112,8 @@ class RunnableText {
 
   const PreparedText& text() const { return *text_; }
 
+  // The line of the first statement; none in a text without one.
+  const Line* First() const;
   // The line of the statement of that number at or behind `from`; none if there is none.
   const Line* FindStatement(std::int32_t number, Position from) const;
   // The line whose "&#" stands at `position`.
@@ -127,6 +133,7 @@ class RunnableText {
   const Run& run_;
   std::shared_ptr<const PreparedText> text_;
   mutable std::unordered_map<Position, std::unique_ptr<const Line>> lines_;
+  mutable std::optional<const Line*> first_;
 };
 
 }  // namespace tessera

@@ -43,15 +43,15 @@ std::string_view Engine::Routines::FindSub(std::string_view name) {
   return Find(subs_, name);
 }
 
-std::shared_ptr<const RunnableText> Engine::Routines::Sub(std::string_view name) {
+const RunnableText* Engine::Routines::Sub(std::string_view name) {
   auto& runnable = runnable_[std::string(name)];
   if (!runnable) {
     const std::string_view body = FindSub(name);
     if (body.empty()) return nullptr;
     runnable =
-        std::make_shared<const RunnableText>(run_, std::make_shared<const PreparedText>(std::string(body)));
+        std::make_unique<const RunnableText>(run_, std::make_shared<const PreparedText>(std::string(body)));
   }
-  return runnable;
+  return runnable.get();
 }
 
 }  // namespace tessera

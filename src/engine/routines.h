@@ -26,7 +26,7 @@ class Engine::Routines {
   std::string_view FindSub(std::string_view name);
 
   // The sub's text ready to be walked; none when there is no such sub.
-  std::shared_ptr<const RunnableText> Sub(std::string_view name);
+  const RunnableText* Sub(std::string_view name);
 
  private:
   struct Kind {
@@ -44,7 +44,7 @@ class Engine::Routines {
   const Run& run_;
   Kind functions_{"Funcao ", "FimFuncao"};
   Kind subs_{"Sub ", "FimSub"};
-  std::unordered_map<std::string, std::shared_ptr<const RunnableText>> runnable_;
+  std::unordered_map<std::string, std::unique_ptr<const RunnableText>> runnable_;
 };
 
 }  // namespace tessera

@@ -1,5 +1,8 @@
 #include "engine/statement_loop.h"
 
+#include <cmath>
+
+#include "engine/assignment_form.h"
 #include "engine/statement.h"
 #include "platform/failure.h"
 #include "text/literal.h"
@@ -18,19 +21,132 @@ constexpr std::uint32_t kBreath = 512;
 void StatementLoop::RunFrom(std::int32_t startStatement) {
   run_.stack.Check();
   run_.StopFlag = false;
-  const Position firstTag = text_.text().FirstTag();
-  if (startStatement == 0 && firstTag == 0) return;
-  const Line* line =
-      text_.FindStatement(startStatement == 0 ? text_.text().NumberAt(firstTag) : startStatement, 1);
+  const Line* line = startStatement == 0 ? text_.First() : text_.FindStatement(startStatement, 1);
+  const bool plain = run_.plain;
   for (std::uint32_t count = 1; line != nullptr; ++count) {
     if (!run_.RunningFlag || run_.WindowCodeStopFlag || run_.StopFlag) return;
     run_.sourcePosition = line->source;
     if (count % kBreath == 0) run_.host.events.ShowDrawn();
-    line = Step(*line);
+    line = plain ? PlainStep(*line) : Step(*line);
   }
 }
 
+// FAST: what happens in every loop of a program stands here, what is rare in functions of its own.
 const Line* StatementLoop::Step(const Line& line) {
+  const LineForm& form = line.form;
+  switch (form.kind) {
+    case LineForm::Kind::Step:
+      if (StepInPlace(form)) return form.next;
+      break;
+    case LineForm::Kind::While:
+      return form.condition->Holds(run_) ? form.next : form.jump;
+    case LineForm::Kind::Repeat:
+      return form.next;
+    case LineForm::Kind::If: {
+      const bool holds = form.condition->Holds(run_);
+      seResult_[form.depth] = holds ? Outcome::True : form.jumpEndsBlock ? Outcome::None : Outcome::False;
+      return holds ? form.next : form.jump;
+    }
+    case LineForm::Kind::Else: {
+      Outcome& outcome = seResult_[form.depth];
+      if (outcome == Outcome::False) return form.next;
+      outcome = Outcome::None;
+      return form.jump;
+    }
+    case LineForm::Kind::EndIf:
+      if (form.target.type() != VariableType::None) break;
+      seResult_[form.depth] = Outcome::None;
+      return form.next;
+    case LineForm::Kind::VariableOrCommand:
+      return RunVariableOrCommand(line);
+    case LineForm::Kind::Compound:
+      if (CompoundInPlace(form)) return form.next;
+      break;
+    case LineForm::Kind::Return:
+      engine_.ReturnValue = form.term->Evaluate(run_);
+      return form.next;
+    case LineForm::Kind::Sub:
+      CallSub(line);
+      return form.next;
+    default:
+      break;
+  }
+  return ByRules(line);
+}
+
+// A line gets its form when it comes round for the second time.
+const Line* StatementLoop::ByRules(const Line& line) {
+  switch (line.form.kind) {
+    case LineForm::Kind::New:
+      line.form.kind = LineForm::Kind::Seen;
+      break;
+    case LineForm::Kind::Seen:
+      ReadForm(run_, text_, line);
+      return Step(line);
+    default:
+      break;
+  }
+  return PlainStep(line);
+}
+
+bool StatementLoop::StepInPlace(const LineForm& form) {
+  VariableStore& store = run_.variables;
+  if (!store.SymbolsTellAll()) return false;
+  if (std::int32_t* integer = form.target.Integer(store)) {
+    std::int32_t sum = 0;
+    if (__builtin_add_overflow(*integer, form.change, &sum)) return false;
+    *integer = sum;
+    return true;
+  }
+  double* decimal = form.target.Decimal(store);
+  if (decimal == nullptr) return false;
+  *decimal += form.change;
+  return true;
+}
+
+bool StatementLoop::CompoundInPlace(const LineForm& form) {
+  VariableStore& store = run_.variables;
+  if (!store.SymbolsTellAll() || !form.term->IsWithoutCalls()) return false;
+  if (std::int32_t* integer = form.target.Integer(store)) {
+    std::int64_t whole = 0;
+    if (!form.term->ReadWhole(store, whole)) return false;
+    const std::int64_t sum = *integer + form.change * whole;
+    if (sum != static_cast<std::int32_t>(sum)) return false;
+    *integer = static_cast<std::int32_t>(sum);
+    return true;
+  }
+  const Reading reading = form.term->Read(run_);
+  if (double* decimal = form.target.Decimal(store)) {
+    if (reading.kind != Reading::Kind::Whole && reading.kind != Reading::Kind::Float) return false;
+    const double sum = *decimal + form.change * reading.number;
+    if (!std::isfinite(sum)) return false;
+    *decimal = sum;
+    return true;
+  }
+  std::string* text = form.target.Text(store);
+  if (text == nullptr || reading.kind != Reading::Kind::Text || form.change < 0) return false;
+  if (text->size() + reading.text.size() > VariableStore::kMaxTextLength) return false;
+  text->append(reading.text);
+  return true;
+}
+
+const Line* StatementLoop::RunVariableOrCommand(const Line& line) {
+  const LineForm& form = line.form;
+  if (form.target.type() == VariableType::None || !run_.variables.SymbolsTellAll()) return PlainStep(line);
+  form.assignment->Assign(engine_, run_, form.target, line.opening.word);
+  return form.next;
+}
+
+void StatementLoop::CallSub(const Line& line) {
+  LineForm& form = line.form;
+  if (form.sub != nullptr) {
+    engine_.RunSub(*form.sub);
+  } else {
+    form.sub = engine_.CallSub(line.opening.word);
+  }
+}
+
+const Line* StatementLoop::PlainStep(const Line& line) {
   switch (line.road) {
     case Road::EndProgram:
       run_.StopFlag = true;
@@ -112,7 +228,7 @@ bool StatementLoop::Holds(const Bracket& bracket) {
   return EvaluateCondition(run_, *bracket.condition) == kTrue;
 }
 
-std::string_view& StatementLoop::SeResult(std::string_view depth) {
+StatementLoop::Outcome& StatementLoop::SeResult(std::string_view depth) {
   const std::int32_t index = Value(depth).ToInteger();
   if (index < 0 || index >= static_cast<std::int32_t>(kDepths)) FailSubscript();
   return seResult_[static_cast<std::size_t>(index)];
@@ -131,23 +247,23 @@ const Line* StatementLoop::BracketWords(const Line& line) {
   }
   if (blocks.se) {
     const bool holds = Holds(*blocks.se);
-    std::string_view& result = SeResult(blocks.se->depth);
-    result = holds ? kTrue : kFalse;
+    Outcome& result = SeResult(blocks.se->depth);
+    result = holds ? Outcome::True : Outcome::False;
     // Testing a click consumes it.
     if (blocks.testsClick) run_.variables.VarWrite("CliqueMouse", "NAO"_w, true);
     if (holds) return text_.Next(line);
     if (const Jump alternative = text_.Alternative(line); alternative.found) return alternative.next;
     if (const Jump end = text_.BlockEnd(line, *blocks.se); end.found) {
-      result = {};
+      result = Outcome::None;
       return end.next;
     }
   }
-  if (blocks.fimSe) SeResult(blocks.fimSe->depth) = {};
+  if (blocks.fimSe) SeResult(blocks.fimSe->depth) = Outcome::None;
   if (blocks.casoContrario) {
-    std::string_view& result = SeResult(blocks.casoContrario->depth);
-    if (result == kFalse) return text_.Next(line);
+    Outcome& result = SeResult(blocks.casoContrario->depth);
+    if (result == Outcome::False) return text_.Next(line);
     if (const Jump end = text_.BlockEnd(line, *blocks.casoContrario); end.found) {
-      result = {};
+      result = Outcome::None;
       return end.next;
     }
   }

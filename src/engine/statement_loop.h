@@ -2,6 +2,8 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 #include "engine/engine.h"
@@ -17,11 +19,23 @@ class StatementLoop {
   // Runs from the statement of that number, or from the first one for 0.
   void RunFrom(std::int32_t startStatement);
 
- private:
+  // Blocks of a Se have depths below this.
   static constexpr std::size_t kDepths = 21;
 
-  // Each settles one line and tells the line to go on with; none leaves the loop.
+ private:
+  // What the last Se of a depth came to.
+  enum class Outcome : std::uint8_t { None, True, False };
+
+  // The fast road: a line by its form, and by the rules where it has none.
   const Line* Step(const Line& line);
+  const Line* ByRules(const Line& line);
+  bool StepInPlace(const LineForm& form);
+  bool CompoundInPlace(const LineForm& form);
+  const Line* RunVariableOrCommand(const Line& line);
+  void CallSub(const Line& line);
+
+  // The rules. Each settles one line and tells the line to go on with; none leaves the loop.
+  const Line* PlainStep(const Line& line);
   const Line* EndWindow();
   const Line* StepVariable(const Line& line, int change);
   const Line* Compound(const Line& line);
@@ -31,12 +45,12 @@ class StatementLoop {
   const Line* BracketWords(const Line& line);
   const Line* Execute(const Line& line);
   bool Holds(const Bracket& bracket);
-  std::string_view& SeResult(std::string_view depth);
+  Outcome& SeResult(std::string_view depth);
 
   Engine& engine_;
   Run& run_;
   const RunnableText& text_;
-  std::array<std::string_view, kDepths> seResult_{};
+  std::array<Outcome, kDepths> seResult_{};
 };
 
 }  // namespace tessera

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
@@ -85,6 +86,51 @@ bool IsDigit(char c) {
   return c >= '0' && c <= '9';
 }
 
+// A magnitude as digits / 10^places, in 15 significant digits.
+struct Quotient {
+  std::int64_t digits;
+  int places;
+};
+
+constexpr int kExactPower = 22;  // 10^22 is the largest power of ten that a float holds exactly
+constexpr std::array<double, kExactPower + 1> kExactPowers = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                              1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                                              1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+
+constexpr std::array<std::uint64_t, kExactPower + 1> MakePowersOfFive() {
+  std::array<std::uint64_t, kExactPower + 1> powers{1};
+  for (std::size_t i = 1; i < powers.size(); ++i) powers[i] = powers[i - 1] * 5;
+  return powers;
+}
+constexpr std::array<std::uint64_t, kExactPower + 1> kPowersOfFive = MakePowersOfFive();
+
+// FAST: the 15-digit rounding, ties to even, by integers alone: mantissa * 5^places fits 105 bits, and what
+// is shifted out of it decides the rounding. Nothing outside 1e-8 <= magnitude < 1e15, and for the mantissas
+// that leave nothing to shift.
+std::optional<Quotient> QuotientOf(double magnitude) {
+  constexpr int kMantissaBits = 52;
+  constexpr int kBias = 1075;
+  if (!(magnitude >= 1e-8 && magnitude < 1e15)) return std::nullopt;
+  const auto bits = std::bit_cast<std::uint64_t>(magnitude);
+  const std::uint64_t mantissa =
+      (bits & ((std::uint64_t{1} << kMantissaBits) - 1)) | (std::uint64_t{1} << kMantissaBits);
+  const int exponent = static_cast<int>(bits >> kMantissaBits) - kBias;
+  // The place of the first digit, from the binary exponent, is right or one too low.
+  int places = kSignificantDigits - 1 - (((exponent + kMantissaBits) * 1233) >> 12);
+  if (places < 0 ||
+      (places <= kExactPower && magnitude * kExactPowers[static_cast<std::size_t>(places)] >= 1e15))
+    --places;
+  if (places < 0 || places > kExactPower) return std::nullopt;
+  const int shift = -(exponent + places);
+  if (shift <= 0 || shift >= 127) return std::nullopt;
+  const Wide product = static_cast<Wide>(mantissa) * kPowersOfFive[static_cast<std::size_t>(places)];
+  const Wide rest = product & ((Wide{1} << shift) - 1);
+  const Wide half = Wide{1} << (shift - 1);
+  auto digits = static_cast<std::int64_t>(product >> shift);
+  if (rest > half || (rest == half && digits % 2 != 0)) ++digits;
+  return Quotient{digits, places};
+}
+
 }  // namespace
 
 std::optional<ExactDecimal> ExactDecimal::Normalised(Coefficient coefficient, int scale) {
@@ -110,6 +156,9 @@ std::optional<ExactDecimal> ExactDecimal::FromDouble(double value) {
   if (std::fabs(value) < 1e15 && value == std::trunc(value)) {
     return ExactDecimal(static_cast<std::int64_t>(value), 0);
   }
+  if (const auto quotient = QuotientOf(std::fabs(value))) {
+    return Normalised(value < 0 ? -quotient->digits : quotient->digits, quotient->places);
+  }
   const ShortDigits digits = DigitsOf(value);
   std::int64_t coefficient = 0;
   for (int i = 0; i < digits.count; ++i)
@@ -126,7 +175,6 @@ std::optional<ExactDecimal> ExactDecimal::FromDouble(double value) {
 
 double ExactDecimal::ToDouble() const {
   constexpr Coefficient kExactInteger = Coefficient{1} << 53;
-  constexpr int kExactPower = 22;  // 10^22 is the largest power of ten that a float holds exactly
   if (scale_ <= kExactPower && coefficient_ <= kExactInteger && coefficient_ >= -kExactInteger) {
     return static_cast<double>(static_cast<std::int64_t>(coefficient_)) /
            static_cast<double>(PowerOfTen(scale_));
@@ -183,6 +231,15 @@ std::optional<ExactDecimal> ExactDecimal::Add(const ExactDecimal& a, const Exact
 
 double RoundTo15Digits(double value) {
   if (!std::isfinite(value) || (std::fabs(value) < 1e15 && value == std::trunc(value))) return value;
+  if (const auto quotient = QuotientOf(std::fabs(value))) {
+    return std::copysign(
+        static_cast<double>(quotient->digits) / kExactPowers[static_cast<std::size_t>(quotient->places)],
+        value);
+  }
+  return RoundTo15DigitsByText(value);
+}
+
+double RoundTo15DigitsByText(double value) {
   const ShortDigits digits = DigitsOf(value);
   return Assemble({digits.digits.data(), static_cast<std::size_t>(digits.count)},
                   digits.exponent - digits.count, digits.negative);

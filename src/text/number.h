@@ -45,6 +45,8 @@ class ExactDecimal {
 
 // The value rounded to 15 significant digits, ties to even on the decimal expansion.
 double RoundTo15Digits(double value);
+// The plain form of it, for any finite value: the digits are written, and read again.
+double RoundTo15DigitsByText(double value);
 
 // A float as C's "%.15G" prints it, with "," as decimal mark: "0,1", "1E+15", "1,5E-05".
 std::string NumberText(double value);

@@ -11,6 +11,12 @@ namespace tessera {
 
 namespace {
 
+// Bit 1 of a level: its number has a point already. The other bits tell the level's rank.
+constexpr int kPoint = 1;
+constexpr int kSum = 2;
+constexpr int kProduct = 4;
+constexpr int kPower = 8;
+
 // One evaluation. The token is shared by all levels of the parser: "2(3)" reads as the one number 23.
 // KEPT: a ")" ends the innermost running level alone, there is no sign operator, and a step back to the
 // character that stopped a level is not taken from the text's last character
@@ -18,12 +24,6 @@ namespace {
 class Parser {
  public:
   Parser(std::string_view text, const StackLimit& stack) : text_(text), stack_(stack) {}
-
-  // Bit 1 of a level: its number has a point already. The other bits tell the level's rank.
-  static constexpr int kPoint = 1;
-  static constexpr int kSum = 2;
-  static constexpr int kProduct = 4;
-  static constexpr int kPower = 8;
 
   double Parse(double accumulator, int level);
   bool failed() const { return error_ != 0; }
@@ -35,12 +35,6 @@ class Parser {
   After Operate(char c, double& accumulator);
   void Flush(double& accumulator);
   double Leave(double accumulator);
-
-  // Operators of the same or a higher rank stop a level.
-  static bool Stops(char c, int level) {
-    const int mask = c == '^' ? 24 : (c == '+' || c == '-') ? 30 : 28;
-    return (level & mask) != 0;
-  }
 
   std::string_view text_;
   const StackLimit& stack_;
@@ -79,7 +73,7 @@ Parser::After Parser::Step(char c, double& accumulator, int& level) {
     case '&':
     case '@':
     case '^':
-      if (Stops(c, level)) return After::Leave;
+      if (StopsLevel(c, level)) return After::Leave;
       Flush(accumulator);
       return Operate(c, accumulator);
     case '(':
@@ -99,8 +93,7 @@ Parser::After Parser::Step(char c, double& accumulator, int& level) {
 }
 
 Parser::After Parser::Operate(char c, double& accumulator) {
-  const int rank = c == '^' ? kPower : (c == '+' || c == '-') ? kSum : kProduct;
-  const double right = Parse(0, rank);
+  const double right = Parse(0, RankOf(c));
   switch (c) {
     case '+':
       accumulator += right;
@@ -153,6 +146,19 @@ double Parser::Leave(double accumulator) {
 }
 
 }  // namespace
+
+bool IsOperator(char c) {
+  return c != '\0' && std::string_view("+-*/%&@^").find(c) != std::string_view::npos;
+}
+
+int RankOf(char c) {
+  return c == '^' ? kPower : (c == '+' || c == '-') ? kSum : kProduct;
+}
+
+bool StopsLevel(char c, int level) {
+  const int mask = c == '^' ? 24 : (c == '+' || c == '-') ? 30 : 28;
+  return (level & mask) != 0;
+}
 
 ExactDecimal ArithmeticEval(std::string_view expression, const StackLimit& stack) {
   const std::string text = Replace(expression, ',', '.');

@@ -14,4 +14,10 @@ namespace tessera {
 // stack can't hold.
 ExactDecimal ArithmeticEval(std::string_view expression, const StackLimit& stack);
 
+// The grammar of it: what an operator is, the level that its right side is read at, and whether it ends a
+// level: operators of the same or a higher rank do. Bit 1 of a level tells that its number has a point.
+bool IsOperator(char c);
+int RankOf(char c);
+bool StopsLevel(char c, int level);
+
 }  // namespace tessera

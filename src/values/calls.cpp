@@ -99,13 +99,12 @@ void ApplyUserFunction(Run& run, std::string& text, const Call& call) {
 }
 
 void ReplacementLimit::Count(std::string_view text) {
-  constexpr int kMostCalls = 100'000;
   constexpr std::size_t kLongestText = std::size_t{16} << 20;
-  if (++count_ > kMostCalls || text.size() > kLongestText) FailStack();
+  if (++count_ > most_ || text.size() > kLongestText) FailStack();
 }
 
 void ReplaceFunctions(Run& run, std::string& text, bool& numericTarget) {
-  ReplacementLimit limit;
+  ReplacementLimit limit(run);
   while (const auto call = FindFunction(run, text)) {
     run.stack.Check();
     limit.Count(text);
@@ -115,7 +114,7 @@ void ReplaceFunctions(Run& run, std::string& text, bool& numericTarget) {
 }
 
 void ReplaceUserFunctions(Run& run, std::string& text) {
-  ReplacementLimit limit;
+  ReplacementLimit limit(run);
   while (const auto call = FindUserFunction(run, text)) {
     limit.Count(text);
     ApplyUserFunction(run, text, *call);

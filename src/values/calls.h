@@ -20,10 +20,13 @@ struct Call {
 // again.
 class ReplacementLimit {
  public:
-  // One more call of `text` is about to be replaced. Failure 28 beyond 100,000 of them, or 16 MB of text.
+  explicit ReplacementLimit(const Run& run) : most_(run.mostReplacements) {}
+
+  // One more call of `text` is about to be replaced. Failure 28 beyond the run's limit, or 16 MB of text.
   void Count(std::string_view text);
 
  private:
+  int most_;
   int count_ = 0;
 };
 

@@ -11,7 +11,6 @@ namespace tessera {
 namespace {
 
 constexpr std::size_t kTermPlaces = 51;
-constexpr std::size_t kResultPlaces = 21;
 
 // A connective or relational operator found at a place of a condition's text; empty if there is none.
 struct Mark {
@@ -47,30 +46,28 @@ std::partial_ordering Order(const Value& left, const Value& right) {
 Condition SplitCondition(std::string_view text) {
   text = Trim(text);
   Condition condition;
-  std::string piece;
-  const auto endTerm = [&] {
+  std::size_t begin = 0;
+  const auto endTerm = [&](std::size_t end) {
     if (condition.terms.size() == kTermPlaces) FailSubscript();
-    condition.terms.emplace_back(Trim(piece));
-    piece.clear();
+    condition.terms.push_back(Trim(text.substr(begin, end - begin)));
   };
   for (std::size_t i = 0; i < text.size();) {
     if (text[i] == '"') {
       const std::size_t close = text.find('"', i + 1);
-      const std::size_t end = close == std::string_view::npos ? text.size() : close + 1;
-      piece.append(text.substr(i, end - i));
-      i = end;
+      i = close == std::string_view::npos ? text.size() : close + 1;
       if (i == text.size()) break;
     }
     const Mark mark = MarkAt(text, i);
     if (mark.word.empty()) {
-      piece.push_back(text[i++]);
+      ++i;
       continue;
     }
-    (mark.connective ? condition.connectives : condition.operators).emplace_back(mark.word);
-    endTerm();
+    (mark.connective ? condition.connectives : condition.operators).push_back(mark.word);
+    endTerm(i);
     i += mark.word.size();
+    begin = i;
   }
-  endTerm();
+  endTerm(text.size());
   return condition;
 }
 
@@ -91,7 +88,7 @@ std::string_view CompareTerms(std::string_view comparison, const Value& left, co
   return {};
 }
 
-std::string_view CombineConditions(const std::vector<std::string>& connectives,
+std::string_view CombineConditions(const std::vector<std::string_view>& connectives,
                                    const std::vector<std::string_view>& results) {
   const auto result = [&](std::size_t i) { return i < results.size() ? results[i] : std::string_view{}; };
   std::string_view word = result(0);
@@ -104,14 +101,14 @@ std::string_view CombineConditions(const std::vector<std::string>& connectives,
 
 std::string_view EvaluateCondition(Run& run, const Condition& condition) {
   std::vector<std::string_view> results;
-  const auto entry = [](const std::vector<std::string>& list, std::size_t i) {
-    return i < list.size() ? std::string_view(list[i]) : std::string_view{};
+  const auto entry = [](const std::vector<std::string_view>& list, std::size_t i) {
+    return i < list.size() ? list[i] : std::string_view{};
   };
   // Of a pair only the left term must be there: the right one may be an empty text.
   for (std::size_t i = 0; !entry(condition.terms, i).empty(); i += 2) {
     const Value left = EvalNumber(run, condition.terms[i]);
     const Value right = EvalNumber(run, entry(condition.terms, i + 1));
-    if (results.size() == kResultPlaces) FailSubscript();
+    if (results.size() == kMostComparisons) FailSubscript();
     results.push_back(CompareTerms(entry(condition.operators, results.size()), left, right));
   }
   return CombineConditions(condition.connectives, results);

@@ -2,7 +2,7 @@
 // The truth words are the texts "TRUE" and "FALSE"; a condition holds exactly when its final word is "TRUE".
 #pragma once
 
-#include <string>
+#include <cstddef>
 #include <string_view>
 #include <vector>
 
@@ -14,12 +14,16 @@ namespace tessera {
 inline constexpr std::string_view kTrue = "TRUE";
 inline constexpr std::string_view kFalse = "FALSE";
 
-// A condition's text cut into its parts. A term may be empty; operators and connectives are not.
+// A condition's text cut into its parts, which are views of it. A term may be empty; operators and
+// connectives are not.
 struct Condition {
-  std::vector<std::string> terms;
-  std::vector<std::string> operators;
-  std::vector<std::string> connectives;
+  std::vector<std::string_view> terms;
+  std::vector<std::string_view> operators;
+  std::vector<std::string_view> connectives;
 };
+
+// A condition has no more comparisons than this.
+inline constexpr std::size_t kMostComparisons = 21;
 
 // Failure 9 for more than 51 terms.
 Condition SplitCondition(std::string_view text);
@@ -28,7 +32,7 @@ Condition SplitCondition(std::string_view text);
 std::string_view CompareTerms(std::string_view comparison, const Value& left, const Value& right);
 
 // The final word of the results, joined by the connectives strictly from the left.
-std::string_view CombineConditions(const std::vector<std::string>& connectives,
+std::string_view CombineConditions(const std::vector<std::string_view>& connectives,
                                    const std::vector<std::string_view>& results);
 
 // Evaluates every comparison, with its side effects, and joins the results. Failure 9 for more than 21

@@ -11,11 +11,6 @@ namespace tessera {
 
 namespace {
 
-bool IsArithmeticText(std::string_view text) {
-  if (text.find_first_of("/*-+^%") == std::string_view::npos) return false;
-  return !text.starts_with('"') && !Trim(Unquote(text)).empty();
-}
-
 bool OpensName(char c) {
   const char lower = Lower(c);
   return lower >= 'a' && lower <= 'z';
@@ -35,15 +30,10 @@ struct Substituted {
 Substituted SubstituteVariables(Run& run, std::string_view text) {
   Substituted out;
   for (std::size_t i = 0; i < text.size(); ++out.pieces) {
-    if (!OpensName(text[i])) {
+    const std::size_t end = EndOfName(text, i);
+    if (end == i) {
       out.text.push_back(text[i++]);
       continue;
-    }
-    std::size_t end = i + 1;
-    while (end < text.size() && ContinuesName(text[end])) ++end;
-    if (end < text.size() && text[end] == '(') {
-      const std::size_t close = text.find(')', end);
-      end = close == std::string_view::npos ? text.size() : close + 1;
     }
     out.text += run.variables.VarRead(text.substr(i, end - i)).ToText();
     i = end;
@@ -76,6 +66,20 @@ class Pieces {
 
 }  // namespace
 
+bool IsArithmeticText(std::string_view text) {
+  if (text.find_first_of("/*-+^%") == std::string_view::npos) return false;
+  return !text.starts_with('"') && !Trim(Unquote(text)).empty();
+}
+
+std::size_t EndOfName(std::string_view text, std::size_t begin) {
+  if (!OpensName(text[begin])) return begin;
+  std::size_t end = begin + 1;
+  while (end < text.size() && ContinuesName(text[end])) ++end;
+  if (end == text.size() || text[end] != '(') return end;
+  const std::size_t close = text.find(')', end);
+  return close == std::string_view::npos ? text.size() : close + 1;
+}
+
 std::string_view Unquote(std::string_view text) {
   const Position start = text.starts_with("\"(") ? 3 : text.starts_with('"') ? 2 : 1;
   const Position end = text.ends_with(")\"") ? text.size() - 1
@@ -94,6 +98,10 @@ Value EvalNumber(Run& run, std::string_view source, bool& numericTarget) {
   text = Trim(std::string_view(text));
   ReplaceFunctions(run, text, numericTarget);
   ReplaceUserFunctions(run, text);
+  return EvalReplaced(run, text);
+}
+
+Value EvalReplaced(Run& run, std::string_view text) {
   // KEPT: a decimal comma makes the text numeric, and the conversion stops in front of it
   // (programs/numbers.tsc).
   if (IsNumeric(text)) return LeadingNumber(text);

@@ -16,6 +16,15 @@ namespace tessera {
 Value EvalNumber(Run& run, std::string_view text, bool& numericTarget);
 Value EvalNumber(Run& run, std::string_view text);
 
+// The general evaluator of a text in which no call is left to replace.
+Value EvalReplaced(Run& run, std::string_view text);
+
+// True for a text that is computed, if it is no number: one with an operator, and no literal.
+bool IsArithmeticText(std::string_view text);
+
+// Where the name ends that begins at `begin` (from 0), its index included; `begin` if no name does.
+std::size_t EndOfName(std::string_view text, std::size_t begin);
+
 // The evaluator of arguments that must stay text: calls and variables, no arithmetic.
 Value EvalText(Run& run, std::string_view text, bool& numericTarget);
 Value EvalText(Run& run, std::string_view text);

@@ -15,6 +15,7 @@
 #include "platform/stack_limit.h"
 #include "prepare/prepare.h"
 #include "values/function_table.h"
+#include "values/rounding_memo.h"
 #include "values/value.h"
 #include "values/variable_store.h"
 
@@ -75,6 +76,11 @@ struct Run {
 
   PreparedProgram program;
   VariableStore variables;
+  RoundingMemo roundings;
+  // Every rule by the text alone, without the forms beside it (FAST), for whoever doubts them.
+  bool plain = false;
+  // Replacing the calls of one text ends in failure 28 beyond so many of them.
+  int mostReplacements = 100'000;
   FileNumbers fileNumbers;         // of every file that the program has open, whatever command opened it
   FunctionTable functionTable;     // the language's words
   FunctionTable programFunctions;  // names of the program's functions

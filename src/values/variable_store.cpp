@@ -14,7 +14,6 @@ namespace {
 constexpr long kUndeclaredWrite = static_cast<long>(0x80040001);
 // More slots of one type than any program needs; beyond it the memory of the machine would answer.
 constexpr std::size_t kMaxSlots = 50'000'000;
-constexpr std::size_t kMaxTextLength = std::size_t{1} << 29;
 
 std::string_view NameWithoutIndex(std::string_view name) {
   return name.substr(0, name.find('('));
@@ -35,16 +34,40 @@ VariableStore::VariableStore(std::function<void(std::string_view)> showCritical)
 
 std::string_view VariableStore::LastVarType() const {
   constexpr std::array kWords = {kTypeString, kTypeInteiro, kTypeDecimal};
-  return kWords[lastVarType_];
+  return kWords[TableOf(lastVarType_)];
 }
 
-const VariableStore::Place* VariableStore::Lookup(std::string_view name) const {
+const Symbol& VariableStore::Intern(std::string_view name) {
+  static const Symbol none;
+  name = NameWithoutIndex(name);
+  if (name.size() > kNameWidth) return none;
+  return rows_[Upper(name)].symbol;
+}
+
+std::optional<VariableStore::Place> VariableStore::Lookup(std::string_view name) const {
   std::array<char, kNameWidth> upper;
   name = NameWithoutIndex(name);
-  if (name.size() > kNameWidth || !MayBeName(name)) return nullptr;
+  if (name.size() > kNameWidth || !MayBeName(name)) return std::nullopt;
   std::transform(name.begin(), name.end(), upper.begin(), [](char c) { return Upper(c); });
-  const auto found = places_.find(std::string_view(upper.data(), name.size()));
-  return found == places_.end() ? nullptr : &found->second;
+  return LookupExact(std::string_view(upper.data(), name.size()));
+}
+
+std::optional<VariableStore::Place> VariableStore::LookupExact(std::string_view upperName) const {
+  if (cutNames_) return Scan(upperName);
+  const auto found = rows_.find(upperName);
+  if (found == rows_.end() || found->second.symbol.type == Type::None) return std::nullopt;
+  return Place{found->second.symbol.type, found->second.index};
+}
+
+// The plain form: the first record of the name, table by table.
+std::optional<VariableStore::Place> VariableStore::Scan(std::string_view upperName) const {
+  for (const Type type : {Type::String, Type::Inteiro, Type::Decimal}) {
+    const auto& table = records_[TableOf(type)];
+    const auto found = std::find_if(table.begin(), table.end(),
+                                    [&](const Record& record) { return Trim(record.name) == upperName; });
+    if (found != table.end()) return Place{type, static_cast<std::size_t>(found - table.begin())};
+  }
+  return std::nullopt;
 }
 
 bool VariableStore::MayBeName(std::string_view name) const {
@@ -53,20 +76,15 @@ bool VariableStore::MayBeName(std::string_view name) const {
 }
 
 std::int32_t VariableStore::VarFind(std::string_view name) {
-  const Place* place = Lookup(name);
-  if (place == nullptr) return -1;
+  const auto place = Lookup(name);
+  if (!place) return -1;
   lastVarType_ = place->type;
-  return records_[place->type][place->row].first;
+  return Table(place->type)[place->index].first;
 }
 
 std::int32_t VariableStore::VarFindByScan(std::string_view name) const {
-  const std::string upper = Upper(NameWithoutIndex(name));
-  for (const auto& table : records_) {
-    for (const Record& record : table) {
-      if (Trim(record.name) == upper) return record.first;
-    }
-  }
-  return -1;
+  const auto place = Scan(Upper(NameWithoutIndex(name)));
+  return place ? records_[TableOf(place->type)][place->index].first : -1;
 }
 
 Value VariableStore::VarRead(std::string_view name) {
@@ -77,9 +95,9 @@ Value VariableStore::VarRead(std::string_view name) {
   }
   const std::size_t slot = CheckedSlot(lastVarType_, std::int64_t{first} + SlotIndex(name));
   switch (lastVarType_) {
-    case String:
+    case Type::String:
       return texts_[slot];
-    case Inteiro:
+    case Type::Inteiro:
       return integers_[slot];
     default:
       return decimals_[slot];
@@ -96,32 +114,23 @@ void VariableStore::VarWrite(std::string_view name, Value value, bool mustExist)
   }
   const std::int64_t slot = std::int64_t{first} + SlotIndex(name);
   switch (lastVarType_) {
-    case String: {
+    case Type::String: {
       std::string text = std::move(value).ToText();
       if (text.size() > kMaxTextLength) FailMemory();
-      texts_[CheckedSlot(String, slot)] = std::move(text);
+      texts_[CheckedSlot(Type::String, slot)] = std::move(text);
       break;
     }
-    case Inteiro: {
+    case Type::Inteiro: {
       const std::int32_t number = value.ToInteger();
-      integers_[CheckedSlot(Inteiro, slot)] = number;
+      integers_[CheckedSlot(Type::Inteiro, slot)] = number;
       break;
     }
     default: {
       const double number = value.ToDouble();
-      decimals_[CheckedSlot(Decimal, slot)] = number;
+      decimals_[CheckedSlot(Type::Decimal, slot)] = number;
       break;
     }
   }
-}
-
-bool VariableStore::AppendText(std::string_view name, std::string_view suffix) {
-  const std::int32_t first = VarFind(name);
-  if (first == -1 || lastVarType_ != String) return false;
-  std::string& text = texts_[CheckedSlot(String, std::int64_t{first} + SlotIndex(name))];
-  if (text.size() + suffix.size() > kMaxTextLength) FailMemory();
-  text += suffix;
-  return true;
 }
 
 std::int32_t VariableStore::SlotIndex(std::string_view name) {
@@ -141,7 +150,7 @@ std::int32_t VariableStore::VarIndexValue(std::string_view name) {
   }
   // KEPT: the "Inteiro" table is read whatever table the name was found in
   // (VariableStoreTest.AnIndexIsReadFromTheIntegerTable).
-  return integers_[CheckedSlot(Inteiro, first)];
+  return integers_[CheckedSlot(Type::Inteiro, first)];
 }
 
 std::size_t VariableStore::CheckedSlot(Type type, std::int64_t slot) const {
@@ -150,16 +159,16 @@ std::size_t VariableStore::CheckedSlot(Type type, std::int64_t slot) const {
 }
 
 std::size_t VariableStore::SlotCount(Type type) const {
-  return type == String ? texts_.size() : type == Inteiro ? integers_.size() : decimals_.size();
+  return type == Type::String ? texts_.size() : type == Type::Inteiro ? integers_.size() : decimals_.size();
 }
 
 void VariableStore::ResizeSlots(Type type, std::size_t count) {
   if (count > kMaxSlots) FailMemory();
   switch (type) {
-    case String:
+    case Type::String:
       texts_.resize(count);
       break;
-    case Inteiro:
+    case Type::Inteiro:
       integers_.resize(count);
       break;
     default:
@@ -183,66 +192,61 @@ void VariableStore::Create(std::string_view name, std::string_view type, std::in
   if (VarFind(name) != -1) return;
   Type table;
   if (type == kTypeString) {
-    table = String;
+    table = Type::String;
   } else if (type == kTypeInteiro) {
-    table = Inteiro;
+    table = Type::Inteiro;
   } else if (type == kTypeDecimal) {
-    table = Decimal;
+    table = Type::Decimal;
   } else {
     return;
   }
   const std::size_t nextFree = SlotCount(table) - 1;
   ResizeSlots(table, SlotCount(table) + static_cast<std::size_t>(count));
-  Record record{Upper(Left(name, kNameWidth)), static_cast<std::int32_t>(nextFree), count};
+  Record record{Upper(Left(name, kNameWidth)), static_cast<std::int32_t>(nextFree), count, nullptr};
   const std::string_view key = Trim(record.name);
-  places_.try_emplace(std::string(key), Place{table, records_[table].size()});
   const char initial = key.empty() ? '\0' : key.front();
   lengthsByFirst_[static_cast<unsigned char>(initial)] |= std::uint64_t{1} << key.size();
-  records_[table].push_back(std::move(record));
+  cutNames_ = cutNames_ || name.size() > kNameWidth;
+  quotedNames_ = quotedNames_ || initial == '"';
+  Row& row = rows_[std::string(key)];
+  if (row.symbol.type == Type::None) {
+    row = {{table, record.first}, Table(table).size()};
+    record.row = &row;
+  }
+  Table(table).push_back(std::move(record));
 }
 
 void VariableStore::VarRemove(std::string_view name, bool quiet) {
-  const std::string upper = Upper(name);
-  for (std::size_t t = 0; t < TypeCount; ++t) {
-    const Type type = static_cast<Type>(t);
-    auto& table = records_[type];
-    // FAST: the map knows the first record of a name; a name that it lacks is in no table.
-    const auto found = places_.find(std::string_view(upper));
-    if (found == places_.end()) break;
-    if (found->second.type != type) continue;
-    const std::size_t row = found->second.row;
-    const Record removed = table[row];
-
-    // Later records move one place down, and their slots by the removed count.
-    places_.erase(found);
-    table.erase(table.begin() + static_cast<std::ptrdiff_t>(row));
-    for (std::size_t later = row; later < table.size(); ++later) {
-      table[later].first -= removed.count;
-      const auto place = places_.find(Trim(table[later].name));
-      if (place == places_.end()) {
-        places_.emplace(Trim(table[later].name), Place{type, later});
-      } else if (place->second.type == type && place->second.row == later + 1) {
-        place->second.row = later;
-      }
-    }
-
-    // The value slots follow, and the slot behind the last one starts anew.
-    const auto shift = [&](auto& slots) {
-      const auto from = slots.begin() + removed.first;
-      slots.erase(from, from + removed.count);
-      slots.back() = {};
-    };
-    if (type == String) shift(texts_);
-    if (type == Inteiro) shift(integers_);
-    if (type == Decimal) shift(decimals_);
+  const auto place = LookupExact(Upper(name));
+  if (!place) {
+    if (!quiet) showCritical_(std::string("RemoveVariável - variável não declarada: "_w).append(name));
     return;
   }
-  if (!quiet) showCritical_(std::string("RemoveVariável - variável não declarada: "_w).append(name));
+  auto& table = Table(place->type);
+  const Record removed = table[place->index];
+  if (removed.row != nullptr) removed.row->symbol.type = Type::None;
+
+  // Later records move one place down, and their slots by the removed count.
+  table.erase(table.begin() + static_cast<std::ptrdiff_t>(place->index));
+  for (std::size_t later = place->index; later < table.size(); ++later) {
+    Record& record = table[later];
+    record.first -= removed.count;
+    if (record.row != nullptr) *record.row = {{place->type, record.first}, later};
+  }
+
+  // The value slots follow, and the slot behind the last one starts anew.
+  const auto shift = [&](auto& slots) {
+    const auto from = slots.begin() + removed.first;
+    slots.erase(from, from + removed.count);
+    slots.back() = {};
+  };
+  if (place->type == Type::String) shift(texts_);
+  if (place->type == Type::Inteiro) shift(integers_);
+  if (place->type == Type::Decimal) shift(decimals_);
 }
 
 std::string VariableStore::NameRecord(std::string_view type, std::size_t row) const {
-  const std::size_t table = type == kTypeString ? String : type == kTypeInteiro ? Inteiro : Decimal;
-  const Record& record = records_[table].at(row);
+  const Record& record = records_[TableOf(TypeOf(type))].at(row);
   std::string text(70, ' ');
   const auto overlay = [&](std::size_t column, std::string_view part) {
     text.replace(column - 1, part.size(), part);

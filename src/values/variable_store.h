@@ -3,14 +3,17 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
 
 #include "language/types.h"
+#include "values/symbol.h"
 #include "values/value.h"
 
 namespace tessera {
@@ -32,10 +35,6 @@ class VariableStore {
   // with number 0x80040001 when `mustExist`, else nothing happens.
   void VarWrite(std::string_view name, Value value, bool mustExist);
 
-  // Adds to the end of a "String" variable's text: what writing its text joined with `suffix` would store.
-  // False, and nothing done, for any other variable.
-  bool AppendText(std::string_view name, std::string_view suffix);
-
   // One variable or array of a type word; an existing name or any other word creates nothing.
   void VarCreateScalar(std::string_view name, std::string_view type);
   void VarCreateArray(std::string_view nameWithCount, std::string_view type);
@@ -46,6 +45,24 @@ class VariableStore {
   // The type word of the last hit of `VarFind`.
   std::string_view LastVarType() const;
 
+  // The symbol of a name; what stands from its first "(" on is no part of it.
+  const Symbol& Intern(std::string_view name);
+
+  // False once names were declared of which symbols know nothing: names that their records cut, of which
+  // several may be the same, and names that begin with a quote as literals do.
+  bool SymbolsTellAll() const { return !cutNames_ && !quotedNames_; }
+
+  // The slots of a type's values. Those of a symbol's variable begin at its `first`.
+  std::vector<std::string>& Texts() { return texts_; }
+  std::vector<std::int32_t>& Integers() { return integers_; }
+  std::vector<double>& Decimals() { return decimals_; }
+
+  // A text longer than this is more than a variable takes: failure 7.
+  static constexpr std::size_t kMaxTextLength = std::size_t{1} << 29;
+
+  // How many names a type's table has.
+  std::size_t NameCount(std::string_view type) const { return records_[TableOf(TypeOf(type))].size(); }
+
   // The record of 70 characters by which the store knows variable `row` of a type's table.
   std::string NameRecord(std::string_view type, std::size_t row) const;
 
@@ -55,17 +72,27 @@ class VariableStore {
  private:
   static constexpr std::size_t kNameWidth = 50;
 
-  enum Type : std::size_t { String, Inteiro, Decimal, TypeCount };
+  static constexpr std::size_t kTypes = 3;
+  using Type = VariableType;
+
+  struct Row;
 
   struct Record {
     std::string name;  // upper case, cut at kNameWidth, without padding
     std::int32_t first;
     std::int32_t count;
+    Row* row;  // none for a further record of a name
+  };
+
+  // Where a name's first record stands, and its symbol.
+  struct Row {
+    Symbol symbol;
+    std::size_t index = 0;
   };
 
   struct Place {
     Type type;
-    std::size_t row;
+    std::size_t index;
   };
 
   // FNV-1a, which costs less than the library's hash on texts as short as names.
@@ -78,7 +105,15 @@ class VariableStore {
     }
   };
 
-  const Place* Lookup(std::string_view name) const;
+  // A word that is no type counts as "Decimal".
+  static Type TypeOf(std::string_view word) {
+    return word == kTypeString ? Type::String : word == kTypeInteiro ? Type::Inteiro : Type::Decimal;
+  }
+  static std::size_t TableOf(Type type) { return static_cast<std::size_t>(type); }
+  std::vector<Record>& Table(Type type) { return records_[TableOf(type)]; }
+  std::optional<Place> Lookup(std::string_view name) const;
+  std::optional<Place> LookupExact(std::string_view upperName) const;
+  std::optional<Place> Scan(std::string_view upperName) const;
   bool MayBeName(std::string_view name) const;
   std::int32_t VarIndexValue(std::string_view name);
   std::int32_t SlotIndex(std::string_view name);
@@ -88,17 +123,19 @@ class VariableStore {
   void Create(std::string_view name, std::string_view type, std::int32_t count);
 
   std::function<void(std::string_view)> showCritical_;
-  Type lastVarType_ = String;
-  std::array<std::vector<Record>, TypeCount> records_;
+  Type lastVarType_ = Type::String;
+  std::array<std::vector<Record>, kTypes> records_;
   // One slot beyond the next free index each, so that the next free index is the size minus 1.
   std::vector<std::string> texts_{1};
   std::vector<std::int32_t> integers_{0};
   std::vector<double> decimals_{0};
-  // FAST: the first record of each name, beside the tables that the rules scan.
-  std::unordered_map<std::string, Place, NameHash, std::equal_to<>> places_;
+  // FAST: the names that have a variable or were asked for, beside the tables that the rules scan.
+  std::unordered_map<std::string, Row, NameHash, std::equal_to<>> rows_;
   // FAST: for each first character, the lengths that names have had, a bit each. Most texts that expressions
   // look up are no names, and this tells it of most of them.
   std::array<std::uint64_t, 256> lengthsByFirst_{};
+  bool cutNames_ = false;
+  bool quotedNames_ = false;
 };
 
 }  // namespace tessera

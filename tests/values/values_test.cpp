@@ -126,15 +126,15 @@ TEST(SplitArguments, CutsAtCommasOutsideLiterals) {
 
 TEST(Conditions, AreCutIntoTermsAndMarks) {
   const Condition two = SplitCondition(" a = 1 E b <> \"E OU\" OU c>=2 ");
-  EXPECT_EQ(two.terms, (std::vector<std::string>{"a", "1", "b", "\"E OU\"", "c", "2"}));
-  EXPECT_EQ(two.operators, (std::vector<std::string>{"=", "<>", ">="}));
-  EXPECT_EQ(two.connectives, (std::vector<std::string>{"E", "OU"}));
-  EXPECT_EQ(SplitCondition("a").terms, (std::vector<std::string>{"a"}));
+  EXPECT_EQ(two.terms, (std::vector<std::string_view>{"a", "1", "b", "\"E OU\"", "c", "2"}));
+  EXPECT_EQ(two.operators, (std::vector<std::string_view>{"=", "<>", ">="}));
+  EXPECT_EQ(two.connectives, (std::vector<std::string_view>{"E", "OU"}));
+  EXPECT_EQ(SplitCondition("a").terms, (std::vector<std::string_view>{"a"}));
 }
 
 TEST(Conditions, OuCutsAName) {
-  EXPECT_EQ(SplitCondition("TOTOU = 1").terms, (std::vector<std::string>{"TOT", "", "1"}));
-  EXPECT_EQ(SplitCondition("a = 1 e b = 2").terms, (std::vector<std::string>{"a", "1 e b", "2"}));
+  EXPECT_EQ(SplitCondition("TOTOU = 1").terms, (std::vector<std::string_view>{"TOT", "", "1"}));
+  EXPECT_EQ(SplitCondition("a = 1 e b = 2").terms, (std::vector<std::string_view>{"a", "1 e b", "2"}));
 }
 
 // An empty text on the right is a term of its own; an empty left one ends the list.

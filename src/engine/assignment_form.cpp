@@ -1,0 +1,156 @@
+#include "engine/assignment_form.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "engine/assignment.h"
+#include "language/words.h"
+#include "text/one_based.h"
+#include "values/eval.h"
+
+namespace tessera {
+
+AssignmentForm::AssignmentForm(Run& run, const Line& line) : right_(ReadRightSide(line.text)) {
+  if (right_.readsSql) return;
+  if (right_.joined.empty()) {
+    ReadTerm(run);
+  } else {
+    ReadJoined(run);
+  }
+}
+
+void AssignmentForm::ReadTerm(Run& run) {
+  if (right_.isText || right_.text.empty()) return;
+  TermForm term(run, right_.text);
+  if (!term.IsWithoutCalls() || HoldsCallOf(trait::kTakesCommas, right_.text)) return;
+  // A comma outside of literals would cut the right side into several parts.
+  constexpr std::size_t kPlaces = 11;
+  const auto parts = SplitArguments(run, right_.text, kPlaces);
+  if (parts[0] != right_.text) return;
+  term_ = std::move(term);
+  kind_ = Kind::Term;
+}
+
+void AssignmentForm::ReadJoined(Run& run) {
+  for (const std::string_view text : right_.joined) {
+    Part part{text, text.starts_with('"'), {}};
+    if (part.isLiteral) {
+      part.text = Unquote(text);
+    } else {
+      const auto name = NameForm::Of(run.variables, text);
+      if (!name) return;
+      part.name = *name;
+    }
+    parts_.push_back(part);
+  }
+  kind_ = Kind::Joined;
+}
+
+void AssignmentForm::Assign(Engine& engine, Run& run, const NameForm& target, std::string_view name) const {
+  if (kind_ == Kind::Plain || !run.variables.SymbolsTellAll()) {
+    AssignStatement(engine, run, right_, name, target.type() != VariableType::String);
+    return;
+  }
+  if (kind_ == Kind::Joined) {
+    engine.TextExpressionFlag = right_.isText;
+    if (AppendJoined(run, target)) return;
+    std::string joined;
+    Join(run, joined);
+    run.variables.VarWrite(name, std::move(joined), true);
+    return;
+  }
+  engine.TextExpressionFlag = false;
+  if (AssignTerm(run, target)) return;
+  run.variables.VarWrite(name, AsWritten(term_.Evaluate(run)), true);
+}
+
+bool AssignmentForm::AssignTerm(Run& run, const NameForm& target) const {
+  VariableStore& store = run.variables;
+  if (std::int32_t* integer = target.Integer(store)) {
+    constexpr std::int64_t kLeast = std::numeric_limits<std::int32_t>::min();
+    constexpr std::int64_t kMost = std::numeric_limits<std::int32_t>::max();
+    std::int64_t whole = 0;
+    if (!term_.ReadWhole(store, whole)) {
+      const Reading reading = term_.Read(run);
+      if (reading.kind != Reading::Kind::Whole && reading.kind != Reading::Kind::Float) return false;
+      const double rounded = RoundHalfEven(run.roundings.Rounded(reading.number));
+      if (!(rounded >= static_cast<double>(kLeast) && rounded <= static_cast<double>(kMost))) return false;
+      whole = static_cast<std::int64_t>(rounded);
+    }
+    if (whole < kLeast || whole > kMost) return false;
+    *integer = static_cast<std::int32_t>(whole);
+    return true;
+  }
+  const Reading reading = term_.Read(run);
+  if (double* decimal = target.Decimal(store)) {
+    if (reading.kind != Reading::Kind::Whole && reading.kind != Reading::Kind::Float) return false;
+    *decimal = run.roundings.Rounded(reading.number);
+    return true;
+  }
+  std::string* text = target.Text(store);
+  if (text == nullptr) return false;
+  if (reading.kind == Reading::Kind::Text) {
+    if (reading.text.size() > VariableStore::kMaxTextLength) return false;
+    text->assign(reading.text);
+    return true;
+  }
+  if (reading.kind != Reading::Kind::Whole) return false;
+  *text = std::to_string(reading.whole);
+  return true;
+}
+
+// True for a term whose reading shows nothing and changes nothing.
+bool AssignmentForm::IsReady(Run& run, const Part& part) {
+  if (part.isLiteral) return true;
+  VariableStore& store = run.variables;
+  return part.name.Integer(store) != nullptr || part.name.Decimal(store) != nullptr ||
+         part.name.Text(store) != nullptr;
+}
+
+// `t = t & ...` adds to the text where it stands.
+bool AssignmentForm::AppendJoined(Run& run, const NameForm& target) const {
+  std::string* text = target.Text(run.variables);
+  if (text == nullptr || parts_.front().isLiteral || parts_.front().name.Text(run.variables) != text)
+    return false;
+  if (!std::all_of(parts_.begin(), parts_.end(), [&](const Part& part) { return IsReady(run, part); }))
+    return false;
+  const std::size_t before = text->size();
+  for (std::size_t i = 1; i < parts_.size(); ++i) {
+    const Part& part = parts_[i];
+    // The variable itself stands for what it held before.
+    if (part.isLiteral) {
+      text->append(part.text);
+    } else if (const std::string* other = part.name.Text(run.variables)) {
+      text->append(*other, 0, other == text ? before : std::string::npos);
+    } else {
+      text->append(ReadyText(run, part));
+    }
+    if (text->size() > VariableStore::kMaxTextLength) {
+      text->resize(before);
+      return false;
+    }
+  }
+  return true;
+}
+
+std::string AssignmentForm::ReadyText(Run& run, const Part& part) {
+  if (const std::int32_t* integer = part.name.Integer(run.variables)) return NumberText(*integer);
+  return NumberText(*part.name.Decimal(run.variables));
+}
+
+void AssignmentForm::Join(Run& run, std::string& joined) const {
+  for (const Part& part : parts_) {
+    if (part.isLiteral) {
+      joined.append(part.text);
+    } else if (const std::string* text = part.name.Text(run.variables)) {
+      joined.append(*text);
+    } else if (IsReady(run, part)) {
+      joined.append(ReadyText(run, part));
+    } else {
+      joined.append(JoinedTerm(run, part.text));
+    }
+  }
+}
+
+}  // namespace tessera

@@ -1,0 +1,47 @@
+// FAST: the right side of an assignment whose line never changes.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "engine/engine.h"
+#include "engine/line.h"
+#include "values/name_form.h"
+#include "values/run.h"
+#include "values/term_form.h"
+
+namespace tessera {
+
+class AssignmentForm {
+ public:
+  AssignmentForm(Run& run, const Line& line);
+
+  // What `AssignStatement` does for the variable `target`, named `name`, which is declared.
+  void Assign(Engine& engine, Run& run, const NameForm& target, std::string_view name) const;
+
+ private:
+  enum class Kind : std::uint8_t { Plain, Term, Joined };
+
+  // One term between two " & ".
+  struct Part {
+    std::string_view text;
+    bool isLiteral = false;
+    NameForm name;
+  };
+
+  void ReadTerm(Run& run);
+  void ReadJoined(Run& run);
+  bool AssignTerm(Run& run, const NameForm& target) const;
+  bool AppendJoined(Run& run, const NameForm& target) const;
+  void Join(Run& run, std::string& joined) const;
+  static bool IsReady(Run& run, const Part& part);
+  static std::string ReadyText(Run& run, const Part& part);
+
+  Kind kind_ = Kind::Plain;
+  RightSide right_;
+  TermForm term_;
+  std::vector<Part> parts_;
+};
+
+}  // namespace tessera

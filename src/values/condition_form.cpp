@@ -1,0 +1,64 @@
+#include "values/condition_form.h"
+
+#include "platform/failure.h"
+#include "text/one_based.h"
+
+namespace tessera {
+
+ConditionForm::ConditionForm(Run& run, std::string_view text) {
+  Condition condition = SplitCondition(text);
+  const auto entry = [](const std::vector<std::string_view>& list, std::size_t i) {
+    return i < list.size() ? list[i] : std::string_view{};
+  };
+  for (std::size_t i = 0; !entry(condition.terms, i).empty(); i += 2) {
+    const std::string_view word = entry(condition.operators, i / 2);
+    comparisons_.push_back({TermForm(run, condition.terms[i]), TermForm(run, entry(condition.terms, i + 1)),
+                            AskedBy(word), word});
+  }
+  connectives_ = std::move(condition.connectives);
+  isSingle_ = comparisons_.size() == 1 && connectives_.empty();
+}
+
+ConditionForm::Asked ConditionForm::AskedBy(std::string_view word) {
+  if (word == "=") return Asked::Equal;
+  if (word == "<") return Asked::Less;
+  if (word == ">") return Asked::Greater;
+  if (word == "<>") return Asked::Unequal;
+  if (word == ">=") return Asked::AtLeast;
+  if (word == "<=") return Asked::AtMost;
+  return Asked::Nothing;
+}
+
+std::string_view ConditionForm::Outcome(Run& run, const Comparison& comparison) {
+  const Reading left = comparison.left.Read(run);
+  const Reading right = comparison.right.Read(run);
+  const auto isNumber = [](const Reading& reading) {
+    return reading.kind == Reading::Kind::Whole || reading.kind == Reading::Kind::Float;
+  };
+  if (comparison.asked != Asked::Nothing) {
+    const auto word = [&](bool less, bool equal) {
+      return Compare(comparison.asked, less, equal) ? kTrue : kFalse;
+    };
+    if (isNumber(left) && isNumber(right))
+      return word(left.number < right.number, left.number == right.number);
+    if (left.kind == Reading::Kind::Text && right.kind == Reading::Kind::Text) {
+      const int order = CompareText(left.text, right.text);
+      return word(order < 0, order == 0);
+    }
+  }
+  const Value first = comparison.left.Evaluate(run);
+  const Value second = comparison.right.Evaluate(run);
+  return CompareTerms(comparison.word, first, second);
+}
+
+bool ConditionForm::HoldsByTerms(Run& run) const {
+  std::vector<std::string_view> results;
+  for (const Comparison& comparison : comparisons_) {
+    const std::string_view outcome = Outcome(run, comparison);
+    if (results.size() == kMostComparisons) FailSubscript();
+    results.push_back(outcome);
+  }
+  return CombineConditions(connectives_, results) == kTrue;
+}
+
+}  // namespace tessera

@@ -1,0 +1,59 @@
+// FAST: a name in a text that never changes, with its index if it has one: the symbols that the store would
+// look up, and the element's place.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+#include "values/variable_store.h"
+
+namespace tessera {
+
+struct NameForm {
+  const Symbol* symbol = nullptr;
+  const Symbol* index = nullptr;  // of an index that is a name
+  std::int32_t offset = 0;        // of one that is a number
+
+  // Nothing for a name whose index can't be read without a failure.
+  static std::optional<NameForm> Of(VariableStore& store, std::string_view name);
+
+  VariableType type() const { return symbol->type; }
+
+  // The slot of the name's value in a table of `count` slots. False where the way by the name has to tell
+  // what is wrong. The name has a type.
+  bool FindSlot(VariableStore& store, std::size_t count, std::size_t& slot) const {
+    std::int64_t place = std::int64_t{symbol->first} + offset;
+    if (index != nullptr) {
+      const auto& integers = store.Integers();
+      // Whatever the type of the index, the table of integers is read.
+      const auto at = static_cast<std::size_t>(index->first);
+      if (index->type == VariableType::None || at >= integers.size()) return false;
+      place += integers[at];
+    }
+    slot = static_cast<std::size_t>(place);
+    return place >= 0 && slot < count;
+  }
+
+  // The value, of a variable of that type; null for any other.
+  std::int32_t* Integer(VariableStore& store) const {
+    return ValueIn(store, store.Integers(), VariableType::Inteiro);
+  }
+  double* Decimal(VariableStore& store) const {
+    return ValueIn(store, store.Decimals(), VariableType::Decimal);
+  }
+  std::string* Text(VariableStore& store) const {
+    return ValueIn(store, store.Texts(), VariableType::String);
+  }
+
+ private:
+  template <typename Slots>
+  typename Slots::value_type* ValueIn(VariableStore& store, Slots& slots, VariableType wanted) const {
+    std::size_t slot = 0;
+    if (symbol->type != wanted || !FindSlot(store, slots.size(), slot)) return nullptr;
+    return &slots[slot];
+  }
+};
+
+}  // namespace tessera

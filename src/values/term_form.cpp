@@ -1,0 +1,103 @@
+#include "values/term_form.h"
+
+#include "text/one_based.h"
+#include "values/calls.h"
+#include "values/eval.h"
+
+namespace tessera {
+
+namespace {
+
+// True if evaluating the text may run a command or a function of the program, or fails before it would.
+bool MayCall(const Run& run, std::string_view text) {
+  const bool isLiteral = text.starts_with('"') && text.ends_with('"');
+  if (!isLiteral && run.functionTable.FirstCalledIn(text)) return true;
+  return !text.starts_with('"') && run.programFunctions.FirstCalledIn(text);
+}
+
+}  // namespace
+
+TermForm::TermForm(Run& run, std::string_view text) : text_(text) {
+  // Marks of parentheses would have to be taken off.
+  if (text.find_first_of("[]") != std::string_view::npos) return;
+  trimmed_ = Trim(text);
+  if (MayCall(run, trimmed_)) return;
+  if (IsNumeric(trimmed_)) {
+    number_ = LeadingNumber(trimmed_);
+    constexpr double kMost = 1e15;
+    const bool isWhole = number_ > -kMost && number_ < kMost &&
+                         number_ == static_cast<double>(static_cast<std::int64_t>(number_));
+    kind_ = isWhole ? Kind::Whole : Kind::Float;
+    if (isWhole) whole_ = static_cast<std::int64_t>(number_);
+    return;
+  }
+  if (IsArithmeticText(trimmed_)) {
+    auto form = ArithmeticForm::Of(run.variables, trimmed_);
+    if (!form) return;
+    arithmetic_ = std::make_unique<const ArithmeticForm>(*std::move(form));
+    kind_ = Kind::Arithmetic;
+    return;
+  }
+  if (trimmed_.starts_with('"')) {
+    kind_ = Kind::Literal;
+    return;
+  }
+  const auto name = NameForm::Of(run.variables, trimmed_);
+  if (!name) return;
+  name_ = *name;
+  kind_ = Kind::Name;
+}
+
+Reading TermForm::Read(Run& run) const {
+  if (!run.variables.SymbolsTellAll()) return {};
+  VariableStore& store = run.variables;
+  switch (kind_) {
+    case Kind::Plain:
+      return {};
+    case Kind::Whole:
+      return {Reading::Kind::Whole, whole_, number_, {}};
+    case Kind::Float:
+      return {Reading::Kind::Float, 0, number_, {}};
+    case Kind::Literal:
+      return {Reading::Kind::Text, 0, 0, Unquote(trimmed_)};
+    case Kind::Name: {
+      if (name_.type() == VariableType::None) return {Reading::Kind::Text, 0, 0, Unquote(trimmed_)};
+      if (const std::int32_t* integer = name_.Integer(store)) {
+        return {Reading::Kind::Whole, *integer, static_cast<double>(*integer), {}};
+      }
+      if (const double* decimal = name_.Decimal(store)) return {Reading::Kind::Float, 0, *decimal, {}};
+      if (const std::string* text = name_.Text(store)) return {Reading::Kind::Text, 0, 0, *text};
+      return {};
+    }
+    default: {
+      Reading reading;
+      if (arithmetic_->IsWhole() && arithmetic_->EvaluateWhole(store, reading.whole)) {
+        reading.kind = Reading::Kind::Whole;
+        reading.number = static_cast<double>(reading.whole);
+      } else if (arithmetic_->EvaluateFloat(store, run.roundings, reading.number)) {
+        reading.kind = Reading::Kind::Float;
+      }
+      return reading;
+    }
+  }
+}
+
+Value TermForm::Evaluate(Run& run) const {
+  if (kind_ == Kind::Plain) return EvalNumber(run, text_);
+  const Reading reading = Read(run);
+  switch (reading.kind) {
+    case Reading::Kind::Nothing:
+      return EvalReplaced(run, trimmed_);
+    case Reading::Kind::Text:
+      return reading.text;
+    default:
+      break;
+  }
+  if (kind_ == Kind::Arithmetic) return *ExactDecimal::FromDouble(reading.number);
+  if (kind_ == Kind::Name && reading.kind == Reading::Kind::Whole) {
+    return static_cast<std::int32_t>(reading.whole);
+  }
+  return reading.number;
+}
+
+}  // namespace tessera

@@ -1,0 +1,77 @@
+// FAST: an expression text that never changes, with what the general evaluator finds out about it each time
+// found out once: that it holds no call, that it is a number, a name, arithmetic or a mere text. Evaluating
+// the form gives what evaluating the text gives. What a form can't settle is left to the text: nothing has
+// happened until then, so that the text's own way begins at its beginning.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string_view>
+
+#include "values/arithmetic_form.h"
+#include "values/name_form.h"
+#include "values/run.h"
+#include "values/value.h"
+
+namespace tessera {
+
+// A number or a text that a form reads without any effect.
+struct Reading {
+  enum class Kind : std::uint8_t { Nothing, Whole, Float, Text };
+
+  Kind kind = Kind::Nothing;  // nothing: the text has to tell
+  std::int64_t whole = 0;
+  double number = 0;
+  std::string_view text;  // until a variable is written
+};
+
+class TermForm {
+ public:
+  TermForm() = default;
+  // `text` is an expression as the evaluator takes it, and outlives the form.
+  TermForm(Run& run, std::string_view text);
+
+  std::string_view text() const { return text_; }
+
+  // True if reading or evaluating runs no command and no function.
+  bool IsWithoutCalls() const { return kind_ != Kind::Plain; }
+
+  // What `EvalNumber` gives.
+  Value Evaluate(Run& run) const;
+
+  // The same, where it is a number or a text that lies ready.
+  Reading Read(Run& run) const;
+
+  // The same, where it is a whole number.
+  bool ReadWhole(VariableStore& store, std::int64_t& whole) const {
+    switch (kind_) {
+      case Kind::Whole:
+        whole = whole_;
+        return true;
+      case Kind::Name:
+        if (const std::int32_t* integer = name_.Integer(store)) {
+          whole = *integer;
+          return true;
+        }
+        return false;
+      case Kind::Arithmetic:
+        return arithmetic_->IsWhole() && arithmetic_->EvaluateWhole(store, whole);
+      default:
+        return false;
+    }
+  }
+
+ private:
+  enum class Kind : std::uint8_t { Plain, Whole, Float, Literal, Name, Arithmetic };
+
+  Kind kind_ = Kind::Plain;
+  std::int64_t whole_ = 0;
+  double number_ = 0;  // of a whole number as well
+  NameForm name_;
+  std::string_view text_;     // as it was given
+  std::string_view trimmed_;  // of a text without calls
+  std::unique_ptr<const ArithmeticForm> arithmetic_;
+};
+
+}  // namespace tessera
