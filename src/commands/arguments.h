@@ -25,14 +25,14 @@ class ArgumentView {
  public:
   // `first` is the place of the signature's first argument.
   ArgumentView(Run& run, std::span<const std::string> parts, const Signature& signature, std::size_t first)
-      : run_(run), parts_(parts), signature_(signature), first_(first) {}
+      : ArgumentView(run, {parts, parts.size(), nullptr}, signature, first) {}
 
   // The argument as the program wrote it. Failure 9 beyond the list.
   const std::string& Raw(ArgumentName name) const { return Part(first_ + signature_.PlaceOf(name)); }
   bool IsEmpty(ArgumentName name) const { return Raw(name).empty(); }
 
   // The value of a place that is computed.
-  Value Number(ArgumentName name) const { return EvalNumber(run_, Raw(name)); }
+  Value Number(ArgumentName name) const { return NumberAt(first_ + signature_.PlaceOf(name)); }
 
   // The same, or nothing where the place is empty or its value the empty text.
   std::optional<Value> OptionalNumber(ArgumentName name) const {
@@ -46,31 +46,69 @@ class ArgumentView {
   std::string Word(ArgumentName name) const { return Upper(Number(name).ToText()); }
 
   // The text of a place that must stay text: calls and variables, no arithmetic.
-  std::string Text(ArgumentName name) const { return EvalText(run_, Raw(name)).ToText(); }
+  std::string Text(ArgumentName name) const {
+    const std::size_t place = first_ + signature_.PlaceOf(name);
+    const std::string& part = Part(place);
+    if (list_.forms != nullptr && place < list_.parts.size()) return list_.forms->Text(run_, place).ToText();
+    return EvalText(run_, part).ToText();
+  }
 
   // The places from an argument on, up to the first empty one.
   std::span<const std::string> List(ArgumentName name) const {
-    const auto rest = parts_.subspan(first_ + signature_.PlaceOf(name));
-    const auto end =
-        std::find_if(rest.begin(), rest.end(), [](const std::string& part) { return part.empty(); });
-    return rest.first(static_cast<std::size_t>(end - rest.begin()));
+    const std::size_t begin = first_ + signature_.PlaceOf(name);
+    return list_.parts.subspan(std::min(begin, list_.parts.size()), CountFrom(begin));
+  }
+
+  // The values of these places as texts, one behind the other.
+  std::string Joined(ArgumentName name) const {
+    const std::size_t begin = first_ + signature_.PlaceOf(name);
+    std::string joined;
+    for (std::size_t i = 0, count = CountFrom(begin); i < count; ++i) joined += NumberAt(begin + i).ToText();
+    return joined;
   }
 
   // A place of the list by its number, and how many there are.
   const std::string& Part(std::size_t place) const {
-    if (place >= parts_.size()) FailSubscript();
-    return parts_[place];
+    static const std::string empty;
+    if (place >= list_.places) FailSubscript();
+    return place < list_.parts.size() ? list_.parts[place] : empty;
   }
-  std::size_t Places() const { return parts_.size(); }
+  std::size_t Places() const { return list_.places; }
+
+  // The value of a place by its number.
+  Value NumberAt(std::size_t place) const {
+    const std::string& part = Part(place);
+    if (list_.forms != nullptr && place < list_.parts.size()) return list_.forms->Number(run_, place);
+    return EvalNumber(run_, part);
+  }
 
   // The same list, read by another signature from a place on.
   ArgumentView As(const Signature& signature, std::size_t first = 0) const {
-    return {run_, parts_, signature, first};
+    return {run_, list_, signature, first};
   }
 
+ protected:
+  // The pieces of a list of `places`; those behind the last one are empty. Forms stand beside a text that
+  // never changes.
+  struct Cut {
+    std::span<const std::string> parts;
+    std::size_t places;
+    ArgumentForms* forms;
+  };
+
+  ArgumentView(Run& run, const Cut& list, const Signature& signature, std::size_t first)
+      : run_(run), list_(list), signature_(signature), first_(first) {}
+
  private:
+  // How many places from one on are not empty.
+  std::size_t CountFrom(std::size_t begin) const {
+    std::size_t end = begin;
+    while (end < list_.parts.size() && !list_.parts[end].empty()) ++end;
+    return end - begin;
+  }
+
   Run& run_;
-  std::span<const std::string> parts_;
+  Cut list_;
   const Signature& signature_;
   std::size_t first_;
 };
@@ -78,13 +116,19 @@ class ArgumentView {
 namespace detail {
 
 struct CutList {
-  explicit CutList(const WordCall& call) {
+  explicit CutList(const WordCall& call) : places(call.word.Places()) {
+    const bool splitAtEqual = call.word.Has(trait::kEqualSign);
+    if (call.forms != nullptr && call.forms->Cut(call.run, places, splitAtEqual)) {
+      forms = call.forms;
+      return;
+    }
     bool numericTarget = false;
-    parts = SplitArguments(call.run, call.text, call.word.Places(), call.word.Has(trait::kEqualSign),
-                           numericTarget);
+    parts = SplitArguments(call.run, call.text, places, splitAtEqual, numericTarget);
   }
 
-  std::vector<std::string> parts;
+  std::size_t places;
+  ArgumentForms* forms = nullptr;
+  std::vector<std::string> parts;  // where there are no forms
 };
 
 }  // namespace detail
@@ -94,7 +138,10 @@ class Arguments : private detail::CutList, public ArgumentView {
  public:
   // Failure 9 for more arguments than the word's list has places.
   explicit Arguments(const WordCall& call)
-      : CutList(call), ArgumentView(call.run, parts, call.word.arguments, 0), word_(call.word) {}
+      : CutList(call),
+        ArgumentView(call.run, {forms != nullptr ? forms->parts() : parts, places, forms},
+                     call.word.arguments, 0),
+        word_(call.word) {}
   Arguments(const Arguments&) = delete;
   Arguments& operator=(const Arguments&) = delete;
 

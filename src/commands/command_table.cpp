@@ -28,7 +28,7 @@ bool IsWordToCome(const WordCall& call) {
 }  // namespace
 
 CommandTable::CommandTable(Run& run) : run_(run) {
-  run.doors.CommandCall = [this](std::string_view name, std::string_view arguments) {
+  run.doors.CommandCall = [this](std::string_view name, const ArgumentText& arguments) {
     return CommandCall(name, arguments);
   };
   for (const Word& word : Words()) {
@@ -57,10 +57,13 @@ const Command* CommandTable::Find(std::string_view name) const {
   return isCaught ? &prefix->second : nullptr;
 }
 
-Value CommandTable::CommandCall(std::string_view name, std::string_view arguments) const {
-  const Command* command = Find(name);
+Value CommandTable::CommandCall(std::string_view name, const ArgumentText& arguments) const {
+  // FAST: a text that never changes belongs to one word, which is looked up once.
+  const Command* command = arguments.forms != nullptr ? arguments.forms->command : nullptr;
+  if (command == nullptr) command = Find(name);
   if (command == nullptr) return {};
-  return command->handler({run_, command->word, name, arguments});
+  if (arguments.forms != nullptr) arguments.forms->command = command;
+  return command->handler({run_, command->word, name, arguments.text, arguments.forms});
 }
 
 // OPEN: once in a run, so that a loop over such a word does not hold the program up.

@@ -12,6 +12,7 @@
 #include <unordered_map>
 
 #include "language/words.h"
+#include "values/argument_text.h"
 #include "values/run.h"
 #include "values/value.h"
 
@@ -21,8 +22,9 @@ namespace tessera {
 struct WordCall {
   Run& run;
   const Word& word;
-  std::string_view name;  // as the program wrote it
-  std::string_view text;  // the raw text of the arguments behind it
+  std::string_view name;           // as the program wrote it
+  std::string_view text;           // the raw text of the arguments behind it
+  ArgumentForms* forms = nullptr;  // beside a text that never changes
 };
 
 // A text result carries its double quotes, a number goes bare, the empty value is "none".
@@ -49,7 +51,7 @@ class CommandTable {
   const Command* Find(std::string_view name) const;
 
   // The handler's answer, or the empty value for a word that no rule catches.
-  Value CommandCall(std::string_view name, std::string_view arguments) const;
+  Value CommandCall(std::string_view name, const ArgumentText& arguments) const;
 
  private:
   void TellComing(const WordCall& call);

@@ -14,7 +14,7 @@ namespace tessera {
 namespace {
 
 Value OnlyArgument(const WordCall& call) {
-  return EvalNumber(call.run, Arguments(call).Part(0));
+  return Arguments(call).NumberAt(0);
 }
 
 // A function of one number; a result that no float holds is failure 6.

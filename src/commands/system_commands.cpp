@@ -13,8 +13,8 @@ constexpr std::string_view kCancelled = "CANCELADO";
 Value Mensagem(const WordCall& call) {
   const Arguments arguments(call);
   Box box{.text = {}, .title = ProgramTitle(call.run), .icon = BoxIcon::Information};
-  for (const std::string& argument : arguments.List("valor")) {
-    const std::string text = EvalNumber(call.run, argument).ToText();
+  for (std::size_t place = 0, count = arguments.List("valor").size(); place < count; ++place) {
+    const std::string text = arguments.NumberAt(place).ToText();
     if (Upper(text) == kYesNoWord) {
       box.icon = BoxIcon::Question;
       box.buttons = BoxButtons::YesNo;

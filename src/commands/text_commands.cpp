@@ -25,10 +25,7 @@ std::size_t LengthOf(std::int32_t number) {
 }
 
 Value Unir(const WordCall& call) {
-  const Arguments arguments(call);
-  std::string joined;
-  for (const std::string& value : arguments.List("valor")) joined += EvalNumber(call.run, value).ToText();
-  return Quote(joined);
+  return Quote(Arguments(call).Joined("valor"));
 }
 
 Value Separe(const WordCall& call) {

@@ -84,7 +84,7 @@ bool IsDate(std::string_view date, std::string_view separator) {
 }
 
 std::string OnlyText(const WordCall& call) {
-  return EvalNumber(call.run, Arguments(call).Part(0)).ToText();
+  return Arguments(call).NumberAt(0).ToText();
 }
 
 Value TestaCpf(const WordCall& call) {

@@ -72,8 +72,12 @@ void AssignStatement(Engine& engine, Run& run, const RightSide& right, std::stri
     run.variables.VarWrite(name, std::move(joined), true);
     return;
   }
-  std::string text(right.text);
-  ReplacementLimit limit(run);
+  AssignFrom(engine, run, std::string(right.text), name, numericTarget);
+}
+
+void AssignFrom(Engine& engine, Run& run, std::string text, std::string_view name, bool numericTarget,
+                int replacedBefore) {
+  ReplacementLimit limit(run, replacedBefore);
   while (const auto call = FindUserFunction(run, text)) {
     limit.Count(text);
     if (text.ends_with(call->name + "()")) {
@@ -82,7 +86,12 @@ void AssignStatement(Engine& engine, Run& run, const RightSide& right, std::stri
     }
     ApplyUserFunction(run, text, *call);
   }
-  ReplaceFunctions(run, text, numericTarget);
+  AssignReplaced(engine, run, std::move(text), name, numericTarget);
+}
+
+void AssignReplaced(Engine& engine, Run& run, std::string text, std::string_view name, bool numericTarget,
+                    int replacedBefore) {
+  ReplaceFunctions(run, text, numericTarget, replacedBefore);
   run.variables.VarWrite(name, JoinParts(engine, run, text, numericTarget), true);
   engine.TextExpressionFlag = false;
 }

@@ -15,6 +15,13 @@ namespace tessera {
 void AssignStatement(Engine& engine, Run& run, const RightSide& right, std::string_view name,
                      bool numericTarget);
 
+// The rest of it, from the replacing of calls on, for a right side without " & " that has come to be `text`,
+// and from the replacing of the language's calls on. So many calls were replaced before.
+void AssignFrom(Engine& engine, Run& run, std::string text, std::string_view name, bool numericTarget,
+                int replacedBefore = 0);
+void AssignReplaced(Engine& engine, Run& run, std::string text, std::string_view name, bool numericTarget,
+                    int replacedBefore = 0);
+
 // The value in the form that its text would read back as: a float keeps 15 digits.
 Value AsWritten(Value value);
 

@@ -7,6 +7,8 @@
 #include "engine/assignment.h"
 #include "language/words.h"
 #include "text/one_based.h"
+#include "values/call_form.h"
+#include "values/calls.h"
 #include "values/eval.h"
 
 namespace tessera {
@@ -21,8 +23,16 @@ AssignmentForm::AssignmentForm(Run& run, const Line& line) : right_(ReadRightSid
 }
 
 void AssignmentForm::ReadTerm(Run& run) {
-  if (right_.isText || right_.text.empty()) return;
+  if (right_.text.empty()) return;
   TermForm term(run, right_.text);
+  if (const CallForm* call = term.call()) {
+    // Functions of the program go first, those in arguments too.
+    if (!call->isOwn() && FindUserFunction(run, right_.text)) return;
+    term_ = std::move(term);
+    kind_ = Kind::Call;
+    return;
+  }
+  if (right_.isText) return;
   if (!term.IsWithoutCalls() || HoldsCallOf(trait::kTakesCommas, right_.text)) return;
   // A comma outside of literals would cut the right side into several parts.
   constexpr std::size_t kPlaces = 11;
@@ -60,9 +70,35 @@ void AssignmentForm::Assign(Engine& engine, Run& run, const NameForm& target, st
     run.variables.VarWrite(name, std::move(joined), true);
     return;
   }
+  if (kind_ == Kind::Call) {
+    AssignCall(engine, run, target, name);
+    return;
+  }
   engine.TextExpressionFlag = false;
   if (AssignTerm(run, target)) return;
   run.variables.VarWrite(name, AsWritten(term_.Evaluate(run)), true);
+}
+
+void AssignmentForm::AssignCall(Engine& engine, Run& run, const NameForm& target,
+                                std::string_view name) const {
+  const CallForm& call = *term_.call();
+  engine.TextExpressionFlag = right_.isText;
+  const bool numericTarget = target.type() != VariableType::String || call.isNumericFunction();
+  const Value answer = call.Run(run);
+  auto settled = call.Settle(run, answer, numericTarget, true);
+  // In text mode a number is no number.
+  if (settled && (settled->IsText() || !engine.TextExpressionFlag)) {
+    run.variables.VarWrite(name, *std::move(settled), true);
+    engine.TextExpressionFlag = false;
+    return;
+  }
+  std::string text = call.TextOf(answer, numericTarget);
+  if (call.isOwn()) {
+    // Another function of the program may have come to stand in the text.
+    AssignFrom(engine, run, std::move(text), name, target.type() != VariableType::String, 1);
+  } else {
+    AssignReplaced(engine, run, std::move(text), name, numericTarget, 1);
+  }
 }
 
 bool AssignmentForm::AssignTerm(Run& run, const NameForm& target) const {

@@ -21,7 +21,7 @@ class AssignmentForm {
   void Assign(Engine& engine, Run& run, const NameForm& target, std::string_view name) const;
 
  private:
-  enum class Kind : std::uint8_t { Plain, Term, Joined };
+  enum class Kind : std::uint8_t { Plain, Term, Call, Joined };
 
   // One term between two " & ".
   struct Part {
@@ -33,6 +33,7 @@ class AssignmentForm {
   void ReadTerm(Run& run);
   void ReadJoined(Run& run);
   bool AssignTerm(Run& run, const NameForm& target) const;
+  void AssignCall(Engine& engine, Run& run, const NameForm& target, std::string_view name) const;
   bool AppendJoined(Run& run, const NameForm& target) const;
   void Join(Run& run, std::string& joined) const;
   static bool IsReady(Run& run, const Part& part);

@@ -96,9 +96,7 @@ LineKind ReadExecution(Run& run, const Line& line, LineForm& form) {
     form.term = std::make_unique<const TermForm>(run, opening.rest);
     return LineKind::Return;
   }
-  const LineKind kind = ReadTarget(run, opening.word, form, LineKind::VariableOrCommand);
-  if (kind != LineKind::Plain) form.assignment = std::make_unique<const AssignmentForm>(run, line);
-  return kind;
+  return ReadTarget(run, opening.word, form, LineKind::VariableOrCommand);
 }
 
 LineKind Read(Run& run, const RunnableText& text, const Line& line, LineForm& form) {

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <memory>
 
+#include "values/argument_text.h"
 #include "values/condition_form.h"
 #include "values/name_form.h"
 #include "values/term_form.h"
@@ -42,7 +43,8 @@ struct LineForm {
 
   std::unique_ptr<const ConditionForm> condition;
   std::unique_ptr<const TermForm> term;
-  std::unique_ptr<const AssignmentForm> assignment;
+  std::unique_ptr<const AssignmentForm> assignment;  // made where the word turns out to be a variable
+  std::unique_ptr<ArgumentForms> arguments;          // made where it turns out to be a command
   const RunnableText* sub = nullptr;
 
   LineForm();

@@ -131,9 +131,18 @@ bool StatementLoop::CompoundInPlace(const LineForm& form) {
 }
 
 const Line* StatementLoop::RunVariableOrCommand(const Line& line) {
-  const LineForm& form = line.form;
-  if (form.target.type() == VariableType::None || !run_.variables.SymbolsTellAll()) return PlainStep(line);
-  form.assignment->Assign(engine_, run_, form.target, line.opening.word);
+  LineForm& form = line.form;
+  const Opening& opening = line.opening;
+  if (!run_.variables.SymbolsTellAll()) return PlainStep(line);
+  if (form.target.type() != VariableType::None) {
+    if (!form.assignment) form.assignment = std::make_unique<const AssignmentForm>(run_, line);
+    form.assignment->Assign(engine_, run_, form.target, opening.word);
+  } else if (opening.mayDispatch) {
+    if (!form.arguments) form.arguments = std::make_unique<ArgumentForms>(opening.rest);
+    run_.doors.CommandCall(opening.word, {opening.rest, form.arguments.get()});
+  } else {
+    return PlainStep(line);
+  }
   return form.next;
 }
 

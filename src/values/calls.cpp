@@ -3,6 +3,7 @@
 #include "language/words.h"
 #include "platform/failure.h"
 #include "text/one_based.h"
+#include "values/argument_text.h"
 #include "values/parens.h"
 
 namespace tessera {
@@ -90,12 +91,31 @@ void ApplyUserFunction(Run& run, std::string& text, const Call& call) {
   const std::string argument = StripParens(call.arguments);
   built += Mid(text, argument.empty() ? 3 : ClosingParen(text, call, argument) + 2);
 
-  if (call.resultType == "Numero") {
+  FinishUserResult(built, call.resultType);
+  text = std::move(built);
+}
+
+void FinishUserResult(std::string& built, std::string_view resultType) {
+  if (resultType == "Numero") {
     const std::size_t comma = built.rfind(',');
     if (comma != std::string::npos) built[comma] = '.';
   }
-  if (call.resultType == "String" && !built.starts_with('"')) built = '"' + built + '"';
-  text = std::move(built);
+  if (resultType == "String" && !built.starts_with('"')) built = '"' + built + '"';
+}
+
+std::optional<WholeCall> FindWholeCall(const Run& run, std::string_view text) {
+  std::optional<WholeCall> found;
+  // A name without its parentheses fails, each time that it is evaluated.
+  Guard([&] {
+    auto call = FindFunction(run, text);
+    const bool isOwn = !call;
+    if (isOwn) call = FindUserFunction(run, text);
+    if (!call || Find(text, call->name) != 1) return;
+    const std::string argument = StripParens(call->arguments);
+    if (isOwn && argument.empty()) return;
+    if (ClosingParen(text, *call, argument) == text.size()) found = WholeCall{*std::move(call), isOwn};
+  });
+  return found;
 }
 
 void ReplacementLimit::Count(std::string_view text) {
@@ -103,8 +123,8 @@ void ReplacementLimit::Count(std::string_view text) {
   if (++count_ > most_ || text.size() > kLongestText) FailStack();
 }
 
-void ReplaceFunctions(Run& run, std::string& text, bool& numericTarget) {
-  ReplacementLimit limit(run);
+void ReplaceFunctions(Run& run, std::string& text, bool& numericTarget, int replacedBefore) {
+  ReplacementLimit limit(run, replacedBefore);
   while (const auto call = FindFunction(run, text)) {
     run.stack.Check();
     limit.Count(text);
@@ -113,8 +133,8 @@ void ReplaceFunctions(Run& run, std::string& text, bool& numericTarget) {
   }
 }
 
-void ReplaceUserFunctions(Run& run, std::string& text) {
-  ReplacementLimit limit(run);
+void ReplaceUserFunctions(Run& run, std::string& text, int replacedBefore) {
+  ReplacementLimit limit(run, replacedBefore);
   while (const auto call = FindUserFunction(run, text)) {
     limit.Count(text);
     ApplyUserFunction(run, text, *call);

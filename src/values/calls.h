@@ -20,14 +20,15 @@ struct Call {
 // again.
 class ReplacementLimit {
  public:
-  explicit ReplacementLimit(const Run& run) : most_(run.mostReplacements) {}
+  explicit ReplacementLimit(const Run& run, int replacedBefore = 0)
+      : most_(run.mostReplacements), count_(replacedBefore) {}
 
   // One more call of `text` is about to be replaced. Failure 28 beyond the run's limit, or 16 MB of text.
   void Count(std::string_view text);
 
  private:
   int most_;
-  int count_ = 0;
+  int count_;
 };
 
 // The next call of a word of the language in the text. A name without its parentheses is failure 5.
@@ -40,10 +41,24 @@ void ApplyFunction(Run& run, std::string& text, const Call& call, bool& numericT
 std::optional<Call> FindUserFunction(const Run& run, std::string_view text);
 void ApplyUserFunction(Run& run, std::string& text, const Call& call);
 
+// A text that is nothing but one call.
+struct WholeCall {
+  Call call;
+  bool isOwn = false;  // of a function of the program
+};
+
+// The call that a text, trimmed and without marks, consists of. A function of the program counts only with
+// arguments, and where no word of the language is called in them, which would be replaced before.
+std::optional<WholeCall> FindWholeCall(const Run& run, std::string_view text);
+
+// What the result of a function of the program becomes in the text that it was called in, by its type.
+void FinishUserResult(std::string& built, std::string_view resultType);
+
 // Replaces all calls of the language's words; each of the eleven numeric functions sets `numericTarget`.
-void ReplaceFunctions(Run& run, std::string& text, bool& numericTarget);
+// Calls that were replaced before count against the limit.
+void ReplaceFunctions(Run& run, std::string& text, bool& numericTarget, int replacedBefore = 0);
 
 // Replaces all calls of the program's functions.
-void ReplaceUserFunctions(Run& run, std::string& text);
+void ReplaceUserFunctions(Run& run, std::string& text, int replacedBefore = 0);
 
 }  // namespace tessera

@@ -21,10 +21,12 @@
 
 namespace tessera {
 
+struct ArgumentText;
+
 // The doors: what the rules call upward for. `ProgramRun` and the rooms fill them before the program starts.
 struct Doors {
   // One word of the language with its raw argument text; an unknown word gives the empty value.
-  std::function<Value(std::string_view name, std::string_view arguments)> CommandCall;
+  std::function<Value(std::string_view name, const ArgumentText& arguments)> CommandCall;
   // A function of the program.
   std::function<Value(std::string_view name, std::string_view arguments)> CallFunction;
   // The window that a `NovaJanela` line speaks of; `arguments` is the line from column 31 on.

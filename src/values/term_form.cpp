@@ -1,8 +1,10 @@
 #include "values/term_form.h"
 
 #include "text/one_based.h"
+#include "values/call_form.h"
 #include "values/calls.h"
 #include "values/eval.h"
+#include "values/run.h"
 
 namespace tessera {
 
@@ -17,11 +19,22 @@ bool MayCall(const Run& run, std::string_view text) {
 
 }  // namespace
 
+TermForm::TermForm() = default;
+TermForm::~TermForm() = default;
+TermForm::TermForm(TermForm&&) noexcept = default;
+TermForm& TermForm::operator=(TermForm&&) noexcept = default;
+
 TermForm::TermForm(Run& run, std::string_view text) : text_(text) {
   // Marks of parentheses would have to be taken off.
   if (text.find_first_of("[]") != std::string_view::npos) return;
   trimmed_ = Trim(text);
-  if (MayCall(run, trimmed_)) return;
+  if (MayCall(run, trimmed_)) {
+    if (auto whole = FindWholeCall(run, trimmed_)) {
+      call_ = std::make_unique<const CallForm>(*std::move(whole));
+      kind_ = Kind::Call;
+    }
+    return;
+  }
   if (IsNumeric(trimmed_)) {
     number_ = LeadingNumber(trimmed_);
     constexpr double kMost = 1e15;
@@ -53,6 +66,7 @@ Reading TermForm::Read(Run& run) const {
   VariableStore& store = run.variables;
   switch (kind_) {
     case Kind::Plain:
+    case Kind::Call:
       return {};
     case Kind::Whole:
       return {Reading::Kind::Whole, whole_, number_, {}};
@@ -82,8 +96,33 @@ Reading TermForm::Read(Run& run) const {
   }
 }
 
+// What follows the call in `EvalNumber` follows here, with the text that the answer makes.
+Value TermForm::EvaluateCall(Run& run) const {
+  bool numericTarget = call_->isNumericFunction();
+  const Value answer = call_->Run(run);
+  if (auto settled = call_->Settle(run, answer, numericTarget, false)) return *std::move(settled);
+  std::string text = call_->TextOf(answer, numericTarget);
+  if (!call_->isOwn()) ReplaceFunctions(run, text, numericTarget, 1);
+  ReplaceUserFunctions(run, text, call_->isOwn() ? 1 : 0);
+  return EvalReplaced(run, text);
+}
+
+Value TermForm::EvaluateText(Run& run) const {
+  if (!IsWithoutCalls() || !run.variables.SymbolsTellAll()) return EvalText(run, text_);
+  if (kind_ == Kind::Literal) return Unquote(trimmed_);
+  if (kind_ == Kind::Name && name_.type() != VariableType::None) {
+    const Reading reading = Read(run);
+    if (reading.kind == Reading::Kind::Text) return reading.text;
+    if (reading.kind == Reading::Kind::Whole) return static_cast<std::int32_t>(reading.whole);
+    if (reading.kind == Reading::Kind::Float) return reading.number;
+  }
+  if (run.variables.VarFind(text_) == -1) return Unquote(text_);
+  return run.variables.VarRead(text_);
+}
+
 Value TermForm::Evaluate(Run& run) const {
   if (kind_ == Kind::Plain) return EvalNumber(run, text_);
+  if (kind_ == Kind::Call) return EvaluateCall(run);
   const Reading reading = Read(run);
   switch (reading.kind) {
     case Reading::Kind::Nothing:

@@ -11,10 +11,11 @@
 
 #include "values/arithmetic_form.h"
 #include "values/name_form.h"
-#include "values/run.h"
 #include "values/value.h"
 
 namespace tessera {
+
+struct Run;
 
 // A number or a text that a form reads without any effect.
 struct Reading {
@@ -26,19 +27,28 @@ struct Reading {
   std::string_view text;  // until a variable is written
 };
 
+class CallForm;
+
 class TermForm {
  public:
-  TermForm() = default;
+  TermForm();
+  ~TermForm();
+  TermForm(TermForm&&) noexcept;
+  TermForm& operator=(TermForm&&) noexcept;
   // `text` is an expression as the evaluator takes it, and outlives the form.
   TermForm(Run& run, std::string_view text);
 
   std::string_view text() const { return text_; }
 
-  // True if reading or evaluating runs no command and no function.
-  bool IsWithoutCalls() const { return kind_ != Kind::Plain; }
+  // True if evaluating runs no command and no function, as far as the form knows.
+  bool IsWithoutCalls() const { return kind_ != Kind::Plain && kind_ != Kind::Call; }
 
-  // What `EvalNumber` gives.
+  // The call that the text consists of; null for any other text.
+  const CallForm* call() const { return call_.get(); }
+
+  // What `EvalNumber` gives, and what `EvalText` does.
   Value Evaluate(Run& run) const;
+  Value EvaluateText(Run& run) const;
 
   // The same, where it is a number or a text that lies ready.
   Reading Read(Run& run) const;
@@ -63,7 +73,9 @@ class TermForm {
   }
 
  private:
-  enum class Kind : std::uint8_t { Plain, Whole, Float, Literal, Name, Arithmetic };
+  Value EvaluateCall(Run& run) const;
+
+  enum class Kind : std::uint8_t { Plain, Whole, Float, Literal, Name, Arithmetic, Call };
 
   Kind kind_ = Kind::Plain;
   std::int64_t whole_ = 0;
@@ -72,6 +84,7 @@ class TermForm {
   std::string_view text_;     // as it was given
   std::string_view trimmed_;  // of a text without calls
   std::unique_ptr<const ArithmeticForm> arithmetic_;
+  std::unique_ptr<const CallForm> call_;
 };
 
 }  // namespace tessera

@@ -27,13 +27,15 @@ Value Escreva(WindowModel& windows, const WordCall& call) {
   std::string text;
   bool isTitle = false;
   const Arguments arguments(call);
-  for (const std::string& argument : arguments.List("valor")) {
-    if (Upper(argument) == "TITULOJANELA") {
+  const auto values = arguments.List("valor");
+  for (std::size_t place = 0; place < values.size(); ++place) {
+    const std::string& argument = values[place];
+    if (EqualsIgnoringCase(argument, "TITULOJANELA")) {
       isTitle = true;
     } else if (argument == "Data()" || argument == "Hora()") {
       text += EvalText(call.run, argument).ToText();
     } else {
-      text += EvalNumber(call.run, argument).ToText();
+      text += arguments.NumberAt(place).ToText();
     }
   }
   Form& form = *windows.CurrentForm;

@@ -53,8 +53,8 @@ Services Changed(Services services, const std::function<void(Services&)>& change
 
 void AtWord(Run& run, std::string_view word, std::function<Value(std::string_view arguments)> act) {
   run.doors.CommandCall = [word = std::string(word), act = std::move(act), otherwise = run.doors.CommandCall](
-                              std::string_view name, std::string_view arguments) {
-    return EqualsIgnoringCase(name, word) ? act(arguments) : otherwise(name, arguments);
+                              std::string_view name, const ArgumentText& arguments) {
+    return EqualsIgnoringCase(name, word) ? act(arguments.text) : otherwise(name, arguments);
   };
 }
 

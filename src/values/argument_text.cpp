@@ -1,0 +1,32 @@
+#include "values/argument_text.h"
+
+#include "language/words.h"
+#include "platform/failure.h"
+#include "values/eval.h"
+#include "values/parens.h"
+
+namespace tessera {
+
+bool ArgumentForms::Cut(Run& run, std::size_t places, bool splitAtEqual) {
+  if (state_ == State::Uncut) {
+    state_ = State::Never;
+    if (HoldsCallOf(trait::kTakesCommas, StripParens(text_))) return false;
+    bool numericTarget = false;
+    const auto failure =
+        Guard([&] { parts_ = SplitArguments(run, text_, places, splitAtEqual, numericTarget); });
+    if (failure) return false;
+    while (!parts_.empty() && parts_.back().empty()) parts_.pop_back();
+    parts_.shrink_to_fit();
+    terms_.resize(parts_.size());
+    state_ = State::Cut;
+  }
+  return state_ == State::Cut;
+}
+
+const TermForm& ArgumentForms::TermAt(Run& run, std::size_t place) {
+  auto& term = terms_.at(place);
+  if (!term) term = std::make_unique<const TermForm>(run, parts_[place]);
+  return *term;
+}
+
+}  // namespace tessera

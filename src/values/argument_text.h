@@ -1,0 +1,60 @@
+// The text of a call's arguments on its way to the handler, and, beside a text that never changes, the list
+// that it is cut into, with a form for each place.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "values/term_form.h"
+#include "values/value.h"
+
+namespace tessera {
+
+struct Command;
+struct Run;
+
+// FAST: what cutting the text gives, each time the same.
+class ArgumentForms {
+ public:
+  // `text` outlives the forms.
+  explicit ArgumentForms(std::string_view text) : text_(text) {}
+
+  // Cuts the text at the first call; a word always cuts alike. False for a text that has to be cut anew each
+  // time: a call in it is to be replaced before, or it has more pieces than places.
+  bool Cut(Run& run, std::size_t places, bool splitAtEqual);
+
+  // The pieces up to the last one that is not empty.
+  const std::vector<std::string>& parts() const { return parts_; }
+
+  // What `EvalNumber` and `EvalText` give for a place.
+  Value Number(Run& run, std::size_t place) { return TermAt(run, place).Evaluate(run); }
+  Value Text(Run& run, std::size_t place) { return TermAt(run, place).EvaluateText(run); }
+
+  // Who handles the word of this call; for the dispatcher alone.
+  const Command* command = nullptr;
+
+ private:
+  enum class State : std::uint8_t { Uncut, Cut, Never };
+
+  const TermForm& TermAt(Run& run, std::size_t place);
+
+  std::string_view text_;
+  State state_ = State::Uncut;
+  std::vector<std::string> parts_;
+  std::vector<std::unique_ptr<const TermForm>> terms_;  // made at first use
+};
+
+// A text of arguments, with its forms if it has any.
+struct ArgumentText {
+  ArgumentText(std::string_view raw, ArgumentForms* itsForms = nullptr) : text(raw), forms(itsForms) {}
+  ArgumentText(const std::string& raw) : text(raw) {}
+  ArgumentText(const char* raw) : text(raw) {}
+
+  std::string_view text;
+  ArgumentForms* forms = nullptr;
+};
+
+}  // namespace tessera
