@@ -81,7 +81,7 @@ void AssignFrom(Engine& engine, Run& run, std::string text, std::string_view nam
   while (const auto call = FindUserFunction(run, text)) {
     limit.Count(text);
     if (text.ends_with(call->name + "()")) {
-      run.variables.VarWrite(name, run.doors.CallFunction(call->name, {}), true);
+      run.variables.VarWrite(name, run.doors.CallFunction(call->name, ""), true);
       return;
     }
     ApplyUserFunction(run, text, *call);

@@ -1,5 +1,6 @@
 #include "engine/engine.h"
 
+#include "engine/function_body.h"
 #include "engine/routines.h"
 #include "engine/statement_loop.h"
 #include "platform/failure.h"
@@ -7,8 +8,9 @@
 
 namespace tessera {
 
-Engine::Engine(Run& run) : run_(run), routines_(std::make_unique<Routines>(run)) {
-  run_.doors.CallFunction = [this](std::string_view name, std::string_view arguments) {
+Engine::Engine(Run& run)
+    : run_(run), routines_(std::make_unique<Routines>(run)), bodies_(std::make_unique<FunctionBodies>()) {
+  run_.doors.CallFunction = [this](std::string_view name, const ArgumentText& arguments) {
     return CallFunction(name, arguments);
   };
 }
@@ -38,12 +40,13 @@ void Engine::RunSub(const RunnableText& body) {
   Guard([&] { StatementLoop(*this, run_, body).RunFrom(0); });
 }
 
-Value Engine::CallFunction(std::string_view name, std::string_view arguments) {
+Value Engine::CallFunction(std::string_view name, const ArgumentText& arguments) {
   Value result;
   ++run_.FunctionsInProgress;
   const auto failure = Guard([&] { result = RunFunction(name, arguments); });
   --run_.FunctionsInProgress;
   if (!failure) return result;
+  failedAt_ = FunctionCallCounter;
   const std::string text = SourcePositionText(run_).append("\r").append(
       "Erro ao executar a função, certifique-se de ter definido os tipos de argumentos e o tipo de retorno da função!"_w);
   const BoxAnswer answer = run_.host.dialogs.ShowBox({.text = text,

@@ -4,9 +4,11 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string_view>
 
 #include "prepare/prepared_text.h"
+#include "values/argument_text.h"
 #include "values/run.h"
 #include "values/value.h"
 
@@ -33,7 +35,7 @@ class Engine {
 
   // Runs a function of the program with its raw argument text. A failure shows a box, where Cancel stops the
   // program, and the value is empty.
-  Value CallFunction(std::string_view name, std::string_view arguments);
+  Value CallFunction(std::string_view name, const ArgumentText& arguments);
 
   // One tick of the 10 ms timer that drives the `Temporizador_` subs: each row whose interval divides the
   // tick's number is called, in table order. A tick may come while another one's sub waits.
@@ -47,12 +49,18 @@ class Engine {
 
  private:
   class Routines;
+  class FunctionBodies;
 
   // The steps of a function's call; failures leave it.
-  Value RunFunction(std::string_view name, std::string_view arguments);
+  Value RunFunction(std::string_view name, const ArgumentText& arguments);
+  // The same by a body that is ready, if there is one for this call: else nothing, and nothing was done.
+  std::optional<Value> RunReadyFunction(std::string_view name, const ArgumentText& arguments);
 
   Run& run_;
   std::unique_ptr<Routines> routines_;
+  std::unique_ptr<FunctionBodies> bodies_;
+  std::int32_t failedAt_ =
+      -1;  // the call counter at the last failure of a function, whose names are still there
   std::int32_t TimerTick_ = 0;
 };
 

@@ -78,27 +78,31 @@ void PassArguments(Run& run, std::string& body, std::string_view arguments,
 }
 
 // Only the first statement of a function declares locals; a later `Var` declares globals.
-// OPEN: the declaring word has to end in a blank, so that a first statement such as `Variante = 1` is no
-// declaration.
 void DeclareLocals(Run& run, std::string& body, LocalNames& locals) {
-  for (const std::string_view word : {"Variavel ", "Var "}) {
-    if (Mid(body, kFirstStatementColumn, word.size()) != word) continue;
-    const Position listColumn = kFirstStatementColumn + word.size();
-    const Position lineEnd = Find(body, kCrLf, kFirstStatementColumn);
-    const std::string list(Mid(body, listColumn, lineEnd - listColumn));
-    for (const std::string& part : SplitArguments(run, list, kNames)) {
-      if (part.empty()) break;
-      const Names names = locals.Declare(part);
-      RenameInBody(body, names.written, names.local);
-    }
-    const Position next = Find(body, "&#", Find(body, kCrLf, kFirstStatementColumn));
-    if (next == 0) FailArgument();
-    body.erase(0, next - 1);
-    return;
+  const auto declared = DeclaredLocals(body);
+  if (!declared) return;
+  const std::string list(declared->text);
+  for (const std::string& part : SplitArguments(run, list, kNames)) {
+    if (part.empty()) break;
+    const Names names = locals.Declare(part);
+    RenameInBody(body, names.written, names.local);
   }
+  const Position next = DeclaredLocals(body)->next;
+  if (next == 0) FailArgument();
+  body.erase(0, next - 1);
 }
 
 }  // namespace
+
+std::optional<LocalsList> DeclaredLocals(std::string_view body) {
+  for (const std::string_view word : {"Variavel ", "Var "}) {
+    if (Mid(body, kFirstStatementColumn, word.size()) != word) continue;
+    const Position list = kFirstStatementColumn + word.size();
+    const Position lineEnd = Find(body, kCrLf, kFirstStatementColumn);
+    return LocalsList{Mid(body, list, lineEnd - list), Find(body, "&#", lineEnd)};
+  }
+  return std::nullopt;
+}
 
 void RenameInBody(std::string& body, std::string_view oldName, std::string_view newName) {
   if (oldName.empty()) return;
@@ -122,8 +126,9 @@ void RenameInBody(std::string& body, std::string_view oldName, std::string_view 
 
 // KEPT: the counter moves at the normal end alone, so that a function that calls itself shares its names with
 // its caller (programs/recursion_shares_its_names).
-Value Engine::RunFunction(std::string_view name, std::string_view arguments) {
+Value Engine::RunFunction(std::string_view name, const ArgumentText& arguments) {
   run_.stack.Check();
+  if (auto result = RunReadyFunction(name, arguments)) return *std::move(result);
   const std::string_view found = routines_->FindFunction(name);
   if (found.empty()) {
     ShowCritical(run_, std::string("Função não encontrada: "_w).append(name));
@@ -134,7 +139,7 @@ Value Engine::RunFunction(std::string_view name, std::string_view arguments) {
   const std::vector<Names> parameters = DeclareParameters(run_, body, locals);
   // The first line goes, up to the LF of its end.
   body.erase(0, Find(body, kCrLf));
-  PassArguments(run_, body, arguments, parameters);
+  PassArguments(run_, body, arguments.text, parameters);
   DeclareLocals(run_, body, locals);
   RunStatements(std::make_shared<const PreparedText>(std::move(body)), 0);
   const Value result = ReturnValue;

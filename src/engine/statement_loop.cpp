@@ -137,8 +137,10 @@ const Line* StatementLoop::RunVariableOrCommand(const Line& line) {
   if (form.target.type() != VariableType::None) {
     if (!form.assignment) form.assignment = std::make_unique<const AssignmentForm>(run_, line);
     form.assignment->Assign(engine_, run_, form.target, opening.word);
-  } else if (opening.mayDispatch) {
-    if (!form.arguments) form.arguments = std::make_unique<ArgumentForms>(opening.rest);
+  } else if (opening.mayDispatch && run_.variables.VarFind(opening.word) == -1) {
+    if (!form.arguments && !run_.variables.MayHoldLocal(line.text)) {
+      form.arguments = std::make_unique<ArgumentForms>(opening.rest);
+    }
     run_.doors.CommandCall(opening.word, {opening.rest, form.arguments.get()});
   } else {
     return PlainStep(line);

@@ -33,6 +33,9 @@ class PreparedText {
 
   std::string_view text() const { return text_; }
 
+  // Puts other digits where digits of a call's names stand, which no search looks for.
+  void Overwrite(Position at, std::string_view digits) { text_.replace(at - 1, digits.size(), digits); }
+
   // First key of that statement at or behind `from`; 0 if there is none.
   Position FindStatement(std::int32_t number, Position from) const;
 

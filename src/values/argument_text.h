@@ -29,6 +29,8 @@ class ArgumentForms {
   // The pieces up to the last one that is not empty.
   const std::vector<std::string>& parts() const { return parts_; }
 
+  bool IsWithoutCalls(Run& run, std::size_t place) { return TermAt(run, place).IsWithoutCalls(); }
+
   // What `EvalNumber` and `EvalText` give for a place.
   Value Number(Run& run, std::size_t place) { return TermAt(run, place).Evaluate(run); }
   Value Text(Run& run, std::size_t place) { return TermAt(run, place).EvaluateText(run); }

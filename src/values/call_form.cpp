@@ -14,13 +14,12 @@ CallForm::CallForm(WholeCall whole)
       arguments_(std::move(whole.call.arguments)),
       resultType_(std::move(whole.call.resultType)),
       isOwn_(whole.isOwn),
-      isNumericFunction_(!whole.isOwn && IsNumericFunction(name_)) {
-  if (!isOwn_) forms_ = std::make_unique<ArgumentForms>(arguments_);
-}
+      isNumericFunction_(!whole.isOwn && IsNumericFunction(name_)),
+      forms_(std::make_unique<ArgumentForms>(arguments_)) {}
 
 Value CallForm::Run(tessera::Run& run) const {
-  if (isOwn_) return run.doors.CallFunction(name_, arguments_);
-  return run.doors.CommandCall(name_, {arguments_, forms_.get()});
+  const ArgumentText arguments(arguments_, forms_.get());
+  return isOwn_ ? run.doors.CallFunction(name_, arguments) : run.doors.CommandCall(name_, arguments);
 }
 
 std::optional<Value> CallForm::Settle(tessera::Run& run, const Value& answer, bool numericTarget,

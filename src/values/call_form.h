@@ -41,7 +41,7 @@ class CallForm {
   std::string resultType_;
   bool isOwn_;
   bool isNumericFunction_;
-  std::unique_ptr<ArgumentForms> forms_;  // of a word's arguments
+  std::unique_ptr<ArgumentForms> forms_;
 };
 
 }  // namespace tessera

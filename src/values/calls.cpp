@@ -103,6 +103,11 @@ void FinishUserResult(std::string& built, std::string_view resultType) {
   if (resultType == "String" && !built.starts_with('"')) built = '"' + built + '"';
 }
 
+bool MayCall(const Run& run, std::string_view text) {
+  if (!IsQuoted(text) && run.functionTable.FirstCalledIn(text)) return true;
+  return !text.starts_with('"') && run.programFunctions.FirstCalledIn(text);
+}
+
 std::optional<WholeCall> FindWholeCall(const Run& run, std::string_view text) {
   std::optional<WholeCall> found;
   // A name without its parentheses fails, each time that it is evaluated.

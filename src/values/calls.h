@@ -41,6 +41,9 @@ void ApplyFunction(Run& run, std::string& text, const Call& call, bool& numericT
 std::optional<Call> FindUserFunction(const Run& run, std::string_view text);
 void ApplyUserFunction(Run& run, std::string& text, const Call& call);
 
+// True if evaluating a text, trimmed, may run a command or a function of the program.
+bool MayCall(const Run& run, std::string_view text);
+
 // A text that is nothing but one call.
 struct WholeCall {
   Call call;

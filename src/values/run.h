@@ -28,7 +28,7 @@ struct Doors {
   // One word of the language with its raw argument text; an unknown word gives the empty value.
   std::function<Value(std::string_view name, const ArgumentText& arguments)> CommandCall;
   // A function of the program.
-  std::function<Value(std::string_view name, std::string_view arguments)> CallFunction;
+  std::function<Value(std::string_view name, const ArgumentText& arguments)> CallFunction;
   // The window that a `NovaJanela` line speaks of; `arguments` is the line from column 31 on.
   std::function<void(std::string_view arguments)> NovaJanela;
   // Ends the main window, and with it the process: `FimJanela`.

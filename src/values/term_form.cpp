@@ -8,17 +8,6 @@
 
 namespace tessera {
 
-namespace {
-
-// True if evaluating the text may run a command or a function of the program, or fails before it would.
-bool MayCall(const Run& run, std::string_view text) {
-  const bool isLiteral = text.starts_with('"') && text.ends_with('"');
-  if (!isLiteral && run.functionTable.FirstCalledIn(text)) return true;
-  return !text.starts_with('"') && run.programFunctions.FirstCalledIn(text);
-}
-
-}  // namespace
-
 TermForm::TermForm() = default;
 TermForm::~TermForm() = default;
 TermForm::TermForm(TermForm&&) noexcept = default;
@@ -29,6 +18,7 @@ TermForm::TermForm(Run& run, std::string_view text) : text_(text) {
   if (text.find_first_of("[]") != std::string_view::npos) return;
   trimmed_ = Trim(text);
   if (MayCall(run, trimmed_)) {
+    if (run.variables.MayHoldLocal(trimmed_)) return;
     if (auto whole = FindWholeCall(run, trimmed_)) {
       call_ = std::make_unique<const CallForm>(*std::move(whole));
       kind_ = Kind::Call;
@@ -75,7 +65,11 @@ Reading TermForm::Read(Run& run) const {
     case Kind::Literal:
       return {Reading::Kind::Text, 0, 0, Unquote(trimmed_)};
     case Kind::Name: {
-      if (name_.type() == VariableType::None) return {Reading::Kind::Text, 0, 0, Unquote(trimmed_)};
+      if (name_.type() == VariableType::None) {
+        // A call's name may have been removed and created anew, which its symbol knows nothing of.
+        if (run.variables.VarFind(trimmed_) != -1) return {};
+        return {Reading::Kind::Text, 0, 0, Unquote(trimmed_)};
+      }
       if (const std::int32_t* integer = name_.Integer(store)) {
         return {Reading::Kind::Whole, *integer, static_cast<double>(*integer), {}};
       }

@@ -41,7 +41,27 @@ const Symbol& VariableStore::Intern(std::string_view name) {
   static const Symbol none;
   name = NameWithoutIndex(name);
   if (name.size() > kNameWidth) return none;
-  return rows_[Upper(name)].symbol;
+  for (const Frame* frame : frames_) {
+    for (std::size_t i = 0; i < frame->size(); ++i) {
+      if (EqualsIgnoringCase(name, frame->NameOf(i))) return (*frame)[i];
+    }
+  }
+  Row& row = RowOf(Upper(name));
+  row.isHeld = true;
+  return row.symbol;
+}
+
+VariableStore::Row& VariableStore::RowOf(std::string_view upperName) {
+  const auto found = rows_.find(upperName);
+  return found != rows_.end() ? *found->second : AddRow(upperName);
+}
+
+VariableStore::Row& VariableStore::AddRow(std::string_view upperName) {
+  if (freeRows_.empty()) freeRows_.push_back(&ownRows_.emplace_back());
+  Row* row = freeRows_.back();
+  freeRows_.pop_back();
+  *row = {};
+  return *(rows_[std::string(upperName)] = row);
 }
 
 std::optional<VariableStore::Place> VariableStore::Lookup(std::string_view name) const {
@@ -55,8 +75,8 @@ std::optional<VariableStore::Place> VariableStore::Lookup(std::string_view name)
 std::optional<VariableStore::Place> VariableStore::LookupExact(std::string_view upperName) const {
   if (cutNames_) return Scan(upperName);
   const auto found = rows_.find(upperName);
-  if (found == rows_.end() || found->second.symbol.type == Type::None) return std::nullopt;
-  return Place{found->second.symbol.type, found->second.index};
+  if (found == rows_.end() || found->second->symbol.type == Type::None) return std::nullopt;
+  return Place{found->second->symbol.type, found->second->index};
 }
 
 // The plain form: the first record of the name, table by table.
@@ -76,6 +96,7 @@ bool VariableStore::MayBeName(std::string_view name) const {
 }
 
 std::int32_t VariableStore::VarFind(std::string_view name) {
+  if (IsLocal(name)) RecordFrames();
   const auto place = Lookup(name);
   if (!place) return -1;
   lastVarType_ = place->type;
@@ -112,8 +133,15 @@ void VariableStore::VarWrite(std::string_view name, Value value, bool mustExist)
         kUndeclaredWrite,
         std::string("Não pode atribuir valor para "_w).append(name).append(": variável não declarada!"_w));
   }
-  const std::int64_t slot = std::int64_t{first} + SlotIndex(name);
-  switch (lastVarType_) {
+  Write(lastVarType_, std::int64_t{first} + SlotIndex(name), std::move(value));
+}
+
+void VariableStore::WriteTo(const Symbol& symbol, Value value) {
+  Write(symbol.type, symbol.first, std::move(value));
+}
+
+void VariableStore::Write(Type type, std::int64_t slot, Value value) {
+  switch (type) {
     case Type::String: {
       std::string text = std::move(value).ToText();
       if (text.size() > kMaxTextLength) FailMemory();
@@ -200,38 +228,61 @@ void VariableStore::Create(std::string_view name, std::string_view type, std::in
   } else {
     return;
   }
+  RecordFrames();
   const std::size_t nextFree = SlotCount(table) - 1;
   ResizeSlots(table, SlotCount(table) + static_cast<std::size_t>(count));
-  Record record{Upper(Left(name, kNameWidth)), static_cast<std::int32_t>(nextFree), count, nullptr};
+  AddRecord(name, table, static_cast<std::int32_t>(nextFree), count, nullptr);
+}
+
+// The row is a frame's, or none: then the name gets one.
+void VariableStore::AddRecord(std::string_view name, Type table, std::int32_t first, std::int32_t count,
+                              Row* row) {
+  Record record{Upper(Left(name, kNameWidth)), first, count, nullptr};
   const std::string_view key = Trim(record.name);
   const char initial = key.empty() ? '\0' : key.front();
   lengthsByFirst_[static_cast<unsigned char>(initial)] |= std::uint64_t{1} << key.size();
   cutNames_ = cutNames_ || name.size() > kNameWidth;
   quotedNames_ = quotedNames_ || initial == '"';
-  Row& row = rows_[std::string(key)];
-  if (row.symbol.type == Type::None) {
-    row = {{table, record.first}, Table(table).size()};
-    record.row = &row;
+  if (row == nullptr) {
+    row = &RowOf(key);
+  } else {
+    rows_[std::string(key)] = row;
+  }
+  if (row->symbol.type == Type::None || row->symbol.first == first) {
+    row->symbol = {table, first};
+    row->index = Table(table).size();
+    record.row = row;
   }
   Table(table).push_back(std::move(record));
 }
 
 void VariableStore::VarRemove(std::string_view name, bool quiet) {
-  const auto place = LookupExact(Upper(name));
+  RecordFrames();
+  const std::string upper = Upper(name);
+  const auto place = LookupExact(upper);
   if (!place) {
     if (!quiet) showCritical_(std::string("RemoveVariável - variável não declarada: "_w).append(name));
     return;
   }
   auto& table = Table(place->type);
   const Record removed = table[place->index];
-  if (removed.row != nullptr) removed.row->symbol.type = Type::None;
+  if (removed.row != nullptr) {
+    removed.row->symbol.type = Type::None;
+    // A row that nobody holds goes with its name, or the names of calls would pile up.
+    if (!removed.row->isHeld) {
+      if (!removed.row->isFrames) freeRows_.push_back(removed.row);
+      rows_.erase(upper);
+    }
+  }
 
   // Later records move one place down, and their slots by the removed count.
   table.erase(table.begin() + static_cast<std::ptrdiff_t>(place->index));
   for (std::size_t later = place->index; later < table.size(); ++later) {
     Record& record = table[later];
     record.first -= removed.count;
-    if (record.row != nullptr) *record.row = {{place->type, record.first}, later};
+    if (record.row == nullptr) continue;
+    record.row->symbol.first = record.first;
+    record.row->index = later;
   }
 
   // The value slots follow, and the slot behind the last one starts anew.
@@ -243,6 +294,91 @@ void VariableStore::VarRemove(std::string_view name, bool quiet) {
   if (place->type == Type::String) shift(texts_);
   if (place->type == Type::Inteiro) shift(integers_);
   if (place->type == Type::Decimal) shift(decimals_);
+}
+
+void VariableStore::Frame::Add(std::string_view written, VariableType type) {
+  variables_.push_back({std::string(written), type, {}});
+  variables_.back().row.isFrames = true;
+}
+
+std::string VariableStore::Frame::NameOf(std::size_t i) const {
+  return function_ + number_ + variables_[i].written;
+}
+
+void VariableStore::Enter(Frame& frame) {
+  Frame::Variable& variable = frame.variables_[frame.entered_++];
+  variable.row.symbol = {variable.type, static_cast<std::int32_t>(SlotCount(variable.type) - 1)};
+  ResizeSlots(variable.type, SlotCount(variable.type) + 1);
+  if (frame.entered_ == 1) {
+    frame.recorded_ = false;
+    frames_.push_back(&frame);
+    ++unrecorded_;
+  }
+  if (frame.recorded_) RecordVariable(frame, frame.entered_ - 1);
+}
+
+void VariableStore::RecordVariable(Frame& frame, std::size_t i) {
+  Frame::Variable& variable = frame.variables_[i];
+  AddRecord(frame.NameOf(i), variable.type, variable.row.symbol.first, 1, &variable.row);
+}
+
+void VariableStore::RecordFrames() {
+  for (; unrecorded_ > 0; --unrecorded_) {
+    Frame& frame = *frames_[frames_.size() - unrecorded_];
+    frame.recorded_ = true;
+    for (std::size_t i = 0; i < frame.entered_; ++i) RecordVariable(frame, i);
+  }
+}
+
+void VariableStore::Leave(Frame& frame) {
+  if (frame.entered_ == 0) return;
+  frames_.pop_back();
+  if (frame.recorded_) {
+    for (std::size_t i = 0; i < frame.entered_; ++i) VarRemove(frame.NameOf(i), true);
+  } else {
+    // They are the last ones of their tables, as after removing one by one.
+    --unrecorded_;
+    for (std::size_t i = frame.entered_; i > 0; --i) {
+      Frame::Variable& variable = frame.variables_[i - 1];
+      const Type type = variable.type;
+      variable.row.symbol.type = Type::None;
+      ResizeSlots(type, SlotCount(type) - 1);
+      if (type == Type::String) texts_.back().clear();
+      if (type == Type::Inteiro) integers_.back() = 0;
+      if (type == Type::Decimal) decimals_.back() = 0;
+    }
+  }
+  frame.entered_ = 0;
+}
+
+void VariableStore::Abandon(Frame& frame) {
+  if (frame.entered_ == 0) return;
+  RecordFrames();
+  frames_.pop_back();
+  for (std::size_t i = 0; i < frame.entered_; ++i) {
+    Row& row = frame.variables_[i].row;
+    if (row.symbol.type == Type::None) continue;
+    // The name gets a row of its own, and the frame is free for another call.
+    Row& own = AddRow(Upper(frame.NameOf(i)));
+    own = {row.symbol, row.index, false};
+    Table(row.symbol.type)[row.index].row = &own;
+    row.symbol.type = Type::None;
+  }
+  frame.entered_ = 0;
+}
+
+bool VariableStore::IsLocal(std::string_view name) const {
+  return std::any_of(frames_.end() - static_cast<std::ptrdiff_t>(unrecorded_), frames_.end(),
+                     [&](const Frame* frame) {
+                       return name.size() > frame->function_.size() &&
+                              Upper(name.front()) == Upper(frame->function_.front()) &&
+                              EqualsIgnoringCase(name.substr(0, frame->function_.size()), frame->function_);
+                     });
+}
+
+bool VariableStore::MayHoldLocal(std::string_view text) const {
+  return std::any_of(frames_.begin(), frames_.end(),
+                     [&](const Frame* frame) { return Contains(text, frame->function_ + frame->number_); });
 }
 
 std::string VariableStore::NameRecord(std::string_view type, std::size_t row) const {

@@ -5,6 +5,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <optional>
 #include <string>
@@ -48,6 +49,45 @@ class VariableStore {
   // The symbol of a name; what stands from its first "(" on is no part of it.
   const Symbol& Intern(std::string_view name);
 
+  // FAST: the variables of a running call of a function, whose names nobody else has asked for yet. They have
+  // their slots, where creating them would have put them, and get records when somebody looks for such a
+  // name, or creates or removes any.
+  class Frame {
+   public:
+    // The names begin with `function` and a number, behind which stands what the program wrote.
+    explicit Frame(std::string_view function) : function_(function) {}
+    void Add(std::string_view written, VariableType type);
+    void SetNumber(std::string_view digits) { number_ = digits; }
+
+    std::size_t size() const { return variables_.size(); }
+    const Symbol& operator[](std::size_t i) const;
+    std::string NameOf(std::size_t i) const;
+
+   private:
+    friend class VariableStore;
+    struct Variable;
+
+    std::string function_;
+    std::string number_;
+    std::deque<Variable> variables_;  // their addresses stay
+    std::size_t entered_ = 0;
+    bool recorded_ = false;
+  };
+
+  // Creates the frame's next variable. Frames are left in the opposite order of their first `Enter`.
+  void Enter(Frame& frame);
+  // Removes its variables, in the order in which they were created.
+  void Leave(Frame& frame);
+  // Lets them be variables like all others, which stay.
+  void Abandon(Frame& frame);
+  // Gives records to the variables of all frames.
+  void RecordFrames();
+  // True if a name of a frame may stand in the text.
+  bool MayHoldLocal(std::string_view text) const;
+
+  // What `VarWrite` does for a variable that exists, without an index.
+  void WriteTo(const Symbol& symbol, Value value);
+
   // False once names were declared of which symbols know nothing: names that their records cut, of which
   // several may be the same, and names that begin with a quote as literals do.
   bool SymbolsTellAll() const { return !cutNames_ && !quotedNames_; }
@@ -88,6 +128,8 @@ class VariableStore {
   struct Row {
     Symbol symbol;
     std::size_t index = 0;
+    bool isHeld = false;    // somebody has the symbol
+    bool isFrames = false;  // it belongs to a frame
   };
 
   struct Place {
@@ -114,9 +156,15 @@ class VariableStore {
   std::optional<Place> Lookup(std::string_view name) const;
   std::optional<Place> LookupExact(std::string_view upperName) const;
   std::optional<Place> Scan(std::string_view upperName) const;
+  Row& RowOf(std::string_view upperName);
+  Row& AddRow(std::string_view upperName);
+  void AddRecord(std::string_view name, Type table, std::int32_t first, std::int32_t count, Row* row);
+  void RecordVariable(Frame& frame, std::size_t i);
+  bool IsLocal(std::string_view name) const;
   bool MayBeName(std::string_view name) const;
   std::int32_t VarIndexValue(std::string_view name);
   std::int32_t SlotIndex(std::string_view name);
+  void Write(Type type, std::int64_t slot, Value value);
   std::size_t CheckedSlot(Type type, std::int64_t slot) const;
   std::size_t SlotCount(Type type) const;
   void ResizeSlots(Type type, std::size_t count);
@@ -130,12 +178,27 @@ class VariableStore {
   std::vector<std::int32_t> integers_{0};
   std::vector<double> decimals_{0};
   // FAST: the names that have a variable or were asked for, beside the tables that the rules scan.
-  std::unordered_map<std::string, Row, NameHash, std::equal_to<>> rows_;
+  // A row is one of `ownRows_`, or a frame's.
+  std::unordered_map<std::string, Row*, NameHash, std::equal_to<>> rows_;
+  std::deque<Row> ownRows_;
+  std::vector<Row*> freeRows_;
+  std::vector<Frame*> frames_;  // of the running calls
+  std::size_t unrecorded_ = 0;  // how many of them, the last ones, have no records
   // FAST: for each first character, the lengths that names have had, a bit each. Most texts that expressions
   // look up are no names, and this tells it of most of them.
   std::array<std::uint64_t, 256> lengthsByFirst_{};
   bool cutNames_ = false;
   bool quotedNames_ = false;
 };
+
+struct VariableStore::Frame::Variable {
+  std::string written;
+  VariableType type;
+  Row row;
+};
+
+inline const Symbol& VariableStore::Frame::operator[](std::size_t i) const {
+  return variables_[i].row.symbol;
+}
 
 }  // namespace tessera

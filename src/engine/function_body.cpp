@@ -1,0 +1,234 @@
+#include "engine/function_body.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "engine/function_call.h"
+#include "engine/routines.h"
+#include "engine/statement_loop.h"
+#include "language/words.h"
+#include "platform/failure.h"
+#include "text/one_based.h"
+#include "values/calls.h"
+#include "values/eval.h"
+#include "values/parens.h"
+
+namespace tessera {
+
+namespace {
+
+constexpr char kPlaceOfNumber = '\x01';
+constexpr std::size_t kMostNames = 21;
+constexpr std::size_t kLongestName = 50;
+
+bool IsWordCharacter(char c) {
+  return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
+}
+
+bool IsWord(std::string_view text) {
+  return !text.empty() && (text.front() < '0' || text.front() > '9') &&
+         std::all_of(text.begin(), text.end(), IsWordCharacter);
+}
+
+struct Declared {
+  std::string_view name;
+  VariableType type;
+};
+
+// "a Inteiro, b String": nothing for any other list.
+std::optional<std::vector<Declared>> ReadList(std::string_view list) {
+  std::vector<Declared> names;
+  if (Trim(list).empty()) return names;
+  for (std::size_t begin = 0; begin <= list.size();) {
+    const std::size_t comma = std::min(list.find(',', begin), list.size());
+    const std::string_view item = Trim(list.substr(begin, comma - begin));
+    const std::size_t blank = item.find(' ');
+    if (blank == std::string_view::npos || !IsWord(item.substr(0, blank))) return std::nullopt;
+    const std::string_view type = item.substr(blank + 1);
+    if (type != kTypeString && type != kTypeInteiro && type != kTypeDecimal) return std::nullopt;
+    names.push_back({item.substr(0, blank), type == kTypeString    ? VariableType::String
+                                            : type == kTypeInteiro ? VariableType::Inteiro
+                                                                   : VariableType::Decimal});
+    begin = comma + 1;
+  }
+  return names;
+}
+
+// True if the program spells a name that a call could have: the function's, digits, and a letter.
+bool SpellsLocal(std::string_view text, std::string_view function) {
+  const std::string upperText = Upper(text);
+  const std::string sought = Upper(function);
+  for (std::size_t at = upperText.find(sought); at != std::string::npos;
+       at = upperText.find(sought, at + 1)) {
+    std::size_t end = at + sought.size();
+    const std::size_t digits = end;
+    while (end < upperText.size() && upperText[end] >= '0' && upperText[end] <= '9') ++end;
+    if (end > digits && end < upperText.size() && IsWordCharacter(upperText[end])) return true;
+  }
+  return false;
+}
+
+// Two signs of compound forms in a line: then the line's expression is a text of its own.
+bool HoldsDoubleCompound(std::string_view body) {
+  std::size_t signs = 0;
+  for (std::size_t i = 0; i + 2 < body.size(); ++i) {
+    if (body[i] == '\r') signs = 0;
+    const bool isSign = (body[i] == '+' || body[i] == '-') && body[i + 1] == ' ' && body[i + 2] == '=';
+    if (isSign && ++signs > 1) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+std::unique_ptr<FunctionBody> FunctionBody::Make(const Run& run, std::string_view name,
+                                                 std::string_view found, std::size_t digits) {
+  const Position open = Find(found, "(");
+  const Position close = Find(found, ")");
+  if (open == 0 || close < open || !IsWord(name) || Contains(found, std::string(1, kPlaceOfNumber)))
+    return nullptr;
+  const auto parameters = ReadList(Mid(found, open + 1, close - open - 1));
+  if (!parameters || parameters->size() >= kMostNames) return nullptr;
+
+  std::string body(found);
+  body.erase(0, Find(body, kCrLf));
+  std::vector<Declared> locals;
+  std::string localList;
+  if (const auto list = DeclaredLocals(body)) {
+    localList = list->text;
+    auto read = ReadList(localList);
+    if (!read || read->size() >= kMostNames || list->next == 0) return nullptr;
+    locals = *std::move(read);
+  }
+
+  std::unique_ptr<FunctionBody> made(new FunctionBody(name));
+  made->parameters_ = parameters->size();
+  std::vector<std::string> taken;
+  const auto declare = [&](const Declared& declared) {
+    const std::string upper = Upper(declared.name);
+    if (std::find(taken.begin(), taken.end(), upper) != taken.end()) return false;
+    if (name.size() + digits + upper.size() > kLongestName) return false;
+    taken.push_back(upper);
+    made->frame_.Add(declared.name, declared.type);
+    RenameInBody(body, declared.name,
+                 std::string(name) + std::string(digits, kPlaceOfNumber) + std::string(declared.name));
+    return true;
+  };
+  if (!std::all_of(parameters->begin(), parameters->end(), declare)) return nullptr;
+  // A parameter may have been renamed in the list of locals, which then declares something else.
+  if (const auto list = DeclaredLocals(body)) {
+    if (list->text != localList) return nullptr;
+    if (!std::all_of(locals.begin(), locals.end(), declare)) return nullptr;
+    body.erase(0, DeclaredLocals(body)->next - 1);
+  }
+  if (HoldsDoubleCompound(body) || SpellsLocal(run.program.ProgramText->text(), name)) return nullptr;
+
+  for (Position at = Find(body, std::string(1, kPlaceOfNumber)); at != 0;
+       at = Find(body, std::string(1, kPlaceOfNumber), at + digits)) {
+    made->numbers_.push_back(at);
+  }
+  made->number_.assign(digits, '0');
+  made->frame_.SetNumber(made->number_);
+  std::replace(body.begin(), body.end(), kPlaceOfNumber, '0');
+  made->prepared_ = std::make_shared<PreparedText>(std::move(body));
+  made->runnable_ = std::make_unique<const RunnableText>(run, made->prepared_);
+  return made;
+}
+
+void FunctionBody::SetNumber(std::string_view digits) {
+  if (digits == number_) return;
+  number_ = digits;
+  frame_.SetNumber(digits);
+  for (const Position at : numbers_) prepared_->Overwrite(at, digits);
+}
+
+FunctionBody* Engine::FunctionBodies::Find(const Run& run, Routines& routines, std::string_view name,
+                                           std::size_t digits) {
+  auto known = places_.find(name);
+  if (known == places_.end()) known = places_.try_emplace(std::string(name)).first;
+  if (known->second.size() <= digits) known->second.resize(digits + 1);
+  Place& place = known->second[digits];
+  if (!place.isMade) {
+    place.isMade = true;
+    Guard([&] {
+      const std::string_view found = routines.FindFunction(name);
+      if (!found.empty()) place.body = FunctionBody::Make(run, name, found, digits);
+    });
+  }
+  return place.body.get();
+}
+
+namespace {
+
+// The arguments of one call: as forms, or as their texts where these change from call to call.
+class PassedArguments {
+ public:
+  PassedArguments(Run& run, const ArgumentText& arguments) : run_(run) {
+    if (arguments.forms != nullptr && arguments.forms->Cut(run, kMostNames, false)) {
+      forms_ = arguments.forms;
+      count_ = forms_->parts().size();
+    } else if (const std::string text = StripParens(arguments.text);
+               !HoldsCallOf(trait::kTakesCommas, text)) {
+      isKnown_ = !Guard([&] { parts_ = SplitArguments(run, text, kMostNames); });
+      while (!parts_.empty() && parts_.back().empty()) parts_.pop_back();
+      count_ = parts_.size();
+    } else {
+      isKnown_ = false;
+    }
+  }
+
+  // True if these are so many arguments, and computing them calls nothing.
+  bool Are(std::size_t count) const {
+    if (!isKnown_ || count_ != count) return false;
+    for (std::size_t i = 0; i < count; ++i) {
+      if (forms_ != nullptr ? !forms_->IsWithoutCalls(run_, i) : MayCall(run_, parts_[i])) return false;
+    }
+    return true;
+  }
+
+  Value operator[](std::size_t i) const {
+    return forms_ != nullptr ? forms_->Number(run_, i) : EvalNumber(run_, parts_[i]);
+  }
+
+ private:
+  Run& run_;
+  ArgumentForms* forms_ = nullptr;
+  std::vector<std::string> parts_;
+  std::size_t count_ = 0;
+  bool isKnown_ = true;
+};
+
+}  // namespace
+
+std::optional<Value> Engine::RunReadyFunction(std::string_view name, const ArgumentText& arguments) {
+  VariableStore& variables = run_.variables;
+  // After a failure the names of its call are still there until the counter moves.
+  if (run_.plain || failedAt_ == FunctionCallCounter || !variables.SymbolsTellAll()) return std::nullopt;
+  const std::string number = std::to_string(FunctionCallCounter);
+  FunctionBody* body = bodies_->Find(run_, *routines_, name, number.size());
+  if (body == nullptr || body->isRunning) return std::nullopt;
+  const std::size_t count = body->parameters();
+  const PassedArguments passed(run_, arguments);
+  if (!passed.Are(count)) return std::nullopt;
+
+  VariableStore::Frame& frame = body->frame();
+  body->isRunning = true;
+  body->SetNumber(number);
+  const auto failure = Guard([&] {
+    for (std::size_t i = 0; i < count; ++i) variables.Enter(frame);
+    for (std::size_t i = 0; i < count; ++i) variables.WriteTo(frame[i], passed[i]);
+    for (std::size_t i = count; i < frame.size(); ++i) variables.Enter(frame);
+    StatementLoop(*this, run_, body->text()).RunFrom(0);
+  });
+  body->isRunning = false;
+  if (failure) {
+    variables.Abandon(frame);
+    throw *failure;
+  }
+  Value result = ReturnValue;
+  variables.Leave(frame);
+  ++FunctionCallCounter;
+  return result;
+}
+
+}  // namespace tessera

@@ -1,0 +1,64 @@
+// FAST: bodies of functions that wait for their next call. A call's names hold the number of the call, so a
+// body stands ready for each count of digits; at a call the digits in it are overwritten, and its lines keep
+// their forms from call to call. The names are variables of a frame.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "engine/engine.h"
+#include "engine/line.h"
+#include "values/run.h"
+#include "values/variable_store.h"
+
+namespace tessera {
+
+class FunctionBody {
+ public:
+  // The body of the function `name`, whose text is `found` from its opening word on, for calls with `digits`
+  // digits. None for a function whose rules the plain way alone can follow: its lists of names are not plain
+  // lists of names and types, its names could be met in the program by other means, or it is not well closed.
+  static std::unique_ptr<FunctionBody> Make(const Run& run, std::string_view name, std::string_view found,
+                                            std::size_t digits);
+
+  std::size_t parameters() const { return parameters_; }
+  VariableStore::Frame& frame() { return frame_; }
+  const RunnableText& text() const { return *runnable_; }
+
+  // Puts the number of a call into its names.
+  void SetNumber(std::string_view digits);
+
+  bool isRunning = false;
+
+ private:
+  explicit FunctionBody(std::string_view name) : frame_(name) {}
+
+  VariableStore::Frame frame_;
+  std::size_t parameters_ = 0;
+  std::shared_ptr<PreparedText> prepared_;
+  std::unique_ptr<const RunnableText> runnable_;
+  std::vector<Position> numbers_;  // where a call's number stands
+  std::string number_;
+};
+
+class Engine::FunctionBodies {
+ public:
+  // The body for a call, or none.
+  FunctionBody* Find(const Run& run, Routines& routines, std::string_view name, std::size_t digits);
+
+ private:
+  struct Place {
+    bool isMade = false;
+    std::unique_ptr<FunctionBody> body;
+  };
+
+  // By the function's name, and by the count of digits.
+  std::map<std::string, std::vector<Place>, std::less<>> places_;
+};
+
+}  // namespace tessera
