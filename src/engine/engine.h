@@ -5,7 +5,9 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "prepare/prepared_text.h"
 #include "values/argument_text.h"
@@ -59,8 +61,10 @@ class Engine {
   Run& run_;
   std::unique_ptr<Routines> routines_;
   std::unique_ptr<FunctionBodies> bodies_;
-  std::int32_t failedAt_ =
-      -1;  // the call counter at the last failure of a function, whose names are still there
+  std::vector<std::string>
+      plainCalls_;  // functions whose calls run by the rules: like calls share their names
+  // The call counter at the last failure of a function, whose names are still there.
+  std::int32_t failedAt_ = -1;
   std::int32_t TimerTick_ = 0;
 };
 

@@ -204,6 +204,7 @@ std::optional<Value> Engine::RunReadyFunction(std::string_view name, const Argum
   VariableStore& variables = run_.variables;
   // After a failure the names of its call are still there until the counter moves.
   if (run_.plain || failedAt_ == FunctionCallCounter || !variables.SymbolsTellAll()) return std::nullopt;
+  if (std::find(plainCalls_.begin(), plainCalls_.end(), name) != plainCalls_.end()) return std::nullopt;
   const std::string number = std::to_string(FunctionCallCounter);
   FunctionBody* body = bodies_->Find(run_, *routines_, name, number.size());
   if (body == nullptr || body->isRunning) return std::nullopt;

@@ -22,6 +22,11 @@ struct Names {
   std::string local;
 };
 
+struct AtEnd {
+  std::vector<std::string>& calls;
+  ~AtEnd() { calls.pop_back(); }
+};
+
 // The names that one call of a function declares. The counter is read at each, for a call among the arguments
 // moves it.
 class LocalNames {
@@ -94,6 +99,8 @@ void DeclareLocals(Run& run, std::string& body, LocalNames& locals) {
 
 }  // namespace
 
+// OPEN: the declaring word has to end in a blank, so that a first statement such as `Variante = 1` is no
+// declaration.
 std::optional<LocalsList> DeclaredLocals(std::string_view body) {
   for (const std::string_view word : {"Variavel ", "Var "}) {
     if (Mid(body, kFirstStatementColumn, word.size()) != word) continue;
@@ -129,6 +136,8 @@ void RenameInBody(std::string& body, std::string_view oldName, std::string_view 
 Value Engine::RunFunction(std::string_view name, const ArgumentText& arguments) {
   run_.stack.Check();
   if (auto result = RunReadyFunction(name, arguments)) return *std::move(result);
+  plainCalls_.emplace_back(name);
+  const AtEnd leave{plainCalls_};
   const std::string_view found = routines_->FindFunction(name);
   if (found.empty()) {
     ShowCritical(run_, std::string("Função não encontrada: "_w).append(name));
@@ -141,7 +150,8 @@ Value Engine::RunFunction(std::string_view name, const ArgumentText& arguments) 
   body.erase(0, Find(body, kCrLf));
   PassArguments(run_, body, arguments.text, parameters);
   DeclareLocals(run_, body, locals);
-  RunStatements(std::make_shared<const PreparedText>(std::move(body)), 0);
+  const RunnableText once(run_, std::make_shared<const PreparedText>(std::move(body)), true);
+  StatementLoop(*this, run_, once).RunFrom(0);
   const Value result = ReturnValue;
   locals.Remove();
   ++FunctionCallCounter;

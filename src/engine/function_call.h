@@ -15,8 +15,6 @@ void RenameInBody(std::string& body, std::string_view oldName, std::string_view 
 
 // The list of locals that the first statement of a body declares, and where the tag of the next one stands, 0
 // where none does.
-// OPEN: the declaring word has to end in a blank, so that a first statement such as `Variante = 1` is no
-// declaration.
 struct LocalsList {
   std::string_view text;
   Position next;

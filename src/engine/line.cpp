@@ -150,8 +150,8 @@ RightSide ReadRightSide(std::string_view line) {
   return right;
 }
 
-RunnableText::RunnableText(const Run& run, std::shared_ptr<const PreparedText> text)
-    : run_(run), text_(std::move(text)) {}
+RunnableText::RunnableText(const Run& run, std::shared_ptr<const PreparedText> text, bool once)
+    : run_(run), text_(std::move(text)), once_(once) {}
 
 const Line* RunnableText::LineAt(Position position) const {
   auto& line = lines_[position];

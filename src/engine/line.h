@@ -108,9 +108,12 @@ struct Line {
 // A text that a loop walks, with its lines remembered.
 class RunnableText {
  public:
-  RunnableText(const Run& run, std::shared_ptr<const PreparedText> text);
+  // `once` tells of a text that is made for one call: its lines get no forms, since its names are of that
+  // call alone and would be remembered for ever.
+  RunnableText(const Run& run, std::shared_ptr<const PreparedText> text, bool once = false);
 
   const PreparedText& text() const { return *text_; }
+  bool isOnce() const { return once_; }
 
   // The line of the first statement; none in a text without one.
   const Line* First() const;
@@ -132,6 +135,7 @@ class RunnableText {
 
   const Run& run_;
   std::shared_ptr<const PreparedText> text_;
+  bool once_;
   mutable std::unordered_map<Position, std::unique_ptr<const Line>> lines_;
   mutable std::optional<const Line*> first_;
 };

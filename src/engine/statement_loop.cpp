@@ -22,7 +22,7 @@ void StatementLoop::RunFrom(std::int32_t startStatement) {
   run_.stack.Check();
   run_.StopFlag = false;
   const Line* line = startStatement == 0 ? text_.First() : text_.FindStatement(startStatement, 1);
-  const bool plain = run_.plain;
+  const bool plain = run_.plain || text_.isOnce();
   for (std::uint32_t count = 1; line != nullptr; ++count) {
     if (!run_.RunningFlag || run_.WindowCodeStopFlag || run_.StopFlag) return;
     run_.sourcePosition = line->source;
