@@ -1,0 +1,42 @@
+// The part's entry point.
+#include <curl/curl.h>
+
+#include <memory>
+#include <utility>
+
+#include "curlnet/quiet_pipe.h"
+#include "curlnet/transfer.h"
+
+namespace tessera::curlnet {
+
+namespace {
+
+// It keeps the line to a server open from one transfer to the next.
+class Client final : public FtpClient {
+ public:
+  Client() {
+    curl_global_init(CURL_GLOBAL_DEFAULT);
+    multi_ = curl_multi_init();
+  }
+  ~Client() override {
+    const QuietPipe quiet;
+    curl_multi_cleanup(multi_);
+  }
+  Client(const Client&) = delete;
+  Client& operator=(const Client&) = delete;
+
+  std::unique_ptr<FtpTransfer> Start(FtpOrder order) override {
+    return std::make_unique<Transfer>(multi_, std::move(order));
+  }
+
+ private:
+  CURLM* multi_ = nullptr;
+};
+
+}  // namespace
+
+}  // namespace tessera::curlnet
+
+extern "C" __attribute__((visibility("default"))) tessera::FtpClient* TesseraFtpClient() {
+  return new tessera::curlnet::Client();
+}
