@@ -16,21 +16,21 @@ class Client final : public FtpClient {
  public:
   Client() {
     curl_global_init(CURL_GLOBAL_DEFAULT);
-    multi_ = curl_multi_init();
+    session_.multi = curl_multi_init();
   }
   ~Client() override {
     const QuietPipe quiet;
-    curl_multi_cleanup(multi_);
+    curl_multi_cleanup(session_.multi);
   }
   Client(const Client&) = delete;
   Client& operator=(const Client&) = delete;
 
   std::unique_ptr<FtpTransfer> Start(FtpOrder order) override {
-    return std::make_unique<Transfer>(multi_, std::move(order));
+    return std::make_unique<Transfer>(session_, std::move(order));
   }
 
  private:
-  CURLM* multi_ = nullptr;
+  Session session_;
 };
 
 }  // namespace

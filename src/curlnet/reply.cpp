@@ -26,6 +26,7 @@ void Replies::Take(std::string_view line) {
   }
   open_.clear();
   last_ = line;
+  isEncrypted_ = isEncrypted_ || number == "234";
 }
 
 int Replies::Number() const {

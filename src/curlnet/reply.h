@@ -16,9 +16,12 @@ class Replies {
   const std::string& Last() const { return last_; }
   // Its number; 0 before the first.
   int Number() const;
+  // Whether the server has agreed to encrypt (RFC 4217: reply 234).
+  bool IsEncrypted() const { return isEncrypted_; }
 
  private:
   std::string last_;
+  bool isEncrypted_ = false;
   std::string open_;  // the number of a reply whose last line is still to come
 };
 

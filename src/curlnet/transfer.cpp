@@ -41,14 +41,6 @@ std::size_t TakeLine(char* bytes, std::size_t size, std::size_t count, void* rep
   return size * count;
 }
 
-std::size_t TakeBytes(char* bytes, std::size_t size, std::size_t count, void* order) {
-  return static_cast<FtpOrder*>(order)->store({bytes, size * count}) ? size * count : 0;
-}
-
-std::size_t GiveBytes(char* bytes, std::size_t size, std::size_t count, void* order) {
-  return static_cast<FtpOrder*>(order)->load(bytes, size * count);
-}
-
 // Why no server answered, without a word of the library's that could hold a part of the order.
 std::string ReasonOf(CURLcode result) {
   switch (result) {
@@ -79,20 +71,32 @@ std::string ReasonOf(CURLcode result) {
 
 }  // namespace
 
-Transfer::Transfer(CURLM* multi, FtpOrder order)
-    : multi_(multi), order_(std::move(order)), handle_(curl_easy_init()) {
+std::size_t Transfer::TakeBytes(char* bytes, std::size_t size, std::size_t count, void* transfer) {
+  auto& self = *static_cast<Transfer*>(transfer);
+  self.hasMoved_ = true;
+  return self.order_.store({bytes, size * count}) ? size * count : 0;
+}
+
+std::size_t Transfer::GiveBytes(char* bytes, std::size_t size, std::size_t count, void* transfer) {
+  auto& self = *static_cast<Transfer*>(transfer);
+  self.hasMoved_ = true;
+  return self.order_.load(bytes, size * count);
+}
+
+Transfer::Transfer(Session& session, FtpOrder order)
+    : session_(session), order_(std::move(order)), handle_(curl_easy_init()) {
   // An address without a file would be a listing.
   if (!handle_ || order_.remote.empty() || order_.remote.ends_with('/') || !SetAddress()) {
     TakeEnd(CURLE_URL_MALFORMAT);
     return;
   }
   SetOptions();
-  curl_multi_add_handle(multi_, handle_.get());
+  curl_multi_add_handle(session_.multi, handle_.get());
 }
 
 Transfer::~Transfer() {
   const QuietPipe quiet;
-  if (handle_) curl_multi_remove_handle(multi_, handle_.get());
+  if (handle_) curl_multi_remove_handle(session_.multi, handle_.get());
   handle_.reset();
 }
 
@@ -129,7 +133,10 @@ void Transfer::SetOptions() {
   curl_easy_setopt(handle, CURLOPT_PROXY, "");
   curl_easy_setopt(handle, CURLOPT_NOSIGNAL, 1L);
   // Encryption is asked for and not insisted on, so that nobody's certificate is held against a server.
-  curl_easy_setopt(handle, CURLOPT_USE_SSL, long{CURLUSESSL_TRY});
+  const bool isPlainData = session_.plainData.contains(order_.server.host);
+  curl_easy_setopt(handle, CURLOPT_USE_SSL, long{isPlainData ? CURLUSESSL_CONTROL : CURLUSESSL_TRY});
+  // Servers that want the session of the first line on the second one can't have it in the newer version.
+  curl_easy_setopt(handle, CURLOPT_SSLVERSION, long{CURL_SSLVERSION_MAX_TLSv1_2});
   curl_easy_setopt(handle, CURLOPT_SSL_VERIFYPEER, 0L);
   curl_easy_setopt(handle, CURLOPT_SSL_VERIFYHOST, 0L);
   curl_easy_setopt(handle, CURLOPT_CONNECTTIMEOUT, seconds);
@@ -144,10 +151,10 @@ void Transfer::SetOptions() {
     curl_easy_setopt(handle, CURLOPT_UPLOAD, 1L);
     curl_easy_setopt(handle, CURLOPT_INFILESIZE_LARGE, static_cast<curl_off_t>(order_.size));
     curl_easy_setopt(handle, CURLOPT_READFUNCTION, GiveBytes);
-    curl_easy_setopt(handle, CURLOPT_READDATA, &order_);
+    curl_easy_setopt(handle, CURLOPT_READDATA, this);
   } else {
     curl_easy_setopt(handle, CURLOPT_WRITEFUNCTION, TakeBytes);
-    curl_easy_setopt(handle, CURLOPT_WRITEDATA, &order_);
+    curl_easy_setopt(handle, CURLOPT_WRITEDATA, this);
   }
 }
 
@@ -155,13 +162,31 @@ bool Transfer::Step() {
   if (isOver_) return false;
   const QuietPipe quiet;
   int running = 0;
-  curl_multi_perform(multi_, &running);
+  curl_multi_perform(session_.multi, &running);
   int left = 0;
-  while (const CURLMsg* message = curl_multi_info_read(multi_, &left)) {
-    if (message->msg == CURLMSG_DONE && message->easy_handle == handle_.get()) TakeEnd(message->data.result);
+  while (const CURLMsg* message = curl_multi_info_read(session_.multi, &left)) {
+    if (message->msg != CURLMSG_DONE || message->easy_handle != handle_.get()) continue;
+    const CURLcode result = message->data.result;
+    if (!BeginsAnew(result)) TakeEnd(result);
   }
-  if (!isOver_) curl_multi_poll(multi_, nullptr, 0, kStep, nullptr);
+  if (!isOver_) curl_multi_poll(session_.multi, nullptr, 0, kStep, nullptr);
   return !isOver_;
+}
+
+// Some servers fail where files are to be encrypted as well: then the order is given once more, without that.
+// What the program says to the server stays encrypted.
+bool Transfer::BeginsAnew(CURLcode result) {
+  const bool isTrouble = result == CURLE_FTP_WEIRD_PASV_REPLY || result == CURLE_SSL_CONNECT_ERROR ||
+                         result == CURLE_RECV_ERROR || result == CURLE_SEND_ERROR;
+  if (!isTrouble || !replies_.IsEncrypted() || hasMoved_ ||
+      !session_.plainData.insert(order_.server.host).second) {
+    return false;
+  }
+  curl_multi_remove_handle(session_.multi, handle_.get());
+  replies_ = {};
+  curl_easy_setopt(handle_.get(), CURLOPT_USE_SSL, long{CURLUSESSL_CONTROL});
+  curl_multi_add_handle(session_.multi, handle_.get());
+  return true;
 }
 
 // A refusal is the answer of the server; where the transfer failed otherwise the last reply was to something

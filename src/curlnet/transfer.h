@@ -3,8 +3,8 @@
 
 #include <curl/curl.h>
 
-#include <array>
 #include <memory>
+#include <set>
 #include <string>
 
 #include "curlnet/reply.h"
@@ -12,10 +12,17 @@
 
 namespace tessera::curlnet {
 
+// What the client keeps from one transfer to the next.
+struct Session {
+  CURLM* multi = nullptr;
+  // Servers that encrypt what is said, and fail where files are to be encrypted as well.
+  std::set<std::string> plainData;
+};
+
 class Transfer final : public FtpTransfer {
  public:
-  // The library's handle outlives it.
-  Transfer(CURLM* multi, FtpOrder order);
+  // The session outlives it.
+  Transfer(Session& session, FtpOrder order);
   ~Transfer() override;
   Transfer(const Transfer&) = delete;
   Transfer& operator=(const Transfer&) = delete;
@@ -31,13 +38,17 @@ class Transfer final : public FtpTransfer {
     void operator()(CURL* handle) const { curl_easy_cleanup(handle); }
   };
 
+  static std::size_t TakeBytes(char* bytes, std::size_t size, std::size_t count, void* transfer);
+  static std::size_t GiveBytes(char* bytes, std::size_t size, std::size_t count, void* transfer);
+
   bool SetAddress();
   void SetOptions();
+  bool BeginsAnew(CURLcode result);
   void TakeEnd(CURLcode result);
 
-  CURLM* multi_;
+  Session& session_;
   FtpOrder order_;
-  std::array<char, CURL_ERROR_SIZE> detail_{};
+  bool hasMoved_ = false;  // a byte of the file
   std::unique_ptr<CURL, CloseHandle> handle_;
   bool isOver_ = false;
   bool isWhole_ = false;
