@@ -13,6 +13,7 @@
 #include "platform/whole_file.h"
 #include "runtime/own_folder.h"
 #include "tool/program_files.h"
+#include "tool/program_looks.h"
 #include "tool/subcommands.h"
 #include "tool/terminal.h"
 
@@ -101,9 +102,25 @@ int Write(const fs::path& output, std::string_view bytes, const PackedProgram& p
   return kDone;
 }
 
+// What was written is listed.
+int WriteDesktopFiles(const fs::path& output, const ProgramIcon* icon, bool inMenu) {
+  std::error_code ignored;
+  const auto written =
+      WriteLooks({.program = fs::weakly_canonical(output, ignored), .icon = icon, .inMenu = inMenu});
+  if (const std::string* problem = std::get_if<std::string>(&written)) return Refuse(*problem);
+  for (const std::string& file : std::get<std::vector<std::string>>(written)) std::cout << file << '\n';
+  return kDone;
+}
+
 }  // namespace
 
 int BuildSubcommand(const BuildCall& call) {
+  std::optional<ProgramIcon> icon;
+  if (!call.icon.empty()) {
+    auto read = ReadProgramIcon(call.icon);
+    if (const std::string* problem = std::get_if<std::string>(&read)) return Refuse(*problem);
+    icon = std::get<ProgramIcon>(std::move(read));
+  }
   const auto loaded = LoadProgram(call.program);
   if (const LoadProblem* problem = std::get_if<LoadProblem>(&loaded)) return Refuse(problem->message);
   const LoadedProgram& program = std::get<LoadedProgram>(loaded);
@@ -125,7 +142,9 @@ int BuildSubcommand(const BuildCall& call) {
                   ": um dos editores não pode ser codificado; mude uma linha do texto e tente "
                   "de novo");
   }
-  return Write(output, SealedFile(runtime->bytes(), *image), program.program);
+  const int status = Write(output, SealedFile(runtime->bytes(), *image), program.program);
+  if (status != kDone || (!icon && !call.desktop)) return status;
+  return WriteDesktopFiles(output, icon ? &*icon : nullptr, call.desktop);
 }
 
 }  // namespace tessera

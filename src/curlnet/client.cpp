@@ -17,10 +17,13 @@ class Client final : public FtpClient {
   Client() {
     curl_global_init(CURL_GLOBAL_DEFAULT);
     session_.multi = curl_multi_init();
+    session_.shared = curl_share_init();
+    curl_share_setopt(session_.shared, CURLSHOPT_SHARE, CURL_LOCK_DATA_SSL_SESSION);
   }
   ~Client() override {
     const QuietPipe quiet;
     curl_multi_cleanup(session_.multi);
+    curl_share_cleanup(session_.shared);
   }
   Client(const Client&) = delete;
   Client& operator=(const Client&) = delete;

@@ -127,6 +127,7 @@ bool Transfer::SetAddress() {
 void Transfer::SetOptions() {
   CURL* handle = handle_.get();
   const auto seconds = static_cast<long>(order_.timeOut.count());
+  curl_easy_setopt(handle, CURLOPT_SHARE, session_.shared);
   curl_easy_setopt(handle, CURLOPT_USERNAME, order_.server.user.c_str());
   curl_easy_setopt(handle, CURLOPT_PASSWORD, order_.server.password.c_str());
   curl_easy_setopt(handle, CURLOPT_FTP_FILEMETHOD, long{CURLFTPMETHOD_NOCWD});

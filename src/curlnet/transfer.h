@@ -15,6 +15,7 @@ namespace tessera::curlnet {
 // What the client keeps from one transfer to the next.
 struct Session {
   CURLM* multi = nullptr;
+  CURLSH* shared = nullptr;  // what encrypted lines have agreed on
   // Servers that encrypt what is said, and fail where files are to be encrypted as well.
   std::set<std::string> plainData;
 };

@@ -39,7 +39,6 @@ std::vector<std::size_t> GroupEntriesOf(std::string_view file, const std::vector
     }
     if (found.size() == before) continue;
     needed.push_back({.offset = group.data.offset, .size = kHeader + count * kEntry});
-    needed.push_back({.offset = group.entry, .size = 8});
   }
   return found;
 }
@@ -59,7 +58,6 @@ std::variant<std::vector<Patch>, IconProblem> PlanIconChange(std::string_view ex
   if (icons->empty() || icons->front().name > ResourceLeaf::kLastNumber) return IconProblem::NoDirectories;
 
   const ResourceLeaf& first = icons->front();
-  needed.push_back({.offset = first.entry, .size = 8});
   const std::vector<std::size_t> entries = GroupEntriesOf(executable, *groups, first.name, needed);
   const FileRange image{.offset = first.data.offset, .size = icon.bytes.size()};
   // An image that covered the way to itself could never be found again.

@@ -134,6 +134,7 @@ std::optional<std::vector<ResourceLeaf>> ResourceTree::LeavesOf(std::uint32_t ty
         if (isTable(languageEntry)) continue;
         const auto leaf = Leaf(nameEntry.name, languageEntry.below);
         if (!leaf) return std::nullopt;
+        tables.push_back({.offset = leaf->entry, .size = kDataEntry});
         leaves.push_back(*leaf);
       }
     }
