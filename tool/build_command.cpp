@@ -103,10 +103,8 @@ int Write(const fs::path& output, std::string_view bytes, const PackedProgram& p
 }
 
 // What was written is listed.
-int WriteDesktopFiles(const fs::path& output, const ProgramIcon* icon, bool inMenu) {
-  std::error_code ignored;
-  const auto written =
-      WriteLooks({.program = fs::weakly_canonical(output, ignored), .icon = icon, .inMenu = inMenu});
+int WriteDesktopFiles(const ProgramLooks& looks) {
+  const auto written = WriteLooks(looks);
   if (const std::string* problem = std::get_if<std::string>(&written)) return Refuse(*problem);
   for (const std::string& file : std::get<std::vector<std::string>>(written)) std::cout << file << '\n';
   return kDone;
@@ -134,6 +132,14 @@ int BuildSubcommand(const BuildCall& call) {
   if (const std::string problem = OutputProblem(output, runtimePath, program, call.force); !problem.empty())
     return Refuse(output.string() + ": " + problem);
 
+  std::error_code ignored;
+  const bool hasLooks = icon || call.desktop;
+  const ProgramLooks looks{.program = fs::weakly_canonical(output, ignored),
+                           .icon = icon ? &*icon : nullptr,
+                           .inMenu = call.desktop};
+  if (const std::string problem = hasLooks ? LooksProblem(looks) : std::string(); !problem.empty())
+    return Refuse(problem);
+
   SeededRandom random(
       static_cast<std::uint64_t>(std::chrono::steady_clock::now().time_since_epoch().count()));
   const std::optional<std::string> image = WriteProgramImage(program.program, random);
@@ -143,8 +149,7 @@ int BuildSubcommand(const BuildCall& call) {
                   "de novo");
   }
   const int status = Write(output, SealedFile(runtime->bytes(), *image), program.program);
-  if (status != kDone || (!icon && !call.desktop)) return status;
-  return WriteDesktopFiles(output, icon ? &*icon : nullptr, call.desktop);
+  return status == kDone && hasLooks ? WriteDesktopFiles(looks) : status;
 }
 
 }  // namespace tessera

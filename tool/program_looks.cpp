@@ -60,6 +60,14 @@ std::variant<ProgramIcon, std::string> ReadProgramIcon(const std::string& path) 
   return path + ": o ícone não é uma figura PNG, ICO ou SVG que se possa ler";
 }
 
+std::string LooksProblem(const ProgramLooks& looks) {
+  const Places places = PlacesOf(looks);
+  const auto there = ReadWholeFile(places.entry.string());
+  const std::string* text = std::get_if<std::string>(&there);
+  if (text == nullptr || text->find(looks.program.filename().string()) != std::string::npos) return {};
+  return places.entry.string() + ": já existe e é de outro programa; mude o nome com -o, ou apague-o";
+}
+
 std::variant<std::vector<std::string>, std::string> WriteLooks(const ProgramLooks& looks) {
   const Places places = PlacesOf(looks);
   std::vector<std::string> written;
@@ -72,11 +80,6 @@ std::variant<std::vector<std::string>, std::string> WriteLooks(const ProgramLook
     written.push_back(place.string());
     return problem.empty();
   };
-  const auto before = ReadWholeFile(places.entry.string());
-  if (const std::string* other = std::get_if<std::string>(&before);
-      other != nullptr && other->find(looks.program.string()) == std::string::npos) {
-    return places.entry.string() + ": já existe e é de outro programa; mude o nome com -o, ou apague-o";
-  }
   if (looks.icon != nullptr && !write(places.icon, looks.icon->bytes)) return problem;
   const DesktopEntry entry{.name = looks.program.filename().string(),
                            .command = {looks.program.string()},

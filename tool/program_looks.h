@@ -24,6 +24,9 @@ struct ProgramLooks {
   bool inMenu = false;  // in the user's folders
 };
 
+// Why they must not be written, or empty: the entry of another program stays.
+std::string LooksProblem(const ProgramLooks& looks);
+
 // Writes icon and entry; the files written, or why one could not be.
 std::variant<std::vector<std::string>, std::string> WriteLooks(const ProgramLooks& looks);
 

@@ -95,7 +95,7 @@ PeFile MakePe(const PeLayout& layout) {
   file += std::string("PE\0\0", 4);
   Put(file, layout.is64Bits ? 0x8664 : 0x14C, 2);
   Put(file, 1, 2);  // sections
-  Put(file, 0, 12);
+  file += std::string(12, '\0');
   Put(file, optional, 2);
   Put(file, 0x22, 2);
   const std::size_t start = file.size();

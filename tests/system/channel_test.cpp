@@ -2,7 +2,10 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <filesystem>
+#include <memory>
 #include <random>
+#include <thread>
 
 #include "support/process.h"
 #include "support/temporary_folder.h"
@@ -95,6 +98,29 @@ TEST(Channel, TwoProgramsExchangeTenMegabytesAtDifferentPaces) {
     EXPECT_TRUE(folders[0].Read("para") == contents[1]) << host;
     EXPECT_TRUE(folders[1].Read("para") == contents[0]) << host;
   }
+}
+
+// The example: one waits, the other one calls, and both keep what was said.
+TEST(Channel, TheChatOfTheExamplesCarriesSentencesBothWays) {
+  const std::string port = std::to_string(22'000 + getpid() % 20'000);
+  TemporaryFolder waiting;
+  TemporaryFolder calling;
+  for (const TemporaryFolder* folder : {&waiting, &calling}) {
+    std::filesystem::copy(TESSERA_EXAMPLES "/Conversa.tsc", *folder / "Conversa.tsc");
+  }
+  const auto run = [&](const TemporaryFolder& folder, const std::string& script) {
+    return std::make_unique<RunningProcess>(
+        ProcessCall{.words = {TESSERA_TOOL, "run", "--console", folder / "Conversa.tsc"},
+                    .input = "texto TPorta " + port + "\n" + script + "clique BGuardar\nespera 1\nfecha\n"});
+  };
+  const auto one =
+      run(waiting, "clique BEsperar\nrede 3000\nrede 1000\ntexto TFrase tudo bem?\nclique BEnviar\n");
+  std::this_thread::sleep_for(std::chrono::milliseconds(300));
+  const auto other = run(calling, "clique BChamar\nrede 300\ntexto TFrase olá\nclique BEnviar\nrede 3000\n");
+  EXPECT_EQ(one->WaitFor(std::chrono::seconds(9)), 0) << one->Err();
+  EXPECT_EQ(other->WaitFor(std::chrono::seconds(9)), 0) << other->Err();
+  EXPECT_EQ(waiting.Read("conversa.txt"), "> ol\xE1\r\neu: tudo bem?\r\n\r\n");
+  EXPECT_EQ(calling.Read("conversa.txt"), "eu: ol\xE1\r\n> tudo bem?\r\n\r\n");
 }
 
 // The script says when the network acts, an event at a time.

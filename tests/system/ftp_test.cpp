@@ -175,6 +175,21 @@ TEST_F(Ftp, FilesGoBothWaysWholeUnderNamesThatStayAsTheyAre) {
   EXPECT_FALSE(HasLeftovers());
 }
 
+TEST_F(Ftp, TheBackupOfTheExamplesSendsAFolder) {
+  const RealServer server;
+  std::filesystem::copy(TESSERA_EXAMPLES "/Reserva.tsc", folder_ / "Reserva.tsc");
+  for (const std::string name : {"um", "dois.txt", "três"})
+    folder_.Write("pasta/" + name, "conteúdo de " + name);
+  const ProcessResult result =
+      RunProcess({.words = {TESSERA_TOOL, "run", "--console", folder_ / "Reserva.tsc", "--", server.host,
+                            "lab", "segredo", folder_ / "pasta"},
+                  .input = "clique BSair\n"});
+  EXPECT_EQ(result.status, 0);
+  EXPECT_EQ(result.err, "[info] 3 de 3 arquivos copiados.\n");
+  for (const std::string name : {"um", "dois.txt", "três"})
+    EXPECT_EQ(server.folder.Read(name), "conteúdo de " + name);
+}
+
 TEST_F(Ftp, LinesThatTheProgramHasWrittenAreInTheFileThatGoes) {
   const RealServer server;
   Run(Connect(server.host) +

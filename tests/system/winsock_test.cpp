@@ -78,10 +78,6 @@ class Peer {
     bytes.resize(count < 0 ? 0 : static_cast<std::size_t>(count));
     return bytes;
   }
-  void SmallBuffer() const {
-    const int size = 4096;
-    setsockopt(line_, SOL_SOCKET, SO_RCVBUF, &size, sizeof size);
-  }
   // With bytes unread the system takes the line away at once.
   void Reset() {
     const linger atOnce{.l_onoff = 1, .l_linger = 0};
@@ -219,7 +215,6 @@ TEST(Winsock, WhatAStalledReaderDoesNotTakeWaitsAndArrivesInOrder) {
     line.winsock.Connect("127.0.0.1", port);
     ASSERT_EQ(line.Next(), Delivered::Event);
     slow.Accept();
-    slow.SmallBuffer();
     line.winsock.SendData(std::string_view(sent).substr(0, 1000));
     line.winsock.SendData(std::string_view(sent).substr(1000));
     read += slow.Read(10);
