@@ -25,6 +25,8 @@ bool IsSvg(std::string_view bytes) {
 }
 
 // Where the desktop's files lie, and how they are called there.
+// OPEN: an icon alone makes an entry beside the program, to be put anywhere by hand; the menu's entry and its
+// icon go into the user's folders, by full paths, so that no theme need be told.
 struct Places {
   fs::path entry;
   fs::path icon;

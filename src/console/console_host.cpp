@@ -272,7 +272,8 @@ bool ConsoleHost::LineWithin(std::optional<std::chrono::milliseconds> time) cons
 }
 
 // In a script the outside acts while the time goes by, and behind the script's end wherever events are waited
-// for.
+// for. OPEN: there it is waited for a moment, so that a program which polls leaves others some of the
+// machine.
 bool ConsoleHost::AwaitEvents(std::chrono::milliseconds sleep) {
   constexpr std::chrono::milliseconds kRest{10};
   out_.flush();

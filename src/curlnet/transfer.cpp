@@ -174,8 +174,8 @@ bool Transfer::Step() {
   return !isOver_;
 }
 
-// Some servers fail where files are to be encrypted as well: then the order is given once more, without that.
-// What the program says to the server stays encrypted.
+// OPEN: some servers fail where files are to be encrypted as well: then the order is given once more, without
+// that. What the program says to the server stays encrypted.
 bool Transfer::BeginsAnew(CURLcode result) {
   const bool isTrouble = result == CURLE_FTP_WEIRD_PASV_REPLY || result == CURLE_SSL_CONNECT_ERROR ||
                          result == CURLE_RECV_ERROR || result == CURLE_SEND_ERROR;

@@ -115,7 +115,8 @@ FtpOrder FtpCommands::NewOrder(const std::string& remote) const {
   return {.server = *server_, .remote = ToUtf8(remote), .store = {}, .load = {}};
 }
 
-// One answer at a time: an order that comes from an event within another one is refused.
+// OPEN: one answer at a time: an order that comes from an event within another one is refused. Without the
+// part the answer is empty, behind a box that names its package.
 std::optional<std::string> FtpCommands::Execute(FtpOrder order, const std::string& shownName, bool& isWhole) {
   if (isExecuting_) FailDevice("outra transferência ainda não terminou"_w);
   FtpClient* client = Client();

@@ -60,13 +60,15 @@ std::variant<std::vector<Patch>, IconProblem> PlanIconChange(std::string_view ex
   const ResourceLeaf& first = icons->front();
   const std::vector<std::size_t> entries = GroupEntriesOf(executable, *groups, first.name, needed);
   const FileRange image{.offset = first.data.offset, .size = icon.bytes.size()};
-  // An image that covered the way to itself could never be found again.
+  // OPEN: an image that covered the way to itself, or a group's entry, could never be found again, and is
+  // refused.
   const bool coversTheWay =
       std::any_of(needed.begin(), needed.end(), [&](const FileRange& range) { return range.Meets(image); });
   if (entries.empty() || coversTheWay || image.size > executable.size() - image.offset) {
     return IconProblem::NoDirectories;
   }
 
+  // OPEN: the groups are told the image's width and height as well, since the system chooses by them.
   const std::string size = ToLittleEndian(icon.bytes.size(), 4);
   std::vector<Patch> patches = {{.offset = image.offset, .bytes = std::string(icon.bytes)},
                                 {.offset = first.entry + 4, .bytes = size}};

@@ -35,6 +35,8 @@ std::vector<std::string> LoaderFolders() {
 }
 
 // The path of "libz.so" with its highest version; empty where the folder has none.
+// OPEN: the highest one, by the order of its numbers, and "libz.so" finds it as "z" does: the file of that
+// bare name is often a text for compilers.
 std::string HighestVersion(FileStore& files, const std::string& folder, const std::string& base) {
   std::string highest;
   for (const FolderEntry& entry : files.List(folder)) {

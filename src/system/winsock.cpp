@@ -134,6 +134,8 @@ void Winsock::Take(Descriptor socket, State state, std::uint32_t watched) {
   Watch(eventWatch_.number(), line_.socket->number(), watched);
 }
 
+// OPEN: what is sent to a side that has just gone, before its going could be told, is lost without a word;
+// behind that event there is no line, and sending is a failure.
 void Winsock::SendData(std::string_view bytes) {
   if (state_ != State::Connected) FailDevice("não há conexão com outro programa"_w);
   if (line_.isBroken) return;
@@ -288,6 +290,8 @@ bool Winsock::HasArrived(const Outgoing& line) {
   return line.waiting.empty() && OnTheWay(line.socket->number()) == 0;
 }
 
+// OPEN: a program's end waits for what it has sent, as long as the other side takes some of it within a
+// minute.
 void Winsock::AwaitSent() {
   using Steady = std::chrono::steady_clock;
   constexpr std::chrono::seconds kLongestStall{60};

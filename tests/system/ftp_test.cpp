@@ -281,6 +281,33 @@ TEST_F(Ftp, EventsRunWhileTheServerTakesItsTime) {
   EXPECT_EQ(nested, 68) << "one transfer at a time";
 }
 
+TEST_F(Ftp, ALongTransferShowsItsProgressOnATerminalAlone) {
+  const auto late = [] { std::this_thread::sleep_for(std::chrono::milliseconds(900)); };
+  for (const bool isTerminal : {true, false}) {
+    const FaultyServer server(FaultyServer::Fault::RefusesLate, late);
+    folder_.Write("P.tsc", Connect(server.host) + "BaixaArquivoFTP \"longo\", \"b\"\nFimJanela");
+    std::vector<std::string> words = {TESSERA_TOOL, "run", "--console", folder_ / "P.tsc"};
+    if (isTerminal) {
+      const std::string line = words[0] + " run --console " + words[3];
+      words = {"/usr/bin/script", "-qec", line, "/dev/null"};
+    }
+    const ProcessResult result = RunProcess({.words = words});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.err, "");
+    EXPECT_EQ(result.out.find("\r\033[Klongo: ") != std::string::npos, isTerminal) << result.out;
+    EXPECT_EQ(result.out.ends_with("\r\033[K"), isTerminal) << "and it vanishes";
+  }
+}
+
+TEST_F(Ftp, WithoutItsPartABoxNamesThePackage) {
+  CoreProgram program([this](Services& services) { services.partFolders = {folder_.path()}; });
+  EXPECT_EQ(program.Run(Connect("127.0.0.1:1") +
+                        "Var r String\nr = BaixaArquivoFTP(\"a\", \"/a\")\nEscreva \"[\", r, \"]\""),
+            "[]\n");
+  ASSERT_EQ(program.Boxes().size(), 1U);
+  EXPECT_TRUE(program.Boxes()[0].starts_with("Instale o pacote tessera-net")) << program.Boxes()[0];
+}
+
 TEST_F(Ftp, AServerThatStallsIsGivenUp) {
   const PartEntry part =
       LoadPart(std::vector<std::filesystem::path>{TESSERA_PARTS}, "net", kFtpClientEntry, "");
