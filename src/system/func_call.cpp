@@ -60,6 +60,7 @@ struct TextBuffer {
 std::uint64_t Call(void* function, std::vector<std::uint64_t>& words) noexcept {
   std::vector<ffi_type*> types(words.size(), &ffi_type_sint64);
   std::vector<void*> places;
+  places.reserve(words.size());
   for (std::uint64_t& word : words) places.push_back(&word);
   ffi_cif call;
   ffi_prep_cif(&call, FFI_DEFAULT_ABI, static_cast<unsigned>(words.size()), &ffi_type_sint64, types.data());

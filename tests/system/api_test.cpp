@@ -1,7 +1,6 @@
 // The command `API` against a library of the tests' own, and against those of the system.
 #include <gtest/gtest.h>
 
-#include "image/codec.h"
 #include "support/console_window.h"
 #include "support/process.h"
 #include "support/temporary_folder.h"
@@ -100,8 +99,8 @@ class ApiProcess : public testing::Test {
 TEST_F(ApiProcess, ACrashIsToldAndLosesNothing) {
   for (const std::string function : {"falha", "aborta", "lanca", "fundo"}) {
     const ProcessResult result =
-        Run("BD\nBanco Nomes\nNome \"String\", 20\nFimBD\n"
-            "Nomes.Nome = \"Ana\"\nAbreBD Nomes\nAdicionaRegistro Nomes\n"
+        Run("BD Gente, dados\nNome, String, 20\nFimBD\nAbreBD Gente\nGente.Nome = \"Ana\"\n"
+            "AdicionaRegistro Gente\n"
             "AbreArquivo S, \"linhas.txt\", TEXTOGRAVACAO\nGravaArquivo S, \"uma linha\"\nEscreva \"antes\"\n"
             "API Biblioteca, \"" TESSERA_API_SAMPLE "\"\nAPI NomeFuncao, \"" +
             function + "\"\nAPI Execute, 1\nEscreva \"depois\"");
@@ -111,6 +110,11 @@ TEST_F(ApiProcess, ACrashIsToldAndLosesNothing) {
         "[falha] API: " + function + " de " + TESSERA_API_SAMPLE + " encerrou o programa\n";
     EXPECT_TRUE(result.err.ends_with(told)) << result.err;
     EXPECT_EQ(folder_.Read("linhas.txt"), "uma linha\r\n") << function;
+    const std::string records = folder_ / "dados/Gente.Tsa";
+    const ProcessResult checked = RunProcess({.words = {TESSERA_TOOL, "bd", "check", records}});
+    EXPECT_EQ(checked.status, 0) << function;
+    EXPECT_EQ(checked.out, "1 registros bons, 0 excluídos, 0 com defeito\n") << function;
+    std::filesystem::remove(records);
   }
 }
 
