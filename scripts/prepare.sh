@@ -9,6 +9,9 @@ packages=(
   qt6-translations-l10n                      # the desktop's dialogs in Portuguese
   x11-xserver-utils                          # the screen's modes, for "RESVIDEO"
   fonts-dejavu-core fonts-liberation         # faces for "Courier New" and its like
+  libcurl4-openssl-dev libffi-dev            # file transfer, calls of libraries
+  python3-pyftpdlib python3-openssl openssl  # a server of files for the tests
+  binutils-mingw-w64-x86-64 icoutils desktop-file-utils  # icons, made and read by others
   xvfb xauth xdotool libxcb1-dev sqlite3      # tests with a real display, and a look at what was exported
 )
 

@@ -13,6 +13,7 @@
 #include "platform/whole_file.h"
 #include "runtime/own_folder.h"
 #include "tool/program_files.h"
+#include "tool/program_looks.h"
 #include "tool/subcommands.h"
 #include "tool/terminal.h"
 
@@ -101,9 +102,23 @@ int Write(const fs::path& output, std::string_view bytes, const PackedProgram& p
   return kDone;
 }
 
+// What was written is listed.
+int WriteDesktopFiles(const ProgramLooks& looks) {
+  const auto written = WriteLooks(looks);
+  if (const std::string* problem = std::get_if<std::string>(&written)) return Refuse(*problem);
+  for (const std::string& file : std::get<std::vector<std::string>>(written)) std::cout << file << '\n';
+  return kDone;
+}
+
 }  // namespace
 
 int BuildSubcommand(const BuildCall& call) {
+  std::optional<ProgramIcon> icon;
+  if (!call.icon.empty()) {
+    auto read = ReadProgramIcon(call.icon);
+    if (const std::string* problem = std::get_if<std::string>(&read)) return Refuse(*problem);
+    icon = std::get<ProgramIcon>(std::move(read));
+  }
   const auto loaded = LoadProgram(call.program);
   if (const LoadProblem* problem = std::get_if<LoadProblem>(&loaded)) return Refuse(problem->message);
   const LoadedProgram& program = std::get<LoadedProgram>(loaded);
@@ -117,6 +132,14 @@ int BuildSubcommand(const BuildCall& call) {
   if (const std::string problem = OutputProblem(output, runtimePath, program, call.force); !problem.empty())
     return Refuse(output.string() + ": " + problem);
 
+  std::error_code ignored;
+  const bool hasLooks = icon || call.desktop;
+  const ProgramLooks looks{.program = fs::weakly_canonical(output, ignored),
+                           .icon = icon ? &*icon : nullptr,
+                           .inMenu = call.desktop};
+  if (const std::string problem = hasLooks ? LooksProblem(looks) : std::string(); !problem.empty())
+    return Refuse(problem);
+
   SeededRandom random(
       static_cast<std::uint64_t>(std::chrono::steady_clock::now().time_since_epoch().count()));
   const std::optional<std::string> image = WriteProgramImage(program.program, random);
@@ -125,7 +148,8 @@ int BuildSubcommand(const BuildCall& call) {
                   ": um dos editores não pode ser codificado; mude uma linha do texto e tente "
                   "de novo");
   }
-  return Write(output, SealedFile(runtime->bytes(), *image), program.program);
+  const int status = Write(output, SealedFile(runtime->bytes(), *image), program.program);
+  return status == kDone && hasLooks ? WriteDesktopFiles(looks) : status;
 }
 
 }  // namespace tessera

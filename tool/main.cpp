@@ -134,6 +134,12 @@ class CommandLine {
         ->add_option("--runtime", build_.runtime,
                      "Executor a copiar; sem ele, o tessera-runtime ao lado da ferramenta")
         ->type_name("ARQUIVO");
+    build
+        ->add_option("--icon", build_.icon,
+                     "Ícone do programa (PNG, ICO ou SVG), gravado ao lado dele com um atalho")
+        ->type_name("ARQUIVO");
+    build->add_flag("--desktop", build_.desktop,
+                    "Põe o programa, com o seu ícone, no menu de programas do usuário");
   }
 
   void AddBd() {

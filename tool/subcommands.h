@@ -17,9 +17,11 @@ int RunSubcommand(const RunCall& call);
 
 struct BuildCall {
   std::string program;
-  std::string output;   // empty: the program's name in its own folder
-  std::string runtime;  // empty: `tessera-runtime` beside the tool
-  bool force = false;   // also over a file that is no older finished program
+  std::string output;    // empty: the program's name in its own folder
+  std::string runtime;   // empty: `tessera-runtime` beside the tool
+  bool force = false;    // also over a file that is no older finished program
+  std::string icon;      // a picture for the desktop; empty: none
+  bool desktop = false;  // the program comes into the user's menu
 };
 int BuildSubcommand(const BuildCall& call);
 

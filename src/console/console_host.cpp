@@ -1,5 +1,7 @@
 #include "console/console_host.h"
 
+#include <poll.h>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -215,34 +217,91 @@ void ConsoleHost::ProcessEvents() {
   Dispatch();
 }
 
-// Runs what needs no line of the script.
+// Runs what needs no line of the script. In a script the outside acts where the script lets it.
 void ConsoleHost::Dispatch() {
   CatchUp();
   time_.TickWaiting();
   posted_.Run();
+  if (source_ == nullptr) return;
+  source_->SendWaiting();
+  if (input_.IsTerminal()) DeliverOutside();
 }
 
-bool ConsoleHost::AwaitEvents(std::chrono::milliseconds sleep) {
-  out_.flush();
-  termination::Sleep(sleep);
+void ConsoleHost::Watch(EventSource* source) {
+  source_ = source;
+  input_.SendMeanwhile(source);
+}
+
+void ConsoleHost::ProcessWaiting() {
   Dispatch();
-  if (input_.IsTerminal() && !input_.LineWithin(std::chrono::milliseconds(0), posted_.WakeDescriptor()))
-    return true;
-  return DeliverNext();
+  if (source_ != nullptr && !input_.IsTerminal()) DeliverOutside();
 }
 
-// On a terminal timers and posted acts go on while the person thinks.
+// One step: what happened, up to the first arrival, which nothing may take the place of before the program
+// has seen it.
+EventSource::Delivered ConsoleHost::DeliverOutside() {
+  EventSource::Delivered delivered = source_->DeliverNext();
+  while (delivered == EventSource::Delivered::Event) delivered = source_->DeliverNext();
+  return delivered;
+}
+
+// Lets the outside act for that time. With `oneEvent` it ends behind the first event, or where none can come;
+// else it is one step, that takes the whole time.
+void ConsoleHost::LetOutsideAct(std::chrono::milliseconds time, bool oneEvent) {
+  using Delivered = EventSource::Delivered;
+  const auto end = std::chrono::steady_clock::now() + time;
+  bool hasArrived = false;
+  while (!termination::IsAsked()) {
+    source_->SendWaiting();
+    if (oneEvent && (!source_->IsOpen() || source_->DeliverNext() != Delivered::Nothing)) return;
+    if (!oneEvent && !hasArrived) hasArrived = DeliverOutside() == Delivered::Arrival;
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - std::chrono::steady_clock::now());
+    if (left.count() <= 0) return;
+    std::array<pollfd, 3> waits = {
+        pollfd{.fd = hasArrived ? -1 : source_->EventDescriptor(), .events = POLLIN, .revents = 0},
+        pollfd{.fd = source_->SendDescriptor(), .events = POLLIN, .revents = 0},
+        pollfd{.fd = termination::Descriptor(), .events = POLLIN, .revents = 0}};
+    poll(waits.data(), waits.size(), static_cast<int>(left.count()));
+  }
+}
+
+bool ConsoleHost::LineWithin(std::optional<std::chrono::milliseconds> time) const {
+  std::vector<int> wakes = {posted_.WakeDescriptor()};
+  if (source_ != nullptr) wakes.insert(wakes.end(), {source_->EventDescriptor(), source_->SendDescriptor()});
+  return input_.LineWithin(time, wakes);
+}
+
+// In a script the outside acts while the time goes by, and behind the script's end wherever events are waited
+// for. OPEN: there it is waited for a moment, so that a program which polls leaves others some of the
+// machine.
+bool ConsoleHost::AwaitEvents(std::chrono::milliseconds sleep) {
+  constexpr std::chrono::milliseconds kRest{10};
+  out_.flush();
+  const bool letsAct = source_ != nullptr && source_->IsOpen() && !input_.IsTerminal();
+  if (letsAct && sleep.count() > 0) {
+    LetOutsideAct(sleep, false);
+  } else {
+    termination::Sleep(sleep);
+  }
+  Dispatch();
+  if (input_.IsTerminal() && !LineWithin(std::chrono::milliseconds(0))) return true;
+  if (DeliverNext()) return true;
+  if (letsAct && sleep.count() == 0) LetOutsideAct(kRest, true);
+  return false;
+}
+
+// On a terminal timers, posted acts and the outside go on while the person thinks.
 bool ConsoleHost::AwaitNextEvents() {
   out_.flush();
   Dispatch();
-  if (!input_.IsTerminal() || input_.LineWithin(time_.UntilNextTick(), posted_.WakeDescriptor())) {
-    return DeliverNext();
-  }
+  if (!input_.IsTerminal() || LineWithin(time_.UntilNextTick())) return DeliverNext();
   Dispatch();
   return true;
 }
 
+// What was printed before is seen during the pause.
 void ConsoleHost::Pause(std::chrono::milliseconds time) {
+  out_.flush();
   if (input_.IsTerminal()) termination::Sleep(time);
 }
 
@@ -373,6 +432,10 @@ bool ConsoleHost::CloseWindow(std::string_view name) {
 
 void ConsoleHost::LetTimePass(std::chrono::milliseconds time) {
   time_.Pass(time);
+}
+
+void ConsoleHost::LetNetworkAct(std::chrono::milliseconds time) {
+  if (source_ != nullptr) LetOutsideAct(time, true);
 }
 
 }  // namespace tessera

@@ -75,6 +75,8 @@ class ConsoleHost final : public Display, public Dialogs, public EventDispatch, 
   bool AwaitEvents(std::chrono::milliseconds sleep) override;
   bool AwaitNextEvents() override;
   void Pause(std::chrono::milliseconds time) override;
+  void Watch(EventSource* source) override;
+  void ProcessWaiting() override;
   void Post(std::function<void()> act) override { posted_.Post(std::move(act)); }
   std::chrono::milliseconds DispatchTime() override;
   std::unique_ptr<Timer> StartTimer(std::chrono::milliseconds interval, std::function<void()> tick) override;
@@ -89,6 +91,9 @@ class ConsoleHost final : public Display, public Dialogs, public EventDispatch, 
   void CatchUp();
   void Dispatch();
   bool DeliverNext();
+  EventSource::Delivered DeliverOutside();
+  void LetOutsideAct(std::chrono::milliseconds time, bool oneEvent);
+  bool LineWithin(std::optional<std::chrono::milliseconds> time) const;
   ConsoleForm& InHand() const;
   ConsoleForm& BringInHand();
 
@@ -105,6 +110,7 @@ class ConsoleHost final : public Display, public Dialogs, public EventDispatch, 
   void ResizeWindow(double lines, double columns) override;
   bool CloseWindow(std::string_view name) override;
   void LetTimePass(std::chrono::milliseconds time) override;
+  void LetNetworkAct(std::chrono::milliseconds time) override;
 
   std::ostream& out_;
   std::ostream& err_;
@@ -112,6 +118,7 @@ class ConsoleHost final : public Display, public Dialogs, public EventDispatch, 
   ConsoleOptions options_;
   ScriptTime time_;
   PostedActs posted_;
+  EventSource* source_ = nullptr;
   SystemClock clock_;
   SeededRandom random_;
   SystemFiles files_;

@@ -234,6 +234,13 @@ void Espera(Words& words, Person& person) {
   person.LetTimePass(std::chrono::milliseconds(time));
 }
 
+void Rede(Words& words, Person& person) {
+  constexpr int kUsualWait = 10'000;
+  const int time = words.AtEnd() ? kUsualWait : words.Index();
+  words.End();
+  person.LetNetworkAct(std::chrono::milliseconds(time));
+}
+
 void Fecha(Words& words, Person& person) {
   const std::string_view name = words.AtEnd() ? std::string_view() : words.Next();
   words.End();
@@ -256,6 +263,7 @@ constexpr std::array kWords = {
     WordRow{"mouse", Mouse},     WordRow{"pressiona", Pressiona},
     WordRow{"libera", Libera},   WordRow{"redim", Redim},
     WordRow{"espera", Espera},   WordRow{"fecha", Fecha},
+    WordRow{"rede", Rede},
 };
 
 }  // namespace

@@ -39,6 +39,8 @@ class Person {
   // Closes the window of that name, or the current one for an empty name; false where there is none.
   virtual bool CloseWindow(std::string_view name) = 0;
   virtual void LetTimePass(std::chrono::milliseconds time) = 0;
+  // Waits for the network's next event, at most that long in real time.
+  virtual void LetNetworkAct(std::chrono::milliseconds time) = 0;
 };
 
 // Lets the person do what an event line says. The answer is empty, or tells in the user's language what is

@@ -3,12 +3,21 @@
 #include <poll.h>
 
 #include <array>
+#include <vector>
 
 #include "platform/termination.h"
 #include "text/code_page.h"
 #include "text/one_based.h"
 
 namespace tessera {
+
+namespace {
+
+pollfd ToRead(int descriptor) {
+  return {.fd = descriptor, .events = POLLIN, .revents = 0};
+}
+
+}  // namespace
 
 std::optional<std::string> ScriptInput::NextLine() {
   std::string line;
@@ -31,10 +40,10 @@ std::optional<std::string> ScriptInput::NextEventLine() {
   return std::nullopt;
 }
 
-bool ScriptInput::LineWithin(std::optional<std::chrono::milliseconds> time, int wake) const {
-  std::array<pollfd, 3> waits = {pollfd{.fd = *descriptor_, .events = POLLIN, .revents = 0},
-                                 pollfd{.fd = termination::Descriptor(), .events = POLLIN, .revents = 0},
-                                 pollfd{.fd = wake, .events = POLLIN, .revents = 0}};
+bool ScriptInput::LineWithin(std::optional<std::chrono::milliseconds> time,
+                             std::span<const int> wakes) const {
+  std::vector<pollfd> waits = {ToRead(*descriptor_), ToRead(termination::Descriptor())};
+  for (const int wake : wakes) waits.push_back(ToRead(wake));
   poll(waits.data(), waits.size(), time ? static_cast<int>(time->count()) : -1);
   return waits[0].revents != 0 || waits[1].revents != 0;
 }
@@ -42,9 +51,11 @@ bool ScriptInput::LineWithin(std::optional<std::chrono::milliseconds> time, int 
 bool ScriptInput::AwaitInput() const {
   if (!descriptor_ || in_.rdbuf()->in_avail() > 0) return true;
   while (!termination::IsAsked()) {
-    std::array<pollfd, 2> waits = {pollfd{.fd = *descriptor_, .events = POLLIN, .revents = 0},
-                                   pollfd{.fd = termination::Descriptor(), .events = POLLIN, .revents = 0}};
-    if (poll(waits.data(), waits.size(), -1) > 0 && waits[0].revents != 0) return true;
+    std::array<pollfd, 3> waits = {ToRead(*descriptor_), ToRead(termination::Descriptor()),
+                                   ToRead(source_ == nullptr ? -1 : source_->SendDescriptor())};
+    if (poll(waits.data(), waits.size(), -1) <= 0) continue;
+    if (waits[0].revents != 0) return true;
+    if (waits[2].revents != 0) source_->SendWaiting();
   }
   return false;
 }

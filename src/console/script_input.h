@@ -4,7 +4,10 @@
 #include <chrono>
 #include <istream>
 #include <optional>
+#include <span>
 #include <string>
+
+#include "platform/host.h"
 
 namespace tessera {
 
@@ -16,6 +19,9 @@ class ScriptInput {
 
   bool IsTerminal() const { return isTerminal_; }
 
+  // What this source has to send goes on while a line is waited for.
+  void SendMeanwhile(EventSource* source) { source_ = source; }
+
   // The next line as it stands, in the program's code page; nothing at the end of input, or where the system
   // ends the process. Waits on a terminal.
   std::optional<std::string> NextLine();
@@ -24,8 +30,8 @@ class ScriptInput {
   std::optional<std::string> NextEventLine();
 
   // True when the terminal has a line or its end, or the system ends the process, within that time; no time
-  // is for ever. `wake` is a descriptor that ends the waiting as soon as it can be read.
-  bool LineWithin(std::optional<std::chrono::milliseconds> time, int wake) const;
+  // is for ever. `wakes` are descriptors that end the waiting as soon as one can be read.
+  bool LineWithin(std::optional<std::chrono::milliseconds> time, std::span<const int> wakes) const;
 
   // Number of the line taken last, from 1.
   int lineNumber() const { return lineNumber_; }
@@ -37,6 +43,7 @@ class ScriptInput {
   std::istream& in_;
   std::optional<int> descriptor_;
   bool isTerminal_;
+  EventSource* source_ = nullptr;
   int lineNumber_ = 0;
 };
 

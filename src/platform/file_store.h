@@ -43,6 +43,7 @@ enum class OpenAs {
   Read,     // a folder is EISDIR
   Rewrite,  // made, or emptied
   Update,   // read and written; made where it is missing, and only read where writing is forbidden
+  Alone,    // read and written, and locked whole meanwhile: EAGAIN where somebody else has it locked
   New,      // EEXIST where the name is taken
 };
 

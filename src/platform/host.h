@@ -78,6 +78,27 @@ class Timer {
   virtual ~Timer() = default;
 };
 
+// What brings events from outside of the process, as a line to another program does. A host watches the
+// descriptors, and asks for the events inside its dispatches.
+class EventSource {
+ public:
+  virtual ~EventSource() = default;
+
+  enum class Delivered { Nothing, Event, Arrival };
+  // Runs what has happened first, and tells of what kind it was. What arrives takes the place of what came
+  // before, so that a step of a dispatch takes one arrival at most.
+  virtual Delivered DeliverNext() = 0;
+  // Can be read while an event waits.
+  virtual int EventDescriptor() const = 0;
+  // Whether an event can come at all.
+  virtual bool IsOpen() const = 0;
+
+  // Sends on what waits to be sent, which is no event and needs no dispatch.
+  virtual void SendWaiting() = 0;
+  // Can be read while some of it can be sent.
+  virtual int SendDescriptor() const = 0;
+};
+
 class EventDispatch {
  public:
   virtual ~EventDispatch() = default;
@@ -104,6 +125,12 @@ class EventDispatch {
   // Lets `act` run inside a coming dispatch, behind all that was posted before. From any thread; a host that
   // rests wakes for it.
   virtual void Post(std::function<void()> act) = 0;
+
+  // The events of this source come as well, until null takes its place.
+  virtual void Watch(EventSource* /*source*/) {}
+
+  // One step of a command's own wait for the outside: runs what is pending, and what the source has.
+  virtual void ProcessWaiting() { ProcessEvents(); }
 
   // How long the run goes on, in the time of the timers: the script's where a script keeps it.
   virtual std::chrono::milliseconds DispatchTime() = 0;

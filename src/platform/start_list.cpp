@@ -5,41 +5,12 @@
 #include <filesystem>
 #include <system_error>
 
+#include "platform/desktop_entry.h"
 #include "platform/whole_file.h"
 #include "text/code_page.h"
 #include "text/one_based.h"
 
 namespace tessera {
-
-namespace {
-
-// A value of an entry: one line.
-std::string EntryText(std::string_view text) {
-  std::string value;
-  for (const char c : text) {
-    if (c == '\\') {
-      value += "\\\\";
-    } else if (c == '\n' || c == '\r') {
-      value += ' ';
-    } else {
-      value += c;
-    }
-  }
-  return value;
-}
-
-// A word of a command, quoted for the desktop, which reads "%" as a place to fill.
-std::string QuotedWord(std::string_view word) {
-  std::string quoted = "\"";
-  for (const char c : word) {
-    if (c == '"' || c == '`' || c == '$' || c == '\\') quoted += '\\';
-    if (c == '%') quoted += '%';
-    quoted += c;
-  }
-  return quoted + "\"";
-}
-
-}  // namespace
 
 std::string StartList::FileOf(std::string_view name) const {
   return folder_ + "/" + ToUtf8(Replace(name, '/', '_')) + ".desktop";
@@ -47,12 +18,9 @@ std::string StartList::FileOf(std::string_view name) const {
 
 bool StartList::Add(std::string_view name, const std::vector<std::string>& command,
                     const std::string& workingFolder) const {
-  std::string line;
-  for (const std::string& word : command) line += (line.empty() ? "" : " ") + QuotedWord(word);
   MakeFoldersFor(FileOf(name));
-  return ReplaceFile(FileOf(name), "[Desktop Entry]\nType=Application\nName=" + EntryText(ToUtf8(name)) +
-                                       "\nExec=" + EntryText(line) + "\nPath=" + EntryText(workingFolder) +
-                                       "\n") == 0;
+  const DesktopEntry entry{.name = ToUtf8(name), .command = command, .folder = workingFolder};
+  return ReplaceFile(FileOf(name), DesktopEntryText(entry)) == 0;
 }
 
 void StartList::Remove(std::string_view name) const {

@@ -1,6 +1,7 @@
 #include "platform/system_files.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -82,6 +83,16 @@ class SystemFile final : public StoredFile {
   Descriptor descriptor_;
 };
 
+// The system has two kinds of locks on whole files, which don't feel each other; both last as long as the
+// file is open.
+int LockWhole(int descriptor) {
+  struct flock lock {};
+  lock.l_type = F_WRLCK;
+  lock.l_whence = SEEK_SET;
+  if (fcntl(descriptor, F_OFD_SETLK, &lock) != 0) return errno == EACCES ? EAGAIN : errno;
+  return ErrorOf(flock(descriptor, LOCK_EX | LOCK_NB));
+}
+
 int FlagsOf(OpenAs how) {
   switch (how) {
     case OpenAs::Read:
@@ -90,6 +101,8 @@ int FlagsOf(OpenAs how) {
       return O_WRONLY | O_CREAT | O_TRUNC;
     case OpenAs::Update:
       return O_RDWR | O_CREAT;
+    case OpenAs::Alone:
+      return O_RDWR;
     case OpenAs::New:
       break;
   }
@@ -118,6 +131,9 @@ FileStore::Opened SystemFiles::Open(const std::string& path, OpenAs how) {
   struct stat status {};
   if (fstat(file.number(), &status) != 0) return {nullptr, errno};
   if (S_ISDIR(status.st_mode)) return {nullptr, EISDIR};
+  if (how == OpenAs::Alone) {
+    if (const int error = LockWhole(file.number())) return {nullptr, error};
+  }
   return {std::make_unique<SystemFile>(std::move(file)), 0};
 }
 

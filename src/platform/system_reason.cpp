@@ -30,6 +30,7 @@ constexpr std::array kReasons = {
     Reason{ENAMETOOLONG, "o nome é longo demais"},
     Reason{ENOEXEC, "não é um executável desta máquina"},
     Reason{ENOMEM, "não há memória bastante"},
+    Reason{EADDRINUSE, "já está em uso"},
     Reason{EMFILE, "há arquivos abertos demais"},
 };
 

@@ -35,17 +35,20 @@ std::string UserConfigurationFolder(const EnvironmentReader& environment) {
   return FolderOr(environment("XDG_CONFIG_HOME"), FolderOr(environment("HOME"), "/") + "/.config");
 }
 
+std::string UserDataFolder(const EnvironmentReader& environment) {
+  return FolderOr(environment("XDG_DATA_HOME"), FolderOr(environment("HOME"), "/") + "/.local/share");
+}
+
 UserFolders FindUserFolders(const EnvironmentReader& environment) {
   const std::string home = FolderOr(environment("HOME"), "/");
   const std::string userConfiguration = UserConfigurationFolder(environment);
-  const std::string userData = FolderOr(environment("XDG_DATA_HOME"), home + "/.local/share");
   // A list of folders, the most important first.
   std::string configuration = FolderOr(environment("XDG_CONFIG_DIRS"), "/etc/xdg");
   configuration.resize(std::min(configuration.find(':'), configuration.size()));
   return {
       .configuration = FromUtf8Lossy(configuration),
       .desktop = FromUtf8Lossy(DesktopFolder(userConfiguration + "/user-dirs.dirs", home)),
-      .applications = FromUtf8Lossy(userData + "/applications"),
+      .applications = FromUtf8Lossy(UserDataFolder(environment) + "/applications"),
   };
 }
 

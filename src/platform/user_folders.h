@@ -20,6 +20,9 @@ using EnvironmentReader = std::function<const char*(const char* name)>;
 // The folder of the user's own configuration, as a path of the system.
 std::string UserConfigurationFolder(const EnvironmentReader& environment);
 
+// The folder of the user's own data.
+std::string UserDataFolder(const EnvironmentReader& environment);
+
 UserFolders FindUserFolders(const EnvironmentReader& environment);
 
 }  // namespace tessera

@@ -132,6 +132,11 @@ void QtForm::Activate() {
   widget_->activateWindow();
 }
 
+// Elsewhere the number means nothing to other programs.
+std::uintptr_t QtForm::hWnd() const {
+  return QGuiApplication::platformName() == QLatin1String("xcb") ? widget_->winId() : 0;
+}
+
 QWidget* QtForm::widget() {
   return widget_.get();
 }

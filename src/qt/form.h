@@ -45,6 +45,7 @@ class QtForm final : public Form {
   // Shows what waits to be shown, where the screen is ready for it.
   void ShowDrawn();
 
+  std::uintptr_t hWnd() const override;
   void Activate() override;
   TextSize MeasureText(std::string_view text, const FontFace& font) const override;
   void DragForm() override;

@@ -17,6 +17,9 @@ class LogicEntry {
   // Runs `act`, or keeps it for later while entries are held. Behind a throw nothing enters any more.
   void Enter(std::function<void()> act) noexcept;
 
+  // True while entries are kept for later.
+  bool IsHeld() const { return holds_ > 0; }
+
   // True while something runs that came in here.
   bool IsInside() const { return depth_ > 0; }
 

@@ -260,6 +260,21 @@ void QtHost::ShowDrawn() {
   for (QtForm* form : std::exchange(drawn_, {})) form->ShowDrawn();
 }
 
+// Each pass of the window system's dispatch lets one event in; what waits longer is told again by the next
+// pass.
+void QtHost::Watch(EventSource* source) {
+  happening_.reset();
+  sendable_.reset();
+  if (source == nullptr) return;
+  happening_ = std::make_unique<QSocketNotifier>(source->EventDescriptor(), QSocketNotifier::Read);
+  QObject::connect(happening_.get(), &QSocketNotifier::activated, happening_.get(), [this, source] {
+    if (!entry_.IsHeld()) entry_.Enter([source] { source->DeliverNext(); });
+  });
+  sendable_ = std::make_unique<QSocketNotifier>(source->SendDescriptor(), QSocketNotifier::Read);
+  QObject::connect(sendable_.get(), &QSocketNotifier::activated, sendable_.get(),
+                   [source] { source->SendWaiting(); });
+}
+
 void QtHost::Post(std::function<void()> act) {
   QMetaObject::invokeMethod(
       posted_.get(), [this, act = std::move(act)] { entry_.Enter(act); }, Qt::QueuedConnection);

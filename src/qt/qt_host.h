@@ -59,6 +59,7 @@ class QtHost final : public Display, public Dialogs, public EventDispatch {
   bool AwaitNextEvents() override;
   void Pause(std::chrono::milliseconds time) override;
   void ShowDrawn() override;
+  void Watch(EventSource* source) override;
   void Post(std::function<void()> act) override;
   std::chrono::milliseconds DispatchTime() override;
   std::unique_ptr<Timer> StartTimer(std::chrono::milliseconds interval, std::function<void()> tick) override;
@@ -74,6 +75,9 @@ class QtHost final : public Display, public Dialogs, public EventDispatch {
   std::unique_ptr<QTranslator> portuguese_;
   std::unique_ptr<QEventLoop> serving_;
   std::unique_ptr<QSocketNotifier> termination_;
+  // Of the source outside, where there is one.
+  std::unique_ptr<QSocketNotifier> happening_;
+  std::unique_ptr<QSocketNotifier> sendable_;
   Form* mainForm_ = nullptr;
   LogicEntry entry_;
   QtTextPainter painter_;

@@ -16,27 +16,27 @@ void AttentiveHost::AfterWait() {
 }
 
 BoxAnswer AttentiveHost::ShowBox(const Box& box) {
-  return Attend([&] { return host_.dialogs.ShowBox(box); });
+  return AroundWait([&] { return host_.dialogs.ShowBox(box); });
 }
 
 TextInputAnswer AttentiveHost::AskText(const TextInput& input) {
-  return Attend([&] { return host_.dialogs.AskText(input); });
+  return AroundWait([&] { return host_.dialogs.AskText(input); });
 }
 
 std::optional<std::string> AttentiveHost::AskFile(const FileRequest& request) {
-  return Attend([&] { return host_.dialogs.AskFile(request); });
+  return AroundWait([&] { return host_.dialogs.AskFile(request); });
 }
 
 std::optional<std::int32_t> AttentiveHost::AskColour(std::string_view title) {
-  return Attend([&] { return host_.dialogs.AskColour(title); });
+  return AroundWait([&] { return host_.dialogs.AskColour(title); });
 }
 
 std::optional<ChosenFont> AttentiveHost::AskFont(std::string_view title) {
-  return Attend([&] { return host_.dialogs.AskFont(title); });
+  return AroundWait([&] { return host_.dialogs.AskFont(title); });
 }
 
 std::optional<std::string> AttentiveHost::AskPrinter(std::string_view title) {
-  return Attend([&] { return host_.dialogs.AskPrinter(title); });
+  return AroundWait([&] { return host_.dialogs.AskPrinter(title); });
 }
 
 void AttentiveHost::ProcessEvents() {
@@ -45,12 +45,18 @@ void AttentiveHost::ProcessEvents() {
   AfterWait();
 }
 
+void AttentiveHost::ProcessWaiting() {
+  BeforeWait();
+  host_.events.ProcessWaiting();
+  AfterWait();
+}
+
 bool AttentiveHost::AwaitEvents(std::chrono::milliseconds sleep) {
-  return Attend([&] { return host_.events.AwaitEvents(sleep); });
+  return AroundWait([&] { return host_.events.AwaitEvents(sleep); });
 }
 
 bool AttentiveHost::AwaitNextEvents() {
-  return Attend([&] { return host_.events.AwaitNextEvents(); });
+  return AroundWait([&] { return host_.events.AwaitNextEvents(); });
 }
 
 void AttentiveHost::Pause(std::chrono::milliseconds time) {

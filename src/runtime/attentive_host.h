@@ -23,7 +23,7 @@ class AttentiveHost final : public Dialogs, public EventDispatch {
   // What the run is made with.
   Host host() { return {*this, *this, host_.clock, host_.random, host_.files}; }
   // The run, once it is made.
-  void Watch(Run& run) { run_ = &run; }
+  void Attend(Run& run) { run_ = &run; }
 
   BoxAnswer ShowBox(const Box& box) override;
   TextInputAnswer AskText(const TextInput& input) override;
@@ -38,6 +38,8 @@ class AttentiveHost final : public Dialogs, public EventDispatch {
   void Pause(std::chrono::milliseconds time) override;
   void ShowDrawn() override;
   void Post(std::function<void()> act) override { host_.events.Post(std::move(act)); }
+  void Watch(EventSource* source) override { host_.events.Watch(source); }
+  void ProcessWaiting() override;
   std::chrono::milliseconds DispatchTime() override { return host_.events.DispatchTime(); }
   std::unique_ptr<Timer> StartTimer(std::chrono::milliseconds interval, std::function<void()> tick) override;
 
@@ -46,7 +48,7 @@ class AttentiveHost final : public Dialogs, public EventDispatch {
   void AfterWait();
   // Waits by `wait` for what it returns.
   template <typename Wait>
-  auto Attend(Wait wait) {
+  auto AroundWait(Wait wait) {
     BeforeWait();
     auto answer = wait();
     AfterWait();

@@ -14,6 +14,8 @@
 #include "objects/object_commands.h"
 #include "prepare/linking.h"
 #include "runtime/attentive_host.h"
+#include "system/api_command.h"
+#include "system/icon_commands.h"
 #include "text/literal.h"
 #include "values/builtin_variables.h"
 #include "windows/drawing_commands.h"
@@ -29,7 +31,8 @@ struct ProgramRun::Windowed {
   Windowed(ProgramRun& program, Display& display)
       : janela(program.commands, program.run, program.engine, display),
         objects(program.commands, program.run, janela.windows(), display),
-        wallpaper(program.commands, program.run, display) {
+        wallpaper(program.commands, program.run, display),
+        api(program.commands, program.run, janela.windows()) {
     BindWindowCommands(program.commands, janela.windows());
     BindEventCommands(program.commands, janela.windows());
     BindDrawingCommands(program.commands, janela.windows());
@@ -40,6 +43,7 @@ struct ProgramRun::Windowed {
   Janela janela;
   ObjectCommands objects;
   WallpaperCommand wallpaper;
+  ApiCommand api;
 };
 
 namespace {
@@ -68,7 +72,9 @@ ProgramRun::ProgramRun(const ProgramStart& start, const Services& services)
       machine_(commands, run, services.machine),
       database_(commands, run, services.quickOrders),
       sqlProvider_(services.partFolders),
-      sql_(commands, run, [this]() -> sql::SqlProvider& { return sqlProvider_.Provider(); }) {
+      sql_(commands, run, [this]() -> sql::SqlProvider& { return sqlProvider_.Provider(); }),
+      p2p_(commands, run),
+      ftp_(commands, run, services.partFolders) {
   TellProgram(run, start, services);
   run.functionTable.Fill(WordNames());
   BindTextCommands(commands);
@@ -78,6 +84,7 @@ ProgramRun::ProgramRun(const ProgramStart& start, const Services& services)
   BindDialogCommands(commands);
   BindSystemCommands(commands);
   BindFolderCommands(commands);
+  BindIconCommands(commands);
   if (display_ == nullptr) return;
   windowed_ = std::make_unique<Windowed>(*this, *display_);
   windowed_->janela.StartAs(services.startForm);
@@ -124,7 +131,7 @@ RunOutcome ProgramRun::StartWithoutWindows(const EditorTexts& editors) {
 int RunProgram(const ProgramStart& start, const Host& host, Display& display) {
   AttentiveHost attentive(host);
   ProgramRun program(start, UserServices(attentive.host(), &display, start.isFinished));
-  attentive.Watch(program.run);
+  attentive.Attend(program.run);
   const int status =
       program.Live(start.program.EditorText, ScanProjectStyle(start.program.EditorText).ProjectStyleWord);
   // The last lines are written, or it is told that they are lost.

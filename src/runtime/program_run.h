@@ -17,6 +17,8 @@
 #include "runtime/services.h"
 #include "sql/sql_commands.h"
 #include "sql/sql_provider.h"
+#include "system/ftp_commands.h"
+#include "system/p2p_commands.h"
 #include "values/run.h"
 #include "windows/janela.h"
 #include "windows/wallpaper_command.h"
@@ -60,6 +62,8 @@ class ProgramRun {
   RecordDatabase database_;
   sql::ProviderPart sqlProvider_;
   sql::SqlCommands sql_;
+  P2PCommands p2p_;
+  FtpCommands ftp_;
   std::unique_ptr<Windowed> windowed_;
 };
 

@@ -3,6 +3,7 @@
 // they mean is decided here; what the logic behind the window feels of them goes to its `FormEvents`.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -69,6 +70,9 @@ class Form : public Surface {
 
   // Where set, the next showing leaves the focus with the window that has it.
   bool ShowWithoutFocus = false;
+
+  // The number by which other programs know the window; 0 where no window system has one.
+  virtual std::uintptr_t hWnd() const { return 0; }
 
   // Brings a shown window to the front.
   virtual void Activate() {}

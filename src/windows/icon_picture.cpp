@@ -88,11 +88,37 @@ bool IsIcon(std::string_view bytes) {
          NumberAt<2>(bytes, 4) > 0;
 }
 
-std::string_view FirstIconImage(std::string_view bytes) {
-  if (bytes.size() < kDirectory + kDirectoryEntry) return {};
-  const std::size_t length = NumberAt<4>(bytes, kDirectory + 8);
-  const std::size_t at = NumberAt<4>(bytes, kDirectory + 12);
+namespace {
+
+// The image that entry `number` of the directory tells of.
+std::string_view IconImage(std::string_view bytes, std::size_t number) {
+  const std::size_t entry = kDirectory + number * kDirectoryEntry;
+  if (bytes.size() < entry + kDirectoryEntry) return {};
+  const std::size_t length = NumberAt<4>(bytes, entry + 8);
+  const std::size_t at = NumberAt<4>(bytes, entry + 12);
   return at < bytes.size() && length <= bytes.size() - at ? bytes.substr(at, length) : std::string_view();
+}
+
+}  // namespace
+
+std::string_view FirstIconImage(std::string_view bytes) {
+  return IconImage(bytes, 0);
+}
+
+std::string_view LargestIconImage(std::string_view bytes) {
+  constexpr std::uint32_t kNoByteHolds = 256;  // told as 0
+  std::string_view largest;
+  std::uint32_t widest = 0;
+  const std::size_t count = NumberAt<2>(bytes, 4);
+  for (std::size_t i = 0; i < count; ++i) {
+    const std::uint32_t told = NumberAt<1>(bytes, kDirectory + i * kDirectoryEntry);
+    const std::uint32_t width = told == 0 ? kNoByteHolds : told;
+    const std::string_view image = IconImage(bytes, i);
+    if (image.empty() || width <= widest) continue;
+    largest = image;
+    widest = width;
+  }
+  return largest;
 }
 
 PictureRef DecodeIconBitmap(std::string_view image) {

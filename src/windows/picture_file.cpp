@@ -127,6 +127,31 @@ PictureRef DecodePicture(std::string_view bytes) {
   return image.starts_with(kPngStart) ? DecodeByLibrary(image) : DecodeIconBitmap(image);
 }
 
+std::string EncodePng(const Picture& picture) {
+  constexpr int kDepth = 32;
+  const Size size = picture.size();
+  const Bitmap bitmap(FreeImage_Allocate(size.width, size.height, kDepth));
+  const Memory memory(FreeImage_OpenMemory());
+  if (!bitmap || !memory) return {};
+  for (int y = 0; y < size.height; ++y) {
+    BYTE* bytes = FreeImage_GetScanLine(bitmap.get(), size.height - 1 - y);
+    for (int x = 0; x < size.width; ++x, bytes += kDepth / 8) {
+      const Pixel pixel = picture.raster.At(x, y);
+      bytes[FI_RGBA_RED] = static_cast<BYTE>(pixel >> 16);
+      bytes[FI_RGBA_GREEN] = static_cast<BYTE>(pixel >> 8);
+      bytes[FI_RGBA_BLUE] = static_cast<BYTE>(pixel);
+      bytes[FI_RGBA_ALPHA] = static_cast<BYTE>(pixel >> 24);
+    }
+  }
+  BYTE* saved = nullptr;
+  DWORD length = 0;
+  if (!FreeImage_SaveToMemory(FIF_PNG, bitmap.get(), memory.get()) ||
+      !FreeImage_AcquireMemory(memory.get(), &saved, &length)) {
+    return {};
+  }
+  return {reinterpret_cast<const char*>(saved), length};
+}
+
 PictureRef LoadPicture(FileStore& files, const std::string& path) {
   const auto [file, error] = files.Open(path, OpenAs::Read);
   std::uint64_t length = 0;

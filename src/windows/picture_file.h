@@ -18,6 +18,9 @@ PictureRef LoadPicture(FileStore& files, const std::string& path);
 // The same from the bytes themselves.
 PictureRef DecodePicture(std::string_view bytes);
 
+// The picture as the bytes of a PNG file, with what is transparent; empty where the memory is short.
+std::string EncodePng(const Picture& picture);
+
 // Puts the picture into a file as a bitmap of 24 bits, what is transparent in white. False where the disk
 // refuses.
 bool SaveBitmap(const Picture& picture, FileStore& files, const std::string& path);

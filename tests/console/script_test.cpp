@@ -53,6 +53,7 @@ class RecordedPerson final : public Person, private PersonObject {
     return name != "Outra";
   }
   void LetTimePass(milliseconds time) override { Note("espera", std::to_string(time.count())); }
+  void LetNetworkAct(milliseconds time) override { Note("rede", std::to_string(time.count())); }
 
   std::string log;
 

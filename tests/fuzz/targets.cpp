@@ -26,7 +26,9 @@
 #include "recorddb/tsa_repair.h"
 #include "support/core_program.h"
 #include "support/hosted_program.h"
+#include "support/pe_file.h"
 #include "support/temporary_folder.h"
+#include "system/icon_changer.h"
 #include "text/format.h"
 #include "values/conditions.h"
 #include "values/eval.h"
@@ -237,9 +239,32 @@ void Script(std::string_view bytes) {
   Program(source + std::string(2, '\0') + std::string(bytes));
 }
 
+// A change stays inside of the executable, the second one too.
+void Change(std::string executable, std::string_view icon) {
+  const auto image = ReadFirstIcon(icon);
+  if (!image) return;
+  for (int i = 0; i < 2; ++i) {
+    const auto plan = PlanIconChange(executable, *image);
+    const auto* patches = std::get_if<std::vector<Patch>>(&plan);
+    if (patches == nullptr) return;
+    for (const Patch& patch : *patches) {
+      Require(patch.offset <= executable.size() && patch.bytes.size() <= executable.size() - patch.offset);
+      executable.replace(patch.offset, patch.bytes.size(), patch.bytes);
+    }
+  }
+}
+
+void Executable(std::string_view bytes) {
+  Change(std::string(bytes), test::MakeIco({"imagem"}));
+}
+
+void Icon(std::string_view bytes) {
+  Change(test::MakePe({}).bytes, bytes);
+}
+
 }  // namespace
 
-const std::array<Target, 14> kTargets = {{{"image", Image},
+const std::array<Target, 16> kTargets = {{{"image", Image},
                                           {"codec", Codec},
                                           {"prepare", Prepare},
                                           {"evaluators", Evaluators},
@@ -252,6 +277,8 @@ const std::array<Target, 14> kTargets = {{{"image", Image},
                                           {"package", Package},
                                           {"side", Side},
                                           {"script", Script},
-                                          {"program", Program}}};
+                                          {"program", Program},
+                                          {"executable", Executable},
+                                          {"icon", Icon}}};
 
 }  // namespace tessera::fuzz

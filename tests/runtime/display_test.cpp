@@ -75,6 +75,13 @@ class OnDisplay : public testing::Test {
 
 }  // namespace
 
+TEST_F(OnDisplay, AFunctionOfALibraryIsToldTheWindowsNumber) {
+  Start(
+      "API Biblioteca, \"libc.so.6\"\nAPI NomeFuncao, \"labs\"\nAPI Execute, hWnd\n"
+      "AbreArquivo S, \"visto.txt\", \"TextoGravacao\"\nGravaArquivo S, Retorno\nFechaArquivo S\n");
+  ExpectSeen(std::to_string(window));
+}
+
 TEST_F(OnDisplay, KeysAreSeenWhileTheyAreDownAndF6Ends) {
   Start(kWitness);
   ExpectSeen("65-  0 0 0 ");

@@ -136,6 +136,16 @@ TEST_F(Runtime, TellsADamagedCopy) {
   }
 }
 
+// What takes from an executable all that it does not need takes the program as well, and the file says so.
+TEST_F(Runtime, TellsACopyWhoseEndAToolTookAway) {
+  const std::string file = Build("jogo", "Escreva 1");
+  ASSERT_EQ(RunProcess({.words = {"/usr/bin/strip", file}}).status, 0);
+  const ProcessResult result = WithoutDisplay({file});
+  EXPECT_EQ(result.status, 1);
+  EXPECT_EQ(result.out, "");
+  EXPECT_NE(result.err.find("um programa como o strip"), std::string::npos) << result.err;
+}
+
 // Older copies, which have no seal, tell what their package tells.
 TEST_F(Runtime, TellsADamagedPackageWithoutASeal) {
   const std::string sealed = ReadBytes(Build("jogo", "Escreva \"" + std::string(200, 'x') + "\""));

@@ -175,6 +175,57 @@ TEST_F(Tool, BuildsIntoANewExecutable) {
   EXPECT_EQ(Call({"build", program, "--runtime", runtime}).status, kDone) << "an older one is replaced";
 }
 
+// The desktop's own validator reads the entries.
+TEST_F(Tool, BuildGivesAProgramItsLooksOnTheDesktop) {
+  const std::string program = folder_.Write("Olá.tsc", "Cls");
+  const std::string runtime = folder_.Write("executor",
+                                            "\x7F"
+                                            "ELF vazio");
+  const std::string svg =
+      folder_.Write("a.svg", "<?xml version=\"1.0\"?><svg xmlns=\"http://www.w3.org/2000/svg\"/>");
+  const std::string folder = std::filesystem::canonical(folder_.path()).string();
+  const auto build = [&](std::vector<std::string> more) {
+    more.insert(more.begin(), {TESSERA_TOOL, "build", program, "--runtime", runtime});
+    return RunProcess({.words = more, .environment = {"XDG_DATA_HOME=" + folder + "/dados"}});
+  };
+  const auto isValid = [&](const std::string& entry) {
+    return RunProcess({.words = {"/usr/bin/desktop-file-validate", folder_ / entry}}).status == 0;
+  };
+  const std::string beside = folder + "/uma pasta/Jogo 100%";
+  std::filesystem::create_directory(folder_ / "uma pasta");
+  const ProcessResult built = build({"-o", folder_ / "uma pasta/Jogo 100%", "--icon", svg});
+  EXPECT_EQ(built.status, kDone) << built.err;
+  EXPECT_TRUE(isValid("uma pasta/Jogo 100%.desktop"));
+  EXPECT_EQ(folder_.Read("uma pasta/Jogo 100%.desktop"),
+            "[Desktop Entry]\nType=Application\nName=Jogo 100%\nExec=\"" + beside + "%\"\nPath=" + folder +
+                "/uma pasta\nIcon=" + beside + ".icone.svg\nTerminal=false\nCategories=Utility;\n");
+  EXPECT_EQ(folder_.Read("uma pasta/Jogo 100%.icone.svg"), ReadBytes(svg));
+
+  // Of an icon file the largest picture, as the desktop takes it.
+  const std::string small = std::string("\x28\0\0\0\1\0\0\0\2\0\0\0\1\0\x20\0", 16) + std::string(24, '\0') +
+                            "\1\2\3\xFF" + std::string(4, '\0');
+  std::string large = small;
+  large[4] = 2;
+  large.insert(44, "\4\5\6\x80");
+  const std::string ico = std::string("\0\0\1\0\2\0\1\1\0\0\1\0\x20\0\x30\0\0\0\x26\0\0\0", 22) +
+                          std::string("\2\1\0\0\1\0\x20\0\x34\0\0\0\x56\0\0\0", 16) + small + large;
+  EXPECT_EQ(build({"--desktop", "--icon", folder_.Write("a.ico", ico)}).status, kDone);
+  EXPECT_TRUE(isValid("dados/applications/tessera-Olá.desktop"));
+  const std::string png = folder_.Read("dados/icons/tessera-Olá.png");
+  EXPECT_EQ(png.substr(0, 4), "\x89PNG");
+  EXPECT_EQ(png.substr(16, 8), std::string("\0\0\0\2\0\0\0\1", 8)) << "width and height";
+  EXPECT_EQ(folder_.Read("dados/applications/tessera-Olá.desktop").find("Icon=" + folder + "/dados/icons/"),
+            folder_.Read("dados/applications/tessera-Olá.desktop").find("Icon="));
+
+  std::filesystem::remove(folder_ / "Olá");
+  ExpectRefused(build({"--icon", folder_.Write("b.png", "\x89PNG mas não é")}),
+                "não é uma figura PNG, ICO ou SVG");
+  ExpectRefused(build({"--icon", folder_ / "falta.png"}), "o ícone não pode ser lido: o caminho não existe");
+  EXPECT_FALSE(folder_.Has("Olá")) << "nothing is written before";
+  folder_.Write("Olá.desktop", "[Desktop Entry]\nExec=outro\n");
+  ExpectRefused(build({"--icon", svg}), "é de outro programa");
+}
+
 // What is not an older finished program stays, unless the person insists; sources and what is no file always
 // do.
 TEST_F(Tool, BuildTakesThePlaceOfAnOlderProgramAlone) {
