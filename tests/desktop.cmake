@@ -30,6 +30,13 @@ add_dependencies(display_test tessera tessera-runtime)
 # Programs over the part that reaches databases, which stands on Qt too.
 tessera_programs(sql ${CMAKE_SOURCE_DIR}/tests/sql/programs ${CMAKE_SOURCE_DIR}/tests/sql/programs)
 
+# Programs over the part that paints pages, and documents read back; a print queue on loopback.
+tessera_programs(reports ${CMAKE_SOURCE_DIR}/tests/reports/programs ${CMAKE_SOURCE_DIR}/tests/reports/programs)
+foreach(script documents page_files queue)
+  add_test(NAME reports.${script} COMMAND ${CMAKE_SOURCE_DIR}/tests/reports/${script}.sh $<TARGET_FILE:tessera>)
+  set_tests_properties(reports.${script} PROPERTIES TIMEOUT 60 SKIP_RETURN_CODE 77)
+endforeach()
+
 add_test(NAME sql.files_in_trouble COMMAND ${CMAKE_SOURCE_DIR}/tests/sql/trouble.sh $<TARGET_FILE:tessera>)
 set_tests_properties(sql.files_in_trouble PROPERTIES TIMEOUT 60)
 

@@ -21,7 +21,7 @@
 #include "qt/looks/combo_look.h"
 #include "qt/looks/guia_look.h"
 #include "qt/looks/look.h"
-#include "qt/text.h"
+#include "qttext/text.h"
 #include "text/date.h"
 #include "text/number.h"
 #include "text/one_based.h"

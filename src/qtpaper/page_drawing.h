@@ -1,0 +1,37 @@
+// The drawing of a page's operations: on pixels, where lines and boxes keep to whole ones so that they are
+// crisp and meet at the corners, and on a sheet measured in twips.
+#pragma once
+
+#include <QImage>
+#include <QPainter>
+#include <map>
+#include <vector>
+
+#include "qtpaper/faces.h"
+#include "reports/page.h"
+#include "windows/raster.h"
+
+namespace tessera::qtpaper {
+
+// What all pages of one painter share.
+class PageDrawing {
+ public:
+  explicit PageDrawing(Faces& faces) : faces_(faces) {}
+
+  void OnPixels(const reports::Page& page, double pixelsOfTwip, int left, int top, Raster& raster);
+  // The painter's unit is the twip.
+  void OnSheet(const reports::Page& page, QPainter& painter);
+
+ private:
+  void Text(const reports::Page& page, const reports::Page::Operation& operation, QPainter& painter);
+  const QImage& ImageOf(const PictureRef& picture);
+
+  Faces& faces_;
+  // A picture that stands on many sheets is written once where it is one image; it is held, for its number.
+  std::map<PictureRef, QImage> images_;
+  // The glyphs of the text in hand.
+  std::vector<quint32> glyphs_;
+  std::vector<QPointF> places_;
+};
+
+}  // namespace tessera::qtpaper
