@@ -137,13 +137,10 @@ void FrmXRel::LoadParts() {
   BtnImprimir_ = Load<BotaoControl>("BtnImprimir", 0, {}, 0, dispatch);
   BtnPdf_ = Load<BotaoControl>("BtnPdf", 0, {}, 0, dispatch);
   BtnSair_ = Load<BotaoControl>("BtnSair", 0, {}, 0, dispatch);
-  BtnImprimir_->SetCaption("Imprimir");
   BtnImprimir_->SetPicture(Figure("FigImprimir"));
   BtnImprimir_->SetToolTipText("Imprimir as páginas escolhidas (Ctrl+P)"_w);
-  BtnPdf_->SetCaption("PDF");
   BtnPdf_->SetPicture(Figure("FigSalvar"));
   BtnPdf_->SetToolTipText("Salvar as páginas escolhidas em um arquivo PDF"_w);
-  BtnSair_->SetCaption("Sair");
   BtnSair_->SetPicture(Figure("FigSair"));
   BtnSair_->SetToolTipText("Fechar (Esc)");
   PicXRel_ = Load<PaginaControl>("PicXRel", 0, {}, painter_);
@@ -182,14 +179,8 @@ PersonObject* FrmXRel::FindPart(std::string_view name) {
 void FrmXRel::Arrange() {
   const double width = form_->ScaleWidth();
   const double height = form_->ScaleHeight();
-  constexpr double kButtonWidth = 92;
-  constexpr double kFirstButton = 520;
   constexpr double kSide = PixelsOfTwips(kBesideTwips) / 2;
-  double left = std::max(kFirstButton, width - kSide - 3 * kButtonWidth - 8);
-  for (const auto& button : {BtnImprimir_, BtnPdf_, BtnSair_}) {
-    button->Move({left, 2, kButtonWidth, 26});
-    left += kButtonWidth + 4;
-  }
+  PlaceButtons(width - kSide);
   const ControlPlace xrel = {kSide, PixelsOfTwips(kAboveTwips),
                              std::max(width - PixelsOfTwips(kBesideTwips), 1.0),
                              std::max(height - PixelsOfTwips(kAboveTwips), 1.0)};
@@ -216,6 +207,25 @@ void FrmXRel::Arrange() {
     bar->SetEnabled(bar->State().Max() > 0);
   }
   PlacePage();
+}
+
+// From the right edge; where there is no room for words the pictures stand alone.
+void FrmXRel::PlaceButtons(double right) {
+  constexpr double kFirst = 510;
+  constexpr double kGap = 4;
+  constexpr double kWithWord = 92;
+  constexpr double kPictureAlone = 34;
+  const std::array<std::pair<BotaoControl*, std::string_view>, 3> buttons = {
+      std::pair{BtnImprimir_.get(), "Imprimir"}, std::pair{BtnPdf_.get(), "PDF"},
+      std::pair{BtnSair_.get(), "Sair"}};
+  const bool hasWords = right - kFirst >= buttons.size() * (kWithWord + kGap) - kGap;
+  const double width = hasWords ? kWithWord : kPictureAlone;
+  double left = std::max(kFirst, right - buttons.size() * (width + kGap) + kGap);
+  for (const auto& [button, word] : buttons) {
+    button->SetCaption(hasWords ? word : "");
+    button->Move({left, 2, width, 26});
+    left += width + kGap;
+  }
 }
 
 // A page that is smaller than the view stands in its middle; whole pixels keep it sharp.

@@ -38,6 +38,7 @@ class FrmXRel final : private FormEvents, private ControlEvents, private WindowP
   template <typename Part, typename... More>
   std::shared_ptr<Part> Load(std::string_view name, int index, const ControlPlace& place, More&&... more);
   void Arrange();
+  void PlaceButtons(double right);
   void PlacePage();
   void ShowPage();
   void ImgSeta(int arrow);

@@ -192,6 +192,7 @@ TEST_F(XRelatorioTest, LimitsFail) {
   Begin("");
   for (int cell = 0; cell < 51; ++cell) report.Add("", 0, 0xFFFFFF);
   EXPECT_EQ(FailureOf([&] { report.Add("", 0, 0xFFFFFF); }), 9) << "behind the last column";
+  report.Finaliza();
   Begin("MARGEMESQ:-32768");
   EXPECT_EQ(FailureOf([&] { Begin("MARGEMESQ:32768"); }), 6);
   // The second use: what the first one set is gone, but the margins and column 50.
