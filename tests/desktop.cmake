@@ -37,6 +37,9 @@ foreach(script documents page_files queue)
   add_test(NAME reports.${script} COMMAND ${CMAKE_SOURCE_DIR}/tests/reports/${script}.sh $<TARGET_FILE:tessera>)
   set_tests_properties(reports.${script} PROPERTIES TIMEOUT 60 SKIP_RETURN_CODE 77)
 endforeach()
+add_test(NAME reports.examples
+  COMMAND ${CMAKE_SOURCE_DIR}/tests/reports/examples.sh $<TARGET_FILE:tessera> ${CMAKE_SOURCE_DIR}/examples)
+set_tests_properties(reports.examples PROPERTIES TIMEOUT 60)
 
 add_test(NAME sql.files_in_trouble COMMAND ${CMAKE_SOURCE_DIR}/tests/sql/trouble.sh $<TARGET_FILE:tessera>)
 set_tests_properties(sql.files_in_trouble PROPERTIES TIMEOUT 60)

@@ -45,7 +45,7 @@ Value PrintCommands::Imp(const WordCall& call) {
   return {};
 }
 
-// KEPT: each use begins with bold and italic off (programs.the_printer_takes_fonts_places_and_texts).
+// KEPT: each use begins with bold and italic off (reports.the_printer_takes_fonts_places_and_texts).
 void PrintCommands::Fonte(Paper::Tools& tools, const ArgumentView& arguments) {
   FontFace& font = tools.printer.Font;
   font.bold = font.italic = false;

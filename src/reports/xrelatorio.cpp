@@ -84,7 +84,7 @@ void XRelatorio::Size(std::string_view text) {
   if (const auto height = ValueOfKey(upper, "TAMPAG:")) pageHeight_ = Short(LeadingNumber(*height));
 }
 
-// KEPT: the first label speaks English; the arrows say " de " (programs.a_report_is_previewed_page_by_page).
+// KEPT: the first label speaks English; the arrows say " de " (reports.a_report_is_previewed_page_by_page).
 void XRelatorio::Finaliza() {
   if (isVideo_) {
     SavePage();

@@ -174,6 +174,17 @@ void SetColour(RGBQUAD& entry, Pixel colour) {
   entry.rgbBlue = static_cast<BYTE>(colour);
 }
 
+// Behind the last pixel that is like the one at `x`, one after the other. FAST: four at a time.
+int EndOfRun(const Pixel* row, int x, int width) {
+  const Pixel colour = row[x];
+  int end = x + 1;
+  const auto differs = [&](int at) { return row[at] ^ colour; };
+  while (end + 4 <= width && (differs(end) | differs(end + 1) | differs(end + 2) | differs(end + 3)) == 0)
+    end += 4;
+  while (end < width && row[end] == colour) ++end;
+  return end;
+}
+
 // Null for a picture of more colours.
 Bitmap WithPalette(const Raster& raster) {
   const Size size = raster.size();
@@ -182,12 +193,11 @@ Bitmap WithPalette(const Raster& raster) {
   for (int y = 0; bitmap && y < size.height; ++y) {
     BYTE* bytes = FreeImage_GetScanLine(bitmap.get(), size.height - 1 - y);
     const Pixel* row = raster.Row(y);
-    for (int x = 0, end = 0; x < size.width; x = end) {
-      const Pixel colour = row[x];
-      while (end < size.width && row[end] == colour) ++end;
-      const std::optional<BYTE> place = palette.Place(colour);
+    for (int x = 0; x < size.width;) {
+      const std::optional<BYTE> place = palette.Place(row[x]);
       if (!place) return nullptr;
-      std::fill(bytes + x, bytes + end, *place);
+      const int end = EndOfRun(row, x, size.width);
+      while (x < end) bytes[x++] = *place;
     }
   }
   if (!bitmap) return nullptr;

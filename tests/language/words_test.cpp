@@ -45,8 +45,7 @@ TEST(CommandTable, RefusesWordsThatAreUnknownToComeOrBoundAlready) {
   EXPECT_THROW(program.commands.Add("Som", nothing), std::logic_error);
 }
 
-TEST(CommandTable, PrefixesCatchWhatNoWordDoes) {
-  CoreProgram program;
+TEST_F(WordsTest, PrefixesCatchWhatNoWordDoes) {
   const auto found = [&](std::string_view name) {
     const Command* command = program.commands.Find(name);
     return command == nullptr ? "" : command->word.name;

@@ -60,6 +60,24 @@ rm -r XRel
 start four; exec {input}>&-; wait "$process"
 [ ! -e XRel ] || fail "the folder goes with the last page"
 
+# A report without an end goes with its program, and its pages with the next report of the same program.
+cat > semfim.tsc <<'PROGRAM'
+Var nome String
+Rel.Config "SAIDA:VIDEO"
+Rel.NovaPagina
+Rel.NovaPagina
+Rel.Config "SAIDA:VIDEO"
+Rel.NovaPagina
+nome = Diretorio("XRel\*.png")
+Enquanto nome <> ""
+  Escreva "uma"
+  nome = Diretorio()
+Repita
+FimJanela
+PROGRAM
+"$tessera" run --console semfim.tsc > out < /dev/null
+[ "$(cat out)" = uma ] && [ ! -e XRel ] || fail "a report without an end: $(cat out; ls -A XRel)"
+
 # A folder that can't be made is the failure of the first page; nothing is previewed.
 echo x > XRel
 "$tessera" run --console dois.tsc > out 2> err < /dev/null
