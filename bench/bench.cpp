@@ -38,8 +38,9 @@ Measured RunOnce(const std::vector<std::string>& words) {
     const int nothing = open("/dev/null", O_RDWR);
     dup2(nothing, STDIN_FILENO);
     dup2(nothing, STDOUT_FILENO);
-    std::vector<char*> arguments;
     std::vector<std::string> copies = words;
+    std::vector<char*> arguments;
+    arguments.reserve(copies.size() + 1);
     for (std::string& copy : copies) arguments.push_back(copy.data());
     arguments.push_back(nullptr);
     execv(arguments[0], arguments.data());
@@ -77,7 +78,7 @@ double CountOf(const fs::path& program) {
 
 // A straight line of `lines` statements, run through `rounds` times.
 fs::path WriteStraightProgram(const fs::path& folder, int lines, int rounds) {
-  const fs::path program = folder / ("straight_" + std::to_string(lines) + ".tsc");
+  fs::path program = folder / ("straight_" + std::to_string(lines) + ".tsc");
   std::ofstream file(program);
   file << "' statements: " << 3 + static_cast<long>(rounds) * (lines + 3)
        << "\nVar volta Inteiro, x Inteiro\n"

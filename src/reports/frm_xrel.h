@@ -56,6 +56,7 @@ class FrmXRel final : private FormEvents, private ControlEvents, private WindowP
   void OnKeyDown(int keyCode, KeyShift shift) override;
   bool OnKeyPress(char character) override;
   Grid PlacementGrid() const override { return {WindowModel::kTamLin, WindowModel::kTamCol}; }
+  using FormEvents::OnClick;
   void OnClick(Control& control) override;
   void OnChange(Control& control) override;
   PersonObject* FindPart(std::string_view name) override;
