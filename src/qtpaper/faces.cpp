@@ -22,6 +22,8 @@ QFont PaperFont(const FontFace& face) {
   font.setPixelSize(qRound(std::clamp(face.size, kSmallestSize, kLargestSize) * kTwipsOfPoint));
   font.setHintingPreference(QFont::PreferNoHinting);
   font.setKerning(false);
+  // A page looks the same whatever screen the person has.
+  font.setStyleStrategy(QFont::NoSubpixelAntialias);
   return font;
 }
 

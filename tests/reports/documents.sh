@@ -74,6 +74,37 @@ read -r left below right < <(word straight.pdf 1 abaixo); near "line start" 0 "$
 [ "$below" -gt "$((top + 200))" ] && [ "$below" -lt "$((top + 260))" ] || fail "line step: $((below - top))"
 read -r left top right < <(word straight.pdf 2 alto); near "new page" 0 "$((left + top))"
 
+# A picture stands where `Posicione` was last, whatever was printed since, and at the corner before; a pixel of it
+# is 15 twips. A cell's ground and rules are in its document as on its page.
+convert -size 20x10 xc:red BMP3:selo.bmp
+cat > pictures.tsc <<'PROGRAM'
+Imp.Desenhe "selo.bmp"
+Imp.Posicione 3000, 1500
+Imp.Escreva "texto"
+Imp.Desenhe "selo.bmp"
+Imp.Fim
+Rel.Config "SAIDA:IMPRESSORA MARGEMESQ:1500 MARGEMSUP:1500"
+Rel.Col 0, "TAM:10 CORTAB:255"
+Rel.Add "", 0, 65280
+Rel.NovaLinha
+Rel.Img "selo.bmp", 150
+Rel.Linha 0, 1500, 16711680, 0
+Rel.Fim
+PROGRAM
+"$tessera" run --console --printer pictures.pdf pictures.tsc 2> err
+[ "$(cat err)" = "[impressora] pictures.pdf: 1
+[impressora] pictures-2.pdf: 1" ] || fail "$(cat err)"
+pdftoppm -r 96 -png -singlefile pictures.pdf straight
+pdftoppm -r 96 -png -singlefile pictures-2.pdf report
+pixel() { convert "$1" -format "%[hex:p{$2,$3}]" info: | cut -c1-6; }
+is() { [ "$(pixel "$1" "$2" "$3")" = "$4" ] || fail "$1 at $2,$3: wanted $4, got $(pixel "$1" "$2" "$3")"; }
+for at in "1 1" "18 8" "102 202" "118 208"; do is straight.png $at FF0000; done
+for at in "22 5" "5 12" "97 205" "160 205" "110 216"; do is straight.png $at FFFFFF; done
+is report.png 140 108 00FF00
+for at in "112 118" "128 124"; do is report.png $at FF0000; done
+# The advancing picture has moved the line below itself.
+[ "$(pixel report.png 150 125)" != FFFFFF ] || fail "the line behind the picture"
+
 # What can't be written is told, and the next document has its chance.
 cat > nowhere.tsc <<'PROGRAM'
 Imp.Escreva "um"
