@@ -43,6 +43,14 @@ QRectF PlaceOf(const Operation& operation, const Picture& picture) {
           picture.size().height * kTwipsOfPixel};
 }
 
+// The picture's own pixels, which must outlive the image.
+QImage ImageOf(const Picture& picture) {
+  if (picture.raster.IsEmpty()) return {};
+  const Size size = picture.size();
+  return QImage(reinterpret_cast<const uchar*>(picture.raster.Row(0)), size.width, size.height,
+                QImage::Format_ARGB32_Premultiplied);
+}
+
 void DrawSlantedLine(const Operation& line, QPainter& painter) {
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(QPen(ColourOf(line), kLineTwips, Qt::SolidLine, Qt::SquareCap));
@@ -50,30 +58,39 @@ void DrawSlantedLine(const Operation& line, QPainter& painter) {
   painter.setRenderHint(QPainter::Antialiasing, false);
 }
 
-// A page on the pixels of a raster.
+// Boxes and lines on the pixels of a raster: right beside the painter, which draws into the same memory.
 class Pixels {
  public:
-  Pixels(double scale, int left, int top, Raster& raster)
-      : scale_(scale), left_(left), top_(top), raster_(raster) {}
+  Pixels(double scale, int left, int top, QPainter& painter, Raster& raster)
+      : scale_(scale), left_(left), top_(top), painter_(painter), raster_(raster) {}
 
-  int X(double twips) const { return Nearest(twips * scale_) - left_; }
-  int Y(double twips) const { return Nearest(twips * scale_) - top_; }
-
-  void FillBox(const QRectF& box, Pixel pixel) {
-    Fill(X(box.left()), Y(box.top()), X(box.right()), Y(box.bottom()), pixel);
+  void Box(const Operation& box) {
+    const QRectF place = BoxOf(box);
+    Fill(X(place.left()), Y(place.top()), X(place.right()), Y(place.bottom()), ColourOf(box).rgb());
   }
 
   // Every line is equally thick, wherever it falls between the pixels.
-  void FillLine(const Operation& line, Pixel pixel) {
+  void Line(const Operation& line) {
     const int thick = std::max(1, Nearest(kLineTwips * scale_));
     const auto edge = [&](double twips) { return Nearest(twips * scale_ - thick / 2.0); };
     Fill(edge(std::min(line.x1, line.x2)) - left_, edge(std::min(line.y1, line.y2)) - top_,
          edge(std::max(line.x1, line.x2)) + thick - left_, edge(std::max(line.y1, line.y2)) + thick - top_,
-         pixel);
+         ColourOf(line).rgb());
+  }
+
+  void Picture(const QRectF& place, const PictureRef& picture) {
+    const QTransform scaled = painter_.transform();
+    painter_.resetTransform();
+    painter_.drawImage(
+        QRect(QPoint(X(place.left()), Y(place.top())), QPoint(X(place.right()) - 1, Y(place.bottom()) - 1)),
+        ImageOf(*picture));
+    painter_.setTransform(scaled);
   }
 
  private:
   static int Nearest(double pixels) { return static_cast<int>(std::floor(pixels + 0.5)); }
+  int X(double twips) const { return Nearest(twips * scale_) - left_; }
+  int Y(double twips) const { return Nearest(twips * scale_) - top_; }
 
   // Right and bottom are no part of it.
   void Fill(int left, int top, int right, int bottom, Pixel pixel) {
@@ -88,20 +105,33 @@ class Pixels {
   double scale_;
   int left_;
   int top_;
+  QPainter& painter_;
   Raster& raster_;
+};
+
+// The same on a sheet.
+class Sheet {
+ public:
+  Sheet(QPainter& painter, SheetImages& images) : painter_(painter), images_(images) {}
+
+  void Box(const Operation& box) { painter_.fillRect(BoxOf(box), ColourOf(box)); }
+  void Line(const Operation& line) { painter_.fillRect(BoxOfLine(line), ColourOf(line)); }
+  void Picture(const QRectF& place, const PictureRef& picture) {
+    painter_.drawImage(place, images_.Of(picture));
+  }
+
+ private:
+  QPainter& painter_;
+  SheetImages& images_;
 };
 
 }  // namespace
 
-// A copy of the picture's pixels, since a page may go before its sheet is written.
-const QImage& PageDrawing::ImageOf(const PictureRef& picture) {
+const QImage& SheetImages::Of(const PictureRef& picture) {
+  constexpr std::size_t kMost = 16;
+  if (images_.size() >= kMost && !images_.contains(picture)) images_.clear();
   QImage& image = images_[picture];
-  if (image.isNull() && !picture->raster.IsEmpty()) {
-    const Size size = picture->size();
-    image = QImage(reinterpret_cast<const uchar*>(picture->raster.Row(0)), size.width, size.height,
-                   QImage::Format_ARGB32_Premultiplied)
-                .copy();
-  }
+  if (image.isNull()) image = ImageOf(*picture);
   return image;
 }
 
@@ -130,71 +160,45 @@ void PageDrawing::Text(const Page& page, const Operation& operation, QPainter& p
   painter.drawGlyphRun(start, run);
 }
 
+template <typename Target>
+void PageDrawing::Draw(const Page& page, QPainter& painter, Target target) {
+  for (const Operation& operation : page.Operations()) {
+    switch (operation.kind) {
+      case Kind::Text:
+        Text(page, operation, painter);
+        break;
+      case Kind::Box:
+        target.Box(operation);
+        break;
+      case Kind::Line:
+        if (IsStraight(operation)) {
+          target.Line(operation);
+        } else {
+          DrawSlantedLine(operation, painter);
+        }
+        break;
+      case Kind::Picture:
+        target.Picture(PlaceOf(operation, *page.PictureOf(operation)), page.PictureOf(operation));
+        break;
+    }
+  }
+}
+
 void PageDrawing::OnPixels(const Page& page, double pixelsOfTwip, int left, int top, Raster& raster) {
   constexpr Pixel kWhite = 0xFFFFFFFF;
   const Size size = raster.size();
   for (int y = 0; y < size.height; ++y) std::fill(raster.Row(y), raster.Row(y) + size.width, kWhite);
-  // The painter draws into the same memory at once, so that boxes may be filled beside it.
   QImage image(reinterpret_cast<uchar*>(raster.Row(0)), size.width, size.height,
                QImage::Format_ARGB32_Premultiplied);
   QPainter painter(&image);
   painter.setRenderHints(QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
   painter.translate(-left, -top);
   painter.scale(pixelsOfTwip, pixelsOfTwip);
-  Pixels pixels(pixelsOfTwip, left, top, raster);
-  for (const Operation& operation : page.Operations()) {
-    switch (operation.kind) {
-      case Kind::Text:
-        Text(page, operation, painter);
-        break;
-      case Kind::Box:
-        pixels.FillBox(BoxOf(operation), ColourOf(operation).rgb());
-        break;
-      case Kind::Line:
-        if (IsStraight(operation)) {
-          pixels.FillLine(operation, ColourOf(operation).rgb());
-        } else {
-          DrawSlantedLine(operation, painter);
-        }
-        break;
-      case Kind::Picture: {
-        const PictureRef& picture = page.PictureOf(operation);
-        const QRectF place = PlaceOf(operation, *picture);
-        const QTransform scaled = painter.transform();
-        painter.resetTransform();
-        painter.drawImage(QRect(QPoint(pixels.X(place.left()), pixels.Y(place.top())),
-                                QPoint(pixels.X(place.right()) - 1, pixels.Y(place.bottom()) - 1)),
-                          ImageOf(picture));
-        painter.setTransform(scaled);
-        break;
-      }
-    }
-  }
+  Draw(page, painter, Pixels(pixelsOfTwip, left, top, painter, raster));
 }
 
-void PageDrawing::OnSheet(const Page& page, QPainter& painter) {
-  for (const Operation& operation : page.Operations()) {
-    switch (operation.kind) {
-      case Kind::Text:
-        Text(page, operation, painter);
-        break;
-      case Kind::Box:
-        painter.fillRect(BoxOf(operation), ColourOf(operation));
-        break;
-      case Kind::Line:
-        if (IsStraight(operation)) {
-          painter.fillRect(BoxOfLine(operation), ColourOf(operation));
-        } else {
-          DrawSlantedLine(operation, painter);
-        }
-        break;
-      case Kind::Picture: {
-        const PictureRef& picture = page.PictureOf(operation);
-        painter.drawImage(PlaceOf(operation, *picture), ImageOf(picture));
-        break;
-      }
-    }
-  }
+void PageDrawing::OnSheet(const Page& page, QPainter& painter, SheetImages& images) {
+  Draw(page, painter, Sheet(painter, images));
 }
 
 }  // namespace tessera::qtpaper

@@ -36,7 +36,7 @@ class Document final : public reports::PdfDocument {
       // A logo keeps its pixels.
       painter_.setRenderHint(QPainter::LosslessImageRendering);
     }
-    drawing_.OnSheet(page, painter_);
+    drawing_.OnSheet(page, painter_, images_);
   }
 
   std::string End() override {
@@ -50,6 +50,7 @@ class Document final : public reports::PdfDocument {
   QPdfWriter writer_{&buffer_};
   QPainter painter_;
   PageDrawing drawing_;
+  SheetImages images_;
 };
 
 }  // namespace

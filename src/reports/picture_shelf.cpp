@@ -13,6 +13,8 @@ namespace {
 
 constexpr long kNoFile = 53;
 constexpr long kNoPicture = 481;
+// A page has a logo or two; a catalogue of photographs shall not be held as a whole.
+constexpr std::size_t kMostKept = 16;
 
 }  // namespace
 
@@ -26,6 +28,7 @@ PictureRef PictureShelf::Load(Run& run, std::string_view path) {
   std::string bytes;
   if (file->Size(length) != 0 || length > kLargestPictureFile) Fail(kNoPicture);
   if (ReadAllAt(*file, 0, static_cast<std::size_t>(length), bytes) != 0) Fail(kNoPicture);
+  if (kept_.size() >= kMostKept && !kept_.contains(systemPath)) kept_.clear();
   Kept& kept = kept_[systemPath];
   if (kept.picture == nullptr || kept.bytes != bytes) {
     kept = {.bytes = std::move(bytes), .picture = nullptr};
