@@ -95,6 +95,8 @@ std::shared_ptr<Part> FrmXRel::Load(std::string_view name, int index, const Cont
   auto part = std::make_shared<Part>(*form_, static_cast<ControlEvents&>(*this), std::forward<More>(more)...);
   form_->LoadControl(name, part);
   part->SetName(index == 0 ? std::string(name) : std::string(name) + NumberText(index));
+  // Tab goes through the parts as they are loaded.
+  part->SetTabIndex(loaded_++);
   part->Move(place);
   part->SetVisible(true);
   return part;

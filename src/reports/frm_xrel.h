@@ -68,6 +68,7 @@ class FrmXRel final : private FormEvents, private ControlEvents, private WindowP
   XRelatorio& report_;
   std::unique_ptr<Form> form_;
   bool wantsPrint_ = false;
+  int loaded_ = 0;
 
   enum class Fit { None, Width, Page };
   Fit fit_ = Fit::None;

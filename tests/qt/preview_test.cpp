@@ -195,7 +195,20 @@ TEST_F(PreviewSteps, ZoomsByKeysWheelAndList) {
               [&] {
                 Keep("previa_pequena.png");
                 EXPECT_EQ(Part("PicXRel").geometry().right() + 17 + 5, Window()->width() - 1);
-                Click("BtnSair");
+                Window()->resize(940, 720);
+                Click("CmbZoom");
+                Key(Qt::Key_Home);
+                Key(Qt::Key_End, Qt::ShiftModifier);
+                for (const char letter : {'L', 'a', 'r', 'g', 'u', 'r', 'a'}) {
+                  QTest::keyClick(Window()->windowHandle(), letter);
+                }
+              },
+              [&] {
+                EXPECT_EQ(PageLeft(), 8) << "as wide as its frame";
+                Keep("previa_largura.png");
+                // Tab goes from the zoom to the buttons: the third one leaves.
+                for (int i = 0; i < 3; ++i) Key(Qt::Key_Tab);
+                Key(Qt::Key_Space);
               }});
   EXPECT_EQ(reports.said, "[relatorio] 1 of 3\n1 printed\n");
 }
