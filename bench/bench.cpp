@@ -38,8 +38,9 @@ Measured RunOnce(const std::vector<std::string>& words) {
     const int nothing = open("/dev/null", O_RDWR);
     dup2(nothing, STDIN_FILENO);
     dup2(nothing, STDOUT_FILENO);
-    std::vector<char*> arguments;
     std::vector<std::string> copies = words;
+    std::vector<char*> arguments;
+    arguments.reserve(copies.size() + 1);
     for (std::string& copy : copies) arguments.push_back(copy.data());
     arguments.push_back(nullptr);
     execv(arguments[0], arguments.data());
@@ -77,7 +78,7 @@ double CountOf(const fs::path& program) {
 
 // A straight line of `lines` statements, run through `rounds` times.
 fs::path WriteStraightProgram(const fs::path& folder, int lines, int rounds) {
-  const fs::path program = folder / ("straight_" + std::to_string(lines) + ".tsc");
+  fs::path program = folder / ("straight_" + std::to_string(lines) + ".tsc");
   std::ofstream file(program);
   file << "' statements: " << 3 + static_cast<long>(rounds) * (lines + 3)
        << "\nVar volta Inteiro, x Inteiro\n"
@@ -179,6 +180,19 @@ class Bench {
             "n = 0\nfor id, nome, cidade, idade, limite in c.execute('SELECT * FROM gente'): n += 1\n");
   }
 
+  // Page files and preview, and one PDF; then what the first page of a program costs.
+  void Reports() {
+    std::printf("\n%-40s %8s %10s\n", "report of 1,000 pages, 60 x 5", "ms", "peak MB");
+    const std::string report = (scratch_ / "report.tsc").string();
+    fs::copy_file(programs_ / "report.tsc", report);
+    Report("previewed on the console", RunOnce({tessera_, "run", "--console", report, "--", "VIDEO"}));
+    Report("printed to a PDF", RunOnce({tessera_, "run", "--console", "--printer",
+                                        (scratch_ / "report.pdf").string(), report, "--", "IMPRESSORA"}));
+    const fs::path one = scratch_ / "one.tsc";
+    std::ofstream(one) << "Rel.Config \"SAIDA:VIDEO\"\nRel.Add \"x\"\nRel.Fim\nFimJanela\n";
+    Report("one page, previewed on the console", Run({tessera_, "run", "--console", one.string()}));
+  }
+
   void Grid() {
     using tessera::bench::kGridRows;
     const tessera::bench::GridTimes times = tessera::bench::MeasureGrid();
@@ -278,10 +292,14 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "tessera_bench FOLDER-OF-BENCH TESSERA [PART]\n");
     return 2;
   }
-  constexpr std::pair<std::string_view, void (Bench::*)()> kParts[] = {
-      {"statements", &Bench::Statements}, {"files", &Bench::Files}, {"drawing", &Bench::Drawing},
-      {"records", &Bench::Records},       {"sql", &Bench::Sql},     {"grid", &Bench::Grid},
-      {"start", &Bench::StartUp}};
+  constexpr std::pair<std::string_view, void (Bench::*)()> kParts[] = {{"statements", &Bench::Statements},
+                                                                       {"files", &Bench::Files},
+                                                                       {"drawing", &Bench::Drawing},
+                                                                       {"records", &Bench::Records},
+                                                                       {"sql", &Bench::Sql},
+                                                                       {"reports", &Bench::Reports},
+                                                                       {"grid", &Bench::Grid},
+                                                                       {"start", &Bench::StartUp}};
   Bench bench(argv[1], argv[2]);
   for (const auto& [name, measure] : kParts) {
     if (argc == 3 || name == argv[3]) (bench.*measure)();

@@ -1,9 +1,10 @@
 # The tests of the host with windows, and of the runtime that links it.
 find_package(Qt6 6.4 REQUIRED COMPONENTS Widgets Test)
 add_executable(qt_test qt/qt_test_main.cpp qt/box_test.cpp qt/drawing_test.cpp qt/looks_test.cpp qt/estoque_test.cpp
-  qt/pictures_test.cpp qt/qt_host_test.cpp qt/script_test.cpp qt/wallpaper_test.cpp support/qt_objects.cpp
+  qt/pictures_test.cpp qt/preview_test.cpp qt/qt_host_test.cpp qt/script_test.cpp qt/wallpaper_test.cpp support/qt_objects.cpp
   support/qt_person.cpp)
-target_compile_definitions(qt_test PRIVATE TESSERA_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
+target_compile_definitions(qt_test PRIVATE
+  TESSERA_SOURCE_DIR="${CMAKE_SOURCE_DIR}" TESSERA_PARTS="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
 target_link_libraries(qt_test PRIVATE tessera_qt tessera_console tessera_hosted_support tessera_options Qt6::Test GTest::gtest)
 gtest_discover_tests(qt_test DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 60)
 
@@ -29,6 +30,16 @@ add_dependencies(display_test tessera tessera-runtime)
 
 # Programs over the part that reaches databases, which stands on Qt too.
 tessera_programs(sql ${CMAKE_SOURCE_DIR}/tests/sql/programs ${CMAKE_SOURCE_DIR}/tests/sql/programs)
+
+# Programs over the part that paints pages, and documents read back; a print queue on loopback.
+tessera_programs(reports ${CMAKE_SOURCE_DIR}/tests/reports/programs ${CMAKE_SOURCE_DIR}/tests/reports/programs)
+foreach(script documents page_files queue)
+  add_test(NAME reports.${script} COMMAND ${CMAKE_SOURCE_DIR}/tests/reports/${script}.sh $<TARGET_FILE:tessera>)
+  set_tests_properties(reports.${script} PROPERTIES TIMEOUT 60 SKIP_RETURN_CODE 77)
+endforeach()
+add_test(NAME reports.examples
+  COMMAND ${CMAKE_SOURCE_DIR}/tests/reports/examples.sh $<TARGET_FILE:tessera> ${CMAKE_SOURCE_DIR}/examples)
+set_tests_properties(reports.examples PROPERTIES TIMEOUT 60)
 
 add_test(NAME sql.files_in_trouble COMMAND ${CMAKE_SOURCE_DIR}/tests/sql/trouble.sh $<TARGET_FILE:tessera>)
 set_tests_properties(sql.files_in_trouble PROPERTIES TIMEOUT 60)

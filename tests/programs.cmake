@@ -3,7 +3,7 @@
 
 # tessera_programs(PREFIX directory of the programs, directory of their expectations)
 # Those in TESSERA_NEED_PARTS run where the parts that stand on Qt are built.
-set(TESSERA_NEED_PARTS Biblioteca)
+set(TESSERA_NEED_PARTS Biblioteca Nota Precos)
 
 function(tessera_programs prefix programs expectations)
   file(GLOB found CONFIGURE_DEPENDS ${programs}/*)

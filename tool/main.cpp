@@ -121,6 +121,9 @@ class CommandLine {
         AddWithProgram("run", "Executa um programa", run_.program, [this] { return RunSubcommand(run_); });
     run->add_flag("--console", run_.console, "Executa no terminal, sem janelas");
     run->add_flag("--cancel", run_.answerCancel, "No terminal, responde Cancelar às caixas de OK e Cancelar");
+    run->add_option("--printer", run_.printer,
+                    "Impressora: uma fila, ou um arquivo .pdf que recebe o documento")
+        ->type_name("DESTINO");
     run->footer("O que vem depois de -- é a linha de comando do programa (LinhaComando).");
   }
 

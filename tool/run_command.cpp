@@ -43,8 +43,10 @@ int RunSubcommand(const RunCall& call) {
     return kWrongCall;
   }
   LoadedProgram& program = std::get<LoadedProgram>(loaded);
-  const ProgramStart start{std::move(program.program), std::move(program.folder),
-                           CommandLineOf(call.arguments)};
+  const ProgramStart start{.program = std::move(program.program),
+                           .folder = std::move(program.folder),
+                           .commandLine = CommandLineOf(call.arguments),
+                           .printer = call.printer};
   if (!call.console) {
     if (DisplayIsNamed()) return RunWithWindows(start);
     PrintRemark("nenhuma tela ao alcance; o programa roda no terminal");

@@ -11,6 +11,7 @@ struct RunCall {
   std::string program;
   std::vector<std::string> arguments;
   bool console = false;       // without windows
+  std::string printer;        // a queue, or a path ending in ".pdf"; empty for the system's own
   bool answerCancel = false;  // boxes of OK and Cancel are answered Cancel on the console host
 };
 int RunSubcommand(const RunCall& call);

@@ -183,7 +183,8 @@ TextInputAnswer ConsoleHost::AskText(const TextInput& input) {
 }
 
 std::optional<std::string> ConsoleHost::AskDialog(std::string_view mode, std::string_view title) {
-  TellError(std::string("[dialogo] ").append(mode).append(" ").append(IndentedUtf8(title)));
+  const std::string behind = title.empty() ? "" : " " + IndentedUtf8(title);
+  TellError(std::string("[dialogo] ").append(mode).append(behind));
   auto answer = input_.NextLine();
   if (!answer || answer->empty()) return std::nullopt;
   return answer;
@@ -209,6 +210,16 @@ std::optional<ChosenFont> ConsoleHost::AskFont(std::string_view title) {
 
 std::optional<std::string> ConsoleHost::AskPrinter(std::string_view title) {
   return AskDialog("IMPRESSORA", title);
+}
+
+// Reports
+
+void ConsoleHost::TellPage(std::string_view label) {
+  TellError("[relatorio] " + ToUtf8(label));
+}
+
+void ConsoleHost::TellPrinted(std::string_view destination, int pages) {
+  TellError(std::string("[impressora] ").append(destination).append(": ").append(std::to_string(pages)));
 }
 
 // Dispatch and time

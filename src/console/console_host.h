@@ -21,6 +21,7 @@
 #include "platform/process_end.h"
 #include "platform/system_clock.h"
 #include "platform/system_files.h"
+#include "reports/report_host.h"
 #include "windows/display.h"
 
 namespace tessera {
@@ -45,7 +46,11 @@ inline constexpr int kFaultyScriptStatus = 3;
 
 class ConsoleForm;
 
-class ConsoleHost final : public Display, public Dialogs, public EventDispatch, private Person {
+class ConsoleHost final : public Display,
+                          public Dialogs,
+                          public EventDispatch,
+                          public reports::ReportHost,
+                          private Person {
  public:
   ConsoleHost(const ConsoleStreams& streams, ConsoleOptions options);
   ~ConsoleHost() override;
@@ -70,6 +75,9 @@ class ConsoleHost final : public Display, public Dialogs, public EventDispatch, 
   std::optional<std::int32_t> AskColour(std::string_view title) override;
   std::optional<ChosenFont> AskFont(std::string_view title) override;
   std::optional<std::string> AskPrinter(std::string_view title) override;
+
+  void TellPage(std::string_view label) override;
+  void TellPrinted(std::string_view destination, int pages) override;
 
   void ProcessEvents() override;
   bool AwaitEvents(std::chrono::milliseconds sleep) override;

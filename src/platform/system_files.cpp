@@ -142,7 +142,7 @@ int SystemFiles::Create(const std::string& path, std::string_view bytes) {
 }
 
 int SystemFiles::Replace(const std::string& path, std::string_view bytes) {
-  return ReplaceFile(path, bytes);
+  return ReplaceFile(path, bytes, NewFilePermissions(kAnyone));
 }
 
 int SystemFiles::Copy(const std::string& source, const std::string& target, std::string& at) {

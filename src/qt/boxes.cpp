@@ -10,7 +10,7 @@
 #include <QVBoxLayout>
 #include <array>
 
-#include "qt/text.h"
+#include "qttext/text.h"
 
 namespace tessera {
 

@@ -6,7 +6,7 @@
 #include <QPrintDialog>
 #include <QPrinter>
 
-#include "qt/text.h"
+#include "qttext/text.h"
 
 namespace tessera {
 
@@ -65,7 +65,8 @@ std::optional<std::string> ShowPrinterDialog(std::string_view title, QWidget* pa
   QPrinter printer;
   QPrintDialog dialog(&printer, parent);
   if (!IsAccepted(dialog, "DialogoImpressora", title)) return std::nullopt;
-  return FromQString(printer.printerName());
+  const bool isFile = printer.outputFormat() == QPrinter::PdfFormat && !printer.outputFileName().isEmpty();
+  return FromQString(isFile ? printer.outputFileName() : printer.printerName());
 }
 
 }  // namespace tessera

@@ -26,14 +26,14 @@
 
 #include "platform/failure.h"
 #include "qt/colour.h"
-#include "qt/fonts.h"
 #include "qt/key_codes.h"
 #include "qt/looks/look.h"
 #include "qt/pictures.h"
 #include "qt/print_surface.h"
 #include "qt/quiet_dispatch.h"
 #include "qt/sys_menu_view.h"
-#include "qt/text.h"
+#include "qttext/fonts.h"
+#include "qttext/text.h"
 #include "windows/event_state.h"
 
 namespace tessera {

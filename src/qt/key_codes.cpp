@@ -23,8 +23,9 @@ constexpr std::array kKeys = {
     KeyRow{Qt::Key_Up, 38},         KeyRow{Qt::Key_Right, 39},    KeyRow{Qt::Key_Down, 40},
     KeyRow{Qt::Key_Print, 44},      KeyRow{Qt::Key_Insert, 45},   KeyRow{Qt::Key_Delete, 46},
     KeyRow{Qt::Key_Menu, 93},       KeyRow{Qt::Key_NumLock, 144}, KeyRow{Qt::Key_ScrollLock, 145},
-    KeyRow{Qt::Key_Semicolon, 186}, KeyRow{Qt::Key_Equal, 187},   KeyRow{Qt::Key_Comma, 188},
-    KeyRow{Qt::Key_Minus, 189},     KeyRow{Qt::Key_Period, 190},  KeyRow{Qt::Key_Slash, 191},
+    KeyRow{Qt::Key_Semicolon, 186}, KeyRow{Qt::Key_Equal, 187},   KeyRow{Qt::Key_Plus, 187},
+    KeyRow{Qt::Key_Comma, 188},     KeyRow{Qt::Key_Minus, 189},   KeyRow{Qt::Key_Period, 190},
+    KeyRow{Qt::Key_Slash, 191},
 };
 
 constexpr int kFirstFunctionKey = 112;

@@ -8,7 +8,7 @@
 #include <cmath>
 #include <limits>
 
-#include "qt/qt_text_painter.h"
+#include "qttext/qt_text_painter.h"
 
 namespace tessera {
 

@@ -18,14 +18,14 @@
 #include "platform/termination.h"
 #include "qt/boxes.h"
 #include "qt/desktop_dialogs.h"
-#include "qt/fonts.h"
 #include "qt/form.h"
 #include "qt/language.h"
 #include "qt/messages.h"
 #include "qt/quiet_dispatch.h"
 #include "qt/screen_mode.h"
-#include "qt/text.h"
 #include "qt/wallpaper.h"
+#include "qttext/fonts.h"
+#include "qttext/text.h"
 
 namespace tessera {
 

@@ -10,7 +10,7 @@
 #include "platform/system_files.h"
 #include "qt/form.h"
 #include "qt/logic_entry.h"
-#include "qt/qt_text_painter.h"
+#include "qttext/qt_text_painter.h"
 #include "windows/display.h"
 
 class QApplication;

@@ -6,7 +6,7 @@
 #include <QWidget>
 #include <QWindow>
 
-#include "qt/text.h"
+#include "qttext/text.h"
 #include "windows/sys_menu.h"
 
 namespace tessera {

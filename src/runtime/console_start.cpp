@@ -21,7 +21,7 @@ int RunOnConsole(const ProgramStart& start, bool answerCancel) {
                                .descriptor = STDIN_FILENO,
                                .isTerminal = isatty(STDIN_FILENO) != 0};
   ConsoleHost host(streams, {.programTitle = start.program.name, .answerCancel = answerCancel});
-  const int status = RunProgram(start, host.host(), host);
+  const int status = RunProgram(start, host.host(), host, host);
   std::cout.flush();
   if (std::cout) return status;
   std::cerr << "tessera: a saída do programa não pôde ser gravada\n";

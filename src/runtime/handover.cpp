@@ -21,9 +21,9 @@ namespace tessera {
 
 namespace {
 
-// The arguments: this word, the number of the open file, the program's folder, its command line.
+// The arguments: this word, the number of the open file, the program's folder, its command line, its printer.
 constexpr std::string_view kHandoverWord = "--entrega";
-constexpr int kHandoverArguments = 5;
+constexpr int kHandoverArguments = 6;
 
 }  // namespace
 
@@ -37,13 +37,16 @@ std::string BecomeRuntime(const std::string& runtime, const ProgramStart& start)
   if (file < 0) return SystemReason(errno);
   std::string_view rest = *image;
   if (const int error = WriteAll(file, rest)) return SystemReason(error);
-  std::array<std::string, kHandoverArguments> words = {runtime, std::string(kHandoverWord),
-                                                       std::to_string(file), start.folder.string(),
-                                                       ToUtf8(start.commandLine)};
+  std::array<std::string, kHandoverArguments> words = {runtime,
+                                                       std::string(kHandoverWord),
+                                                       std::to_string(file),
+                                                       start.folder.string(),
+                                                       ToUtf8(start.commandLine),
+                                                       start.printer};
   std::array<char*, kHandoverArguments + 1> arguments{};
   for (std::size_t i = 0; i < words.size(); ++i) arguments[i] = words[i].data();
   execv(runtime.c_str(), arguments.data());
-  const std::string reason = SystemReason(errno);
+  std::string reason = SystemReason(errno);
   close(file);
   return reason;
 }
@@ -59,7 +62,10 @@ std::optional<ProgramStart> TakeHandover(int argc, char** argv) {
   auto read = ReadProgram(left->bytes());
   PackedProgram* program = std::get_if<PackedProgram>(&read);
   if (program == nullptr) return std::nullopt;
-  return ProgramStart{std::move(*program), argv[3], FromUtf8Lossy(argv[4])};
+  return ProgramStart{.program = std::move(*program),
+                      .folder = argv[3],
+                      .commandLine = FromUtf8Lossy(argv[4]),
+                      .printer = argv[5]};
 }
 
 }  // namespace tessera

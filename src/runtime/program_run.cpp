@@ -13,6 +13,8 @@
 #include "language/words.h"
 #include "objects/object_commands.h"
 #include "prepare/linking.h"
+#include "reports/print_commands.h"
+#include "reports/report_commands.h"
 #include "runtime/attentive_host.h"
 #include "system/api_command.h"
 #include "system/icon_commands.h"
@@ -32,6 +34,9 @@ struct ProgramRun::Windowed {
       : janela(program.commands, program.run, program.engine, display),
         objects(program.commands, program.run, janela.windows(), display),
         wallpaper(program.commands, program.run, display),
+        paper(program.run, program.paperServices_),
+        reports(program.commands, program.run, paper, janela.windows(), display),
+        prints(program.commands, program.run, paper),
         api(program.commands, program.run, janela.windows()) {
     BindWindowCommands(program.commands, janela.windows());
     BindEventCommands(program.commands, janela.windows());
@@ -43,6 +48,9 @@ struct ProgramRun::Windowed {
   Janela janela;
   ObjectCommands objects;
   WallpaperCommand wallpaper;
+  reports::Paper paper;
+  reports::ReportCommands reports;
+  reports::PrintCommands prints;
   ApiCommand api;
 };
 
@@ -68,6 +76,9 @@ ProgramRun::ProgramRun(const ProgramStart& start, const Services& services)
       engine(run),
       folders_(services.folders),
       display_(services.display),
+      paperServices_{.host = services.reportHost == nullptr ? silent_ : *services.reportHost,
+                     .partFolders = services.partFolders,
+                     .printer = services.printer},
       files_(commands, run),
       machine_(commands, run, services.machine),
       database_(commands, run, services.quickOrders),
@@ -100,6 +111,10 @@ const WallpaperCommand& ProgramRun::wallpaper() const {
   return windowed_->wallpaper;
 }
 
+void ProgramRun::EndPrinting() {
+  if (windowed_) windowed_->paper.EndDocument();
+}
+
 int ProgramRun::Live(const EditorTexts& editors, std::string_view projectStyleWord) {
   DeclareBuiltins();
   return windowed_->janela.RunProgram(editors, projectStyleWord);
@@ -128,12 +143,14 @@ RunOutcome ProgramRun::StartWithoutWindows(const EditorTexts& editors) {
   return RunOutcome::Ended;
 }
 
-int RunProgram(const ProgramStart& start, const Host& host, Display& display) {
+int RunProgram(const ProgramStart& start, const Host& host, Display& display,
+               reports::ReportHost& reportHost) {
   AttentiveHost attentive(host);
-  ProgramRun program(start, UserServices(attentive.host(), &display, start.isFinished));
+  ProgramRun program(start, UserServices(attentive.host(), &display, reportHost, start));
   attentive.Attend(program.run);
   const int status =
       program.Live(start.program.EditorText, ScanProjectStyle(start.program.EditorText).ProjectStyleWord);
+  program.EndPrinting();
   // The last lines are written, or it is told that they are lost.
   const auto lost = program.run.fileNumbers.FlushAll();
   if (!lost) return status;

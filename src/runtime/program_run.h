@@ -13,6 +13,7 @@
 #include "engine/engine.h"
 #include "platform/editors.h"
 #include "recorddb/record_database.h"
+#include "reports/paper.h"
 #include "runtime/program_start.h"
 #include "runtime/services.h"
 #include "sql/sql_commands.h"
@@ -41,6 +42,9 @@ class ProgramRun {
   // main window, and, without a display, by the failure that no guard of the program takes.
   RunOutcome Start(const EditorTexts& editors, std::string_view projectStyleWord);
 
+  // Sends the document that the program has printed and not ended.
+  void EndPrinting();
+
   // The main window and what stands beside it; only with a display.
   Janela& janela();
   const WallpaperCommand& wallpaper() const;
@@ -57,6 +61,8 @@ class ProgramRun {
 
   UserFolders folders_;
   Display* display_;
+  reports::ReportHost silent_;  // of a host that makes nothing of reports
+  reports::PaperServices paperServices_;
   FileCommands files_;
   MachineCommands machine_;
   RecordDatabase database_;
@@ -68,6 +74,7 @@ class ProgramRun {
 };
 
 // The life of a program from its start on, on a host and its display; the exit status of the process.
-int RunProgram(const ProgramStart& start, const Host& host, Display& display);
+int RunProgram(const ProgramStart& start, const Host& host, Display& display,
+               reports::ReportHost& reportHost);
 
 }  // namespace tessera

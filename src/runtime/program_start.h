@@ -15,6 +15,7 @@ struct ProgramStart {
   std::filesystem::path folder;  // absolute; `PastaPrograma`, `PastaTS` and the side file's place
   std::string commandLine;       // program text; `LinhaComando`
   bool isFinished = false;       // the program stands in the running executable itself
+  std::string printer = {};      // UTF-8: a queue, or a path ending in ".pdf"; empty for the system's own
 };
 
 // The arguments of a process (UTF-8) as one command line in program text: joined by blanks, an argument with

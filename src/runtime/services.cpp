@@ -7,13 +7,16 @@
 
 namespace tessera {
 
-Services UserServices(const Host& host, Display* display, bool isFinished) {
+Services UserServices(const Host& host, Display* display, reports::ReportHost& reportHost,
+                      const ProgramStart& start) {
   return {.host = host,
           .display = display,
           .folders = FindUserFolders(std::getenv),
           .dataFolder = SystemDataFolder(std::getenv("XDG_DATA_HOME"), std::getenv("HOME")),
-          .machine = MachineCommands::UserPlaces(isFinished),
+          .machine = MachineCommands::UserPlaces(start.isFinished),
           .partFolders = PartFolders(),
+          .reportHost = &reportHost,
+          .printer = start.printer,
           .startForm = TakeStartForm()};
 }
 

@@ -9,6 +9,8 @@
 #include "platform/host.h"
 #include "platform/start_form.h"
 #include "platform/user_folders.h"
+#include "reports/report_host.h"
+#include "runtime/program_start.h"
 #include "windows/display.h"
 
 namespace tessera {
@@ -23,6 +25,10 @@ struct Services {
   MachineCommands::Places machine;
   // Where the system's parts may lie (own_folder.h).
   std::vector<std::filesystem::path> partFolders = {};
+  // What the host makes of reports; none hears of them.
+  reports::ReportHost* reportHost = nullptr;
+  // The printer that whoever started the program gave it (program_start.h).
+  std::string printer = {};
   // The window form that whoever started the program asked for.
   StartForm startForm = StartForm::Normal;
   // Tests turn it off to compare the ordering of records with its plain form.
@@ -30,7 +36,8 @@ struct Services {
 };
 
 // Those of the user who runs this process. The start form is taken out of the environment, so that no program
-// that this one starts finds it. `isFinished`: the program has an executable of its own.
-Services UserServices(const Host& host, Display* display, bool isFinished);
+// that this one starts finds it.
+Services UserServices(const Host& host, Display* display, reports::ReportHost& reportHost,
+                      const ProgramStart& start);
 
 }  // namespace tessera

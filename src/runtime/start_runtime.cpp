@@ -76,8 +76,10 @@ std::string WithWindows(const Restart& restart, Use use) {
 int RunStart(const ProgramStart& start, const Restart& restart) {
   termination::Install(false);
   int status = 0;
-  const std::string noDisplay =
-      WithWindows(restart, [&](QtHost& host) { status = RunProgram(start, host.host(), host); });
+  const std::string noDisplay = WithWindows(restart, [&](QtHost& host) {
+    reports::ReportHost silent;  // its windows show all that there is to tell
+    status = RunProgram(start, host.host(), host, silent);
+  });
   if (noDisplay.empty()) return status;
   Tell(noDisplay + "; o programa roda no terminal");
   return RunOnConsole(start, false);

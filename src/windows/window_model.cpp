@@ -73,6 +73,9 @@ Form* WindowModel::WindowInHand() const {
 }
 
 PersonObject* WindowModel::FindObject(std::string_view name) const {
+  if (modalParts != nullptr) {
+    if (PersonObject* part = modalParts->FindPart(name)) return part;
+  }
   return objects == nullptr ? nullptr : objects->Find(name, CurrentOwner());
 }
 

@@ -40,6 +40,14 @@ class ActivationOrder {
   std::vector<ProgramWindow*> order_;
 };
 
+// A modal window of the system's own, whose parts are no objects of the program.
+class WindowParts {
+ public:
+  virtual ~WindowParts() = default;
+  // By name, blind to case; nothing where it has none of that name.
+  virtual PersonObject* FindPart(std::string_view name) = 0;
+};
+
 struct WindowModel final : WindowDirectory {
   static constexpr std::size_t kSlots = 20;  // slot 0 is the main window's
 
@@ -50,7 +58,8 @@ struct WindowModel final : WindowDirectory {
   std::string CurrentWindowName;
 
   ActivationOrder activation;
-  std::vector<Form*> modal;  // the modal windows, the one in hand last
+  std::vector<Form*> modal;           // the modal windows, the one in hand last
+  WindowParts* modalParts = nullptr;  // of the last one, where it is the system's own
 
   // Pixels of a line and of a column.
   std::int16_t TamLin = kTamLin;

@@ -20,10 +20,10 @@
 #include <thread>
 
 #include "qt/boxes.h"
-#include "qt/fonts.h"
 #include "qt/print_surface.h"
-#include "qt/qt_text_painter.h"
-#include "qt/text.h"
+#include "qttext/fonts.h"
+#include "qttext/qt_text_painter.h"
+#include "qttext/text.h"
 #include "support/core_program.h"
 #include "support/hosted_program.h"
 #include "windows/stock_pictures.h"

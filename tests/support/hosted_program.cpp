@@ -8,16 +8,17 @@ namespace tessera::test {
 
 namespace {
 
-Services OnDisplay(const Host& host, Display& display) {
+Services OnDisplay(const Host& host, Display& display, const std::function<void(Services&)>& change) {
   Services services = TestServices(host);
   services.display = &display;
+  change(services);
   return services;
 }
 
 }  // namespace
 
-HostedProgram::HostedProgram(const Host& host, Display& display)
-    : program_(StartOf("/programas/teste", "um dois"), OnDisplay(host, display)) {
+HostedProgram::HostedProgram(const Host& host, Display& display, const std::function<void(Services&)>& change)
+    : program_(StartOf("/programas/teste", "um dois"), OnDisplay(host, display, change)) {
   run.RuntimeFolderText = "/programas\\";
   run.paths = PathMapping(run.host.files);
 }

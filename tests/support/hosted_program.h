@@ -1,6 +1,7 @@
 // A program on a real host.
 #pragma once
 
+#include <functional>
 #include <string_view>
 
 #include "platform/host.h"
@@ -14,7 +15,9 @@ namespace tessera::test {
 
 class HostedProgram {
  public:
-  HostedProgram(const Host& host, Display& display);
+  // `change` says what a test wants otherwise.
+  HostedProgram(
+      const Host& host, Display& display, const std::function<void(Services&)>& change = [](Services&) {});
 
   // The whole life of a program called TESTE, given in UTF-8 with LF line ends; its exit status.
   int Run(std::string_view editor0, std::string_view routines = {}, std::string_view projectStyleWord = {});

@@ -21,7 +21,8 @@
 #include "qt/looks/combo_look.h"
 #include "qt/looks/guia_look.h"
 #include "qt/looks/look.h"
-#include "qt/text.h"
+#include "qttext/text.h"
+#include "reports/preview_controls.h"
 #include "text/date.h"
 #include "text/number.h"
 #include "text/one_based.h"
@@ -263,6 +264,17 @@ class QtMenuItem final : public PersonObject {
   MenuItem& item_;
 };
 
+// The arrows of a preview share one name: each is found by its number.
+class QtArrow final : public QtObject {
+ public:
+  explicit QtArrow(Control& arrow) : QtObject(arrow) {}
+
+  void ClickTitle(std::string_view number) override {
+    const int index = static_cast<int>(WholeNumber(number).value_or(0));
+    QtObject(*Target().form().Controls().Element(reports::kImgSeta, index)).Click();
+  }
+};
+
 }  // namespace
 
 // Keys of the first 127 characters; others come composed, as those of dead keys do.
@@ -285,6 +297,7 @@ std::unique_ptr<PersonObject> RealEventsOn(PersonObject& object) {
   if (auto* box = dynamic_cast<BoxControl*>(control)) return std::make_unique<QtGrid>(*box);
   if (auto* check = dynamic_cast<CheckControl*>(control)) return std::make_unique<QtCheck>(*check);
   if (auto* bar = dynamic_cast<BarraControl*>(control)) return std::make_unique<QtBar>(*bar);
+  if (dynamic_cast<reports::SetaControl*>(control) != nullptr) return std::make_unique<QtArrow>(*control);
   const bool isEntry = dynamic_cast<EntryControl*>(control) != nullptr;
   if (isEntry || dynamic_cast<TextoControl*>(control) != nullptr) return std::make_unique<QtEntry>(*control);
   return std::make_unique<QtObject>(*control);

@@ -31,7 +31,7 @@ Qt::Key KeyOf(int code) {
       {8, Qt::Key_Backspace}, {9, Qt::Key_Tab},     {13, Qt::Key_Return},   {16, Qt::Key_Shift},
       {19, Qt::Key_Pause},    {33, Qt::Key_PageUp}, {34, Qt::Key_PageDown}, {35, Qt::Key_End},
       {36, Qt::Key_Home},     {37, Qt::Key_Left},   {38, Qt::Key_Up},       {39, Qt::Key_Right},
-      {40, Qt::Key_Down},     {46, Qt::Key_Delete}, {117, Qt::Key_F6},
+      {40, Qt::Key_Down},     {27, Qt::Key_Escape}, {46, Qt::Key_Delete},   {117, Qt::Key_F6},
   };
   const auto key = keys.find(code);
   return key == keys.end() ? static_cast<Qt::Key>(code) : key->second;

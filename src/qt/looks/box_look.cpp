@@ -7,10 +7,10 @@
 
 #include "controls/key_code.h"
 #include "qt/colour.h"
-#include "qt/fonts.h"
 #include "qt/looks/bar_painting.h"
 #include "qt/looks/skin.h"
-#include "qt/text.h"
+#include "qttext/fonts.h"
+#include "qttext/text.h"
 #include "windows/form.h"
 
 namespace tessera {

@@ -9,7 +9,7 @@
 #include "controls/key_code.h"
 #include "qt/colour.h"
 #include "qt/looks/skin.h"
-#include "qt/text.h"
+#include "qttext/text.h"
 #include "windows/form.h"
 
 namespace tessera {

@@ -5,7 +5,7 @@
 
 #include "qt/colour.h"
 #include "qt/looks/skin.h"
-#include "qt/text.h"
+#include "qttext/text.h"
 
 namespace tessera {
 

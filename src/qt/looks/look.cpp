@@ -4,9 +4,9 @@
 #include <QKeyEvent>
 #include <string>
 
-#include "qt/fonts.h"
 #include "qt/key_codes.h"
-#include "qt/text.h"
+#include "qttext/fonts.h"
+#include "qttext/text.h"
 #include "windows/form.h"
 
 namespace tessera {

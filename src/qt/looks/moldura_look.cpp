@@ -4,7 +4,7 @@
 
 #include "qt/colour.h"
 #include "qt/looks/skin.h"
-#include "qt/text.h"
+#include "qttext/text.h"
 
 namespace tessera {
 

@@ -14,7 +14,9 @@
 #include "qt/looks/mascara_look.h"
 #include "qt/looks/moeda_look.h"
 #include "qt/looks/moldura_look.h"
+#include "qt/looks/pagina_look.h"
 #include "qt/looks/rotulo_look.h"
+#include "qt/looks/seta_look.h"
 #include "qt/looks/texto_look.h"
 
 namespace tessera {
@@ -32,13 +34,22 @@ std::pair<const std::type_index, Maker> Row() {
 
 const std::map<std::type_index, Maker>& Makers() {
   static const std::map<std::type_index, Maker> makers = {
-      Row<BarraControl, BarraLook>(),     Row<BotaoControl, BotaoLook>(),
-      Row<BoxControl, BoxLook>(),         Row<CalendarioControl, CalendarioLook>(),
-      Row<CheckControl, CheckLook>(),     Row<ComboControl, ComboLook>(),
-      Row<GuiaControl, GuiaLook>(),       Row<LinkControl, LinkLook>(),
-      Row<MascaraControl, MascaraLook>(), Row<MoedaControl, MoedaLook>(),
-      Row<MolduraControl, MolduraLook>(), Row<OpcaoControl, OpcaoLook>(),
-      Row<RotuloControl, RotuloLook>(),   Row<TextoControl, TextoLook>(),
+      Row<reports::PaginaControl, PaginaLook>(),
+      Row<reports::SetaControl, SetaLook>(),
+      Row<BarraControl, BarraLook>(),
+      Row<BotaoControl, BotaoLook>(),
+      Row<BoxControl, BoxLook>(),
+      Row<CalendarioControl, CalendarioLook>(),
+      Row<CheckControl, CheckLook>(),
+      Row<ComboControl, ComboLook>(),
+      Row<GuiaControl, GuiaLook>(),
+      Row<LinkControl, LinkLook>(),
+      Row<MascaraControl, MascaraLook>(),
+      Row<MoedaControl, MoedaLook>(),
+      Row<MolduraControl, MolduraLook>(),
+      Row<OpcaoControl, OpcaoLook>(),
+      Row<RotuloControl, RotuloLook>(),
+      Row<TextoControl, TextoLook>(),
   };
   return makers;
 }

@@ -8,7 +8,7 @@
 #include "qt/colour.h"
 #include "qt/looks/alignment.h"
 #include "qt/looks/skin.h"
-#include "qt/text.h"
+#include "qttext/text.h"
 
 namespace tessera {
 

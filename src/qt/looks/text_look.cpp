@@ -5,7 +5,7 @@
 #include <QKeyEvent>
 #include <QStyleHints>
 
-#include "qt/text.h"
+#include "qttext/text.h"
 
 namespace tessera {
 

@@ -12,10 +12,10 @@
 
 #include "controls/key_code.h"
 #include "qt/colour.h"
-#include "qt/fonts.h"
 #include "qt/looks/alignment.h"
 #include "qt/looks/skin.h"
-#include "qt/text.h"
+#include "qttext/fonts.h"
+#include "qttext/text.h"
 
 namespace tessera {
 

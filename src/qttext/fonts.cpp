@@ -1,9 +1,9 @@
-#include "qt/fonts.h"
+#include "qttext/fonts.h"
 
 #include <algorithm>
 #include <array>
 
-#include "qt/text.h"
+#include "qttext/text.h"
 
 namespace tessera {
 
@@ -21,7 +21,8 @@ constexpr std::array kSubstitutions = {
     Substitution{"Consolas", "DejaVu Sans Mono"},     Substitution{"Arial", "Liberation Sans"},
     Substitution{"MS Sans Serif", "Liberation Sans"}, Substitution{"Tahoma", "Liberation Sans Narrow"},
     Substitution{"Verdana", "DejaVu Sans"},           Substitution{"Times New Roman", "Liberation Serif"},
-    Substitution{"MS Serif", "Liberation Serif"},
+    Substitution{"MS Serif", "Liberation Serif"},     Substitution{"Times", "Liberation Serif"},
+    Substitution{"Helvetica", "Liberation Sans"},
 };
 
 constexpr double kSmallestSize = 1;

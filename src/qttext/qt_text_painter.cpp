@@ -1,12 +1,12 @@
-#include "qt/qt_text_painter.h"
+#include "qttext/qt_text_painter.h"
 
 #include <QFontMetricsF>
 #include <QImage>
 #include <QPainter>
 #include <cmath>
 
-#include "qt/fonts.h"
-#include "qt/text.h"
+#include "qttext/fonts.h"
+#include "qttext/text.h"
 
 namespace tessera {
 

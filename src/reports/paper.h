@@ -1,0 +1,62 @@
+// What reports and direct printing share: the painter, loaded at the first of their words, the measures of
+// texts, and the one printer.
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "commands/command_table.h"
+#include "reports/paper_part.h"
+#include "reports/paper_surface.h"
+#include "reports/picture_shelf.h"
+#include "reports/printer.h"
+#include "reports/report_host.h"
+#include "values/run.h"
+
+namespace tessera::reports {
+
+// What a run on paper needs beside its host.
+struct PaperServices {
+  ReportHost& host;
+  std::vector<std::filesystem::path> partFolders;
+  std::string printer;  // UTF-8, given by whoever started the program; or empty
+};
+
+class Paper {
+ public:
+  // The run outlives it.
+  Paper(Run& run, PaperServices services);
+
+  struct Tools {
+    Tools(Run& run, PagePainter& pagePainter, ReportHost& host, const std::string& given)
+        : painter(pagePainter), measures(pagePainter), printer(run, measures, pagePainter, host, given) {}
+
+    PagePainter& painter;
+    TextMeasures measures;
+    Printer printer;
+    PictureShelf pictures;
+  };
+
+  // Does what a word of paper says. A run-time failure is told in the box of these words, and so, once in a
+  // run, is a missing painter; without one nothing is done. False where it failed.
+  bool Do(const WordCall& call, const std::function<void(Tools& tools)>& act);
+
+  // Sends the document that the program has left open.
+  void EndDocument();
+
+  ReportHost& host() const { return services_.host; }
+
+ private:
+  Tools* Load();
+
+  Run& run_;
+  PaperServices services_;
+  PaperPart part_;
+  bool isMissingTold_ = false;
+  std::optional<Tools> tools_;
+};
+
+}  // namespace tessera::reports

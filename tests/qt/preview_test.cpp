@@ -1,0 +1,276 @@
+// The preview of a report on real windows, driven by real events.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QTest>
+#include <QTimer>
+#include <QWheelEvent>
+#include <QWidget>
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include "qt/form.h"
+#include "qt/qt_host.h"
+#include "support/core_program.h"
+#include "support/hosted_program.h"
+#include "support/qt_person.h"
+#include "support/temporary_folder.h"
+#include "text/code_page.h"
+
+namespace tessera::test {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string Content(const fs::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+class RecordedReports final : public reports::ReportHost {
+ public:
+  void TellPage(std::string_view label) override { said += "[relatorio] " + ToUtf8(label) + "\n"; }
+  void TellPrinted(std::string_view, int pages) override { said += std::to_string(pages) + " printed\n"; }
+  std::string said;
+};
+
+class PreviewOnWindows : public testing::Test {
+ protected:
+  void Prepare(HostedProgram& program) {
+    program.run.ProgramFolderText = folder.path().string() + "\\";
+    program.run.paths = PathMapping(program.run.host.files, folder.path().string(), folder.path().string());
+  }
+  std::function<void(Services&)> WithPaper() {
+    return [this](Services& services) {
+      services.partFolders = {TESSERA_PARTS};
+      services.reportHost = &reports;
+      services.printer = (folder.path() / "papel.pdf").string();
+    };
+  }
+
+  TemporaryFolder folder;
+  RecordedReports reports;
+};
+
+// The same program as on the console host, by the same script, says the same and turns to the same pages.
+TEST_F(PreviewOnWindows, PlaysTheScriptOfTheConsole) {
+  const fs::path files =
+      fs::path(TESSERA_SOURCE_DIR) / "tests/reports/programs/a_report_is_previewed_page_by_page";
+  QtHost qt;
+  ScriptedDispatch dispatch(qt, Content(files.string() + ".in"));
+  RecordedBoxes boxes;
+  const Host host = qt.host();
+  HostedProgram program({boxes, dispatch, host.clock, host.random, host.files}, qt, WithPaper());
+  dispatch.person.windows = &program.janela.windows();
+  Prepare(program);
+  std::string labels;
+  std::ifstream told(files.string() + ".err");
+  for (std::string line; std::getline(told, line);) {
+    if (line.starts_with("[relatorio]")) labels += line + "\n";
+  }
+  EXPECT_EQ(program.Run(Content(files.string() + ".tsc")), 0);
+  EXPECT_EQ(reports.said, labels);
+  EXPECT_EQ(boxes.boxes.size(), 1u);
+  EXPECT_FALSE(fs::exists(folder.path() / "XRel"));
+}
+
+// What a person sees and does, step by step, while the preview is open.
+class PreviewSteps : public PreviewOnWindows {
+ protected:
+  QWidget* Window() const {
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+      if (widget->objectName() == "FrmXRel" && widget->isVisible()) return widget;
+    }
+    return nullptr;
+  }
+  QWidget& Part(const char* name) const { return *Window()->findChild<QWidget*>(name); }
+  QImage Look(const char* name = nullptr) const {
+    const QImage image = (name == nullptr ? *Window() : Part(name)).grab().toImage();
+    return image.convertToFormat(QImage::Format_RGB32);
+  }
+  void Keep(const char* name) const {
+    if (const char* kept = std::getenv("TESSERA_LOOK_AT")) Look().save(QString(kept) + "/" + name);
+  }
+  void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const {
+    QTest::keyClick(Window()->windowHandle(), key, modifiers);
+  }
+  void Click(const char* name) const {
+    QWidget& part = Part(name);
+    QTest::mouseClick(Window()->windowHandle(), Qt::LeftButton, {},
+                      part.mapTo(Window(), part.rect().center()));
+  }
+  void Wheel(int turned, Qt::KeyboardModifiers modifiers = {}) const {
+    QWidget& page = Part("PicXRel");
+    const QPointF at(page.rect().center());
+    QWheelEvent event(at, page.mapToGlobal(at), {}, {0, turned}, {}, modifiers, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&page, &event);
+  }
+  // The left edge of the white page on a line of its frame; -1 where there is none.
+  int PageLeft() const {
+    const QImage frame = Look("PicXRel");
+    for (int x = 0; x < frame.width(); ++x) {
+      if (frame.pixel(x, frame.height() / 2) == 0xFFFFFFFF) return x;
+    }
+    return -1;
+  }
+
+  // Runs a report of `pages` pages; the steps follow while its preview is open.
+  void Preview(int pages, std::vector<std::function<void()>> steps) {
+    QtHost qt;
+    HostedProgram program(qt.host(), qt, WithPaper());
+    Prepare(program);
+    QTimer timer;
+    std::size_t next = 0;
+    int idle = 0;
+    timer.callOnTimeout([&] {
+      // At first the host only paints the window, and lets nothing in.
+      const Form* inHand = Window() == nullptr ? nullptr : program.janela.windows().WindowInHand();
+      if (inHand == nullptr || !static_cast<const QtForm*>(inHand)->IsServing()) return;
+      if (next < steps.size()) return steps[next++]();
+      // A preview that its last step leaves open would stay so for ever.
+      constexpr int kPatience = 50;
+      if (++idle == kPatience) Window()->close();
+    });
+    timer.start(20);
+    const std::string source =
+        "Var p Inteiro, l Inteiro\nRel.Config \"SAIDA:VIDEO MARGEMESQ:600 MARGEMSUP:600\"\n"
+        "Rel.Col 0, \"TAM:40\"\nEnquanto p < " +
+        std::to_string(pages) +
+        "\nl = 0\nEnquanto l < 60\nRel.Add \"Página\"\nRel.Add l\nRel.Add \"1,00\"\nRel.Add "
+        "\"2,00\"\nRel.Add \"3,00\"\nRel.NovaLinha\nl++\nRepita\np++\nSe p < " +
+        std::to_string(pages) +
+        "\nRel.NovaPagina\nFimSe\nRepita\nRel.Fim\nRel.Config \"SAIDA:IMPRESSORA\"\n"
+        "Rel.Imprime \"um\", 0\nRel.Fim\nFimJanela\n";
+    EXPECT_EQ(program.Run(source), 0);
+    EXPECT_EQ(next, steps.size()) << "the preview closed before its last step";
+    EXPECT_LT(idle, 50) << "the last step left the preview open";
+  }
+};
+
+TEST_F(PreviewSteps, ZoomsByKeysWheelAndList) {
+  int atFull = 0;
+  Preview(3, {[&] { Window()->resize(940, 720); },
+              [&] {
+                EXPECT_EQ(Part("TxtPagFim").accessibleName(), "TxtPagFim");
+                atFull = PageLeft();
+                EXPECT_GT(atFull, 20) << "the page stands in the middle of its frame";
+                Keep("previa.png");
+                Wheel(120, Qt::ControlModifier);
+              },
+              [&] {
+                EXPECT_LT(PageLeft(), 12) << "125 % is wider than the frame";
+                Key(Qt::Key_Minus, Qt::ControlModifier);
+                Key(Qt::Key_Minus, Qt::ControlModifier);
+              },
+              [&] {
+                EXPECT_GT(PageLeft(), atFull) << "75 %";
+                Keep("previa_75.png");
+                Key(Qt::Key_Plus, Qt::ControlModifier);
+              },
+              [&] {
+                EXPECT_EQ(PageLeft(), atFull);
+                const QImage before = Look("PicXRel");
+                Wheel(-120);
+                EXPECT_NE(Look("PicXRel"), before) << "the wheel moves the page";
+                Wheel(1200);
+                EXPECT_EQ(Look("PicXRel"), before) << "and no further than its end";
+                Click("CmbZoom");
+                // Typed over what stands there: the whole page in sight.
+                Key(Qt::Key_Home);
+                Key(Qt::Key_End, Qt::ShiftModifier);
+                QTest::keyClick(Window()->windowHandle(), '5');
+                QTest::keyClick(Window()->windowHandle(), '0');
+              },
+              [&] {
+                EXPECT_GT(PageLeft(), 200) << "50 %";
+                Window()->resize(700, 500);
+              },
+              [&] {
+                Keep("previa_pequena.png");
+                EXPECT_EQ(Part("PicXRel").geometry().right() + 17 + 5, Window()->width() - 1);
+                Window()->resize(940, 720);
+                Click("CmbZoom");
+                Key(Qt::Key_Home);
+                Key(Qt::Key_End, Qt::ShiftModifier);
+                for (const char letter : {'L', 'a', 'r', 'g', 'u', 'r', 'a'}) {
+                  QTest::keyClick(Window()->windowHandle(), letter);
+                }
+              },
+              [&] {
+                EXPECT_EQ(PageLeft(), 8) << "as wide as its frame";
+                Keep("previa_largura.png");
+                // Tab goes from the zoom to the buttons: the third one leaves.
+                for (int i = 0; i < 3; ++i) Key(Qt::Key_Tab);
+                Key(Qt::Key_Space);
+              }});
+  EXPECT_EQ(reports.said, "[relatorio] 1 of 3\n1 printed\n");
+}
+
+TEST_F(PreviewSteps, ArrowsShowThatTheyArePressedAndKeysTurnPages) {
+  Preview(40, {[&] {
+                 QWidget& arrow = Part("ImgSeta2");
+                 const QPoint at = arrow.mapTo(Window(), arrow.rect().center());
+                 const QImage rest = Look("ImgSeta2");
+                 QTest::mousePress(Window()->windowHandle(), Qt::LeftButton, {}, at);
+                 EXPECT_NE(Look("ImgSeta2"), rest);
+                 QTest::mouseMove(Window()->windowHandle(), {300, 300});
+                 QTest::mouseRelease(Window()->windowHandle(), Qt::LeftButton, {}, {300, 300});
+                 EXPECT_EQ(reports.said, "[relatorio] 1 of 40\n") << "let go outside it is no click";
+                 Click("ImgSeta2");
+                 EXPECT_TRUE(reports.said.ends_with("] 2 de 40\n"));
+                 Key(Qt::Key_End);
+                 EXPECT_TRUE(reports.said.ends_with("] 40 de 40\n"));
+                 Key(Qt::Key_Home);
+                 EXPECT_TRUE(reports.said.ends_with("] 1 de 40\n"));
+               },
+               [&] {
+                 // A page is on the screen in a moment.
+                 std::vector<qint64> times;
+                 for (int turn = 0; turn < 30; ++turn) {
+                   QElapsedTimer clock;
+                   clock.start();
+                   Key(Qt::Key_PageDown);
+                   Part("PicXRel").repaint();
+                   times.push_back(clock.elapsed());
+                 }
+                 std::sort(times.begin(), times.end());
+                 RecordProperty("milliseconds of a turn", static_cast<int>(times[times.size() / 2]));
+                 EXPECT_LT(times.front(), 50);
+                 Click("TxtPagIni");
+                 Key(Qt::Key_End);
+                 for (int i = 0; i < 4; ++i) Key(Qt::Key_Backspace);
+                 QTest::keyClick(Window()->windowHandle(), 'x');
+                 QTest::keyClick(Window()->windowHandle(), '2');
+                 Key(Qt::Key_Return);
+                 for (int i = 0; i < 4; ++i) Key(Qt::Key_Backspace);
+                 QTest::keyClick(Window()->windowHandle(), '3');
+                 Keep("previa_intervalo.png");
+                 // The dialog of the system is left, and so is the box that says so.
+                 QTimer leave;
+                 std::string left;
+                 leave.callOnTimeout([&left] {
+                   QWidget* modal = QApplication::activeModalWidget();
+                   if (modal == nullptr || modal->objectName() == "FrmXRel") return;
+                   left += modal->objectName().toStdString() + " ";
+                   QTest::keyClick(modal, Qt::Key_Escape);
+                 });
+                 leave.start(50);
+                 Key(Qt::Key_P, Qt::ControlModifier);
+                 EXPECT_EQ(left, "DialogoImpressora Mensagem ");
+                 EXPECT_NE(Window(), nullptr) << "a cancel leaves the preview open";
+               },
+               [&] { Key(Qt::Key_Escape); }});
+  EXPECT_TRUE(reports.said.ends_with("] 31 de 40\n1 printed\n")) << reports.said;
+  EXPECT_FALSE(fs::exists(folder.path() / "XRel"));
+}
+
+}  // namespace
+
+}  // namespace tessera::test
