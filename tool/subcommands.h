@@ -23,7 +23,15 @@ struct BuildCall {
 };
 int BuildSubcommand(const BuildCall& call);
 
-int CheckSubcommand(const std::string& program);
+struct CheckCall {
+  std::string program;
+  bool json = false;          // one object a line
+  std::string format;         // "sarif", or empty
+  std::string colour;         // "always", "never", or empty: where a person reads
+  bool denyWarnings = false;  // a warning refuses the program too
+};
+int CheckSubcommand(const CheckCall& call);
+
 int ShowSubcommand(const std::string& program);
 int NewSubcommand(const std::string& folder);
 

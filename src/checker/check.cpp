@@ -1,0 +1,133 @@
+#include "checker/check.h"
+
+#include <algorithm>
+#include <numeric>
+#include <set>
+
+#include "checker/blocks.h"
+#include "checker/flow.h"
+#include "checker/program_rules.h"
+#include "checker/routine_rules.h"
+#include "checker/silence.h"
+#include "checker/statement_rules.h"
+#include "checker/texts.h"
+#include "checker/uses.h"
+
+namespace tessera::check {
+
+struct Program::Reading {
+  Reading(std::size_t editor, std::string_view text)
+      : source(editor, std::string(text)), outline(ReadOutline(source)), uses(ReadUses(source, outline)) {}
+
+  Source source;
+  Outline outline;
+  Uses uses;
+};
+
+namespace {
+
+void CheckStatements(Context& context, const BlockMap& blocks) {
+  const auto& statements = context.source.statements();
+  for (std::size_t i = 0; i < statements.size(); ++i) {
+    context.statement = i;
+    context.tokens = context.source.TokensOf(statements[i]);
+    context.formed = context.outline.forms[i];
+    const std::size_t routine = context.outline.routineOf[i];
+    context.routine = routine == kNone ? nullptr : &context.outline.routines[routine];
+    context.depth = blocks.DepthOf(i);
+    if (CheckText(context)) CheckStatement(context);
+  }
+  context.routine = nullptr;
+}
+
+bool ComesBefore(const Finding& a, const Finding& b) {
+  if (a.span.editor != b.span.editor) return a.span.editor < b.span.editor;
+  if (a.span.line != b.span.line) return a.span.line < b.span.line;
+  if (a.span.column != b.span.column) return a.span.column < b.span.column;
+  return a.rule->code < b.rule->code;
+}
+
+// A mistake that is made again and again is told at its first place.
+bool IsToldOnce(const Rule* rule) {
+  return rule == &rule::kUndeclared || rule == &rule::kComing || rule == &rule::kUnknownDatabase ||
+         rule == &rule::kNeverOpened;
+}
+
+void Tidy(std::vector<Finding>& findings) {
+  std::stable_sort(findings.begin(), findings.end(), ComesBefore);
+  std::set<std::string> told;
+  std::set<std::pair<Span, const Rule*>> places;
+  std::erase_if(findings, [&](const Finding& finding) {
+    if (!places.emplace(finding.span, finding.rule).second) return true;
+    return IsToldOnce(finding.rule) && !told.insert(finding.message).second;
+  });
+}
+
+}  // namespace
+
+Program::Program() = default;
+Program::~Program() = default;
+
+void Program::SetEditor(std::size_t editor, std::string_view text) {
+  auto& reading = readings_.at(editor);
+  if (reading != nullptr && reading->source.text() == text) return;
+  reading = std::make_unique<Reading>(editor, text);
+}
+
+std::vector<Finding> Program::FindingsOf(std::size_t editor) {
+  return Look({editor});
+}
+
+std::vector<Finding> Program::Findings() {
+  std::vector<std::size_t> all(readings_.size());
+  std::iota(all.begin(), all.end(), std::size_t{0});
+  return Look(all);
+}
+
+std::vector<Finding> Program::Look(const std::vector<std::size_t>& sought) {
+  std::vector<Editor> editors;
+  std::vector<const Uses*> uses;
+  Silence silence;
+  for (std::size_t i = 0; i < readings_.size(); ++i) {
+    if (readings_[i] == nullptr) SetEditor(i, "");
+    editors.push_back({&readings_[i]->source, &readings_[i]->outline});
+    uses.push_back(&readings_[i]->uses);
+    silence.Read(readings_[i]->source);
+  }
+  const Names names(editors);
+  Summaries summaries(names);
+  std::vector<Finding> findings;
+  for (const std::size_t row : sought) {
+    const Editor& editor = editors[row];
+    Context context{*editor.source, *editor.outline, names, findings};
+    const BlockMap blocks = CheckBlocks(context);
+    CheckTabs(context);
+    CheckStatements(context, blocks);
+    CheckRoutines(context, blocks);
+    CheckRoutineNames(context);
+    CheckJumps(context, blocks);
+    CheckReach(context, blocks);
+    CheckLoops(context, blocks, summaries);
+    CheckRecursion(context, blocks);
+    CheckNames(context, uses);
+    CheckOrder(context, blocks);
+    CheckFiles(context);
+    CheckDatabases(context);
+  }
+  Tidy(findings);
+  std::erase_if(findings, [&](const Finding& finding) { return silence.Allows(finding); });
+  return findings;
+}
+
+std::vector<Finding> Check(const EditorTexts& editors) {
+  Program program;
+  for (std::size_t i = 0; i < editors.size(); ++i) program.SetEditor(i, editors[i]);
+  return program.Findings();
+}
+
+bool HasError(const std::vector<Finding>& findings) {
+  return std::any_of(findings.begin(), findings.end(),
+                     [](const Finding& finding) { return finding.rule->severity == Severity::Error; });
+}
+
+}  // namespace tessera::check
