@@ -5,6 +5,7 @@
 #include "checker/commands.h"
 #include "checker/near.h"
 #include "checker/reading.h"
+#include "checker/rehearsal.h"
 #include "language/words.h"
 #include "text/number.h"
 #include "text/one_based.h"
@@ -79,8 +80,9 @@ std::string NearKeyword(std::string_view words, std::string_view written) {
   return "escreva " + KeywordList(words);
 }
 
-// Calls with commas inside a list of arguments that the language cuts at its commas.
-void CheckCuts(Context& context, Tokens list, const Word* outer, bool outerIsUser, Place place) {
+}  // namespace
+
+bool CheckCuts(Context& context, Tokens list, const Word* outer, bool outerIsUser, Place place) {
   const bool isSpared = HoldsCallOf(trait::kTakesCommas, context.source.TextOf(list));
   std::size_t depth = 0;
   for (std::size_t i = 0; i + 1 < list.size(); ++i) {
@@ -104,8 +106,18 @@ void CheckCuts(Context& context, Tokens list, const Word* outer, bool outerIsUse
     context.Tell(rule::kCutAtComma, list[i],
                  "os valores são cortados nas vírgulas antes que " + Shown(list[i].text) + " seja chamada",
                  "guarde antes o resultado em uma variável: x = " + ToUtf8(context.source.TextOf(list.subspan(i, close - i + 1))));
-    return;
+    return true;
   }
+  return false;
+}
+
+namespace {
+
+// An argument of a command is computed by itself; what stands in a call is computed with the call.
+void CheckComputed(Context& context, Tokens tokens, const Sought& sought) {
+  const std::size_t told = context.findings.size();
+  CheckExpression(context, tokens, sought);
+  if (context.findings.size() == told && context.callDepth == 0) Rehearse(context, tokens, Place::Argument, Type::Unknown);
 }
 
 Type TypeOfResult(const Word& word) {
@@ -138,8 +150,10 @@ Type CheckUserCall(Context& context, const Token& name, Tokens list, const Routi
                  "guarde antes o resultado: x = " + ToUtf8(routine.name) + "()", {declared});
   }
   CheckCuts(context, list, nullptr, true, sought.place);
+  ++context.callDepth;
   for (const Tokens argument : arguments)
     CheckExpression(context, argument, {.place = Place::Argument, .argument = "argumento"});
+  --context.callDepth;
   if (routine.resultType == "Numero") return Type::Number;
   return TypeOf(routine.resultType);
 }
@@ -180,8 +194,9 @@ Type CheckCall(Context& context, const Token& name, Tokens list, const Sought& s
     }
     CheckCuts(context, list, word, false, sought.place);
     if (CheckValueOfObject(context, *word, name, list)) return Type::Unknown;
-    const std::vector<Tokens> arguments = SplitAtCommas(list);
-    CheckArguments(context, *word, word->arguments, arguments, name);
+    ++context.callDepth;
+    CheckArguments(context, *word, word->arguments, SplitAtCommas(list), name);
+    --context.callDepth;
     return GivesBareText(*word) ? Type::Unknown : TypeOfResult(*word);
   }
   if (const RoutineRef* function = context.names.FindFunction(name.text))
@@ -283,14 +298,14 @@ void CheckArgument(Context& context, const Word& word, const Argument& argument,
       }
       return;
     case Kind::Number:
-      if (IsNoNumber(tokens)) {
+      if (IsNoNumber(tokens) && !IsSpokenWord(sought, Upper(Bare(tokens[0])))) {
         context.Tell(rule::kWrongKind, tokens,
                      Shown(argument.name) + " de " + Shown(word.name) + " é um número, e recebe o texto " +
                          Shown(Bare(tokens[0])),
                      "ponha um número; a ordem é " + Shown(std::string(word.name) + " " + ShownSignature(word.arguments)));
         return;
       }
-      CheckExpression(context, tokens, sought);
+      CheckComputed(context, tokens, sought);
       return;
     case Kind::Text:
     case Kind::Path: {
@@ -310,7 +325,7 @@ void CheckArgument(Context& context, const Word& word, const Argument& argument,
       return;
     }
     case Kind::Value:
-      CheckExpression(context, tokens, sought);
+      CheckComputed(context, tokens, sought);
       return;
   }
 }

@@ -15,6 +15,11 @@ Type CheckCall(Context& context, const Token& name, Tokens arguments, const Soug
 void CheckArguments(Context& context, const Word& word, const Signature& signature,
                     std::span<const Tokens> arguments, const Token& place);
 
+// Tells a call with commas inside a list that the language cuts at its commas before the call is made. `outer`
+// is the word of the language whose list it is, where that is a call; `outerIsUser` is a function of the
+// program. True if one was told.
+bool CheckCuts(Context& context, Tokens list, const Word* outer, bool outerIsUser, Place place);
+
 // One argument against its kind.
 void CheckArgument(Context& context, const Word& word, const Argument& argument, Tokens tokens);
 

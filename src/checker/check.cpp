@@ -7,11 +7,13 @@
 #include "checker/blocks.h"
 #include "checker/flow.h"
 #include "checker/program_rules.h"
+#include "checker/rehearsal.h"
 #include "checker/routine_rules.h"
 #include "checker/silence.h"
 #include "checker/statement_rules.h"
 #include "checker/texts.h"
 #include "checker/uses.h"
+#include "text/one_based.h"
 
 namespace tessera::check {
 
@@ -26,7 +28,7 @@ struct Program::Reading {
 
 namespace {
 
-void CheckStatements(Context& context, const BlockMap& blocks) {
+void CheckStatements(Context& context) {
   const auto& statements = context.source.statements();
   for (std::size_t i = 0; i < statements.size(); ++i) {
     context.statement = i;
@@ -34,7 +36,6 @@ void CheckStatements(Context& context, const BlockMap& blocks) {
     context.formed = context.outline.forms[i];
     const std::size_t routine = context.outline.routineOf[i];
     context.routine = routine == kNone ? nullptr : &context.outline.routines[routine];
-    context.depth = blocks.DepthOf(i);
     if (CheckText(context)) CheckStatement(context);
   }
   context.routine = nullptr;
@@ -57,7 +58,24 @@ void Tidy(std::vector<Finding>& findings) {
   std::stable_sort(findings.begin(), findings.end(), ComesBefore);
   std::set<std::string> told;
   std::set<std::pair<Span, const Rule*>> places;
+  // Whose name was written wrong somewhere is read there.
+  const auto isProposed = [&](const Finding& unread) {
+    const std::string name = unread.message.substr(0, unread.message.find('"', unread.message.find('"') + 1) + 1);
+    const std::string quoted = name.substr(name.find('"'));
+    return std::any_of(findings.begin(), findings.end(), [&](const Finding& other) {
+      return other.rule == &rule::kUndeclared && Lower(other.advice).find(Lower(quoted)) != std::string::npos;
+    });
+  };
+  std::vector<bool> drops(findings.size());
+  for (std::size_t i = 0; i < findings.size(); ++i)
+    drops[i] = findings[i].rule == &rule::kNeverRead && isProposed(findings[i]);
+  std::size_t row = 0;
+  std::erase_if(findings, [&](const Finding&) { return drops[row++]; });
+  std::set<std::pair<std::size_t, std::size_t>> parameterLines;
   std::erase_if(findings, [&](const Finding& finding) {
+    if (finding.rule == &rule::kParameterName &&
+        !parameterLines.emplace(finding.span.editor, finding.span.line).second)
+      return true;
     if (!places.emplace(finding.span, finding.rule).second) return true;
     return IsToldOnce(finding.rule) && !told.insert(finding.message).second;
   });
@@ -96,13 +114,14 @@ std::vector<Finding> Program::Look(const std::vector<std::size_t>& sought) {
   }
   const Names names(editors);
   Summaries summaries(names);
+  Rehearsal rehearsal(names);
   std::vector<Finding> findings;
   for (const std::size_t row : sought) {
     const Editor& editor = editors[row];
-    Context context{*editor.source, *editor.outline, names, findings};
+    Context context{*editor.source, *editor.outline, names, findings, &rehearsal};
     const BlockMap blocks = CheckBlocks(context);
     CheckTabs(context);
-    CheckStatements(context, blocks);
+    CheckStatements(context);
     CheckRoutines(context, blocks);
     CheckRoutineNames(context);
     CheckJumps(context, blocks);

@@ -381,7 +381,7 @@ void CheckFormat(Context& context, Tokens format) {
     return;
   }
   if (hasDigits || pattern.empty()) return;
-  const bool isDate = folded.find_first_of("DMYHNS") != std::string::npos &&
+  const bool isDate = !Contains(folded, "AA") && folded.find_first_of("DMYHNS") != std::string::npos &&
                       folded.find_first_not_of("DMYHNSAP/:-. ,") == std::string::npos;
   if (isDate) return;
   context.Tell(rule::kFormat, format[0], "o formato " + Shown(pattern) + " não tem lugar para um número nem para uma data",
@@ -423,6 +423,7 @@ void CheckCommand(Context& context, const Word& word) {
   if (hasSign) return;
   if (!word.more.suffixes.empty() && tokens.size() > 1 && tokens[1].IsName() && Contains(tokens[1].text, "."))
     return CheckSuffix(context, word, tokens[1], tokens.subspan(2));
+  if (CheckCuts(context, tokens.subspan(1), nullptr, false, Place::Argument)) return;
   if (!word.more.suffixes.empty()) return CheckCreation(context, word, tokens);
   CheckArguments(context, word, word.arguments, SplitAtCommas(tokens.subspan(1)), tokens[0]);
 }

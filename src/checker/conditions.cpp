@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "checker/expression.h"
+#include "checker/rehearsal.h"
 #include "language/words.h"
 #include "text/number.h"
 #include "text/one_based.h"
@@ -37,6 +38,8 @@ class ComparisonCheck {
     const Type leftType = CheckExpression(context_, left, sought);
     const Type rightType = CheckExpression(context_, right, sought);
     if (context_.findings.size() == told) CheckTypes(left, leftType, right, rightType, tokens_[at]);
+    if (context_.findings.size() == told) Rehearse(context_, left, Place::Condition, Type::Unknown);
+    if (context_.findings.size() == told) Rehearse(context_, right, Place::Condition, Type::Unknown);
   }
 
  private:
@@ -207,13 +210,15 @@ void CheckCondition(Context& context, Tokens condition) {
     } else {
       ComparisonCheck(context, part).Run();
     }
+    const bool isTold = !context.findings.empty() && context.findings.back().rule == &rule::kConditionParens;
+    return !isTold;
   };
   for (std::size_t i = 0; i < condition.size(); ++i) {
     const Token& token = condition[i];
     const bool isE = token.IsName() && token.text == "E" && token.blankBefore && token.blankBehind;
     const bool isOu = token.IsName() && token.text == "OU";
     if (isE || isOu) {
-      take(i);
+      if (!take(i)) return;
       begin = i + 1;
     } else if (IsForeignConnective(context, condition, i)) {
       const std::string word = Folded(token.text);

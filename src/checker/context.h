@@ -16,17 +16,20 @@ inline std::string Shown(std::string_view text) {
   return "\"" + ToUtf8(text) + "\"";
 }
 
+class Rehearsal;
+
 struct Context {
   const Source& source;
   const Outline& outline;
   const Names& names;
   std::vector<Finding>& findings;
+  Rehearsal* rehearsal = nullptr;
 
   std::size_t statement = 0;
   Tokens tokens = {};                     // of the statement
   FormedWord formed = {};
   const Routine* routine = nullptr;  // in which it stands
-  std::size_t depth = 0;             // of the blocks around it
+  std::size_t callDepth = 0;         // of the calls around the expression that is looked at
 
   void Tell(const Rule& rule, const Token& token, std::string message, std::string advice,
             std::vector<Note> notes = {}) {

@@ -254,6 +254,13 @@ class ExpressionReader {
   }
 
   void TellTextInSum(const Token& text) {
+    const Word* word = text.IsName() ? FindWord(text.text) : nullptr;
+    if (word != nullptr && ReadsFromOutside(*word)) {
+      context_.Tell(rule::kOutsideText, text,
+                    "o texto que " + Shown(word->name) + " lê fica entre aspas no meio da conta, e ela não é feita",
+                    "guarde-o antes em uma variável: texto = " + std::string(word->name) + "(...)");
+      return;
+    }
     const auto plus = std::find_if(tokens_.begin(), tokens_.end(), [](const Token& t) { return t.IsOperator(); });
     const Token& sign = plus == tokens_.end() ? text : *plus;
     if (sign.Is('+') && sought_.place != Place::RightSide) return TellJoin(sign);
@@ -262,6 +269,11 @@ class ExpressionReader {
                   isJoin ? "+ soma números, e não junta textos" : "um texto não entra em uma conta",
                   isJoin ? "para juntar textos, use & entre brancos"
                          : "guarde antes o texto em uma variável de números, ou use ValStr");
+  }
+
+  static bool ReadsFromOutside(const Word& word) {
+    return word.name == "LeArquivo" || word.name == "EntraTexto" || word.name == "LeString" || word.name == "LeRegWin" ||
+           word.name == "LeRegistro" || word.name == "Diretorio";
   }
 
   struct Operand {

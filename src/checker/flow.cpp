@@ -119,6 +119,15 @@ bool ReadsEvents(const Context& context, Tokens tokens) {
   });
 }
 
+// Whether a jump leads to a label at its own level or further out: what stands behind others is told there.
+bool HasItsLabel(const Context& context, const BlockMap& blocks, std::size_t statement) {
+  const Tokens tokens = TokensAt(context, statement);
+  return std::any_of(context.outline.labels.begin(), context.outline.labels.end(), [&](const Label& label) {
+    return tokens.size() > 1 && label.name == tokens.back().text &&
+           IsWithin(blocks, blocks.around[statement], blocks.around[label.statement]);
+  });
+}
+
 class LoopCheck {
  public:
   LoopCheck(Context& context, const Block& block, Summaries& summaries)
@@ -212,7 +221,7 @@ void CheckReach(Context& context, const BlockMap& blocks) {
                    context.source.editor() == 0 ? "ponha-a antes de FimPrograma, ou em uma rotina"
                                                 : "ponha-a em uma Sub ou Funcao, ou no editor principal");
     }
-    const bool ends = form == Form::FimPrograma || form == Form::FimJanela || form == Form::VaPara;
+    const bool ends = form == Form::FimPrograma || form == Form::FimJanela || (form == Form::VaPara && HasItsLabel(context, blocks, i));
     if (ends && isMain && blocks.around[i] == kNone) hasEnded = true;
     if (ends && i + 1 < forms.size() && blocks.around[i] != kNone && blocks.around[i + 1] == blocks.around[i] &&
         !IsReachedOtherwise(forms[i + 1].form)) {

@@ -34,20 +34,6 @@ bool IsStockName(std::string_view upper) {
   return upper.starts_with("FIG") || upper.starts_with("IMG") || upper.starts_with("GIF");
 }
 
-bool IsSpokenWord(const Sought& sought, std::string_view upper) {
-  if (sought.word == nullptr) return false;
-  const std::string_view word = sought.word->name;
-  if (word == "Escreva") return upper == "TITULOJANELA";
-  if (word == "Mensagem") return upper == "OPCAOSIMNAO";
-  if (sought.argument == "fundo") return upper == "VAZIO" || IsStockName(upper);
-  if (sought.argument == "figura" || sought.argument == "imagem" || sought.kind == Kind::Path)
-    return IsStockName(upper) || upper == "VAZIO";
-  if (sought.argument == "linhas" || sought.argument == "colunas") return upper == "MAXIMO";
-  if (sought.argument == "linha" || sought.argument == "coluna") return upper == "CENTRO";
-  if (sought.argument == "início ou modo") return upper.starts_with("INVER");
-  return false;
-}
-
 // A file's name that somebody wrote without quotes, and that the language takes as it stands.
 bool IsBareFile(const Context& context, const Token& name, const Sought& sought) {
   if (sought.kind != Kind::Path && sought.kind != Kind::Text) return false;
@@ -75,6 +61,20 @@ const Local* Context::FindLocalAnyCase(std::string_view upper) const {
     if (EqualsIgnoringCase(local.name, upper)) return &local;
   }
   return nullptr;
+}
+
+bool IsSpokenWord(const Sought& sought, std::string_view upper) {
+  if (sought.word == nullptr) return false;
+  const std::string_view word = sought.word->name;
+  if (word == "Escreva") return upper == "TITULOJANELA";
+  if (word == "Mensagem") return upper == "OPCAOSIMNAO";
+  if (sought.argument == "fundo") return upper == "VAZIO" || IsStockName(upper);
+  if (sought.argument == "figura" || sought.argument == "imagem" || sought.kind == Kind::Path)
+    return IsStockName(upper) || upper == "VAZIO";
+  if (sought.argument == "linhas" || sought.argument == "colunas") return upper == "MAXIMO";
+  if (sought.argument == "linha" || sought.argument == "coluna") return upper == "CENTRO";
+  if (sought.argument == "início ou modo") return upper.starts_with("INVER");
+  return false;
 }
 
 std::string NearVariable(const Context& context, std::string_view written) {

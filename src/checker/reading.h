@@ -13,6 +13,9 @@ Type ReadName(Context& context, const Token& name, const Sought& sought, bool is
 // The index of an array's element, between its parentheses.
 Type ReadElement(Context& context, const Token& name, Tokens index, const Sought& sought);
 
+// True if the language knows the word in that argument, though nobody declared it.
+bool IsSpokenWord(const Sought& sought, std::string_view upper);
+
 // Tells a parameter or local that the language doesn't recognise as it is written here.
 void CheckLocalName(Context& context, const Token& name);
 
