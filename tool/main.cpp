@@ -120,6 +120,7 @@ class CommandLine {
     CLI::App* run =
         AddWithProgram("run", "Executa um programa", run_.program, [this] { return RunSubcommand(run_); });
     run->add_flag("--console", run_.console, "Executa no terminal, sem janelas");
+    run->add_flag("!--no-check", run_.check, "Não verifica o programa antes");
     run->add_flag("--cancel", run_.answerCancel, "No terminal, responde Cancelar às caixas de OK e Cancelar");
     run->footer("O que vem depois de -- é a linha de comando do programa (LinhaComando).");
   }

@@ -11,6 +11,7 @@ struct RunCall {
   std::string program;
   std::vector<std::string> arguments;
   bool console = false;       // without windows
+  bool check = true;          // where a person reads along, what the check finds is shown first
   bool answerCancel = false;  // boxes of OK and Cancel are answered Cancel on the console host
 };
 int RunSubcommand(const RunCall& call);

@@ -135,6 +135,12 @@ void CheckPlain(Context& context, Tokens right, Type target, std::string_view ta
                  "declare a variável como String, ou dê a ela um número");
     return;
   }
+  if (target == Type::Number && right.size() == 1 && right[0].IsLiteral() && Contains(Bare(right[0]), ".") &&
+      !Contains(Bare(right[0]), ",")) {
+    context.Tell(rule::kGroupPoints, right, "em um texto o ponto separa milhares: " + Shown(Bare(right[0])) + " vira um número maior",
+                 "escreva o número sem aspas");
+    return;
+  }
   const Word* word = right[0].IsName() && right.size() > 1 && right[1].Is('(') ? FindWord(right[0].text) : nullptr;
   const bool givesWords = word != nullptr && word->name == right[0].text && word->result == Result::Text && type == Type::Text &&
                           (word->topic == Topic::Checks || word->topic == Topic::Dates) && word->name != "DataDif" &&

@@ -17,7 +17,7 @@ namespace {
 std::size_t Least(const Signature& signature) {
   std::size_t count = 0;
   for (std::size_t i = 0; i < signature.size(); ++i) {
-    if (signature[i].need == Need::Required || signature[i].need == Need::Repeated) count = i + 1;
+    if (signature[i].need == Need::Required) count = i + 1;
   }
   return count;
 }
@@ -132,6 +132,18 @@ bool GivesBareText(const Word& word) {
          word.name == "API" || word.name == "Rel" || word.name == "Imp" || word.name == "Chame";
 }
 
+// Only a right side looks for the program's functions first: elsewhere the word of the language with which a
+// name ends is called.
+void CheckEnding(Context& context, const Token& name) {
+  for (const Word& word : Words()) {
+    if (!name.text.ends_with(word.name)) continue;
+    context.Tell(rule::kRoutineNames, name,
+                 "aqui " + Shown(name.text) + " chama " + Shown(word.name) + ", a função da linguagem com que o nome termina",
+                 "mude o fim do nome, ou guarde antes o resultado: x = " + ToUtf8(name.text) + "(...)");
+    return;
+  }
+}
+
 Type CheckUserCall(Context& context, const Token& name, Tokens list, const RoutineRef& function,
                    const Sought& sought, bool isAlone) {
   const Routine& routine = *function.routine;
@@ -144,6 +156,7 @@ Type CheckUserCall(Context& context, const Token& name, Tokens list, const Routi
                      std::to_string(arguments.size()),
                  isFew ? "dê um valor a cada parâmetro" : "tire os valores que sobram", {declared});
   }
+  if (sought.place != Place::RightSide || context.callDepth > 0) CheckEnding(context, name);
   if (arguments.empty() && (!isAlone || sought.place != Place::RightSide)) {
     context.Tell(rule::kLostBehindCall, name,
                  "uma função sem argumentos só pode ficar sozinha do lado direito de uma atribuição",

@@ -412,7 +412,7 @@ void CheckCommand(Context& context, const Word& word) {
                  "use-a em uma expressão: x = " + std::string(word.name) + "(...)");
     return;
   }
-  if (Contains(tokens[0].text, ".")) return CheckPrefixed(context, word, tokens);
+  if (Contains(tokens[0].text, ".") && !Contains(word.name, ".")) return CheckPrefixed(context, word, tokens);
   if (word.name == "NovaJanela") return CheckNovaJanela(context, word, tokens);
   if (word.name == "Temporizador") return CheckTemporizador(context, tokens);
   if (word.name == "Aguarde") return CheckAguarde(context, word, tokens);

@@ -116,6 +116,8 @@ std::optional<FormedWord> ReadSplit(Tokens tokens) {
 // Whether a foreign word stands as that block word would: followed by what such a word takes.
 bool StandsAs(Form form, Tokens tokens) {
   const bool isAlone = tokens.size() == 1;
+  const bool isCall = !isAlone && tokens[1].Is('(') && form != Form::Se && form != Form::Enquanto && form != Form::Retorne;
+  if (isCall) return false;
   switch (form) {
     case Form::Se:
     case Form::Enquanto:

@@ -1,5 +1,7 @@
 #include "checker/outline.h"
 
+#include <algorithm>
+#include <array>
 #include <charconv>
 
 #include "language/families.h"
@@ -10,6 +12,12 @@
 namespace tessera::check {
 
 namespace {
+
+// A field may have the name of a command: what stands behind it tells.
+bool IsFieldType(const Token& token) {
+  constexpr std::array<std::string_view, 4> kTypes = {"STRING", "INTEIRO", "DECIMAL", "AUTOINC"};
+  return std::find(kTypes.begin(), kTypes.end(), Upper(Bare(token))) != kTypes.end();
+}
 
 class OutlineReader {
  public:
@@ -160,7 +168,7 @@ class OutlineReader {
       return formed;
     }
     const bool isField = tokens.size() >= 3 && (tokens[0].IsName() || tokens[0].IsLiteral()) &&
-                         tokens[1].Is(',') && FindWord(tokens[0].text) == nullptr;
+                         tokens[1].Is(',') && (FindWord(tokens[0].text) == nullptr || IsFieldType(tokens[2]));
     const bool isBareField = tokens.size() <= 3 && formed.form == Form::Other && !IsAssignment(tokens) &&
                              FindWord(tokens[0].text) == nullptr &&
                              (tokens.size() < 2 || !tokens[1].Is('('));

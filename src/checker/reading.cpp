@@ -67,6 +67,7 @@ bool IsSpokenWord(const Sought& sought, std::string_view upper) {
   if (sought.word == nullptr) return false;
   const std::string_view word = sought.word->name;
   if (word == "Escreva") return upper == "TITULOJANELA";
+  if (word == "API") return upper == "HWND" || upper == "HDC";
   if (word == "Mensagem") return upper == "OPCAOSIMNAO";
   if (sought.argument == "fundo") return upper == "VAZIO" || IsStockName(upper);
   if (sought.argument == "figura" || sought.argument == "imagem" || sought.kind == Kind::Path)

@@ -4,7 +4,6 @@
 #include <array>
 
 #include "checker/near.h"
-#include "language/words.h"
 #include "text/one_based.h"
 
 namespace tessera::check {
@@ -232,13 +231,6 @@ void CheckName(Context& context, const RoutineRef& named, std::size_t row) {
     if (name.ends_with(other))
       return tell("chamar " + Shown(name) + " chama " + Shown(other) + ", com que o seu nome termina",
                   "ponha " + Shown(name) + " antes de " + Shown(other) + ", ou mude um dos nomes", functions[i]);
-  }
-  for (const Word& word : Words()) {
-    if (!name.ends_with(word.name)) continue;
-    context.Tell(rule::kRoutineNames, *named.routine->token,
-                 "chamar " + Shown(name) + " chama " + Shown(word.name) + ", a palavra da linguagem com que o nome termina",
-                 "mude o fim do nome");
-    return;
   }
 }
 

@@ -251,6 +251,17 @@ void TellNoWord(Context& context) {
   context.Tell(rule::kUnknownWord, first, "uma linha não começa com " + Shown(first.text), advice);
 }
 
+// Linking takes the beginning of a name for the block word.
+bool TakesBlockWord(Context& context, const Token& name) {
+  for (const std::string_view word : {"CasoContrario", "FimSe", "Repita", "Enquanto"}) {
+    if (!name.text.starts_with(word)) continue;
+    context.Tell(rule::kHiddenWord, name, "um nome que começa com " + Shown(word) + " é tomado pela palavra de bloco",
+                 "mude o começo do nome");
+    return true;
+  }
+  return false;
+}
+
 void CheckOther(Context& context) {
   const Tokens tokens = context.tokens;
   const Token& word = tokens[0];
@@ -266,6 +277,7 @@ void CheckOther(Context& context) {
                  tokens[1].Is(':') ? "escreva \"=\"" : "escreva a conta inteira: x = x " + std::string(tokens[1].text) + " ...");
     return;
   }
+  if (TakesBlockWord(context, word)) return;
   if (CheckRoutineCall(context)) return;
   const bool isVariable = context.names.FindVariable(word.upper) != nullptr || context.FindLocal(word.text) != nullptr;
   const Word* known = FindWord(word.text);

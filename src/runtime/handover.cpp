@@ -6,6 +6,7 @@
 #include <array>
 #include <cerrno>
 #include <chrono>
+#include <sstream>
 #include <string_view>
 #include <variant>
 
@@ -21,9 +22,10 @@ namespace tessera {
 
 namespace {
 
-// The arguments: this word, the number of the open file, the program's folder, its command line.
+// The arguments: this word, the number of the open file, the program's folder, its command line, the editors'
+// files, a line each.
 constexpr std::string_view kHandoverWord = "--entrega";
-constexpr int kHandoverArguments = 5;
+constexpr int kHandoverArguments = 6;
 
 }  // namespace
 
@@ -37,9 +39,10 @@ std::string BecomeRuntime(const std::string& runtime, const ProgramStart& start)
   if (file < 0) return SystemReason(errno);
   std::string_view rest = *image;
   if (const int error = WriteAll(file, rest)) return SystemReason(error);
-  std::array<std::string, kHandoverArguments> words = {runtime, std::string(kHandoverWord),
-                                                       std::to_string(file), start.folder.string(),
-                                                       ToUtf8(start.commandLine)};
+  std::string files;
+  for (const std::string& path : start.files) files += path + "\n";
+  std::array<std::string, kHandoverArguments> words = {
+      runtime, std::string(kHandoverWord), std::to_string(file), start.folder.string(), ToUtf8(start.commandLine), files};
   std::array<char*, kHandoverArguments + 1> arguments{};
   for (std::size_t i = 0; i < words.size(); ++i) arguments[i] = words[i].data();
   execv(runtime.c_str(), arguments.data());
@@ -59,7 +62,10 @@ std::optional<ProgramStart> TakeHandover(int argc, char** argv) {
   auto read = ReadProgram(left->bytes());
   PackedProgram* program = std::get_if<PackedProgram>(&read);
   if (program == nullptr) return std::nullopt;
-  return ProgramStart{std::move(*program), argv[3], FromUtf8Lossy(argv[4])};
+  ProgramStart start{std::move(*program), argv[3], FromUtf8Lossy(argv[4])};
+  std::istringstream files(argv[5]);
+  for (std::string& path : start.files) std::getline(files, path);
+  return start;
 }
 
 }  // namespace tessera
