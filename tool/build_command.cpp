@@ -116,7 +116,8 @@ int BuildSubcommand(const BuildCall& call) {
   if (const LoadProblem* problem = std::get_if<LoadProblem>(&loaded)) return Refuse(problem->message);
   const LoadedProgram& program = std::get<LoadedProgram>(loaded);
 
-  FindingPrinter(program, std::cerr, ErrorsAreColoured()).Print(check::Check(program.program.EditorText), FindingFormat::Person);
+  FindingPrinter(program, std::cerr, ErrorsAreColoured())
+      .Print(check::Check(program.program.EditorText), FindingFormat::Person);
   if (!CanStart(program.program.EditorText)) {
     PrintError(call.program + ": o programa não começaria: um dos seus blocos está aberto");
     return kRefused;

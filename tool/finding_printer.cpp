@@ -94,12 +94,14 @@ void FindingPrinter::PrintForPerson(const std::vector<Finding>& findings) const 
     isFirst = false;
     out_ << Painted(kBold, FileOf(finding.span) + ":" + std::to_string(finding.span.line) + ":" +
                                std::to_string(finding.span.column) + ": ")
-         << Painted(colour, std::string(WordOf(finding.rule->severity)) + "[" + std::string(finding.rule->code) + "]")
+         << Painted(colour,
+                    std::string(WordOf(finding.rule->severity)) + "[" + std::string(finding.rule->code) + "]")
          << ": " << Painted(kBold, finding.message) << '\n';
     PrintPlace(finding.span, colour);
     for (const check::Note& note : finding.notes) {
       const bool isSameFile = note.span.editor == finding.span.editor;
-      out_ << "  " << (isSameFile ? "linha " : FileOf(note.span) + ":") << note.span.line << ": " << note.text << '\n';
+      out_ << "  " << (isSameFile ? "linha " : FileOf(note.span) + ":") << note.span.line << ": " << note.text
+           << '\n';
       PrintPlace(note.span, kBlue);
     }
     if (!finding.advice.empty()) out_ << "  " << Painted(kGreen, "ajuda") << ": " << finding.advice << '\n';
@@ -141,7 +143,8 @@ void FindingPrinter::PrintSarif(const std::vector<Finding>& findings) const {
   }
   Json results = Json::array();
   const auto location = [&](const Span& span) {
-    return Json{{"physicalLocation", {{"artifactLocation", {{"uri", FileOf(span)}}}, {"region", Region(span)}}}};
+    return Json{
+        {"physicalLocation", {{"artifactLocation", {{"uri", FileOf(span)}}}, {"region", Region(span)}}}};
   };
   for (const Finding& finding : findings) {
     Json result = {{"ruleId", finding.rule->code},
@@ -158,7 +161,9 @@ void FindingPrinter::PrintSarif(const std::vector<Finding>& findings) const {
   const Json run = {{"tool", {{"driver", {{"name", "tessera"}, {"rules", rules}}}}},
                     {"columnKind", "unicodeCodePoints"},
                     {"results", results}};
-  out_ << Json{{"$schema", "https://json.schemastore.org/sarif-2.1.0.json"}, {"version", "2.1.0"}, {"runs", Json::array({run})}}
+  out_ << Json{{"$schema", "https://json.schemastore.org/sarif-2.1.0.json"},
+               {"version", "2.1.0"},
+               {"runs", Json::array({run})}}
               .dump(2)
        << '\n';
 }

@@ -232,7 +232,7 @@ int main(int argc, char** argv) {
   tessera::StackLimit::Raise(tessera::StackLimit::kRunStack);
   const int status = tessera::CommandLine().Run(argc, argv);
   std::cout.flush();
-  if (std::cout || status != tessera::kDone) return status;
+  if (std::cout) return status;
   tessera::PrintError("a saída não pôde ser gravada");
-  return tessera::kRefused;
+  return status == tessera::kDone ? tessera::kRefused : status;
 }

@@ -18,7 +18,8 @@ class BlockReader {
     std::size_t routine = kNone;
     for (at_ = 0; at_ < forms_.size(); ++at_) {
       const Form form = forms_[at_].form;
-      const bool isBoundary = form == Form::Funcao || form == Form::Sub || form == Form::FimFuncao || form == Form::FimSub;
+      const bool isBoundary =
+          form == Form::Funcao || form == Form::Sub || form == Form::FimFuncao || form == Form::FimSub;
       if (context_.outline.routineOf[at_] != routine || isBoundary) DropOpen();
       routine = context_.outline.routineOf[at_];
       const bool closes = form == Form::FimSe || form == Form::Repita;
@@ -43,8 +44,8 @@ class BlockReader {
   void Open(Form form) {
     map_.blocks.push_back({.form = form, .open = at_, .parent = open_.empty() ? kNone : open_.back()});
     open_.push_back(map_.blocks.size() - 1);
-    const auto depth = std::count_if(open_.begin(), open_.end(),
-                                     [&](std::size_t row) { return Row(row).form == Form::Se; });
+    const auto depth =
+        std::count_if(open_.begin(), open_.end(), [&](std::size_t row) { return Row(row).form == Form::Se; });
     if (form == Form::Se && depth == kMostNestedSe + 1) {
       context_.Tell(rule::kDeepBlocks, PlaceAt(at_), "este Se está dentro de outros 21: o programa para aqui",
                     "leve os blocos de dentro a uma sub-rotina");
@@ -75,9 +76,9 @@ class BlockReader {
         open_.erase(open_.begin() + static_cast<std::ptrdiff_t>(i));
       }
     }
-    const auto closed = std::find(open_.begin(), open_.end(), *std::find_if(open_.rbegin(), open_.rend(), [&](std::size_t row) {
-                                    return Row(row).form == form;
-                                  }));
+    const auto closed = std::find(
+        open_.begin(), open_.end(),
+        *std::find_if(open_.rbegin(), open_.rend(), [&](std::size_t row) { return Row(row).form == form; }));
     map_.blocks[*closed].close = at_;
     open_.erase(closed);
   }
@@ -95,7 +96,8 @@ class BlockReader {
   }
 
   void TakeAlternative() {
-    const auto se = std::find_if(open_.rbegin(), open_.rend(), [&](std::size_t row) { return Row(row).form == Form::Se; });
+    const auto se = std::find_if(open_.rbegin(), open_.rend(),
+                                 [&](std::size_t row) { return Row(row).form == Form::Se; });
     if (se == open_.rend()) {
       context_.Tell(rule::kEndWithoutBlock, PlaceAt(at_), "CasoContrario sem \"Se\" aberto acima",
                     "escreva o Se a que ele pertence, ou tire esta linha");
@@ -105,14 +107,17 @@ class BlockReader {
     if (se != open_.rbegin()) {
       const std::size_t inner = open_.back();
       if (!IsClosedBelow(Form::Enquanto) || Row(inner).form != Form::Enquanto) return;
-      context_.Tell(rule::kCrossedBlocks, PlaceAt(at_), "CasoContrario no meio de um Enquanto que o seu Se não contém inteiro",
-                    "feche o Enquanto antes com Repita", {{PlaceAt(Row(inner).open), "o Enquanto aberto é este"}});
+      context_.Tell(rule::kCrossedBlocks, PlaceAt(at_),
+                    "CasoContrario no meio de um Enquanto que o seu Se não contém inteiro",
+                    "feche o Enquanto antes com Repita",
+                    {{PlaceAt(Row(inner).open), "o Enquanto aberto é este"}});
       return;
     }
     if (!block.alternatives.empty()) {
-      context_.Tell(rule::kEndWithoutBlock, PlaceAt(at_), "segundo CasoContrario do mesmo Se",
-                    "para mais de dois casos, ponha outro Se ... FimSe dentro do primeiro CasoContrario",
-                    {{PlaceAt(block.alternatives[0]), "o primeiro está aqui"}, {PlaceAt(block.open), "o Se é este"}});
+      context_.Tell(
+          rule::kEndWithoutBlock, PlaceAt(at_), "segundo CasoContrario do mesmo Se",
+          "para mais de dois casos, ponha outro Se ... FimSe dentro do primeiro CasoContrario",
+          {{PlaceAt(block.alternatives[0]), "o primeiro está aqui"}, {PlaceAt(block.open), "o Se é este"}});
     }
     block.alternatives.push_back(at_);
   }

@@ -105,7 +105,8 @@ bool CheckCuts(Context& context, Tokens list, const Word* outer, bool outerIsUse
     if (!isCut) continue;
     context.Tell(rule::kCutAtComma, list[i],
                  "os valores são cortados nas vírgulas antes que " + Shown(list[i].text) + " seja chamada",
-                 "guarde antes o resultado em uma variável: x = " + ToUtf8(context.source.TextOf(list.subspan(i, close - i + 1))));
+                 "guarde antes o resultado em uma variável: x = " +
+                     ToUtf8(context.source.TextOf(list.subspan(i, close - i + 1))));
     return true;
   }
   return false;
@@ -117,7 +118,8 @@ namespace {
 void CheckComputed(Context& context, Tokens tokens, const Sought& sought) {
   const std::size_t told = context.findings.size();
   CheckExpression(context, tokens, sought);
-  if (context.findings.size() == told && context.callDepth == 0) Rehearse(context, tokens, Place::Argument, Type::Unknown);
+  if (context.findings.size() == told && context.callDepth == 0)
+    Rehearse(context, tokens, Place::Argument, Type::Unknown);
 }
 
 Type TypeOfResult(const Word& word) {
@@ -138,7 +140,8 @@ void CheckEnding(Context& context, const Token& name) {
   for (const Word& word : Words()) {
     if (!name.text.ends_with(word.name)) continue;
     context.Tell(rule::kRoutineNames, name,
-                 "aqui " + Shown(name.text) + " chama " + Shown(word.name) + ", a função da linguagem com que o nome termina",
+                 "aqui " + Shown(name.text) + " chama " + Shown(word.name) +
+                     ", a função da linguagem com que o nome termina",
                  "mude o fim do nome, ou guarde antes o resultado: x = " + ToUtf8(name.text) + "(...)");
     return;
   }
@@ -222,11 +225,11 @@ Type CheckCall(Context& context, const Token& name, Tokens list, const Sought& s
     return Type::Unknown;
   }
   if (const RoutineRef* function = context.names.FindFunctionAnyCase(name.upper)) {
-    context.Tell(rule::kFunctionCase, name,
-                 "o nome de uma função vale só na caixa em que foi escrito: " + Shown(name.text) +
-                     " não é chamada",
-                 "escreva " + Shown(function->routine->name),
-                 {{context.names.PlaceOf(function->editor, *function->routine->token), "a função é esta"}});
+    context.Tell(
+        rule::kFunctionCase, name,
+        "o nome de uma função vale só na caixa em que foi escrito: " + Shown(name.text) + " não é chamada",
+        "escreva " + Shown(function->routine->name),
+        {{context.names.PlaceOf(function->editor, *function->routine->token), "a função é esta"}});
     return Type::Unknown;
   }
   TellUnknownFunction(context, name);
@@ -253,7 +256,8 @@ void CheckArguments(Context& context, const Word& word, const Signature& signatu
       return !next.empty() && next[0].IsNumber() && !next[0].blankBefore;
     });
     context.Tell(rule::kTooMany, extra.empty() ? Tokens(&place, 1) : extra,
-                 Shown(word.name) + " leva " + (signature.size() == 0 ? "nenhum valor" : "no máximo " + Counted(signature.size())) +
+                 Shown(word.name) + " leva " +
+                     (signature.size() == 0 ? "nenhum valor" : "no máximo " + Counted(signature.size())) +
                      ", e recebe " + std::to_string(arguments.size()),
                  isDecimal ? "a vírgula separa valores: um número com fração leva ponto, como 1.5"
                            : "tire os que sobram" + usage);
@@ -288,9 +292,11 @@ void CheckArgument(Context& context, const Word& word, const Argument& argument,
       if (tokens.size() == 1 && (tokens[0].IsLiteral() || tokens[0].IsName())) {
         const std::string upper = Upper(Trim(Bare(tokens[0])));
         if (HasKeyword(argument.words, upper)) return;
-        if (tokens[0].IsName() && TypeOfName(context, tokens[0]) == Type::Text) return CheckLocalName(context, tokens[0]);
+        if (tokens[0].IsName() && TypeOfName(context, tokens[0]) == Type::Text)
+          return CheckLocalName(context, tokens[0]);
         context.Tell(rule::kUnknownKeyword, tokens[0],
-                     Shown(Bare(tokens[0])) + " não é uma palavra para " + Shown(argument.name) + " de " + Shown(word.name),
+                     Shown(Bare(tokens[0])) + " não é uma palavra para " + Shown(argument.name) + " de " +
+                         Shown(word.name),
                      NearKeyword(argument.words, Bare(tokens[0])));
         return;
       }
@@ -305,7 +311,8 @@ void CheckArgument(Context& context, const Word& word, const Argument& argument,
     }
     case Kind::Variable:
       if (tokens.size() != 1 || !tokens[0].IsName() ||
-          (context.names.FindVariable(tokens[0].upper) == nullptr && context.FindLocalAnyCase(tokens[0].upper) == nullptr)) {
+          (context.names.FindVariable(tokens[0].upper) == nullptr &&
+           context.FindLocalAnyCase(tokens[0].upper) == nullptr)) {
         context.Tell(rule::kWrongKind, tokens, Shown(word.name) + " quer aqui o nome de uma variável",
                      "declare uma variável String e ponha o seu nome");
       }
@@ -315,15 +322,19 @@ void CheckArgument(Context& context, const Word& word, const Argument& argument,
         context.Tell(rule::kWrongKind, tokens,
                      Shown(argument.name) + " de " + Shown(word.name) + " é um número, e recebe o texto " +
                          Shown(Bare(tokens[0])),
-                     "ponha um número; a ordem é " + Shown(std::string(word.name) + " " + ShownSignature(word.arguments)));
+                     "ponha um número; a ordem é " +
+                         Shown(std::string(word.name) + " " + ShownSignature(word.arguments)));
         return;
       }
       CheckComputed(context, tokens, sought);
       return;
     case Kind::Text:
     case Kind::Path: {
-      const bool isSum = std::any_of(tokens.begin(), tokens.end(), [](const Token& t) { return t.IsOperator(); }) &&
-                         std::none_of(tokens.begin(), tokens.end(), [](const Token& t) { return t.Is('(') || t.IsLiteral() || t.Is('.') || t.Is('\\') || t.Is(':'); });
+      const bool isSum =
+          std::any_of(tokens.begin(), tokens.end(), [](const Token& t) { return t.IsOperator(); }) &&
+          std::none_of(tokens.begin(), tokens.end(), [](const Token& t) {
+            return t.Is('(') || t.IsLiteral() || t.Is('.') || t.Is('\\') || t.Is(':');
+          });
       if (isSum && argument.kind == Kind::Text) {
         context.Tell(rule::kWrongKind, tokens,
                      Shown(argument.name) + " de " + Shown(word.name) + " é um texto, que não é calculado",
@@ -331,7 +342,8 @@ void CheckArgument(Context& context, const Word& word, const Argument& argument,
         return;
       }
       if (argument.kind == Kind::Path && tokens.size() > 1 && !tokens[0].IsLiteral() &&
-          std::any_of(tokens.begin(), tokens.end(), [](const Token& t) { return t.Is('\\') || t.Is(':') || t.Is('.'); }))
+          std::any_of(tokens.begin(), tokens.end(),
+                      [](const Token& t) { return t.Is('\\') || t.Is(':') || t.Is('.'); }))
         return;
       CheckExpression(context, tokens, sought);
       if (word.name == "Formata" && argument.name == "formato") CheckFormat(context, tokens);

@@ -13,6 +13,10 @@
 #include "checker/statement_rules.h"
 #include "checker/texts.h"
 #include "checker/uses.h"
+#include "prepare/block_report.h"
+#include "prepare/linking.h"
+#include "prepare/prepare.h"
+#include "text/code_page.h"
 #include "text/one_based.h"
 
 namespace tessera::check {
@@ -60,7 +64,8 @@ void Tidy(std::vector<Finding>& findings) {
   std::set<std::pair<Span, const Rule*>> places;
   // Whose name was written wrong somewhere is read there.
   const auto isProposed = [&](const Finding& unread) {
-    const std::string name = unread.message.substr(0, unread.message.find('"', unread.message.find('"') + 1) + 1);
+    const std::string name =
+        unread.message.substr(0, unread.message.find('"', unread.message.find('"') + 1) + 1);
     const std::string quoted = name.substr(name.find('"'));
     return std::any_of(findings.begin(), findings.end(), [&](const Finding& other) {
       return other.rule == &rule::kUndeclared && Lower(other.advice).find(Lower(quoted)) != std::string::npos;
@@ -99,7 +104,31 @@ std::vector<Finding> Program::FindingsOf(std::size_t editor) {
 std::vector<Finding> Program::Findings() {
   std::vector<std::size_t> all(readings_.size());
   std::iota(all.begin(), all.end(), std::size_t{0});
-  return Look(all);
+  std::vector<Finding> findings = Look(all);
+  TellRefusal(findings);
+  return findings;
+}
+
+// Blocks are counted before a program starts, and whatever the rules say, a program that the count refuses
+// has an error.
+void Program::TellRefusal(std::vector<Finding>& findings) const {
+  if (HasError(findings)) return;
+  EditorTexts editors;
+  for (std::size_t i = 0; i < readings_.size(); ++i) editors[i] = readings_[i]->source.text();
+  const PreparedProgram prepared = PrepareProgram(editors, [](std::string_view) {});
+  const std::string_view text = prepared.ProgramText->text();
+  if (tessera::CheckBlocks(text).empty()) return;
+  for (const PlacedProblem& problem : ReportBlocks(text)) {
+    const auto editor = static_cast<std::size_t>(std::max(problem.place.editor, 0));
+    const bool isKnown = problem.place.editor >= 0 && editor < kEditors && problem.place.line > 0;
+    const Span place{.editor = isKnown ? editor : 0,
+                     .line = isKnown ? static_cast<std::size_t>(problem.place.line) : 1};
+    findings.push_back({&rule::kCountedText,
+                        place,
+                        ToUtf8(problem.message),
+                        "o programa não começa assim: mude esta linha",
+                        {}});
+  }
 }
 
 std::vector<Finding> Program::Look(const std::vector<std::size_t>& sought) {

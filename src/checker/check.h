@@ -33,6 +33,7 @@ class Program {
  private:
   struct Reading;
 
+  void TellRefusal(std::vector<Finding>& findings) const;
   std::vector<Finding> Look(const std::vector<std::size_t>& editors);
 
   std::array<std::unique_ptr<Reading>, kEditorPlaces> readings_;

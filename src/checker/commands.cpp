@@ -117,7 +117,8 @@ void CheckKeywords(Context& context, const Word& word, Tokens tokens) {
     if (part.empty() || !part[0].IsName()) {
       const Token& place = part.empty() ? tokens[0] : part[0];
       context.Tell(rule::kUnknownKeyword, place, Shown(word.name) + " quer uma palavra e o seu valor",
-                   "escreva " + Shown(std::string(word.name) + " Palavra = valor") + "; " + NearForm(word.more.keywords, ""));
+                   "escreva " + Shown(std::string(word.name) + " Palavra = valor") + "; " +
+                       NearForm(word.more.keywords, ""));
       return;
     }
     std::string_view written = part[0].text;
@@ -142,7 +143,8 @@ void CheckKeywords(Context& context, const Word& word, Tokens tokens) {
     CheckArguments(context, word, form->arguments, values, part[0]);
   }
   if (parts.empty())
-    context.Tell(rule::kTooFew, tokens[0], "faltam as palavras de " + Shown(word.name), NearForm(word.more.keywords, ""));
+    context.Tell(rule::kTooFew, tokens[0], "faltam as palavras de " + Shown(word.name),
+                 NearForm(word.more.keywords, ""));
 }
 
 bool IsDefined(const Context& context, std::string_view upper) {
@@ -170,10 +172,11 @@ void CheckNovaJanela(Context& context, const Word& word, Tokens tokens) {
   const std::string_view window = Left(name.text, name.text.find('.'));
   const WordForm* form = FindFormAnyCase(word.more.suffixes, suffix);
   if (form == nullptr) {
-    context.Tell(rule::kUnknownSuffix, name,
-                 suffix.empty() ? "NovaJanela quer Define ou um nome com sufixo: " + Shown(name.text) + " não é nenhum"
-                                : "NovaJanela não tem o sufixo " + Shown(suffix) + ": a instrução não faz nada",
-                 suffix.empty() ? "escreva \"NovaJanela Define, Nome\"" : NearForm(word.more.suffixes, suffix));
+    context.Tell(
+        rule::kUnknownSuffix, name,
+        suffix.empty() ? "NovaJanela quer Define ou um nome com sufixo: " + Shown(name.text) + " não é nenhum"
+                       : "NovaJanela não tem o sufixo " + Shown(suffix) + ": a instrução não faz nada",
+        suffix.empty() ? "escreva \"NovaJanela Define, Nome\"" : NearForm(word.more.suffixes, suffix));
     return;
   }
   if (!IsDefined(context, Upper(window))) {
@@ -181,7 +184,8 @@ void CheckNovaJanela(Context& context, const Word& word, Tokens tokens) {
     for (const Editor& editor : context.names.editors()) {
       for (const DefinedWindow& defined : editor.outline->windows) nearest.Show(defined.name);
     }
-    context.Tell(rule::kUnknownObject, name, "nenhuma janela se chama " + Shown(window) + ": a instrução não faz nada",
+    context.Tell(rule::kUnknownObject, name,
+                 "nenhuma janela se chama " + Shown(window) + ": a instrução não faz nada",
                  nearest.found().empty() ? "defina-a antes: NovaJanela Define, " + ToUtf8(window)
                                          : "você quis dizer " + Shown(nearest.found()) + "?");
     return;
@@ -189,9 +193,11 @@ void CheckNovaJanela(Context& context, const Word& word, Tokens tokens) {
   const std::string code = std::string(window) + "_Codigo";
   if (form->word == ".ATIVA" && context.names.FindSub(code) == nullptr) {
     const RoutineRef* other = context.names.FindSubAnyCase(Upper(code));
-    context.Tell(rule::kSubCall, name, "a janela " + Shown(window) + " não tem a sua sub-rotina " + Shown(code + "()"),
-                 other != nullptr ? "o nome da sub-rotina é " + Shown(other->routine->name) + ": a caixa das letras conta"
-                                  : "escreva Sub " + ToUtf8(code) + "() ... FimSub, que monta a janela");
+    context.Tell(rule::kSubCall, name,
+                 "a janela " + Shown(window) + " não tem a sua sub-rotina " + Shown(code + "()"),
+                 other != nullptr
+                     ? "o nome da sub-rotina é " + Shown(other->routine->name) + ": a caixa das letras conta"
+                     : "escreva Sub " + ToUtf8(code) + "() ... FimSub, que monta a janela");
     return;
   }
   Tokens behind = tokens.subspan(2);
@@ -214,7 +220,8 @@ void CheckTemporizador(Context& context, Tokens tokens) {
   }
   if (context.names.FindSubAnyCase(timer) == nullptr) {
     context.Tell(rule::kUnknownObject, name,
-                 "nenhuma sub-rotina se chama " + Shown("Temporizador_" + std::string(Left(name.text, name.text.find('.'))) + "()"),
+                 "nenhuma sub-rotina se chama " +
+                     Shown("Temporizador_" + std::string(Left(name.text, name.text.find('.'))) + "()"),
                  "escreva a sub-rotina do temporizador, ou acerte o nome");
     return;
   }
@@ -228,9 +235,10 @@ void CheckTemporizador(Context& context, Tokens tokens) {
   const Tokens value = arguments[1];
   const std::int64_t ticks = value.size() == 1 ? IntegerOf(value[0]) : -1;
   if (ticks == 0 || ticks > 32767) {
-    context.Tell(rule::kTimer, value,
-                 ticks == 0 ? "um temporizador de 0 nunca dispara" : "o tempo de um temporizador vai até 32767",
-                 "o tempo conta em centésimos de segundo, de 1 a 32767");
+    context.Tell(
+        rule::kTimer, value,
+        ticks == 0 ? "um temporizador de 0 nunca dispara" : "o tempo de um temporizador vai até 32767",
+        "o tempo conta em centésimos de segundo, de 1 a 32767");
     return;
   }
   CheckExpression(context, value, {.place = Place::Argument, .kind = Kind::Number, .argument = "tempo"});
@@ -316,10 +324,12 @@ void CheckObject(Context& context, const Word& word, const Token& name, std::str
     for (const ObjectRef& made : context.names.objects()) {
       if (isOfFamily(made)) nearest.Show(made.object->name);
     }
-    context.Tell(rule::kUnknownObject, name,
-                 "nenhum objeto de " + Shown(word.name) + " se chama " + Shown(object) + ": a instrução não faz nada",
-                 nearest.found().empty() ? "crie o objeto antes: " + std::string(word.name) + " " + ToUtf8(object) + ", ..."
-                                         : "você quis dizer " + Shown(nearest.found()) + "?");
+    context.Tell(
+        rule::kUnknownObject, name,
+        "nenhum objeto de " + Shown(word.name) + " se chama " + Shown(object) + ": a instrução não faz nada",
+        nearest.found().empty()
+            ? "crie o objeto antes: " + std::string(word.name) + " " + ToUtf8(object) + ", ..."
+            : "você quis dizer " + Shown(nearest.found()) + "?");
     return;
   }
   const Note made{context.names.PlaceOf(found[0].editor, *found[0].object->token), "o objeto é este"};
@@ -350,7 +360,8 @@ bool CheckValueOfObject(Context& context, const Word& word, const Token& name, T
   const std::string_view suffix = SuffixOf(list[0].text);
   const WordForm* form = FindFormAnyCase(word.more.suffixes, suffix);
   if (form == nullptr || form->result == Result::None) {
-    context.Tell(rule::kUnknownSuffix, list[0], Shown(word.name) + " não dá nenhum valor por " + Shown(suffix),
+    context.Tell(rule::kUnknownSuffix, list[0],
+                 Shown(word.name) + " não dá nenhum valor por " + Shown(suffix),
                  NearForm(word.more.suffixes, suffix));
     return true;
   }
@@ -373,18 +384,21 @@ void CheckFormat(Context& context, Tokens format) {
   const bool hasDigits = pattern.find_first_of("0#") != std::string_view::npos;
   const bool isDecimalComma = comma != std::string_view::npos && !Contains(pattern, ".") &&
                               pattern.size() - comma - 1 < 3 && hasDigits;
-  const bool isGroupPoint = comma != std::string_view::npos && Contains(pattern, ".") && pattern.find('.') < comma;
+  const bool isGroupPoint =
+      comma != std::string_view::npos && Contains(pattern, ".") && pattern.find('.') < comma;
   if (isDecimalComma || isGroupPoint) {
-    context.Tell(rule::kFormat, format[0],
-                 "em um formato o ponto separa a fração e a vírgula os milhares: " + Shown(pattern) + " os troca",
-                 "escreva \"0.00\" ou \"#,##0.00\"; o resultado sai com vírgula decimal");
+    context.Tell(
+        rule::kFormat, format[0],
+        "em um formato o ponto separa a fração e a vírgula os milhares: " + Shown(pattern) + " os troca",
+        "escreva \"0.00\" ou \"#,##0.00\"; o resultado sai com vírgula decimal");
     return;
   }
   if (hasDigits || pattern.empty()) return;
   const bool isDate = !Contains(folded, "AA") && folded.find_first_of("DMYHNS") != std::string::npos &&
                       folded.find_first_not_of("DMYHNSAP/:-. ,") == std::string::npos;
   if (isDate) return;
-  context.Tell(rule::kFormat, format[0], "o formato " + Shown(pattern) + " não tem lugar para um número nem para uma data",
+  context.Tell(rule::kFormat, format[0],
+               "o formato " + Shown(pattern) + " não tem lugar para um número nem para uma data",
                folded.find('A') != std::string::npos && folded.find('D') != std::string::npos
                    ? "o ano se escreve yyyy: \"dd/mm/yyyy\""
                    : "use \"PADRAO\", \"0.00\" ou \"dd/mm/yyyy\"");
@@ -395,11 +409,12 @@ void CheckCommand(Context& context, const Word& word) {
   if (word.Has(trait::kComing)) return CheckComing(context, word, tokens[0]);
   if (tokens.size() > 1 && tokens[1].Is('(') && !tokens[1].blankBefore) {
     const bool isValue = word.role == Role::Value;
-    context.Tell(isValue ? rule::kLostValue : rule::kCommandParens, tokens[0],
-                 isValue ? "o resultado de " + Shown(word.name) + " não vai a lugar nenhum, e a linha não é entendida"
-                         : "um comando não leva parênteses: " + Shown(word.name) + "( não é entendido",
-                 isValue ? "guarde-o: x = " + ToUtf8(context.source.TextOf(tokens))
-                         : "escreva " + Shown(std::string(word.name) + " ...") + ", com um branco e sem parênteses");
+    context.Tell(
+        isValue ? rule::kLostValue : rule::kCommandParens, tokens[0],
+        isValue ? "o resultado de " + Shown(word.name) + " não vai a lugar nenhum, e a linha não é entendida"
+                : "um comando não leva parênteses: " + Shown(word.name) + "( não é entendido",
+        isValue ? "guarde-o: x = " + ToUtf8(context.source.TextOf(tokens))
+                : "escreva " + Shown(std::string(word.name) + " ...") + ", com um branco e sem parênteses");
     return;
   }
   if (tokens.size() > 1 && !tokens[1].blankBefore) {
@@ -416,7 +431,8 @@ void CheckCommand(Context& context, const Word& word) {
   if (word.name == "NovaJanela") return CheckNovaJanela(context, word, tokens);
   if (word.name == "Temporizador") return CheckTemporizador(context, tokens);
   if (word.name == "Aguarde") return CheckAguarde(context, word, tokens);
-  if (word.name == "SQL" && tokens.size() > 1) return CheckSqlPath(context, word, tokens[1], tokens.subspan(2), false);
+  if (word.name == "SQL" && tokens.size() > 1)
+    return CheckSqlPath(context, word, tokens[1], tokens.subspan(2), false);
   if (word.name == "Janela" || word.name == "Fonte" || word.name == "EstiloBotao")
     return CheckKeywords(context, word, tokens);
   const bool hasSign = tokens.size() > 1 && tokens[1].Is('$');

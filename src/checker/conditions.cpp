@@ -53,14 +53,15 @@ class ComparisonCheck {
       if (!isPair && !isNot) continue;
       const std::string written = std::string(first.text) + std::string(second.text);
       std::string meant = written == "=<" ? "<=" : written == "=>" ? ">=" : written == "==" ? "=" : "<>";
-      context_.Tell(rule::kForeignSign, tokens_.subspan(i, 2), "a linguagem não tem a comparação " + Shown(written),
-                    "escreva " + Shown(meant));
+      context_.Tell(rule::kForeignSign, tokens_.subspan(i, 2),
+                    "a linguagem não tem a comparação " + Shown(written), "escreva " + Shown(meant));
       return true;
     }
     for (const Token& token : tokens_) {
       if (!token.Is('!') && !token.Is('|')) continue;
       context_.Tell(rule::kForeignSign, token, "a linguagem não tem o sinal " + Shown(token.text),
-                    token.Is('|') ? "ligue comparações com E e OU" : "para negar, troque a comparação: <> no lugar de =");
+                    token.Is('|') ? "ligue comparações com E e OU"
+                                  : "para negar, troque a comparação: <> no lugar de =");
       return true;
     }
     return false;
@@ -109,8 +110,8 @@ class ComparisonCheck {
     if (word != nullptr && word->topic == Topic::Checks)
       advice = "compare a resposta: " + std::string(word->name) + "(...) = \"VERDADEIRO\"";
     if (word != nullptr && word->name == "Mensagem") advice = "compare a resposta: Mensagem(...) = \"SIM\"";
-    context_.Tell(rule::kConditionShape, tokens_, "falta uma comparação: sozinho, um valor nunca vale como condição",
-                  advice);
+    context_.Tell(rule::kConditionShape, tokens_,
+                  "falta uma comparação: sozinho, um valor nunca vale como condição", advice);
   }
 
   void TellTwoComparisons(const std::vector<std::size_t>& relations) {
@@ -131,7 +132,8 @@ class ComparisonCheck {
   // The right side without what somebody wrote behind the condition: "Entao", a command.
   Tokens WithoutRest(Tokens right) {
     for (std::size_t i = 1; i < right.size(); ++i) {
-      if (!right[i].IsName() || right[i - 1].Is('(') || right[i - 1].IsOperator() || right[i - 1].Is(',') || right[i - 1].Is('&'))
+      if (!right[i].IsName() || right[i - 1].Is('(') || right[i - 1].IsOperator() || right[i - 1].Is(',') ||
+          right[i - 1].Is('&'))
         continue;
       const std::string word = Folded(right[i].text);
       const bool isThen = word == "ENTAO" || word == "THEN" || word == "FACA" || word == "DO";
@@ -140,8 +142,9 @@ class ComparisonCheck {
       context_.Tell(rule::kBehindCondition, right[i],
                     isThen ? Shown(right[i].text) + " não existe: a condição termina no fim da linha"
                            : Shown(right[i].text) + " está atrás da condição, e vale como parte dela",
-                    isThen ? "tire " + Shown(right[i].text)
-                           : "ponha o que o bloco faz em uma linha própria, e feche-o com a sua palavra de fim");
+                    isThen
+                        ? "tire " + Shown(right[i].text)
+                        : "ponha o que o bloco faz em uma linha própria, e feche-o com a sua palavra de fim");
       return right.subspan(0, i);
     }
     return right;
@@ -157,17 +160,20 @@ class ComparisonCheck {
       if (left.size() == 1 && left[0].IsName()) {
         const Variable* variable = context_.names.FindVariable(left[0].upper);
         if (variable != nullptr && variable->token != nullptr)
-          notes.push_back({context_.names.PlaceOf(variable->editor, *variable->token), "é String por esta declaração"});
+          notes.push_back(
+              {context_.names.PlaceOf(variable->editor, *variable->token), "é String por esta declaração"});
       }
-      context_.Tell(rule::kTextAgainstNumber, left,
-                    "à esquerda está um texto, à direita um número: nunca são iguais, e o texto é sempre o maior",
-                    right.size() == 1 && left.size() == 1 && left[0].IsName()
-                        ? "ponha o número à esquerda, ou declare " + Shown(left[0].text) + " como Inteiro ou Decimal"
-                        : "ponha o número à esquerda da comparação",
-                    std::move(notes));
+      context_.Tell(
+          rule::kTextAgainstNumber, left,
+          "à esquerda está um texto, à direita um número: nunca são iguais, e o texto é sempre o maior",
+          right.size() == 1 && left.size() == 1 && left[0].IsName()
+              ? "ponha o número à esquerda, ou declare " + Shown(left[0].text) + " como Inteiro ou Decimal"
+              : "ponha o número à esquerda da comparação",
+          std::move(notes));
       return;
     }
-    const bool isWord = rightType == Type::Text && right.size() == 1 && right[0].IsLiteral() && !IsNumber(right);
+    const bool isWord =
+        rightType == Type::Text && right.size() == 1 && right[0].IsLiteral() && !IsNumber(right);
     if (leftType == Type::Number && isWord) {
       context_.Tell(rule::kTextAgainstNumber, right,
                     "um número nunca é igual a um texto que não é número: " + Shown(Bare(right[0])),
@@ -190,7 +196,8 @@ bool IsForeignConnective(const Context& context, Tokens condition, std::size_t a
   if (!isOne || token.text == "E" || token.text == "OU") return false;
   const Token& before = condition[at - 1];
   const bool isBetween = !before.IsOperator() && !before.IsRelation() && !before.Is('(') && !before.Is(',');
-  return isBetween && (word.size() > 1 || context.names.FindVariable(token.upper) == nullptr || !before.IsRelation());
+  return isBetween &&
+         (word.size() > 1 || context.names.FindVariable(token.upper) == nullptr || !before.IsRelation());
 }
 
 }  // namespace
@@ -198,7 +205,8 @@ bool IsForeignConnective(const Context& context, Tokens condition, std::size_t a
 void CheckCondition(Context& context, Tokens condition) {
   if (condition.empty()) {
     context.Tell(rule::kConditionShape, context.tokens.subspan(0, context.formed.tokens),
-                 "falta a condição de " + Shown(WordOf(context.formed.form)), "escreva uma comparação, como x = 1");
+                 "falta a condição de " + Shown(WordOf(context.formed.form)),
+                 "escreva uma comparação, como x = 1");
     return;
   }
   std::size_t begin = 0;
@@ -223,14 +231,17 @@ void CheckCondition(Context& context, Tokens condition) {
     } else if (IsForeignConnective(context, condition, i)) {
       const std::string word = Folded(token.text);
       const std::string meant = word == "E" || word == "AND" ? "E" : "OU";
-      context.Tell(rule::kConnective, token, Shown(token.text) + " não liga comparações: só E e OU, em maiúsculas",
+      context.Tell(rule::kConnective, token,
+                   Shown(token.text) + " não liga comparações: só E e OU, em maiúsculas",
                    "escreva " + Shown(meant));
       return;
     } else if (token.Is('&') && i + 1 < condition.size() && condition[i + 1].Is('&')) {
-      context.Tell(rule::kForeignSign, condition.subspan(i, 2), "a linguagem não tem o sinal \"&&\"", "escreva \"E\"");
+      context.Tell(rule::kForeignSign, condition.subspan(i, 2), "a linguagem não tem o sinal \"&&\"",
+                   "escreva \"E\"");
       return;
     } else if (token.Is('|') && i + 1 < condition.size() && condition[i + 1].Is('|')) {
-      context.Tell(rule::kForeignSign, condition.subspan(i, 2), "a linguagem não tem o sinal \"||\"", "escreva \"OU\"");
+      context.Tell(rule::kForeignSign, condition.subspan(i, 2), "a linguagem não tem o sinal \"||\"",
+                   "escreva \"OU\"");
       return;
     } else if (token.IsName() && Contains(token.text, "OU")) {
       context.Tell(rule::kConnectiveInName, token,

@@ -26,7 +26,7 @@ struct Context {
   Rehearsal* rehearsal = nullptr;
 
   std::size_t statement = 0;
-  Tokens tokens = {};                     // of the statement
+  Tokens tokens = {};  // of the statement
   FormedWord formed = {};
   const Routine* routine = nullptr;  // in which it stands
   std::size_t callDepth = 0;         // of the calls around the expression that is looked at

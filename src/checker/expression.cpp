@@ -46,10 +46,11 @@ class ExpressionReader {
       if (!touch) continue;
       const std::string whole = std::string(first.text) + "." + std::string(last.text);
       if (sign.Is(',') && sought_.place != Place::Argument) {
-        context_.Tell(rule::kDecimalComma, tokens_.subspan(i, 3),
-                      "um número do programa leva ponto: a vírgula separa dois valores, que aqui se juntam em " +
-                          Shown(std::string(first.text) + std::string(last.text)),
-                      "escreva " + Shown(whole));
+        context_.Tell(
+            rule::kDecimalComma, tokens_.subspan(i, 3),
+            "um número do programa leva ponto: a vírgula separa dois valores, que aqui se juntam em " +
+                Shown(std::string(first.text) + std::string(last.text)),
+            "escreva " + Shown(whole));
         return true;
       }
       if (sign.Is('.')) return TellGroups(tokens_.subspan(i, 3));
@@ -81,8 +82,9 @@ class ExpressionReader {
     if (sought_.place == Place::RightSide || sought_.place == Place::Joined) return;
     for (const Token& token : tokens_) {
       if (!token.Is('&')) continue;
-      const bool isBitwise = std::any_of(tokens_.begin(), tokens_.end(), [](const Token& t) { return t.IsOperator(); }) &&
-                             std::none_of(tokens_.begin(), tokens_.end(), [](const Token& t) { return t.IsLiteral(); });
+      const bool isBitwise =
+          std::any_of(tokens_.begin(), tokens_.end(), [](const Token& t) { return t.IsOperator(); }) &&
+          std::none_of(tokens_.begin(), tokens_.end(), [](const Token& t) { return t.IsLiteral(); });
       if (isBitwise) return;
       TellJoin(token);
       isBroken_ = true;
@@ -91,14 +93,14 @@ class ExpressionReader {
   }
 
   void TellJoin(const Token& sign) {
-    const bool isList = sought_.word != nullptr && sought_.word->arguments.IsList() &&
-                        sought_.place == Place::Argument;
+    const bool isList =
+        sought_.word != nullptr && sought_.word->arguments.IsList() && sought_.place == Place::Argument;
     const std::string where = sought_.place == Place::Return      ? "em Retorne"
                               : sought_.place == Place::Condition ? "em uma condição"
                                                                   : "nos valores de um comando";
-    context_.Tell(rule::kJoinedElsewhere, sign, Shown(sign.text) + " não junta textos " + where,
-                  isList ? "separe os valores com vírgulas"
-                         : "junte antes em uma variável: texto = ... & ...");
+    context_.Tell(
+        rule::kJoinedElsewhere, sign, Shown(sign.text) + " não junta textos " + where,
+        isList ? "separe os valores com vírgulas" : "junte antes em uma variável: texto = ... & ...");
   }
 
   void Break(const Token& token, std::string message, std::string advice) {
@@ -114,12 +116,14 @@ class ExpressionReader {
     }
     if (token.IsOperator() || token.Is('&') || token.Is('@')) return TakeOperator(token);
     if (token.IsRelation() && sought_.place == Place::RightSide) {
-      return Break(token, "uma comparação não dá um valor: " + Shown(token.text) + " só compara em Se e Enquanto",
+      return Break(token,
+                   "uma comparação não dá um valor: " + Shown(token.text) + " só compara em Se e Enquanto",
                    "use Se ... CasoContrario ... FimSe para guardar o resultado");
     }
     constexpr std::string_view kForeign = "!|\\{}~`";
     if (token.text.size() == 1 && kForeign.find(token.text[0]) != std::string_view::npos) {
-      context_.Tell(rule::kForeignSign, token, "a linguagem não tem o sinal " + Shown(token.text), "tire-o daqui");
+      context_.Tell(rule::kForeignSign, token, "a linguagem não tem o sinal " + Shown(token.text),
+                    "tire-o daqui");
       isBroken_ = true;
     }
   }
@@ -128,10 +132,11 @@ class ExpressionReader {
     if (expectsOperand_ && !token.Is('-') && !token.Is('+')) {
       const bool isFirst = at_ == 0 || tokens_[at_ - 1].Is('(') || tokens_[at_ - 1].Is(',');
       const bool isPower = token.Is('*') && !isFirst && tokens_[at_ - 1].Is('*');
-      return Break(token,
-                   isFirst ? "a conta começa com " + Shown(token.text)
-                           : "dois operadores seguidos: " + Shown(tokens_[at_ - 1].text) + " e " + Shown(token.text),
-                   isPower ? "a potência se escreve ^: 2 ^ 3" : "tire um deles, ou ponha o valor que falta");
+      return Break(
+          token,
+          isFirst ? "a conta começa com " + Shown(token.text)
+                  : "dois operadores seguidos: " + Shown(tokens_[at_ - 1].text) + " e " + Shown(token.text),
+          isPower ? "a potência se escreve ^: 2 ^ 3" : "tire um deles, ou ponha o valor que falta");
     }
     if (expectsOperand_ && at_ > 0 && (tokens_[at_ - 1].IsOperator() || tokens_[at_ - 1].Is('&'))) {
       context_.Tell(rule::kSignBehindOperator, token,
@@ -203,7 +208,8 @@ class ExpressionReader {
     const Tokens inner = tokens_.subspan(at_ + 2, std::min(close, tokens_.size()) - at_ - 2);
     at_ = close;
     const Word* word = FindWord(name.text);
-    const bool isCallOfWord = word != nullptr && (word->name == name.text || context_.names.FindVariable(name.upper) == nullptr);
+    const bool isCallOfWord =
+        word != nullptr && (word->name == name.text || context_.names.FindVariable(name.upper) == nullptr);
     const bool isVariable = context_.FindLocalAnyCase(name.upper) != nullptr ||
                             context_.names.FindVariable(name.upper) != nullptr;
     if (isVariable && !isCallOfWord && context_.names.FindFunction(name.text) == nullptr)
@@ -236,9 +242,9 @@ class ExpressionReader {
   void CheckTexts() {
     if (!hasSum_) return;
     const bool wantsText = sought_.target == Type::Text || sought_.place != Place::RightSide;
-    const bool allAreTexts = operands_.size() > 1 && std::all_of(operands_.begin(), operands_.end(), [](const Operand& o) {
-                               return o.type == Type::Text;
-                             });
+    const bool allAreTexts =
+        operands_.size() > 1 && std::all_of(operands_.begin(), operands_.end(),
+                                            [](const Operand& o) { return o.type == Type::Text; });
     for (const Operand& operand : operands_) {
       const bool isText = operand.token->IsLiteral() || (operand.isCall && operand.type == Type::Text) ||
                           (allAreTexts && wantsText && OnlyPlus());
@@ -256,12 +262,14 @@ class ExpressionReader {
   void TellTextInSum(const Token& text) {
     const Word* word = text.IsName() ? FindWord(text.text) : nullptr;
     if (word != nullptr && ReadsFromOutside(*word)) {
-      context_.Tell(rule::kOutsideText, text,
-                    "o texto que " + Shown(word->name) + " lê fica entre aspas no meio da conta, e ela não é feita",
-                    "guarde-o antes em uma variável: texto = " + std::string(word->name) + "(...)");
+      context_.Tell(
+          rule::kOutsideText, text,
+          "o texto que " + Shown(word->name) + " lê fica entre aspas no meio da conta, e ela não é feita",
+          "guarde-o antes em uma variável: texto = " + std::string(word->name) + "(...)");
       return;
     }
-    const auto plus = std::find_if(tokens_.begin(), tokens_.end(), [](const Token& t) { return t.IsOperator(); });
+    const auto plus =
+        std::find_if(tokens_.begin(), tokens_.end(), [](const Token& t) { return t.IsOperator(); });
     const Token& sign = plus == tokens_.end() ? text : *plus;
     if (sign.Is('+') && sought_.place != Place::RightSide) return TellJoin(sign);
     const bool isJoin = sign.Is('+');
@@ -272,8 +280,8 @@ class ExpressionReader {
   }
 
   static bool ReadsFromOutside(const Word& word) {
-    return word.name == "LeArquivo" || word.name == "EntraTexto" || word.name == "LeString" || word.name == "LeRegWin" ||
-           word.name == "LeRegistro" || word.name == "Diretorio";
+    return word.name == "LeArquivo" || word.name == "EntraTexto" || word.name == "LeString" ||
+           word.name == "LeRegWin" || word.name == "LeRegistro" || word.name == "Diretorio";
   }
 
   struct Operand {

@@ -24,10 +24,10 @@ enum class Type : std::uint8_t { Unknown, Number, Text };
 struct Sought {
   Place place = Place::Argument;
   Kind kind = Kind::Value;
-  std::string_view argument = {};        // the name of the argument, of the language's word
-  std::string_view words = {};           // keywords that may stand there instead
-  const Word* word = nullptr;       // of which it is an argument
-  Type target = Type::Unknown;      // of the variable that is assigned
+  std::string_view argument = {};  // the name of the argument, of the language's word
+  std::string_view words = {};     // keywords that may stand there instead
+  const Word* word = nullptr;      // of which it is an argument
+  Type target = Type::Unknown;     // of the variable that is assigned
 };
 
 // Tells what is wrong with the expression; its type as far as it is known.

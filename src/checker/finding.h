@@ -1,5 +1,5 @@
-// What the checker tells about a program: a rule, the place where it was broken, what is wrong and what to do.
-// Texts are UTF-8; places are those of the editors' sources.
+// What the checker tells about a program: a rule, the place where it was broken, what is wrong and what to
+// do. Texts are UTF-8; places are those of the editors' sources.
 #pragma once
 
 #include <compare>

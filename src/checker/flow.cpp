@@ -29,11 +29,13 @@ void CheckDoubledLabels(Context& context) {
       if (context.outline.routineOf[labels[j].statement] != routine) continue;
       const bool isSame = labels[j].name == labels[i].name;
       if (!isSame && !labels[j].name.ends_with(labels[i].name)) continue;
-      context.Tell(rule::kDoubledLabel, TokensAt(context, labels[i].statement)[0],
-                   isSame ? "o rótulo " + Shown(labels[i].name) + " já está acima: VaPara vai sempre ao primeiro"
-                          : "VaPara " + ToUtf8(labels[i].name) + " vai a " + Shown(labels[j].name) + ", que termina igual e está acima",
-                   "dê outro nome a este rótulo",
-                   {{context.source.SpanOf(TokensAt(context, labels[j].statement)[0]), "o primeiro está aqui"}});
+      context.Tell(
+          rule::kDoubledLabel, TokensAt(context, labels[i].statement)[0],
+          isSame ? "o rótulo " + Shown(labels[i].name) + " já está acima: VaPara vai sempre ao primeiro"
+                 : "VaPara " + ToUtf8(labels[i].name) + " vai a " + Shown(labels[j].name) +
+                       ", que termina igual e está acima",
+          "dê outro nome a este rótulo",
+          {{context.source.SpanOf(TokensAt(context, labels[j].statement)[0]), "o primeiro está aqui"}});
       break;
     }
   }
@@ -48,7 +50,8 @@ void CheckJump(Context& context, const BlockMap& blocks, std::size_t statement) 
     return;
   }
   if (target.back().Is(':')) {
-    context.Tell(rule::kNoLabel, target.back(), "o rótulo de VaPara vai sem os dois pontos", "tire o \":\" daqui; ele fica na linha do rótulo");
+    context.Tell(rule::kNoLabel, target.back(), "o rótulo de VaPara vai sem os dois pontos",
+                 "tire o \":\" daqui; ele fica na linha do rótulo");
     return;
   }
   if (target.size() > 1 || !target[0].IsName()) {
@@ -65,18 +68,21 @@ void CheckJump(Context& context, const BlockMap& blocks, std::size_t statement) 
     if (label.name != name || !isHere) continue;
     const std::size_t block = blocks.around[label.statement];
     if (!IsWithin(blocks, blocks.around[statement], block)) {
-      context.Tell(rule::kJumpIntoBlock, target[0], "VaPara entra no meio de um bloco, sem passar pela sua condição",
-                   "ponha o rótulo fora do bloco",
-                   {{context.source.SpanOf(TokensAt(context, blocks.blocks[block].open)), "o bloco começa aqui"}});
+      context.Tell(
+          rule::kJumpIntoBlock, target[0], "VaPara entra no meio de um bloco, sem passar pela sua condição",
+          "ponha o rótulo fora do bloco",
+          {{context.source.SpanOf(TokensAt(context, blocks.blocks[block].open)), "o bloco começa aqui"}});
     }
     return;
   }
   std::vector<Note> notes;
   if (elsewhere != nullptr)
-    notes.push_back({context.source.SpanOf(TokensAt(context, elsewhere->statement)[0]), "este está em outra rotina"});
+    notes.push_back(
+        {context.source.SpanOf(TokensAt(context, elsewhere->statement)[0]), "este está em outra rotina"});
   context.Tell(rule::kNoLabel, target[0],
-               elsewhere != nullptr ? "o rótulo " + Shown(name) + " está em outra rotina, e de lá não se chega a ele"
-                                    : "não há rótulo " + Shown(name) + " nesta parte do programa",
+               elsewhere != nullptr
+                   ? "o rótulo " + Shown(name) + " está em outra rotina, e de lá não se chega a ele"
+                   : "não há rótulo " + Shown(name) + " nesta parte do programa",
                nearest.found().empty() ? "escreva o rótulo em uma linha própria: " + ToUtf8(name) + ":"
                                        : "você quis dizer " + Shown(nearest.found()) + "?",
                std::move(notes));
@@ -84,8 +90,8 @@ void CheckJump(Context& context, const BlockMap& blocks, std::size_t statement) 
 
 bool IsEndless(const Context& context, const Block& block) {
   const Tokens tokens = TokensAt(context, block.open);
-  return block.form == Form::Enquanto && tokens.size() == 4 && tokens[2].Is('=') && tokens[1].text == tokens[3].text &&
-         tokens[1].kind == tokens[3].kind;
+  return block.form == Form::Enquanto && tokens.size() == 4 && tokens[2].Is('=') &&
+         tokens[1].text == tokens[3].text && tokens[1].kind == tokens[3].kind;
 }
 
 // Whether a statement may stand behind one that never goes on: something reaches it by another way.
@@ -106,14 +112,15 @@ bool IsReachedOtherwise(Form form) {
   }
 }
 
-constexpr std::string_view kEventNames[] = {"TESTABOTAO",  "CLIQUEMOUSE", "LINHAMOUSE",  "COLUNAMOUSE", "GANHOUFOCO",
-                                            "PERDEUFOCO",  "VALOROBJETO", "INDICEREF",   "EVENTO",      "TESTATECLA",
-                                            "TESTAMOUSE"};
+constexpr std::string_view kEventNames[] = {"TESTABOTAO", "CLIQUEMOUSE", "LINHAMOUSE",  "COLUNAMOUSE",
+                                            "GANHOUFOCO", "PERDEUFOCO",  "VALOROBJETO", "INDICEREF",
+                                            "EVENTO",     "TESTATECLA",  "TESTAMOUSE"};
 
 bool ReadsEvents(const Context& context, Tokens tokens) {
   return std::any_of(tokens.begin(), tokens.end(), [&](const Token& token) {
     if (!token.IsName()) return false;
-    if (std::find(std::begin(kEventNames), std::end(kEventNames), token.upper) != std::end(kEventNames)) return true;
+    if (std::find(std::begin(kEventNames), std::end(kEventNames), token.upper) != std::end(kEventNames))
+      return true;
     const Variable* variable = context.names.FindVariable(token.upper);
     return variable != nullptr && variable->origin == Origin::Companion;
   });
@@ -131,7 +138,9 @@ bool HasItsLabel(const Context& context, const BlockMap& blocks, std::size_t sta
 class LoopCheck {
  public:
   LoopCheck(Context& context, const Block& block, Summaries& summaries)
-      : context_(context), block_(block), body_(summaries.Of(context.source.editor(), block.open + 1, block.close)) {}
+      : context_(context),
+        block_(block),
+        body_(summaries.Of(context.source.editor(), block.open + 1, block.close)) {}
 
   void Run() {
     const Tokens head = TokensAt(context_, block_.open);
@@ -141,7 +150,8 @@ class LoopCheck {
     for (std::size_t i = block_.open + 1; isEndless && i < block_.close; ++i)
       readsEvents = readsEvents || ReadsEvents(context_, TokensAt(context_, i));
     if (!body_.yields && (readsEvents || (isEndless && !body_.leaves))) {
-      context_.Tell(rule::kDeafLoop, head, "este laço não deixa passar os eventos: botões e teclas não respondem dentro dele",
+      context_.Tell(rule::kDeafLoop, head,
+                    "este laço não deixa passar os eventos: botões e teclas não respondem dentro dele",
                     "ponha Aguarde Eventos dentro do laço, ou espere com Aguarde CliqueBotao");
       return;
     }
@@ -164,16 +174,19 @@ class LoopCheck {
       if (first == nullptr) first = &token;
     }
     if (first == nullptr) return;
-    context_.Tell(rule::kEndlessLoop, head, "nada dentro deste laço muda a sua condição: ele não termina nunca",
-                  "mude " + Shown(first->text) + " dentro do laço, por exemplo com " + ToUtf8(first->text) + "++");
+    context_.Tell(
+        rule::kEndlessLoop, head, "nada dentro deste laço muda a sua condição: ele não termina nunca",
+        "mude " + Shown(first->text) + " dentro do laço, por exemplo com " + ToUtf8(first->text) + "++");
   }
 
   bool IsWrittenByTimers(std::string_view upper) const {
     if (!body_.yields) return false;
     for (const RoutineRef& sub : context_.names.subs()) {
-      if (!sub.routine->name.starts_with("Temporizador_") && !sub.routine->name.ends_with("_Codigo")) continue;
+      if (!sub.routine->name.starts_with("Temporizador_") && !sub.routine->name.ends_with("_Codigo"))
+        continue;
       Summaries summaries(context_.names);
-      if (summaries.Of(sub.editor, sub.routine->begin + 1, sub.routine->end).writes.contains(upper)) return true;
+      if (summaries.Of(sub.editor, sub.routine->begin + 1, sub.routine->end).writes.contains(upper))
+        return true;
     }
     return false;
   }
@@ -216,20 +229,23 @@ void CheckReach(Context& context, const BlockMap& blocks) {
     if (isMain && hasEnded && !isTold && !IsReachedOtherwise(form)) {
       isTold = true;
       context.Tell(rule::kUnreachable, TokensAt(context, i),
-                   context.source.editor() == 0 ? "a execução nunca chega a esta linha"
-                                                : "fora de uma rotina, as linhas deste editor nunca são executadas",
+                   context.source.editor() == 0
+                       ? "a execução nunca chega a esta linha"
+                       : "fora de uma rotina, as linhas deste editor nunca são executadas",
                    context.source.editor() == 0 ? "ponha-a antes de FimPrograma, ou em uma rotina"
                                                 : "ponha-a em uma Sub ou Funcao, ou no editor principal");
     }
-    const bool ends = form == Form::FimPrograma || form == Form::FimJanela || (form == Form::VaPara && HasItsLabel(context, blocks, i));
+    const bool ends = form == Form::FimPrograma || form == Form::FimJanela ||
+                      (form == Form::VaPara && HasItsLabel(context, blocks, i));
     if (ends && isMain && blocks.around[i] == kNone) hasEnded = true;
-    if (ends && i + 1 < forms.size() && blocks.around[i] != kNone && blocks.around[i + 1] == blocks.around[i] &&
-        !IsReachedOtherwise(forms[i + 1].form)) {
+    if (ends && i + 1 < forms.size() && blocks.around[i] != kNone &&
+        blocks.around[i + 1] == blocks.around[i] && !IsReachedOtherwise(forms[i + 1].form)) {
       context.Tell(rule::kUnreachable, TokensAt(context, i + 1), "a execução nunca chega a esta linha",
                    "a linha de cima sempre sai daqui: troque as duas, ou tire uma");
     }
     if (ends && !isMain && blocks.around[i] == kNone && i + 1 < forms.size() &&
-        context.outline.routineOf[i + 1] == context.outline.routineOf[i] && !IsReachedOtherwise(forms[i + 1].form)) {
+        context.outline.routineOf[i + 1] == context.outline.routineOf[i] &&
+        !IsReachedOtherwise(forms[i + 1].form)) {
       context.Tell(rule::kUnreachable, TokensAt(context, i + 1), "a execução nunca chega a esta linha",
                    "a linha de cima sempre sai daqui: troque as duas, ou tire uma");
     }
@@ -237,13 +253,14 @@ void CheckReach(Context& context, const BlockMap& blocks) {
   for (const Block& block : blocks.blocks) {
     if (block.close == kNone || !IsEndless(context, block) || block.close + 1 >= forms.size()) continue;
     const std::size_t next = block.close + 1;
-    if (context.outline.routineOf[next] != context.outline.routineOf[block.open] || IsReachedOtherwise(forms[next].form) ||
-        forms[next].form == Form::FimJanela)
+    if (context.outline.routineOf[next] != context.outline.routineOf[block.open] ||
+        IsReachedOtherwise(forms[next].form) || forms[next].form == Form::FimJanela)
       continue;
     bool leaves = false;
     for (std::size_t i = block.open; i < block.close; ++i) leaves = leaves || forms[i].form == Form::VaPara;
     if (leaves) continue;
-    context.Tell(rule::kUnreachable, TokensAt(context, next), "o laço acima nunca termina, e a execução não chega aqui",
+    context.Tell(rule::kUnreachable, TokensAt(context, next),
+                 "o laço acima nunca termina, e a execução não chega aqui",
                  "ponha uma condição no Enquanto, ou tire esta linha",
                  {{context.source.SpanOf(TokensAt(context, block.open)), "o laço é este"}});
   }
@@ -279,16 +296,19 @@ void CheckRecursion(Context& context, const BlockMap& blocks) {
       if (place != function.routine->token) break;
     }
     context.Tell(rule::kRecursion, *place,
-                 "a função " + Shown(function.routine->name) + " chama a si mesma: a chamada de dentro apaga os parâmetros da de fora",
+                 "a função " + Shown(function.routine->name) +
+                     " chama a si mesma: a chamada de dentro apaga os parâmetros da de fora",
                  "faça a conta com um laço Enquanto, ou guarde os valores em um vetor");
   }
   for (std::size_t i = 0; i < context.outline.forms.size(); ++i) {
     const std::size_t row = context.outline.routineOf[i];
     if (row == kNone || context.outline.routines[row].isFunction || blocks.around[i] != kNone) continue;
     const Tokens tokens = TokensAt(context, i);
-    const bool callsItself = i > context.outline.routines[row].begin && tokens.size() == 3 && tokens[0].text == context.outline.routines[row].name;
+    const bool callsItself = i > context.outline.routines[row].begin && tokens.size() == 3 &&
+                             tokens[0].text == context.outline.routines[row].name;
     if (!callsItself) continue;
-    context.Tell(rule::kRecursion, tokens, "a sub-rotina " + Shown(tokens[0].text) + " chama a si mesma sempre, e nunca termina",
+    context.Tell(rule::kRecursion, tokens,
+                 "a sub-rotina " + Shown(tokens[0].text) + " chama a si mesma sempre, e nunca termina",
                  "ponha a chamada em um Se, ou use um laço Enquanto");
   }
 }

@@ -1,4 +1,5 @@
-// The course of a program: labels and jumps, what is never reached, and loops that never end or let nothing in.
+// The course of a program: labels and jumps, what is never reached, and loops that never end or let nothing
+// in.
 #pragma once
 
 #include "checker/blocks.h"

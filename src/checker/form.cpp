@@ -46,17 +46,38 @@ struct ForeignRow {
 };
 
 constexpr std::array kForeign = std::to_array<ForeignRow>({
-    {"SENAO", Form::CasoContrario},     {"ELSE", Form::CasoContrario},  {"CASO", Form::CasoContrario},
-    {"IF", Form::Se},                   {"ENDIF", Form::FimSe},         {"FIMIF", Form::FimSe},
-    {"WHILE", Form::Enquanto},          {"WEND", Form::Repita},         {"ENDWHILE", Form::Repita},
-    {"LOOP", Form::Repita},             {"NEXT", Form::Repita},         {"PROXIMO", Form::Repita},
-    {"FIMENQUANTO", Form::Repita},      {"FIMPARA", Form::Repita},      {"REPETIR", Form::Repita},
-    {"PARA", Form::Enquanto},           {"FOR", Form::Enquanto},        {"GOTO", Form::VaPara},
-    {"FUNCTION", Form::Funcao},         {"ENDFUNCTION", Form::FimFuncao}, {"ENDSUB", Form::FimSub},
-    {"SUBROTINA", Form::Sub},           {"PROCEDIMENTO", Form::Sub},    {"FIMSUBROTINA", Form::FimSub},
-    {"FIMPROCEDIMENTO", Form::FimSub},  {"RETURN", Form::Retorne},      {"RETORNA", Form::Retorne},
-    {"RETORNAR", Form::Retorne},        {"DIM", Form::Declaration},     {"DECLARE", Form::Declaration},
-    {"VARIAVEIS", Form::Declaration},   {"ENDPROGRAM", Form::FimPrograma},
+    {"SENAO", Form::CasoContrario},
+    {"ELSE", Form::CasoContrario},
+    {"CASO", Form::CasoContrario},
+    {"IF", Form::Se},
+    {"ENDIF", Form::FimSe},
+    {"FIMIF", Form::FimSe},
+    {"WHILE", Form::Enquanto},
+    {"WEND", Form::Repita},
+    {"ENDWHILE", Form::Repita},
+    {"LOOP", Form::Repita},
+    {"NEXT", Form::Repita},
+    {"PROXIMO", Form::Repita},
+    {"FIMENQUANTO", Form::Repita},
+    {"FIMPARA", Form::Repita},
+    {"REPETIR", Form::Repita},
+    {"PARA", Form::Enquanto},
+    {"FOR", Form::Enquanto},
+    {"GOTO", Form::VaPara},
+    {"FUNCTION", Form::Funcao},
+    {"ENDFUNCTION", Form::FimFuncao},
+    {"ENDSUB", Form::FimSub},
+    {"SUBROTINA", Form::Sub},
+    {"PROCEDIMENTO", Form::Sub},
+    {"FIMSUBROTINA", Form::FimSub},
+    {"FIMPROCEDIMENTO", Form::FimSub},
+    {"RETURN", Form::Retorne},
+    {"RETORNA", Form::Retorne},
+    {"RETORNAR", Form::Retorne},
+    {"DIM", Form::Declaration},
+    {"DECLARE", Form::Declaration},
+    {"VARIAVEIS", Form::Declaration},
+    {"ENDPROGRAM", Form::FimPrograma},
 });
 
 // Two words that are one.
@@ -116,7 +137,8 @@ std::optional<FormedWord> ReadSplit(Tokens tokens) {
 // Whether a foreign word stands as that block word would: followed by what such a word takes.
 bool StandsAs(Form form, Tokens tokens) {
   const bool isAlone = tokens.size() == 1;
-  const bool isCall = !isAlone && tokens[1].Is('(') && form != Form::Se && form != Form::Enquanto && form != Form::Retorne;
+  const bool isCall =
+      !isAlone && tokens[1].Is('(') && form != Form::Se && form != Form::Enquanto && form != Form::Retorne;
   if (isCall) return false;
   switch (form) {
     case Form::Se:
@@ -194,7 +216,8 @@ FormedWord ReadForm(Tokens tokens) {
       if (IsAssignment(tokens)) return {};
       return {row->form, Spelling::Case, 1};
     }
-    const bool needsBlank = row->form == Form::Se || row->form == Form::Enquanto || row->form == Form::Retorne;
+    const bool needsBlank =
+        row->form == Form::Se || row->form == Form::Enquanto || row->form == Form::Retorne;
     if (needsBlank && tokens.size() > 1 && !tokens[1].blankBefore && tokens[1].Is('('))
       return {row->form, Spelling::NoBlank, 1};
     return {row->form, Spelling::Right, 1};

@@ -75,7 +75,9 @@ class Names {
   // An object takes its name from a variable, so its companions can't be known.
   bool objectsAreNamedByVariables() const { return objectsAreNamedByVariables_; }
 
-  Span PlaceOf(std::size_t editor, const Token& token) const { return editors_[editor].source->SpanOf(token); }
+  Span PlaceOf(std::size_t editor, const Token& token) const {
+    return editors_[editor].source->SpanOf(token);
+  }
 
  private:
   void Add(Variable variable);

@@ -133,7 +133,8 @@ class OutlineReader {
     if (tokens.size() < 2 || !tokens[0].IsName() || IsAssignment(tokens)) return;
     const Word* word = FindWord(tokens[0].text);
     if (word == nullptr) return;
-    if (word->name == "NovaJanela" && tokens.size() >= 4 && tokens[1].upper == "DEFINE" && tokens[2].Is(',')) {
+    if (word->name == "NovaJanela" && tokens.size() >= 4 && tokens[1].upper == "DEFINE" &&
+        tokens[2].Is(',')) {
       out_.windows.push_back({Bare(tokens[3]), at_, &tokens[3]});
       return;
     }
@@ -160,8 +161,8 @@ class OutlineReader {
     database_ = kNone;
   }
 
-  // Between `BD` and `FimBD` a line names a field, unless it clearly is something else: then nobody closed the
-  // block.
+  // Between `BD` and `FimBD` a line names a field, unless it clearly is something else: then nobody closed
+  // the block.
   FormedWord InDatabase(FormedWord formed, Tokens tokens) {
     if (formed.form == Form::FimBD) {
       CloseDatabase(true);
@@ -170,8 +171,7 @@ class OutlineReader {
     const bool isField = tokens.size() >= 3 && (tokens[0].IsName() || tokens[0].IsLiteral()) &&
                          tokens[1].Is(',') && (FindWord(tokens[0].text) == nullptr || IsFieldType(tokens[2]));
     const bool isBareField = tokens.size() <= 3 && formed.form == Form::Other && !IsAssignment(tokens) &&
-                             FindWord(tokens[0].text) == nullptr &&
-                             (tokens.size() < 2 || !tokens[1].Is('('));
+                             FindWord(tokens[0].text) == nullptr && (tokens.size() < 2 || !tokens[1].Is('('));
     if (!isField && !isBareField) {
       CloseDatabase(false);
       return formed;

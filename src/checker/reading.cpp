@@ -37,12 +37,14 @@ bool IsStockName(std::string_view upper) {
 // A file's name that somebody wrote without quotes, and that the language takes as it stands.
 bool IsBareFile(const Context& context, const Token& name, const Sought& sought) {
   if (sought.kind != Kind::Path && sought.kind != Kind::Text) return false;
-  return Contains(name.text, ".") && context.names.FindDatabase(Left(name.upper, name.text.find('.'))) == nullptr;
+  return Contains(name.text, ".") &&
+         context.names.FindDatabase(Left(name.upper, name.text.find('.'))) == nullptr;
 }
 
 std::string ColourOrVariable(const Sought& sought) {
-  return sought.argument == "cor" || sought.argument == "inicial" || sought.argument == "final" ? "a cor"
-                                                                                               : "a variável";
+  return sought.argument == "cor" || sought.argument == "inicial" || sought.argument == "final"
+             ? "a cor"
+             : "a variável";
 }
 
 }  // namespace
@@ -122,14 +124,16 @@ void CheckLocalName(Context& context, const Token& name) {
                             (signBefore && (beforeSign != ' ' || before != '=')) ||
                             (signBefore && (beforeSign == '<' || beforeSign == '>'));
   const bool behindIsWell = name.blankBehind || behind == ',' || behind == ')' || behind == '=' ||
-                            behind == '<' || behind == '>' || behind == ';' || behind == '\r' || behind == '\'';
+                            behind == '<' || behind == '>' || behind == ';' || behind == '\r' ||
+                            behind == '\'';
   if (beforeIsWell && behindIsWell) return;
   const std::string sign = std::string(1, beforeIsWell ? behind : before);
-  context.Tell(rule::kParameterName, name,
-               what + Shown(name.text) + " encosta em " + Shown(sign) + ", e assim não é reconhecido",
-               "deixe um branco de cada lado: os nomes de uma função só são reconhecidos entre brancos, vírgulas "
-               "ou parênteses",
-               {declared});
+  context.Tell(
+      rule::kParameterName, name,
+      what + Shown(name.text) + " encosta em " + Shown(sign) + ", e assim não é reconhecido",
+      "deixe um branco de cada lado: os nomes de uma função só são reconhecidos entre brancos, vírgulas "
+      "ou parênteses",
+      {declared});
 }
 
 Type ReadName(Context& context, const Token& name, const Sought& sought, bool isAlone, bool inSum) {
@@ -140,10 +144,11 @@ Type ReadName(Context& context, const Token& name, const Sought& sought, bool is
   if (const Variable* variable = context.names.FindVariable(name.upper)) {
     if (!isAlone && name.blankBehind && sought.place != Place::Joined) {
       if (const Word* word = EndingWord(name.text)) {
-        context.Tell(rule::kNameEndsInWord, name,
-                     "o nome " + Shown(name.text) + " termina com a função " + Shown(word->name) +
-                         ", que é chamada aqui no lugar da variável",
-                     "mude o nome da variável: com um branco ou um parêntese atrás, o fim do nome vale como a função");
+        context.Tell(
+            rule::kNameEndsInWord, name,
+            "o nome " + Shown(name.text) + " termina com a função " + Shown(word->name) +
+                ", que é chamada aqui no lugar da variável",
+            "mude o nome da variável: com um branco ou um parêntese atrás, o fim do nome vale como a função");
         return Type::Unknown;
       }
     }
@@ -156,9 +161,10 @@ Type ReadName(Context& context, const Token& name, const Sought& sought, bool is
   }
   if (const Word* word = FindWord(name.text); word != nullptr && word->role == Role::Value) {
     if (IsSpokenWord(sought, name.upper) || IsNameOfAThing(sought)) return Type::Unknown;
-    context.Tell(rule::kFunctionParens, name, "a função " + Shown(word->name) + " está sem os seus parênteses",
-                 "escreva " + Shown(std::string(word->name) + "()") + (word->arguments.size() > 0
-                     ? ", com os valores entre os parênteses" : ""));
+    context.Tell(rule::kFunctionParens, name,
+                 "a função " + Shown(word->name) + " está sem os seus parênteses",
+                 "escreva " + Shown(std::string(word->name) + "()") +
+                     (word->arguments.size() > 0 ? ", com os valores entre os parênteses" : ""));
     return Type::Unknown;
   }
   if (const RoutineRef* function = context.names.FindFunctionAnyCase(name.upper)) {
@@ -172,11 +178,13 @@ Type ReadName(Context& context, const Token& name, const Sought& sought, bool is
                   sought.kind == Kind::AsWritten || IsBareFile(context, name, sought)))
     return Type::Unknown;
   const bool isTruth = name.upper == "VERDADEIRO" || name.upper == "FALSO" || name.upper == "SIM" ||
-                       name.upper == "NAO" || name.upper == "OK" || name.upper == "EOF" || name.upper == "BOF";
+                       name.upper == "NAO" || name.upper == "OK" || name.upper == "EOF" ||
+                       name.upper == "BOF";
   if (isAlone && isTruth && name.text == name.upper) return Type::Text;
   if (Contains(name.text, ".") && context.names.objectsAreNamedByVariables()) return Type::Unknown;
   const std::string near = NearVariable(context, name.text);
-  context.Tell(rule::kUndeclared, name, ColourOrVariable(sought) + " " + Shown(name.text) + " não foi declarada",
+  context.Tell(rule::kUndeclared, name,
+               ColourOrVariable(sought) + " " + Shown(name.text) + " não foi declarada",
                near.empty() ? "declare-a com Var, ou ponha o texto entre aspas" : near);
   return Type::Unknown;
 }
@@ -189,7 +197,8 @@ Type ReadElement(Context& context, const Token& name, Tokens index, const Sought
   const Variable* variable = context.names.FindVariable(name.upper);
   const Type type = variable == nullptr ? Type::Unknown : TypeOf(variable->type);
   if (index.empty()) {
-    context.Tell(rule::kComputedIndex, name, "falta o índice de " + Shown(name.text), "escreva um número ou uma variável");
+    context.Tell(rule::kComputedIndex, name, "falta o índice de " + Shown(name.text),
+                 "escreva um número ou uma variável");
     return type;
   }
   const bool isPlain = index.size() == 1 && (index[0].IsNumber() || index[0].IsName());
@@ -230,8 +239,9 @@ Type ReadElement(Context& context, const Token& name, Tokens index, const Sought
                                   ? "os elementos de " + Shown(variable->name) + " vão de 0 a " + last
                                   : Shown(variable->name) + " não é um vetor";
     context.Tell(rule::kIndexBeyond, index, last_ + "; o índice " + std::to_string(number) + " está fora",
-                 variable->isArray ? "use um índice até " + last + ", ou declare mais elementos"
-                                   : "declare-a com o número de elementos: Var " + ToUtf8(variable->name) + "(10) ...",
+                 variable->isArray
+                     ? "use um índice até " + last + ", ou declare mais elementos"
+                     : "declare-a com o número de elementos: Var " + ToUtf8(variable->name) + "(10) ...",
                  std::move(notes));
   }
   return type;

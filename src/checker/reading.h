@@ -6,8 +6,8 @@
 
 namespace tessera::check {
 
-// `name` at `at` of `tokens`, behind which no "(" stands. `behind` tells whether something stands behind it in
-// the same expression.
+// `name` at `at` of `tokens`, behind which no "(" stands. `behind` tells whether something stands behind it
+// in the same expression.
 Type ReadName(Context& context, const Token& name, const Sought& sought, bool isAlone, bool inSum);
 
 // The index of an array's element, between its parentheses.

@@ -107,12 +107,14 @@ class Reckoner {
     at_ = close + 1;
     const Word* word = FindWord(token.text);
     const bool isWord = word != nullptr && word->name == token.text;
-    if (isWord || context_.names.FindFunction(token.text) != nullptr) return Called(token, isWord ? word : nullptr, inner);
+    if (isWord || context_.names.FindFunction(token.text) != nullptr)
+      return Called(token, isWord ? word : nullptr, inner);
     return ReckonedNumber(ValueOfVariable(token.text));
   }
 
   Reckoned Named(const Token& token) const {
-    const bool isVariable = context_.FindLocal(token.text) != nullptr || context_.names.FindVariable(token.upper) != nullptr;
+    const bool isVariable =
+        context_.FindLocal(token.text) != nullptr || context_.names.FindVariable(token.upper) != nullptr;
     return isVariable ? ReckonedNumber(ValueOfVariable(token.text)) : ReckonedText(token.text);
   }
 
@@ -124,8 +126,10 @@ class Reckoner {
         failed_ = true;
         return {};
       }
-      const bool isRaw = word != nullptr && word->arguments.size() > i && word->arguments[i].kind == Kind::AsWritten;
-      const auto value = isRaw ? ReckonedText(context_.source.TextOf(arguments[i])) : Reckoner(context_, arguments[i]).Run();
+      const bool isRaw =
+          word != nullptr && word->arguments.size() > i && word->arguments[i].kind == Kind::AsWritten;
+      const auto value =
+          isRaw ? ReckonedText(context_.source.TextOf(arguments[i])) : Reckoner(context_, arguments[i]).Run();
       if (!value) return Fail();
       forms.push_back(value->Form());
     }

@@ -49,7 +49,9 @@ class NoEvents final : public EventDispatch {
   void Pause(std::chrono::milliseconds) override {}
   void Post(std::function<void()>) override {}
   std::chrono::milliseconds DispatchTime() override { return {}; }
-  std::unique_ptr<Timer> StartTimer(std::chrono::milliseconds, std::function<void()>) override { return nullptr; }
+  std::unique_ptr<Timer> StartTimer(std::chrono::milliseconds, std::function<void()>) override {
+    return nullptr;
+  }
 };
 
 class NoClock final : public Clock {
@@ -74,7 +76,8 @@ bool IsSame(const Value& value, const Reckoned& reckoned) {
 
 class Rehearsal::Stage {
  public:
-  explicit Stage(const Names& names) : names_(names), run_({dialogs_, events_, clock_, chance_, files_}), engine_(run_) {
+  explicit Stage(const Names& names)
+      : names_(names), run_({dialogs_, events_, clock_, chance_, files_}), engine_(run_) {
     run_.functionTable.Fill(WordNames());
     std::vector<std::string> functions;
     for (const RoutineRef& function : names.functions()) {
@@ -83,11 +86,16 @@ class Rehearsal::Stage {
       run_.program.routines.FunctionTypes.emplace_back(function.routine->resultType);
     }
     run_.programFunctions.Fill(functions);
-    for (const Variable& variable : names.variables()) Declare(variable.name, variable.type, variable.isArray || variable.count < 0);
+    for (const Variable& variable : names.variables())
+      Declare(variable.name, variable.type, variable.isArray || variable.count < 0);
     run_.variables.VarCreateScalar(kNumberTarget, kTypeDecimal);
     run_.variables.VarCreateScalar(kTextTarget, kTypeString);
-    run_.doors.CommandCall = [this](std::string_view name, std::string_view arguments) { return Call(name, arguments, false); };
-    run_.doors.CallFunction = [this](std::string_view name, std::string_view arguments) { return Call(name, arguments, true); };
+    run_.doors.CommandCall = [this](std::string_view name, std::string_view arguments) {
+      return Call(name, arguments, false);
+    };
+    run_.doors.CallFunction = [this](std::string_view name, std::string_view arguments) {
+      return Call(name, arguments, true);
+    };
   }
 
   bool Agrees(const Context& context, Tokens tokens, Place place, Type target) {
@@ -99,7 +107,8 @@ class Rehearsal::Stage {
     dialogs_.wasShown = false;
     Value value;
     const std::string text(context.source.TextOf(tokens));
-    const auto failure = Guard([&] { value = place == Place::RightSide ? Assigned(text, target) : EvalNumber(run_, text); });
+    const auto failure =
+        Guard([&] { value = place == Place::RightSide ? Assigned(text, target) : EvalNumber(run_, text); });
     return !failure && !dialogs_.wasShown && IsSame(value, *reckoned);
   }
 
@@ -178,7 +187,9 @@ bool IsWorthIt(const Context& context, Tokens tokens) {
     if (token.Is(',') && depth == 0) return false;
     const bool isElement = i > 0 && tokens[i - 1].IsName() && !IsCall(context, tokens, i - 1);
     if (token.Is('(') && !isElement) hasCallOrGroup = true;
-    if (token.Is('(') && isElement && i + 1 < tokens.size() && tokens[i + 1].IsNumber() && IntegerOf(tokens[i + 1]) >= 100) return false;
+    if (token.Is('(') && isElement && i + 1 < tokens.size() && tokens[i + 1].IsNumber() &&
+        IntegerOf(tokens[i + 1]) >= 100)
+      return false;
     const Word* word = token.IsName() ? FindWord(token.text) : nullptr;
     if (word != nullptr && (word->name == "SQL" || word->Has(trait::kComing))) return false;
   }
@@ -202,7 +213,8 @@ void Rehearse(Context& context, Tokens tokens, Place place, Type target) {
   bool hasCall = false;
   for (std::size_t i = 0; i < tokens.size(); ++i) hasCall = hasCall || IsCall(context, tokens, i);
   if (hasCall) {
-    context.Tell(rule::kLostBehindCall, tokens, "esta expressão não dá o que diz: parte dela se perde em volta da chamada",
+    context.Tell(rule::kLostBehindCall, tokens,
+                 "esta expressão não dá o que diz: parte dela se perde em volta da chamada",
                  "guarde antes o resultado de cada função em uma variável, e faça a conta com as variáveis");
     return;
   }

@@ -1,6 +1,6 @@
-// The rehearsal of an expression: the language's own evaluators compute it with made-up values, and the result
-// is held against what the expression reads, computed as people compute. What no rule foresees is found here:
-// text that is lost behind a call, sums that go on inside a parenthesis.
+// The rehearsal of an expression: the language's own evaluators compute it with made-up values, and the
+// result is held against what the expression reads, computed as people compute. What no rule foresees is
+// found here: text that is lost behind a call, sums that go on inside a parenthesis.
 #pragma once
 
 #include <memory>

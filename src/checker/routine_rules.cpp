@@ -33,7 +33,8 @@ class RoutineCheck {
     const std::string end = routine_.isFunction ? "FimFuncao" : "FimSub";
     if (!routine_.isClosed) {
       context_.Tell(rule::kUnclosedRoutine, *routine_.token,
-                    std::string(routine_.isFunction ? "a função " : "a sub-rotina ") + Shown(routine_.name) + " não tem o seu " + end,
+                    std::string(routine_.isFunction ? "a função " : "a sub-rotina ") + Shown(routine_.name) +
+                        " não tem o seu " + end,
                     "ponha " + end + " na última linha dela");
       return;
     }
@@ -41,7 +42,8 @@ class RoutineCheck {
     if ((closing == Form::FimFuncao) == routine_.isFunction) return;
     context_.Tell(rule::kUnclosedRoutine, TokensAt(routine_.end),
                   std::string(routine_.isFunction ? "uma função" : "uma sub-rotina") + " termina com " + end,
-                  "escreva " + Shown(end), {{context_.source.SpanOf(*routine_.token), "a rotina começa aqui"}});
+                  "escreva " + Shown(end),
+                  {{context_.source.SpanOf(*routine_.token), "a rotina começa aqui"}});
   }
 
   void CheckHead() {
@@ -51,7 +53,8 @@ class RoutineCheck {
       return;
     }
     if ((routine_.token + 1)->blankBefore) {
-      context_.Tell(rule::kRoutineHead, *routine_.token, "há um branco entre o nome da rotina e os parênteses",
+      context_.Tell(rule::kRoutineHead, *routine_.token,
+                    "há um branco entre o nome da rotina e os parênteses",
                     "escreva " + Shown(std::string(routine_.name) + "(...)") + ", sem o branco");
       return;
     }
@@ -67,15 +70,17 @@ class RoutineCheck {
     constexpr std::array kTypes = {"String", "Inteiro", "Decimal"};
     for (const Tokens part : SplitAtCommas(routine_.parameterTokens)) {
       if (part.size() < 2 || !part[0].IsName()) {
-        context_.Tell(rule::kRoutineHead, part.empty() ? Tokens(routine_.token, 1) : part, "falta o tipo deste parâmetro",
-                      "escreva o nome e o tipo: a Inteiro");
+        context_.Tell(rule::kRoutineHead, part.empty() ? Tokens(routine_.token, 1) : part,
+                      "falta o tipo deste parâmetro", "escreva o nome e o tipo: a Inteiro");
         return;
       }
       if (std::find(kTypes.begin(), kTypes.end(), part[1].text) == kTypes.end()) {
         Nearest nearest(part[1].text);
         for (const char* type : kTypes) nearest.Show(type);
-        context_.Tell(rule::kUnknownType, part[1], "não há tipo " + Shown(part[1].text) + " para um parâmetro",
-                      nearest.found().empty() ? "os tipos são String, Inteiro e Decimal" : "você quis dizer " + Shown(nearest.found()) + "?");
+        context_.Tell(rule::kUnknownType, part[1],
+                      "não há tipo " + Shown(part[1].text) + " para um parâmetro",
+                      nearest.found().empty() ? "os tipos são String, Inteiro e Decimal"
+                                              : "você quis dizer " + Shown(nearest.found()) + "?");
         return;
       }
     }
@@ -90,8 +95,10 @@ class RoutineCheck {
       const Token& type = TokensAt(routine_.begin).back();
       Nearest nearest(type.text);
       for (const char* known : {"Numero", "String", "Inteiro"}) nearest.Show(known);
-      context_.Tell(rule::kUnknownType, type, "não há tipo " + Shown(type.text) + " para o resultado de uma função",
-                    nearest.found().empty() ? "use Numero ou String" : "você quis dizer " + Shown(nearest.found()) + "?");
+      context_.Tell(rule::kUnknownType, type,
+                    "não há tipo " + Shown(type.text) + " para o resultado de uma função",
+                    nearest.found().empty() ? "use Numero ou String"
+                                            : "você quis dizer " + Shown(nearest.found()) + "?");
       return;
     }
     CheckFraction();
@@ -117,8 +124,10 @@ class RoutineCheck {
       if (FormAt(i) != Form::Retorne || !MayHaveFraction(TokensAt(i).subspan(1))) continue;
       const Tokens head = TokensAt(routine_.begin);
       context_.Tell(rule::kDecimalResult, head.back(),
-                    "o resultado de uma função " + std::string(routine_.resultType) + " perde a vírgula em uma atribuição: 52,5 vira 525",
-                    "escreva o tipo Numero", {{context_.source.SpanOf(TokensAt(i)), "este resultado pode ter fração"}});
+                    "o resultado de uma função " + std::string(routine_.resultType) +
+                        " perde a vírgula em uma atribuição: 52,5 vira 525",
+                    "escreva o tipo Numero",
+                    {{context_.source.SpanOf(TokensAt(i)), "este resultado pode ter fração"}});
       return;
     }
   }
@@ -127,16 +136,18 @@ class RoutineCheck {
     if (routine_.parameterTokens.empty()) {
       const std::string_view timer = routine_.name.substr(routine_.name.find('_') + 1);
       if (IsStarted(Upper(timer))) return;
-      context_.Tell(rule::kTimer, *routine_.token, "o temporizador não tem um tempo, e ninguém o liga",
-                    "ponha o tempo entre os parênteses, em centésimos de segundo, ou ligue-o com Temporizador " +
-                        ToUtf8(timer) + ".Ativa, 10");
+      context_.Tell(
+          rule::kTimer, *routine_.token, "o temporizador não tem um tempo, e ninguém o liga",
+          "ponha o tempo entre os parênteses, em centésimos de segundo, ou ligue-o com Temporizador " +
+              ToUtf8(timer) + ".Ativa, 10");
       return;
     }
     const Tokens value = routine_.parameterTokens;
     const std::int64_t ticks = value.size() == 1 ? IntegerOf(value[0]) : -1;
     if (ticks > 0 && ticks <= kLongestTimer) return;
     context_.Tell(rule::kTimer, value,
-                  ticks == 0 ? "um temporizador de 0 nunca dispara" : "o tempo de um temporizador é um número de 1 a 32767",
+                  ticks == 0 ? "um temporizador de 0 nunca dispara"
+                             : "o tempo de um temporizador é um número de 1 a 32767",
                   "o tempo conta em centésimos de segundo, de 1 a 32767");
   }
 
@@ -144,7 +155,8 @@ class RoutineCheck {
     for (const Editor& editor : context_.names.editors()) {
       for (const Statement& statement : editor.source->statements()) {
         const Tokens tokens = editor.source->TokensOf(statement);
-        if (tokens.size() > 1 && tokens[0].upper == "TEMPORIZADOR" && tokens[1].upper == timer + ".ATIVA") return true;
+        if (tokens.size() > 1 && tokens[0].upper == "TEMPORIZADOR" && tokens[1].upper == timer + ".ATIVA")
+          return true;
       }
     }
     return false;
@@ -168,9 +180,10 @@ class RoutineCheck {
       earlier = i;
     }
     if (!isThere && routine_.isClosed && !routine_.name.empty()) {
-      context_.Tell(rule::kNoReturn, *routine_.token,
-                    "a função " + Shown(routine_.name) + " não tem Retorne: ela dá o resultado de outra, ou nada",
-                    "escreva Retorne e o resultado, ou faça dela uma Sub");
+      context_.Tell(
+          rule::kNoReturn, *routine_.token,
+          "a função " + Shown(routine_.name) + " não tem Retorne: ela dá o resultado de outra, ou nada",
+          "escreva Retorne e o resultado, ou faça dela uma Sub");
     }
   }
 
@@ -224,13 +237,16 @@ void CheckName(Context& context, const RoutineRef& named, std::size_t row) {
   };
   for (std::size_t i = 0; i < row; ++i) {
     const std::string_view other = functions[i].routine->name;
-    if (other == name) return tell("já há uma função " + Shown(name), "dê outro nome a uma das duas", functions[i]);
+    if (other == name)
+      return tell("já há uma função " + Shown(name), "dê outro nome a uma das duas", functions[i]);
     if (other.starts_with(name))
-      return tell("chamar " + Shown(name) + " chama " + Shown(other) + ", que está antes e cujo nome começa igual",
-                  "ponha " + Shown(name) + " antes de " + Shown(other) + ", ou mude um dos nomes", functions[i]);
+      return tell(
+          "chamar " + Shown(name) + " chama " + Shown(other) + ", que está antes e cujo nome começa igual",
+          "ponha " + Shown(name) + " antes de " + Shown(other) + ", ou mude um dos nomes", functions[i]);
     if (name.ends_with(other))
       return tell("chamar " + Shown(name) + " chama " + Shown(other) + ", com que o seu nome termina",
-                  "ponha " + Shown(name) + " antes de " + Shown(other) + ", ou mude um dos nomes", functions[i]);
+                  "ponha " + Shown(name) + " antes de " + Shown(other) + ", ou mude um dos nomes",
+                  functions[i]);
   }
 }
 
@@ -249,13 +265,16 @@ bool Hides(Tokens tokens, const FormedWord& formed, const Killer& killer) {
     if (token.IsLiteral() && Contains(text, std::string(killer.word) + " ")) return true;
     const bool isRelated = i + 1 < tokens.size() && tokens[i + 1].IsRelation();
     const bool hasBlank = (token.blankBehind && i + 1 < tokens.size()) || isRelated;
-    if (token.IsName() && text.ends_with(killer.word) && hasBlank && (i > 0 || text.size() > killer.word.size())) return true;
+    if (token.IsName() && text.ends_with(killer.word) && hasBlank &&
+        (i > 0 || text.size() > killer.word.size()))
+      return true;
   }
   return false;
 }
 
 // The first routine of that kind behind a place; null for none.
-const RoutineRef* FirstBehind(const std::vector<RoutineRef>& routines, std::size_t editor, std::size_t statement) {
+const RoutineRef* FirstBehind(const std::vector<RoutineRef>& routines, std::size_t editor,
+                              std::size_t statement) {
   for (const RoutineRef& row : routines) {
     if (row.editor > editor || (row.editor == editor && row.routine->begin > statement)) return &row;
   }
@@ -272,11 +291,12 @@ void CheckHidden(Context& context, const Killer& killer) {
     if (!Hides(tokens, context.outline.forms[i], killer)) continue;
     const RoutineRef* hidden = FirstBehind(routines, context.source.editor(), i);
     if (hidden == nullptr) return;
-    context.Tell(rule::kHiddenRoutine, tokens,
-                 "as letras " + Shown(std::string(killer.word) + " ") + " desta linha escondem " +
-                     (killer.ofFunctions ? "as funções" : "as sub-rotinas") + " que vêm depois",
-                 "mude o texto ou o nome; escreva, por exemplo, um traço no lugar do branco",
-                 {{context.names.PlaceOf(hidden->editor, *hidden->routine->token), "a primeira que se perde é esta"}});
+    context.Tell(
+        rule::kHiddenRoutine, tokens,
+        "as letras " + Shown(std::string(killer.word) + " ") + " desta linha escondem " +
+            (killer.ofFunctions ? "as funções" : "as sub-rotinas") + " que vêm depois",
+        "mude o texto ou o nome; escreva, por exemplo, um traço no lugar do branco",
+        {{context.names.PlaceOf(hidden->editor, *hidden->routine->token), "a primeira que se perde é esta"}});
     return;
   }
 }
@@ -292,15 +312,16 @@ void CheckRoutines(Context& context, const BlockMap& blocks) {
 void CheckRoutineNames(Context& context) {
   const std::vector<RoutineRef>& functions = context.names.functions();
   for (std::size_t i = 0; i < functions.size(); ++i) {
-    if (functions[i].editor == context.source.editor() && !functions[i].routine->name.empty()) CheckName(context, functions[i], i);
+    if (functions[i].editor == context.source.editor() && !functions[i].routine->name.empty())
+      CheckName(context, functions[i], i);
   }
   const std::vector<RoutineRef>& subs = context.names.subs();
   for (std::size_t i = 0; i < subs.size(); ++i) {
     if (subs[i].editor != context.source.editor()) continue;
     const RoutineRef* first = context.names.FindSub(subs[i].routine->name);
     if (first == &subs[i] || first == nullptr || subs[i].routine->name.empty()) continue;
-    context.Tell(rule::kRoutineNames, *subs[i].routine->token, "já há uma sub-rotina " + Shown(subs[i].routine->name),
-                 "dê outro nome a uma das duas",
+    context.Tell(rule::kRoutineNames, *subs[i].routine->token,
+                 "já há uma sub-rotina " + Shown(subs[i].routine->name), "dê outro nome a uma das duas",
                  {{context.names.PlaceOf(first->editor, *first->routine->token), "a outra é esta"}});
   }
   CheckHidden(context, {"FUNCAO", true, true});

@@ -21,7 +21,8 @@ std::set<std::string> CodesOf(std::string_view comment, bool& isProgram) {
   if (isProgram) text.erase(0, kProgram.size());
   for (std::size_t at = text.find('T'); at != std::string::npos; at = text.find('T', at + 1)) {
     const std::string code = text.substr(at, 5);
-    const bool isCode = code.size() == 5 && std::all_of(code.begin() + 1, code.end(), [](char c) { return c >= '0' && c <= '9'; });
+    const bool isCode = code.size() == 5 && std::all_of(code.begin() + 1, code.end(),
+                                                        [](char c) { return c >= '0' && c <= '9'; });
     if (isCode) codes.insert(code);
   }
   return codes;
@@ -42,8 +43,9 @@ void Silence::Read(const Source& source) {
     }
     std::size_t line = source.SpanOf(piece.begin, 1).line;
     const auto& statements = source.statements();
-    const auto first = std::lower_bound(statements.begin(), statements.end(), line,
-                                        [](const Statement& statement, std::size_t sought) { return statement.line < sought; });
+    const auto first = std::lower_bound(
+        statements.begin(), statements.end(), line,
+        [](const Statement& statement, std::size_t sought) { return statement.line < sought; });
     if (first != statements.end()) line = first->line;
     lines_[{source.editor(), line}].merge(codes);
   }

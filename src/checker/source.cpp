@@ -18,8 +18,7 @@ bool Token::IsOperator() const {
 namespace {
 
 bool IsOpen(const Piece& piece, std::string_view text) {
-  return piece.kind == PieceKind::Literal &&
-         (piece.size == 1 || text[piece.begin + piece.size - 1] != '"');
+  return piece.kind == PieceKind::Literal && (piece.size == 1 || text[piece.begin + piece.size - 1] != '"');
 }
 
 // The scan of a text. A quote that somebody forgot to close is told at its line, and must not change how the
@@ -37,7 +36,8 @@ ScannedText Scan(std::string_view text) {
     ScanState fresh;
     const ScannedText part = ScanStatements(text.substr(begin, end - begin), fresh);
     const std::size_t firstPiece = joined.pieces.size();
-    for (const Piece& piece : part.pieces) joined.pieces.push_back({piece.kind, piece.begin + begin, piece.size});
+    for (const Piece& piece : part.pieces)
+      joined.pieces.push_back({piece.kind, piece.begin + begin, piece.size});
     for (const ScannedStatement& statement : part.statements) {
       joined.statements.push_back({{line + 1, statement.place.column},
                                    statement.firstPiece + firstPiece,
@@ -130,7 +130,8 @@ std::string_view Source::LineText(std::size_t line) const {
 
 Span Source::SpanOf(std::size_t offset, std::size_t size) const {
   const TextPlace place = scan_.PlaceOf(offset);
-  return {.editor = editor_, .line = place.line, .column = place.column, .size = std::max<std::size_t>(size, 1)};
+  return {
+      .editor = editor_, .line = place.line, .column = place.column, .size = std::max<std::size_t>(size, 1)};
 }
 
 Span Source::SpanOf(Tokens tokens) const {

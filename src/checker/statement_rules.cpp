@@ -111,17 +111,20 @@ void CheckDeclaration(Context& context) {
   }
   for (const Tokens item : SplitAtCommas(list)) {
     if (item.empty()) {
-      context.Tell(rule::kBadDeclaration, context.tokens.subspan(0, 1), "há uma vírgula sem variável: as de trás não são declaradas",
+      context.Tell(rule::kBadDeclaration, context.tokens.subspan(0, 1),
+                   "há uma vírgula sem variável: as de trás não são declaradas",
                    "tire a vírgula, ou ponha o nome que falta");
       return;
     }
     if (!item[0].IsName()) {
-      context.Tell(rule::kBadDeclaration, item[0], Shown(item[0].text) + " não pode começar o nome de uma variável",
+      context.Tell(rule::kBadDeclaration, item[0],
+                   Shown(item[0].text) + " não pode começar o nome de uma variável",
                    "um nome começa com uma letra");
       return;
     }
     if (item[0].text.size() > 50) {
-      context.Tell(rule::kBadDeclaration, item[0], "o nome tem mais de 50 letras, e não será encontrado", "encurte o nome");
+      context.Tell(rule::kBadDeclaration, item[0], "o nome tem mais de 50 letras, e não será encontrado",
+                   "encurte o nome");
       return;
     }
     if (item[0].text.starts_with("BD") && context.FindLocal(item[0].text) == nullptr) {
@@ -136,7 +139,8 @@ void CheckDeclaration(Context& context) {
       if (count.size() != 1 || IntegerOf(count[0]) <= 0) {
         context.Tell(rule::kBadDeclaration, count.empty() ? item.subspan(0, 1) : count,
                      "o número de elementos de um vetor é um número escrito por extenso na declaração",
-                     "escreva o número, como em Var " + ToUtf8(item[0].text) + "(10) Inteiro; um vetor tem uma dimensão só");
+                     "escreva o número, como em Var " + ToUtf8(item[0].text) +
+                         "(10) Inteiro; um vetor tem uma dimensão só");
         return;
       }
       next = close + 1;
@@ -146,9 +150,10 @@ void CheckDeclaration(Context& context) {
     constexpr std::array kTypes = {"String", "Inteiro", "Decimal"};
     const bool isKnown = std::find(kTypes.begin(), kTypes.end(), type.text) != kTypes.end();
     if (type.Is('=') || type.Is(':')) {
-      context.Tell(rule::kBadDeclaration, type,
-                   type.Is('=') ? "Var não dá um valor à variável" : "entre o nome e o tipo fica um branco só",
-                   type.Is('=') ? "declare primeiro, e dê o valor na linha de baixo" : "escreva Var nome Tipo");
+      context.Tell(
+          rule::kBadDeclaration, type,
+          type.Is('=') ? "Var não dá um valor à variável" : "entre o nome e o tipo fica um branco só",
+          type.Is('=') ? "declare primeiro, e dê o valor na linha de baixo" : "escreva Var nome Tipo");
       return;
     }
     if (!isKnown) {
@@ -157,15 +162,19 @@ void CheckDeclaration(Context& context) {
       const std::string folded = Folded(type.text);
       std::string advice = "os tipos são String, Inteiro e Decimal";
       if (!nearest.found().empty()) advice = "você quis dizer " + Shown(nearest.found()) + "?";
-      if (folded == "REAL" || folded == "NUMERO" || folded == "FLOAT" || folded == "DOUBLE" || folded == "MOEDA")
+      if (folded == "REAL" || folded == "NUMERO" || folded == "FLOAT" || folded == "DOUBLE" ||
+          folded == "MOEDA")
         advice = "use Decimal";
-      if (folded == "INTEGER" || folded == "INT" || folded == "LONG" || folded == "LOGICO") advice = "use Inteiro";
+      if (folded == "INTEGER" || folded == "INT" || folded == "LONG" || folded == "LOGICO")
+        advice = "use Inteiro";
       if (folded == "TEXTO" || folded == "CARACTERE" || folded == "DATA") advice = "use String";
-      context.Tell(rule::kUnknownType, type, "não há tipo " + Shown(type.text) + ": a variável não é declarada", advice);
+      context.Tell(rule::kUnknownType, type,
+                   "não há tipo " + Shown(type.text) + ": a variável não é declarada", advice);
       continue;
     }
     if (next + 1 < item.size()) {
-      context.Tell(rule::kBadDeclaration, item[next + 1], "falta uma vírgula antes de " + Shown(item[next + 1].text),
+      context.Tell(rule::kBadDeclaration, item[next + 1],
+                   "falta uma vírgula antes de " + Shown(item[next + 1].text),
                    "separe as variáveis com vírgulas");
     }
   }
@@ -174,7 +183,8 @@ void CheckDeclaration(Context& context) {
 void CheckReturn(Context& context) {
   const Tokens value = context.tokens.subspan(context.formed.tokens);
   if (context.routine == nullptr || !context.routine->isFunction) {
-    context.Tell(rule::kReturnOutside, context.tokens.subspan(0, 1), "Retorne fora de uma função não faz nada",
+    context.Tell(rule::kReturnOutside, context.tokens.subspan(0, 1),
+                 "Retorne fora de uma função não faz nada",
                  "Retorne dá o resultado de uma Funcao; uma sub-rotina termina no seu FimSub");
     return;
   }
@@ -198,9 +208,11 @@ bool CheckRoutineCall(Context& context) {
                         !tokens[1].blankBefore && tokens[2].Is(')') && !tokens[2].blankBefore;
     if (isWell) return true;
     std::string message = "a sub-rotina se chama com o nome e os parênteses, sem brancos";
-    if (name.text != sub->routine->name) message = "o nome de uma sub-rotina vale só na caixa em que foi escrito";
+    if (name.text != sub->routine->name)
+      message = "o nome de uma sub-rotina vale só na caixa em que foi escrito";
     if (tokens.size() > 3 && tokens[1].Is('(')) message = "uma sub-rotina não recebe valores";
-    if (tokens.size() == 3 && tokens[2].Is(')') && tokens[1].blankBefore) message = "há um branco antes dos parênteses";
+    if (tokens.size() == 3 && tokens[2].Is(')') && tokens[1].blankBefore)
+      message = "há um branco antes dos parênteses";
     context.Tell(rule::kSubCall, tokens, message,
                  tokens.size() > 3 && tokens[1].Is('(')
                      ? "ponha os valores em variáveis antes da chamada, ou faça dela uma Funcao"
@@ -209,9 +221,10 @@ bool CheckRoutineCall(Context& context) {
     return true;
   }
   if (const RoutineRef* function = context.names.FindFunctionAnyCase(name.upper)) {
-    context.Tell(rule::kFunctionAsCommand, tokens, "uma função não se chama em uma linha própria",
-                 "guarde o seu resultado: x = " + ToUtf8(context.source.TextOf(tokens)) + "; ou faça dela uma Sub",
-                 {{context.names.PlaceOf(function->editor, *function->routine->token), "a função é esta"}});
+    context.Tell(
+        rule::kFunctionAsCommand, tokens, "uma função não se chama em uma linha própria",
+        "guarde o seu resultado: x = " + ToUtf8(context.source.TextOf(tokens)) + "; ou faça dela uma Sub",
+        {{context.names.PlaceOf(function->editor, *function->routine->token), "a função é esta"}});
     return true;
   }
   return false;
@@ -223,7 +236,8 @@ void TellUnknownWord(Context& context) {
   const std::string folded = Folded(word.text);
   for (const ForeignCommand& row : kForeignCommands) {
     if (row.word != folded) continue;
-    context.Tell(rule::kUnknownWord, word, Shown(word.text) + " não é uma palavra da linguagem", std::string(row.advice));
+    context.Tell(rule::kUnknownWord, word, Shown(word.text) + " não é uma palavra da linguagem",
+                 std::string(row.advice));
     return;
   }
   const bool isCall = tokens.size() > 1 && tokens[1].Is('(');
@@ -238,7 +252,8 @@ void TellUnknownWord(Context& context) {
   const bool isSub = !near.empty() && context.names.FindSub(near) != nullptr;
   if (isSub) near += "()";
   std::string advice = "veja a palavra: uma linha começa com um comando, uma variável ou uma sub-rotina";
-  if (isCall && near.empty()) advice = "escreva a sub-rotina: Sub " + ToUtf8(word.text) + "() ... FimSub, ou acerte o nome";
+  if (isCall && near.empty())
+    advice = "escreva a sub-rotina: Sub " + ToUtf8(word.text) + "() ... FimSub, ou acerte o nome";
   if (!near.empty()) advice = "você quis dizer " + Shown(near) + "?";
   context.Tell(rule::kUnknownWord, word, "não conheço a palavra " + Shown(word.text), advice);
 }
@@ -255,7 +270,8 @@ void TellNoWord(Context& context) {
 bool TakesBlockWord(Context& context, const Token& name) {
   for (const std::string_view word : {"CasoContrario", "FimSe", "Repita", "Enquanto"}) {
     if (!name.text.starts_with(word)) continue;
-    context.Tell(rule::kHiddenWord, name, "um nome que começa com " + Shown(word) + " é tomado pela palavra de bloco",
+    context.Tell(rule::kHiddenWord, name,
+                 "um nome que começa com " + Shown(word) + " é tomado pela palavra de bloco",
                  "mude o começo do nome");
     return true;
   }
@@ -268,23 +284,29 @@ void CheckOther(Context& context) {
   if (!word.IsName()) return TellNoWord(context);
   if (IsAssignment(tokens)) return CheckAssignment(context);
   if (tokens.size() > 2 && tokens[1].Is('=') && tokens[2].Is('=')) {
-    context.Tell(rule::kForeignSign, tokens.subspan(1, 2), "a atribuição se escreve com um só =", "escreva \"=\"");
+    context.Tell(rule::kForeignSign, tokens.subspan(1, 2),
+                 "a atribuição se escreve com um só =", "escreva \"=\"");
     return;
   }
-  if (tokens.size() > 2 && (tokens[1].Is(':') || tokens[1].Is('*') || tokens[1].Is('/')) && tokens[2].Is('=')) {
+  if (tokens.size() > 2 && (tokens[1].Is(':') || tokens[1].Is('*') || tokens[1].Is('/')) &&
+      tokens[2].Is('=')) {
     context.Tell(rule::kForeignSign, tokens.subspan(1, 2),
                  "a linguagem não tem " + Shown(context.source.TextOf(tokens.subspan(1, 2))),
-                 tokens[1].Is(':') ? "escreva \"=\"" : "escreva a conta inteira: x = x " + std::string(tokens[1].text) + " ...");
+                 tokens[1].Is(':')
+                     ? "escreva \"=\""
+                     : "escreva a conta inteira: x = x " + std::string(tokens[1].text) + " ...");
     return;
   }
   if (TakesBlockWord(context, word)) return;
   if (CheckRoutineCall(context)) return;
-  const bool isVariable = context.names.FindVariable(word.upper) != nullptr || context.FindLocal(word.text) != nullptr;
+  const bool isVariable =
+      context.names.FindVariable(word.upper) != nullptr || context.FindLocal(word.text) != nullptr;
   const Word* known = FindWord(word.text);
   if (isVariable) {
     if (known != nullptr && known->role != Role::Value) return;  // told where the variable is declared
     context.Tell(rule::kExpressionShape, tokens, "falta o que fazer com a variável " + Shown(word.text),
-                 "para lhe dar um valor: " + ToUtf8(word.text) + " = ...; para a mostrar: Escreva " + ToUtf8(word.text));
+                 "para lhe dar um valor: " + ToUtf8(word.text) + " = ...; para a mostrar: Escreva " +
+                     ToUtf8(word.text));
     return;
   }
   if (known != nullptr && known->role != Role::Block) return CheckCommand(context, *known);
@@ -297,7 +319,8 @@ void CheckOther(Context& context) {
 
 void CheckStatement(Context& context) {
   TellSpelling(context);
-  const Tokens rest = context.tokens.subspan(std::min<std::size_t>(context.formed.tokens, context.tokens.size()));
+  const Tokens rest =
+      context.tokens.subspan(std::min<std::size_t>(context.formed.tokens, context.tokens.size()));
   switch (context.formed.form) {
     case Form::Other:
       return CheckOther(context);
@@ -305,7 +328,8 @@ void CheckStatement(Context& context) {
       return CheckDeclaration(context);
     case Form::Se:
     case Form::Enquanto: {
-      const bool isTold = context.formed.spelling == Spelling::NoBlank || context.formed.spelling == Spelling::Foreign;
+      const bool isTold =
+          context.formed.spelling == Spelling::NoBlank || context.formed.spelling == Spelling::Foreign;
       if (!isTold) CheckCondition(context, rest);
       return;
     }

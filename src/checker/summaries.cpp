@@ -10,10 +10,12 @@ namespace tessera::check {
 namespace {
 
 constexpr std::array<std::string_view, 14> kYielding = {
-    "AGUARDE",  "ESCREVA",     "ADICIONAREGISTRO", "ATUALIZAREGISTRO", "EXCLUIREGISTRO",  "LEREGISTRO", "MENSAGEM",
-    "ENTRATEXTO", "CAIXADIALOGO", "NOVAJANELA",    "WEBCAM",           "MUDAPAPEL", "BAIXAARQUIVOFTP", "POEARQUIVOFTP"};
+    "AGUARDE",    "ESCREVA",   "ADICIONAREGISTRO", "ATUALIZAREGISTRO", "EXCLUIREGISTRO",
+    "LEREGISTRO", "MENSAGEM",  "ENTRATEXTO",       "CAIXADIALOGO",     "NOVAJANELA",
+    "WEBCAM",     "MUDAPAPEL", "BAIXAARQUIVOFTP",  "POEARQUIVOFTP"};
 
-constexpr std::array<std::string_view, 6> kWriting = {"LEREGISTRO", "SOBREPONHA", "SQL", "ORDEMBD", "API", "CAIXADIALOGO"};
+constexpr std::array<std::string_view, 6> kWriting = {"LEREGISTRO", "SOBREPONHA", "SQL",
+                                                      "ORDEMBD",    "API",        "CAIXADIALOGO"};
 
 template <typename List>
 bool Holds(const List& list, std::string_view word) {

@@ -14,13 +14,15 @@ bool IsUnclosed(const Token& token) {
 
 // Typographic quotes of the code page.
 bool IsCurlyQuote(const Token& token) {
-  return token.kind == TokenKind::Sign && token.text.size() == 1 && token.text[0] >= '\x91' && token.text[0] <= '\x94';
+  return token.kind == TokenKind::Sign && token.text.size() == 1 && token.text[0] >= '\x91' &&
+         token.text[0] <= '\x94';
 }
 
 bool CheckQuotes(Context& context) {
   for (const Token& token : context.tokens) {
     if (IsCurlyQuote(token)) {
-      context.Tell(rule::kForeignSign, token, "as aspas inclinadas de um editor de textos não são aspas do programa",
+      context.Tell(rule::kForeignSign, token,
+                   "as aspas inclinadas de um editor de textos não são aspas do programa",
                    "escreva aspas retas: \"");
       return false;
     }
@@ -36,7 +38,8 @@ bool CheckParens(Context& context) {
   std::vector<const Token*> open;
   for (const Token& token : context.tokens) {
     if (token.Is('[') || token.Is(']')) {
-      context.Tell(rule::kBracket, token, "a linguagem não tem colchetes: o índice de um vetor fica entre parênteses",
+      context.Tell(rule::kBracket, token,
+                   "a linguagem não tem colchetes: o índice de um vetor fica entre parênteses",
                    "escreva v(0) no lugar de v[0]");
       return false;
     }
@@ -44,14 +47,16 @@ bool CheckParens(Context& context) {
     if (!token.Is(')')) continue;
     if (open.empty()) {
       context.Tell(rule::kUnpairedParen, token, "este parêntese fecha sem que outro tenha aberto",
-                   "tire-o, ou ponha o que falta", {{context.source.SpanOf(context.tokens[0]), "a instrução começa aqui"}});
+                   "tire-o, ou ponha o que falta",
+                   {{context.source.SpanOf(context.tokens[0]), "a instrução começa aqui"}});
       return false;
     }
     open.pop_back();
   }
   if (open.empty()) return true;
   const bool isCondition = context.formed.form == Form::Se || context.formed.form == Form::Enquanto;
-  if (isCondition && open.back() == &context.tokens[context.formed.tokens]) return true;  // told with the condition
+  if (isCondition && open.back() == &context.tokens[context.formed.tokens])
+    return true;  // told with the condition
   context.Tell(rule::kUnpairedParen, *open.back(), "este parêntese abre e ninguém fecha",
                "ponha \")\" onde ele termina",
                {{context.source.SpanOf(context.tokens.back()), "a instrução termina aqui"}});
@@ -93,13 +98,15 @@ void CheckHiddenWords(Context& context) {
     if (!token.IsLiteral()) continue;
     for (const std::string_view step : {"+ = ", " + =", "- = ", " - ="}) {
       if (!Contains(token.text, step)) continue;
-      context.Tell(rule::kHiddenWord, token, "dentro deste texto está " + Shown(step) + ": a linha é tomada por uma soma",
+      context.Tell(rule::kHiddenWord, token,
+                   "dentro deste texto está " + Shown(step) + ": a linha é tomada por uma soma",
                    "tire os brancos de dentro dele");
       return;
     }
     for (const std::string_view word : {"FIMSE[", "SE[", "REPITA[", "ENQUANTO["}) {
       if (!Contains(token.upper, word)) continue;
-      context.Tell(rule::kCountedText, token, "o texto " + Shown(word) + " é contado como palavra de bloco, e o programa não começa",
+      context.Tell(rule::kCountedText, token,
+                   "o texto " + Shown(word) + " é contado como palavra de bloco, e o programa não começa",
                    "ponha um branco antes do colchete");
       return;
     }
@@ -114,10 +121,11 @@ void CheckTextParens(Context& context) {
     const bool losesLast = token.text.ends_with(")\"");
     if (!losesFirst && !losesLast) continue;
     context.Tell(rule::kTextParen, token,
-                 std::string("um texto perde ") +
-                     (losesFirst && losesLast ? "os parênteses das suas pontas" : losesFirst ? "o parêntese em que começa"
-                                                                                            : "o parêntese em que termina"),
-                 losesLast ? "ponha um branco ou um ponto atrás do último parêntese" : "ponha um branco antes do primeiro parêntese");
+                 std::string("um texto perde ") + (losesFirst && losesLast ? "os parênteses das suas pontas"
+                                                   : losesFirst            ? "o parêntese em que começa"
+                                                                           : "o parêntese em que termina"),
+                 losesLast ? "ponha um branco ou um ponto atrás do último parêntese"
+                           : "ponha um branco antes do primeiro parêntese");
     return;
   }
 }
@@ -133,10 +141,11 @@ void CheckParametersInTexts(Context& context) {
         const char before = CharAt(token.text, at - 1);
         const char behind = CharAt(token.text, at + local.name.size());
         if ((before != ' ' && before != '(') || (behind != ' ' && behind != ',' && behind != ')')) continue;
-        context.Tell(rule::kParameterInText, context.source.SpanOf(token.offset + at - 1, local.name.size()),
-                     "a palavra " + Shown(local.name) + " deste texto é tomada pelo nome do parâmetro, e sai trocada",
-                     "mude o nome do parâmetro: acrescente a ele uma letra ou um número",
-                     {{context.source.SpanOf(*local.token), "o nome foi declarado aqui"}});
+        context.Tell(
+            rule::kParameterInText, context.source.SpanOf(token.offset + at - 1, local.name.size()),
+            "a palavra " + Shown(local.name) + " deste texto é tomada pelo nome do parâmetro, e sai trocada",
+            "mude o nome do parâmetro: acrescente a ele uma letra ou um número",
+            {{context.source.SpanOf(*local.token), "o nome foi declarado aqui"}});
         return;
       }
     }
@@ -164,10 +173,12 @@ void CheckTabs(Context& context) {
   if (first == nullptr) return;
   const std::string_view line = context.source.LineText(first->line);
   const std::size_t column = line.find('\t');
-  const Span place{context.source.editor(), first->line, column == std::string_view::npos ? 1 : column + 1, 1};
+  const Span place{context.source.editor(), first->line, column == std::string_view::npos ? 1 : column + 1,
+                   1};
   context.Tell(rule::kTab, place,
                lines == 1 ? "uma tabulação esconde a palavra atrás dela"
-                          : "uma tabulação esconde a palavra atrás dela, aqui e em mais " + std::to_string(lines - 1) + " linhas",
+                          : "uma tabulação esconde a palavra atrás dela, aqui e em mais " +
+                                std::to_string(lines - 1) + " linhas",
                "recue as linhas com brancos; um editor de textos troca as tabulações de uma vez");
 }
 

@@ -1,5 +1,5 @@
-// Rules on a statement's bare text: quotes, parentheses, signs, and words that the language finds inside texts
-// and names.
+// Rules on a statement's bare text: quotes, parentheses, signs, and words that the language finds inside
+// texts and names.
 #pragma once
 
 #include "checker/context.h"

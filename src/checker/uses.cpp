@@ -6,7 +6,8 @@ Uses ReadUses(const Source& source, const Outline& outline) {
   Uses uses;
   for (std::size_t i = 0; i < source.statements().size(); ++i) {
     const Form form = outline.forms[i].form;
-    if (form == Form::Declaration || form == Form::Funcao || form == Form::Sub || form == Form::BdField) continue;
+    if (form == Form::Declaration || form == Form::Funcao || form == Form::Sub || form == Form::BdField)
+      continue;
     Tokens tokens = source.TokensOf(source.statements()[i]);
     const Token* target = nullptr;
     if (form == Form::Other && IsAssignment(tokens)) {

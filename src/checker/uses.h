@@ -1,4 +1,5 @@
-// Where an editor's names are read and written, whatever they turn out to be. Made of the editor's text alone.
+// Where an editor's names are read and written, whatever they turn out to be. Made of the editor's text
+// alone.
 #pragma once
 
 #include <string>

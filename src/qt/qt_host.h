@@ -47,8 +47,8 @@ class QtHost final : public Display, public Dialogs, public EventDispatch {
   void TellAbandonedRun(std::string_view position, std::string_view description) override;
   void ServeEvents() override;
 
-  // Tells places of the program on stderr: `placeOf` gives the "file:line" that a text speaks of. An abandoned run
-  // is told there, and, with `boxesToo`, the places that boxes name.
+  // Tells places of the program on stderr: `placeOf` gives the "file:line" that a text speaks of. An
+  // abandoned run is told there, and, with `boxesToo`, the places that boxes name.
   void TellPlaces(std::function<std::string(std::string_view)> placeOf, bool boxesToo);
 
   BoxAnswer ShowBox(const Box& box) override;

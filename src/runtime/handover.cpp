@@ -41,8 +41,12 @@ std::string BecomeRuntime(const std::string& runtime, const ProgramStart& start)
   if (const int error = WriteAll(file, rest)) return SystemReason(error);
   std::string files;
   for (const std::string& path : start.files) files += path + "\n";
-  std::array<std::string, kHandoverArguments> words = {
-      runtime, std::string(kHandoverWord), std::to_string(file), start.folder.string(), ToUtf8(start.commandLine), files};
+  std::array<std::string, kHandoverArguments> words = {runtime,
+                                                       std::string(kHandoverWord),
+                                                       std::to_string(file),
+                                                       start.folder.string(),
+                                                       ToUtf8(start.commandLine),
+                                                       files};
   std::array<char*, kHandoverArguments + 1> arguments{};
   for (std::size_t i = 0; i < words.size(); ++i) arguments[i] = words[i].data();
   execv(runtime.c_str(), arguments.data());

@@ -3,9 +3,9 @@
 #include <algorithm>
 
 #include "text/code_page.h"
-#include "values/eval.h"
 #include "text/number.h"
 #include "text/one_based.h"
+#include "values/eval.h"
 
 namespace tessera {
 
@@ -38,7 +38,8 @@ std::string FilePlace(const std::array<std::string, kEditors>& files, std::strin
   if (line == 0) return {};
   const auto editor = static_cast<std::size_t>(LeadingNumber(Left(rest, line - 1)));
   if (editor >= files.size() || files[editor].empty()) return {};
-  return files[editor] + ":" + std::to_string(static_cast<int>(LeadingNumber(Mid(rest, line + kLineWord.size()))));
+  return files[editor] + ":" +
+         std::to_string(static_cast<int>(LeadingNumber(Mid(rest, line + kLineWord.size()))));
 }
 
 }  // namespace tessera

@@ -24,7 +24,8 @@ struct ProgramStart {
 // a blank in double quotes. A line that is one quoted argument loses its quotes.
 std::string CommandLineOf(const std::vector<std::string>& arguments);
 
-// The "file:line" of a text that holds "Editor: n Linha: m"; empty where it holds none, or the file isn't known.
+// The "file:line" of a text that holds "Editor: n Linha: m"; empty where it holds none, or the file isn't
+// known.
 std::string FilePlace(const std::array<std::string, kEditors>& files, std::string_view text);
 
 // A folder's path as program text, without a final separator.

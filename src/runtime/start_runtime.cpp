@@ -76,13 +76,13 @@ std::string WithWindows(const Restart& restart, Use use) {
 int RunStart(const ProgramStart& start, const Restart& restart) {
   termination::Install(false);
   int status = 0;
-  const std::string noDisplay =
-      WithWindows(restart, [&](QtHost& host) {
-        // A finished program is silent; a program that is being written tells where it failed.
-        if (!start.isFinished)
-          host.TellPlaces([&](std::string_view text) { return FilePlace(start.files, text); }, isatty(STDERR_FILENO) != 0);
-        status = RunProgram(start, host.host(), host);
-      });
+  const std::string noDisplay = WithWindows(restart, [&](QtHost& host) {
+    // A finished program is silent; a program that is being written tells where it failed.
+    if (!start.isFinished)
+      host.TellPlaces([&](std::string_view text) { return FilePlace(start.files, text); },
+                      isatty(STDERR_FILENO) != 0);
+    status = RunProgram(start, host.host(), host);
+  });
   if (noDisplay.empty()) return status;
   Tell(noDisplay + "; o programa roda no terminal");
   return RunOnConsole(start, false);

@@ -1,5 +1,6 @@
-// The checker against programs with one mistake each, and against programs with none: in tests/checker, in the
-// manual, and all that the project itself has. Each mistake is found at its line, by its rule, and told once.
+// The checker against programs with one mistake each, and against programs with none: in tests/checker, in
+// the manual, and all that the project itself has. Each mistake is found at its line, by its rule, and told
+// once.
 #include "checker/check.h"
 
 #include <gtest/gtest.h>
@@ -129,7 +130,8 @@ TEST(Silence, HoldsForALineForTheNextOrForTheProgram) {
   EXPECT_EQ(Check(Editors(wrong + " ' tessera: permite T0306\n")).size(), 0u);
   EXPECT_EQ(Check(Editors("' Tessera: permite t0306, porque sim\n" + wrong + "\n")).size(), 0u);
   EXPECT_EQ(Check(Editors("' tessera: permite T0306\n\n" + plain + wrong + "\n")).size(), 2u);
-  EXPECT_EQ(Check(Editors(wrong + "\n" + plain + "' tessera: permite no programa T0306, T0301\n")).size(), 0u);
+  EXPECT_EQ(Check(Editors(wrong + "\n" + plain + "' tessera: permite no programa T0306, T0301\n")).size(),
+            0u);
   EXPECT_EQ(Check(Editors(wrong + " ' tessera: permite T0301\n")).size(), 1u);
 }
 
