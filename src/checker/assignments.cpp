@@ -51,6 +51,10 @@ bool CheckTarget(Context& context, const Token& name, Tokens index) {
   const Word* command = FindWord(name.text);
   std::string advice = near.empty() ? "declare-a antes: Var " + ToUtf8(name.text) + " Tipo" : near;
   if (command != nullptr) advice = Shown(command->name) + " é um comando: dê outro nome à variável";
+  const Word* prefix = FindWord(Left(name.text, std::min(name.text.find('.'), name.text.size())));
+  if (Contains(name.text, ".") && prefix != nullptr && !prefix->more.keywords.empty())
+    advice = "entre o comando e a sua palavra fica um branco: " + std::string(prefix->name) + " " +
+             ToUtf8(name.text.substr(name.text.find('.') + 1)) + " = ...";
   if (Contains(name.text, ".")) {
     const std::string object(Left(name.text, name.text.find('.')));
     const std::span<const ObjectRef> made = context.names.FindObjects(Upper(object));

@@ -1,6 +1,7 @@
 #include "checker/calls.h"
 
 #include <algorithm>
+#include <array>
 
 #include "checker/commands.h"
 #include "checker/near.h"
@@ -174,11 +175,48 @@ Type CheckUserCall(Context& context, const Token& name, Tokens list, const Routi
   return TypeOf(routine.resultType);
 }
 
+// Functions that other languages have, and what does the same here.
+struct ForeignFunction {
+  std::string_view word;
+  std::string_view advice;
+};
+
+constexpr std::array kForeignFunctions = std::to_array<ForeignFunction>({
+    {"ABS", "use ValorAbsoluto(x)"},
+    {"INT", "use ParteInteira(x)"},
+    {"LEN", "use Comprimento(texto)"},
+    {"MID", "use Separe(texto, 1, 3)"},
+    {"LEFT", "use Separe(texto, 1, 3)"},
+    {"RIGHT", "use Separe(texto, início)"},
+    {"SQRT", "use RaizQuadrada(x)"},
+    {"RAIZ", "use RaizQuadrada(x)"},
+    {"ROUND", "use Arredonda(x, 2)"},
+    {"POTENCIA", "escreva a ^ b"},
+    {"POW", "escreva a ^ b"},
+    {"RANDOM", "use Aleatorio(limite)"},
+    {"RND", "use Aleatorio(limite)"},
+    {"VAL", "use ValStr(texto)"},
+    {"STR", "use ConvStr(x)"},
+    {"CHR", "use Car(código)"},
+    {"TRIM", "use Apara(texto)"},
+    {"TAMANHO", "use Comprimento(texto)"},
+    {"INSTR", "use PosIni(texto, procurado)"},
+    {"FORMAT", "use Formata(x, \"0.00\")"},
+    {"HOJE", "use Data()"},
+    {"MOD", "o resto da divisão se escreve %: 7 % 2"},
+});
+
 void TellUnknownFunction(Context& context, const Token& name) {
   if (const RoutineRef* sub = context.names.FindSubAnyCase(name.upper)) {
     context.Tell(rule::kSubCall, name, Shown(name.text) + " é uma sub-rotina, e não dá um valor",
                  "chame-a em uma linha própria, ou faça dela uma função com Funcao e Retorne",
                  {{context.names.PlaceOf(sub->editor, *sub->routine->token), "a sub-rotina é esta"}});
+    return;
+  }
+  for (const ForeignFunction& row : kForeignFunctions) {
+    if (row.word != name.upper) continue;
+    context.Tell(rule::kUnknownFunction, name, "não há função com o nome " + Shown(name.text),
+                 std::string(row.advice));
     return;
   }
   Nearest nearest(name.text);
@@ -245,7 +283,7 @@ void CheckArguments(Context& context, const Word& word, const Signature& signatu
                  "faltam valores a " + Shown(word.name) + ": leva " +
                      (signature.IsList() || least != signature.size() ? "ao menos " : "") + Counted(least) +
                      ", e recebe " + std::to_string(arguments.size()),
-                 "escreva " + Shown(std::string(word.name) + " " + ShownSignature(signature)));
+                 "escreva " + Quoted(std::string(word.name) + " " + ShownSignature(signature)));
     return;
   }
   if (!signature.IsList() && arguments.size() > signature.size()) {
@@ -295,14 +333,14 @@ void CheckArgument(Context& context, const Word& word, const Argument& argument,
         if (tokens[0].IsName() && TypeOfName(context, tokens[0]) == Type::Text)
           return CheckLocalName(context, tokens[0]);
         context.Tell(rule::kUnknownKeyword, tokens[0],
-                     Shown(Bare(tokens[0])) + " não é uma palavra para " + Shown(argument.name) + " de " +
+                     Shown(Bare(tokens[0])) + " não é uma palavra para " + Quoted(argument.name) + " de " +
                          Shown(word.name),
                      NearKeyword(argument.words, Bare(tokens[0])));
         return;
       }
       if (tokens.size() == 1 && tokens[0].IsNumber()) {
         context.Tell(rule::kUnknownKeyword, tokens[0],
-                     Shown(argument.name) + " de " + Shown(word.name) + " não é um número",
+                     Quoted(argument.name) + " de " + Shown(word.name) + " não é um número",
                      NearKeyword(argument.words, ""));
         return;
       }
@@ -320,10 +358,10 @@ void CheckArgument(Context& context, const Word& word, const Argument& argument,
     case Kind::Number:
       if (IsNoNumber(tokens) && !IsSpokenWord(sought, Upper(Bare(tokens[0])))) {
         context.Tell(rule::kWrongKind, tokens,
-                     Shown(argument.name) + " de " + Shown(word.name) + " é um número, e recebe o texto " +
+                     Quoted(argument.name) + " de " + Shown(word.name) + " é um número, e recebe o texto " +
                          Shown(Bare(tokens[0])),
                      "ponha um número; a ordem é " +
-                         Shown(std::string(word.name) + " " + ShownSignature(word.arguments)));
+                         Quoted(std::string(word.name) + " " + ShownSignature(word.arguments)));
         return;
       }
       CheckComputed(context, tokens, sought);
@@ -337,7 +375,7 @@ void CheckArgument(Context& context, const Word& word, const Argument& argument,
           });
       if (isSum && argument.kind == Kind::Text) {
         context.Tell(rule::kWrongKind, tokens,
-                     Shown(argument.name) + " de " + Shown(word.name) + " é um texto, que não é calculado",
+                     Quoted(argument.name) + " de " + Shown(word.name) + " é um texto, que não é calculado",
                      "guarde antes o resultado da conta em uma variável");
         return;
       }

@@ -16,6 +16,11 @@ inline std::string Shown(std::string_view text) {
   return "\"" + ToUtf8(text) + "\"";
 }
 
+// A text of ours, which is UTF-8 already, in double quotes.
+inline std::string Quoted(std::string_view utf8) {
+  return "\"" + std::string(utf8) + "\"";
+}
+
 class Rehearsal;
 
 struct Context {

@@ -6,6 +6,7 @@
 #include "checker/near.h"
 #include "checker/reading.h"
 #include "language/words.h"
+#include "text/number.h"
 #include "text/one_based.h"
 
 namespace tessera::check {
@@ -44,7 +45,9 @@ class ExpressionReader {
       const Token& last = tokens_[i + 2];
       const bool touch = first.IsNumber() && last.IsNumber() && !sign.blankBefore && !last.blankBefore;
       if (!touch) continue;
-      const std::string whole = std::string(first.text) + "." + std::string(last.text);
+      std::string whole(first.text);
+      std::erase(whole, '.');
+      whole += "." + std::string(last.text);
       if (sign.Is(',') && sought_.place != Place::Argument) {
         context_.Tell(
             rule::kDecimalComma, tokens_.subspan(i, 3),
@@ -164,6 +167,9 @@ class ExpressionReader {
       type = Type::Text;
     } else if (token.IsNumber()) {
       type = Type::Number;
+      const bool isDivisor = at_ > 0 && (tokens_[at_ - 1].Is('/') || tokens_[at_ - 1].Is('%'));
+      if (isDivisor && token.text == "0")
+        return Break(token, "uma divisão por zero", "divida por outro número");
     } else {
       type = TakeName(token);
     }
@@ -220,6 +226,10 @@ class ExpressionReader {
 
   void TellMissingOperator(const Token& token) {
     const Token& before = tokens_[at_ - 1];
+    if (!context_.findings.empty() && context_.findings.back().span == context_.source.SpanOf(before)) {
+      isBroken_ = true;  // what stands before was told already
+      return;
+    }
     const std::string folded = Folded(token.text);
     if (folded == "MOD" || folded == "DIV" || folded == "AND" || folded == "OR" || folded == "XOR") {
       context_.Tell(rule::kForeignSign, token, "a linguagem não tem o operador " + Shown(token.text),
@@ -268,11 +278,21 @@ class ExpressionReader {
           "guarde-o antes em uma variável: texto = " + std::string(word->name) + "(...)");
       return;
     }
+    if (text.IsName() && word != nullptr) {
+      context_.Tell(rule::kTextInSum, text, Shown(word->name) + " dá um texto, que não entra em uma conta",
+                    "guarde antes o resultado em uma variável de números, e faça a conta com ela");
+      return;
+    }
     const auto plus =
         std::find_if(tokens_.begin(), tokens_.end(), [](const Token& t) { return t.IsOperator(); });
     const Token& sign = plus == tokens_.end() ? text : *plus;
     if (sign.Is('+') && sought_.place != Place::RightSide) return TellJoin(sign);
     const bool isJoin = sign.Is('+');
+    if (text.IsLiteral() && WholeNumber(Bare(text)).has_value() && sought_.target != Type::Text) {
+      context_.Tell(rule::kTextInSum, text, "um número entre aspas é um texto, e não entra em uma conta",
+                    "tire as aspas");
+      return;
+    }
     context_.Tell(rule::kTextInSum, sign,
                   isJoin ? "+ soma números, e não junta textos" : "um texto não entra em uma conta",
                   isJoin ? "para juntar textos, use & entre brancos"

@@ -156,9 +156,43 @@ class LoopCheck {
       return;
     }
     if (!isEndless && !body_.leaves && !body_.writesAnything) CheckCondition(condition, head);
+    CheckIndex(condition, head);
   }
 
  private:
+  // A loop that counts beyond the elements of an array that it indexes.
+  void CheckIndex(Tokens condition, Tokens head) {
+    if (condition.size() != 3 || !condition[0].IsName() || !condition[2].IsNumber()) return;
+    const bool isUpTo = condition[1].text == "<=";
+    if (!isUpTo && !condition[1].Is('<')) return;
+    const std::int64_t highest = IntegerOf(condition[2]) - (isUpTo ? 0 : 1);
+    for (std::size_t i = block_.open + 1; i < block_.close; ++i) {
+      const Tokens tokens = TokensAt(context_, i);
+      for (std::size_t k = 0; k + 3 < tokens.size(); ++k) {
+        const bool isElement = tokens[k].IsName() && tokens[k + 1].Is('(') && tokens[k + 2].IsName() &&
+                               tokens[k + 2].upper == condition[0].upper && tokens[k + 3].Is(')');
+        if (isElement && TellElement(tokens.subspan(k, 4), highest, head)) return;
+      }
+      // From here on it counts otherwise.
+      if (IsAssignment(tokens) && tokens[0].upper == condition[0].upper) return;
+    }
+  }
+
+  bool TellElement(Tokens element, std::int64_t highest, Tokens head) {
+    const Variable* array = context_.names.FindVariable(element[0].upper);
+    if (array == nullptr || !array->isArray || array->origin != Origin::Declared || array->count < 0 ||
+        highest < array->count)
+      return false;
+    const std::string count = std::to_string(array->count);
+    context_.Tell(rule::kIndexBeyond, element,
+                  "os elementos de " + Shown(array->name) + " vão de 0 a " +
+                      std::to_string(array->count - 1) + ", e o laço conta até " + std::to_string(highest),
+                  "pare o laço em < " + count + ", ou declare mais elementos",
+                  {{context_.source.SpanOf(head), "o laço é este"},
+                   {context_.names.PlaceOf(array->editor, *array->token), "declarada aqui"}});
+    return true;
+  }
+
   // A condition of variables alone, of which none changes.
   void CheckCondition(Tokens condition, Tokens head) {
     const Token* first = nullptr;

@@ -6,6 +6,7 @@
 #include <set>
 
 #include "checker/near.h"
+#include "language/types.h"
 #include "language/words.h"
 #include "text/one_based.h"
 
@@ -58,6 +59,8 @@ void CheckHiding(Context& context, const Variable& variable) {
 }
 
 void CheckRead(Context& context, const Variable& variable, const std::vector<const Uses*>& uses) {
+  if (variable.type != kTypeString && variable.type != kTypeInteiro && variable.type != kTypeDecimal)
+    return;  // told there
   const std::string upper = Upper(variable.name);
   Use sum;
   for (const Uses* editor : uses) {

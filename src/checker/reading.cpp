@@ -34,6 +34,10 @@ bool IsStockName(std::string_view upper) {
   return upper.starts_with("FIG") || upper.starts_with("IMG") || upper.starts_with("GIF");
 }
 
+bool IsTruth(const Token& name) {
+  return name.upper == "TRUE" || name.upper == "FALSE" || name.upper == "VERDADEIRO" || name.upper == "FALSO";
+}
+
 // A file's name that somebody wrote without quotes, and that the language takes as it stands.
 bool IsBareFile(const Context& context, const Token& name, const Sought& sought) {
   if (sought.kind != Kind::Path && sought.kind != Kind::Text) return false;
@@ -159,7 +163,9 @@ Type ReadName(Context& context, const Token& name, const Sought& sought, bool is
     }
     return TypeOf(variable->type);
   }
-  if (const Word* word = FindWord(name.text); word != nullptr && word->role == Role::Value) {
+  if (const Word* word = FindWord(name.text);
+      word != nullptr &&
+      (word->role == Role::Value || (word->role == Role::Both && word->more.suffixes.empty()))) {
     if (IsSpokenWord(sought, name.upper) || IsNameOfAThing(sought)) return Type::Unknown;
     context.Tell(rule::kFunctionParens, name,
                  "a função " + Shown(word->name) + " está sem os seus parênteses",
@@ -185,7 +191,9 @@ Type ReadName(Context& context, const Token& name, const Sought& sought, bool is
   const std::string near = NearVariable(context, name.text);
   context.Tell(rule::kUndeclared, name,
                ColourOrVariable(sought) + " " + Shown(name.text) + " não foi declarada",
-               near.empty() ? "declare-a com Var, ou ponha o texto entre aspas" : near);
+               IsTruth(name)  ? "não há valores lógicos: compare com 1 e 0, ou com \"SIM\" e \"NAO\""
+               : near.empty() ? "declare-a com Var, ou ponha o texto entre aspas"
+                              : near);
   return Type::Unknown;
 }
 

@@ -156,6 +156,12 @@ void CheckDeclaration(Context& context) {
           type.Is('=') ? "declare primeiro, e dê o valor na linha de baixo" : "escreva Var nome Tipo");
       return;
     }
+    if (!isKnown && next + 1 < item.size() &&
+        std::find(kTypes.begin(), kTypes.end(), item[next + 1].text) != kTypes.end()) {
+      context.Tell(rule::kBadDeclaration, item.subspan(0, next + 1), "o nome de uma variável não tem brancos",
+                   "escreva o nome em uma palavra só, ou ponha a vírgula que falta");
+      continue;
+    }
     if (!isKnown) {
       Nearest nearest(type.text);
       for (const char* known : kTypes) nearest.Show(known);
@@ -190,6 +196,11 @@ void CheckReturn(Context& context) {
   }
   if (value.empty()) {
     context.Tell(rule::kTooFew, context.tokens, "Retorne sem um valor", "escreva o resultado: Retorne x");
+    return;
+  }
+  if (SplitAtCommas(value).size() > 1 && !value[0].IsNumber()) {
+    context.Tell(rule::kJoinedElsewhere, value, "Retorne dá um valor só: a vírgula fica no meio dele",
+                 "junte antes em uma variável: texto = ... & ...");
     return;
   }
   const std::size_t told = context.findings.size();
@@ -317,8 +328,23 @@ void CheckOther(Context& context) {
 
 }  // namespace
 
+// 'texto' in the quotes of another language is a comment here.
+bool TellCommentAsText(Context& context) {
+  if (context.formed.form != Form::Other) return false;
+  const Span last = context.source.SpanOf(context.tokens.back());
+  const std::string_view line = context.source.LineText(last.line);
+  const std::string_view rest = Trim(line.substr(std::min(last.column - 1 + last.size, line.size())));
+  const bool isQuoted = rest.size() > 2 && rest.front() == '\'' && rest.back() == '\'' && rest[1] != ' ';
+  if (!isQuoted) return false;
+  context.Tell(rule::kUnclosedText,
+               Span{context.source.editor(), last.line, line.rfind(rest) + 1, rest.size()},
+               "o apóstrofo começa um comentário, e não um texto", "ponha o texto entre aspas: \"...\"");
+  return true;
+}
+
 void CheckStatement(Context& context) {
   TellSpelling(context);
+  if (TellCommentAsText(context)) return;
   const Tokens rest =
       context.tokens.subspan(std::min<std::size_t>(context.formed.tokens, context.tokens.size()));
   switch (context.formed.form) {
