@@ -222,7 +222,7 @@ FormedWord ReadForm(Tokens tokens) {
       return {row->form, Spelling::NoBlank, 1};
     return {row->form, Spelling::Right, 1};
   }
-  if (IsAssignment(tokens) && word.upper != "PARA" && word.upper != "FOR") return {};
+  if (IsAssignment(tokens)) return {};
   if (const auto split = ReadSplit(tokens)) return *split;
   const std::string folded = Folded(word.text);
   if (folded != word.upper) {

@@ -121,6 +121,9 @@ std::vector<FileUse> FileUses(const Names& names, bool& isKnown) {
   return uses;
 }
 
+constexpr std::size_t kLongestStoredName = 20;  // the file's place of 25 bytes, less the codec's 5
+constexpr std::int64_t kLargestField = 32762;   // a width of 16 bits, less the codec's 5
+
 constexpr std::array kFieldTypes = {"String", "Inteiro", "Decimal", "AutoInc"};
 
 void CheckField(Context& context, const DatabaseField& field) {
@@ -144,6 +147,18 @@ void CheckField(Context& context, const DatabaseField& field) {
   if (isText && field.size <= 0 && (parts.size() < 3 || parts[2].size() != 1 || !parts[2][0].IsName())) {
     context.Tell(rule::kDatabaseBlock, line, "um campo String diz quantas letras guarda",
                  "escreva o tamanho: " + ToUtf8(field.name) + ", String, 40");
+    return;
+  }
+  if (field.name.size() > kLongestStoredName) {
+    context.Tell(
+        rule::kFieldTooLong, *field.token,
+        "o nome do campo tem " + std::to_string(field.name.size()) + " letras, e o arquivo guarda 20",
+        "encurte o nome");
+    return;
+  }
+  if (isText && field.size > kLargestField) {
+    context.Tell(rule::kFieldTooLong, parts[2], "um campo deste tamanho não cabe em um registro",
+                 "guarde textos longos em um arquivo próprio");
     return;
   }
   if (field.token->text.starts_with("BD")) {
