@@ -114,7 +114,13 @@ std::vector<Finding> Program::Findings() {
 void Program::TellRefusal(std::vector<Finding>& findings) const {
   if (HasError(findings)) return;
   EditorTexts editors;
-  for (std::size_t i = 0; i < readings_.size(); ++i) editors[i] = readings_[i]->source.text();
+  bool mayBeRefused = false;
+  for (std::size_t i = 0; i < readings_.size(); ++i) {
+    editors[i] = readings_[i]->source.text();
+    // What the rules on blocks don't see has a bracket, or spells a statement's head.
+    mayBeRefused = mayBeRefused || editors[i].find_first_of("[\xA7") != std::string::npos;
+  }
+  if (!mayBeRefused) return;
   const PreparedProgram prepared = PrepareProgram(editors, [](std::string_view) {});
   const std::string_view text = prepared.ProgramText->text();
   if (tessera::CheckBlocks(text).empty()) return;

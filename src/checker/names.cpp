@@ -13,7 +13,7 @@ namespace {
 
 template <typename Map>
 auto* FindIn(const Map& map, std::string_view key) {
-  const auto found = map.find(std::string(key));
+  const auto found = map.find(key);
   return found == map.end() ? nullptr : &found->second;
 }
 

@@ -48,6 +48,12 @@ struct DatabaseRef {
   const Database* database;
 };
 
+// Finds by a view, without a text of its own.
+struct TextHash {
+  using is_transparent = void;
+  std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>()(text); }
+};
+
 class Names {
  public:
   explicit Names(std::vector<Editor> editors);
@@ -80,6 +86,8 @@ class Names {
   }
 
  private:
+  using Rows = std::unordered_map<std::string, std::size_t, TextHash, std::equal_to<>>;
+
   void Add(Variable variable);
   void AddEditor(std::size_t editor);
   void AddCompanions();
@@ -88,16 +96,16 @@ class Names {
   std::vector<Editor> editors_;
   std::vector<Variable> variables_;
   std::vector<Variable> repeated_;
-  std::unordered_map<std::string, std::size_t> byName_;
+  Rows byName_;
   std::vector<RoutineRef> functions_;
   std::vector<RoutineRef> subs_;
   std::vector<ObjectRef> objects_;
   std::vector<DatabaseRef> databases_;
   std::map<std::string, std::vector<ObjectRef>, std::less<>> objectsByName_;
-  std::unordered_map<std::string, std::size_t> functionsByUpper_;
-  std::unordered_map<std::string, std::size_t> functionsByName_;
-  std::unordered_map<std::string, std::size_t> subsByUpper_;
-  std::unordered_map<std::string, std::size_t> subsByName_;
+  Rows functionsByUpper_;
+  Rows functionsByName_;
+  Rows subsByUpper_;
+  Rows subsByName_;
   std::vector<std::unique_ptr<const std::string>> kept_;
   bool objectsAreNamedByVariables_ = false;
 };

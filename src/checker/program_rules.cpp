@@ -103,7 +103,7 @@ std::vector<FileUse> FileUses(const Names& names, bool& isKnown) {
     for (const Statement& statement : editor.source->statements()) {
       const Tokens tokens = editor.source->TokensOf(statement);
       for (std::size_t i = 0; i + 1 < tokens.size(); ++i) {
-        const bool isFile = tokens[i].IsName() &&
+        const bool isFile = tokens[i].IsName() && tokens[i].upper.ends_with("ARQUIVO") &&
                             std::find(kCommands.begin(), kCommands.end(), tokens[i].upper) != kCommands.end();
         if (!isFile) continue;
         const std::size_t at = tokens[i + 1].Is('(') ? i + 2 : i + 1;
