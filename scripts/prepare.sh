@@ -6,7 +6,7 @@ packages=(
   clang-format clang-tidy                    # the keepers
   libcups2-dev cups-daemon cups-client poppler-utils imagemagick  # printing, and a look at what was printed
   libqt6sql6-sqlite libqt6sql6-psql postgresql-15 python3  # databases, and a server for the tests
-  libcli11-dev qt6-base-dev qt6-svg-dev libfreeimage-dev libgtest-dev libsqlite3-dev  # libraries
+  libcli11-dev nlohmann-json3-dev qt6-base-dev qt6-svg-dev libfreeimage-dev libgtest-dev libsqlite3-dev  # libraries
   qt6-translations-l10n                      # the desktop's dialogs in Portuguese
   x11-xserver-utils                          # the screen's modes, for "RESVIDEO"
   fonts-dejavu-core fonts-liberation         # faces for "Courier New" and its like

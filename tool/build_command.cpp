@@ -11,7 +11,10 @@
 #include "platform/system_clock.h"
 #include "platform/system_reason.h"
 #include "platform/whole_file.h"
+#include "prepare/linking.h"
+#include "prepare/prepare.h"
 #include "runtime/own_folder.h"
+#include "tool/finding_printer.h"
 #include "tool/program_files.h"
 #include "tool/program_looks.h"
 #include "tool/subcommands.h"
@@ -84,6 +87,11 @@ std::string OutputProblem(const fs::path& output, const std::string& runtime, co
   return "já existe e não é um programa gravado; indique outro nome com -o, ou --force para o substituir";
 }
 
+// The one check that refuses a program when it starts.
+bool CanStart(const EditorTexts& editors) {
+  return CheckBlocks(PrepareProgram(editors, [](std::string_view) {}).ProgramText->text()).empty();
+}
+
 int Refuse(const std::string& message) {
   PrintError(message);
   return kWrongCall;
@@ -122,6 +130,13 @@ int BuildSubcommand(const BuildCall& call) {
   const auto loaded = LoadProgram(call.program);
   if (const LoadProblem* problem = std::get_if<LoadProblem>(&loaded)) return Refuse(problem->message);
   const LoadedProgram& program = std::get<LoadedProgram>(loaded);
+
+  FindingPrinter(program, std::cerr, ErrorsAreColoured())
+      .Print(check::Check(program.program.EditorText), FindingFormat::Person);
+  if (!CanStart(program.program.EditorText)) {
+    PrintError(call.program + ": o programa não começaria: um dos seus blocos está aberto");
+    return kRefused;
+  }
 
   const std::string runtimePath = call.runtime.empty() ? SiblingRuntime().string() : call.runtime;
   const std::optional<MappedFile> runtime = MappedFile::Open(runtimePath);

@@ -3,9 +3,10 @@
 #include <string>
 #include <vector>
 
-#include "prepare/block_report.h"
+#include "checker/check.h"
 #include "prepare/prepare.h"
 #include "text/code_page.h"
+#include "tool/finding_printer.h"
 #include "tool/program_files.h"
 #include "tool/subcommands.h"
 #include "tool/terminal.h"
@@ -30,36 +31,27 @@ std::variant<Prepared, LoadProblem> LoadAndPrepare(const std::string& path) {
   return prepared;
 }
 
-// A source that spells a statement's head names an editor of its own invention: such a place is the
-// program's.
-std::string PlaceText(const LoadedProgram& loaded, const SourcePlace& place) {
-  const auto editor = static_cast<std::size_t>(place.editor);
-  if (place.editor < 0 || editor >= loaded.files.size() || loaded.files[editor].empty())
-    return loaded.files[0];
-  return loaded.files[editor] + ":" + std::to_string(place.line);
-}
-
-void PrintProblem(const LoadedProgram& loaded, const PlacedProblem& problem) {
-  std::cout << PlaceText(loaded, problem.place) << ": " << ToUtf8(problem.message) << '\n';
+bool IsColoured(const CheckCall& call) {
+  if (call.colour == "always") return true;
+  return call.colour != "never" && OutputIsColoured();
 }
 
 }  // namespace
 
-int CheckSubcommand(const std::string& program) {
-  const auto result = LoadAndPrepare(program);
-  if (const LoadProblem* problem = std::get_if<LoadProblem>(&result)) {
+int CheckSubcommand(const CheckCall& call) {
+  const auto loaded = LoadProgram(call.program);
+  if (const LoadProblem* problem = std::get_if<LoadProblem>(&loaded)) {
     PrintError(problem->message);
     return kWrongCall;
   }
-  const Prepared& prepared = std::get<Prepared>(result);
-  const std::string_view text = prepared.program.ProgramText->text();
-  std::vector<PlacedProblem> problems = ReportBlocks(text);
-  const std::vector<Position>& places = prepared.program.routines.toldPlaces;
-  for (std::size_t i = 0; i < places.size(); ++i) {
-    problems.push_back(PlaceMessage(text, prepared.routineMessages[i], places[i]));
-  }
-  for (const PlacedProblem& problem : problems) PrintProblem(prepared.loaded, problem);
-  return problems.empty() ? kDone : kRefused;
+  const LoadedProgram& program = std::get<LoadedProgram>(loaded);
+  const std::vector<check::Finding> findings = check::Check(program.program.EditorText);
+  FindingFormat format = FindingFormat::Person;
+  if (call.json) format = FindingFormat::JsonLines;
+  if (call.format == "sarif") format = FindingFormat::Sarif;
+  FindingPrinter(program, std::cout, IsColoured(call)).Print(findings, format);
+  const bool isRefused = check::HasError(findings) || (call.denyWarnings && !findings.empty());
+  return isRefused ? kRefused : kDone;
 }
 
 int ShowSubcommand(const std::string& program) {

@@ -58,7 +58,7 @@ class CommandLine {
         "inadequado;\n                 3 roteiro de eventos com erro");
     AddRun();
     AddBuild();
-    AddOnProgram("check", "Verifica um programa sem o executar", CheckSubcommand);
+    AddCheck();
     AddOnProgram("show", "Mostra o texto preparado de um programa", ShowSubcommand);
     CLI::App* created =
         Add("new", "Cria uma pasta com um primeiro programa", [this] { return NewSubcommand(name_); });
@@ -120,11 +120,28 @@ class CommandLine {
     CLI::App* run =
         AddWithProgram("run", "Executa um programa", run_.program, [this] { return RunSubcommand(run_); });
     run->add_flag("--console", run_.console, "Executa no terminal, sem janelas");
+    run->add_flag("!--no-check", run_.check, "Não verifica o programa antes");
     run->add_flag("--cancel", run_.answerCancel, "No terminal, responde Cancelar às caixas de OK e Cancelar");
     run->add_option("--printer", run_.printer,
                     "Impressora: uma fila, ou um arquivo .pdf que recebe o documento")
         ->type_name("DESTINO");
     run->footer("O que vem depois de -- é a linha de comando do programa (LinhaComando).");
+  }
+
+  void AddCheck() {
+    CLI::App* check = AddWithProgram("check", "Aponta os erros de um programa sem o executar", check_.program,
+                                     [this] { return CheckSubcommand(check_); });
+    check->add_flag("--json", check_.json, "Escreve um objeto JSON por linha");
+    check->add_option("--format", check_.format, "Formato da saída: sarif, para serviços")
+        ->type_name("FORMATO")
+        ->check(CLI::IsMember({"sarif"}));
+    check->add_option("--color", check_.colour, "Cores: always, never ou auto")
+        ->type_name("QUANDO")
+        ->check(CLI::IsMember({"always", "never", "auto"}));
+    check->add_flag("--deny-warnings", check_.denyWarnings, "Um aviso também recusa o programa");
+    check->footer(
+        "Um comentário silencia uma regra: ' tessera: permite T0306 (na linha, ou sozinho acima dela),\n"
+        "' tessera: permite no programa T0306 (em todo o programa).");
   }
 
   void AddBuild() {
@@ -209,6 +226,7 @@ class CommandLine {
   CLI::App app_;
   std::map<const CLI::App*, std::function<int()>> actions_;
   RunCall run_;
+  CheckCall check_;
   BuildCall build_;
   BdExportCall export_;
   BdImportCall import_;
@@ -223,7 +241,7 @@ int main(int argc, char** argv) {
   tessera::StackLimit::Raise(tessera::StackLimit::kRunStack);
   const int status = tessera::CommandLine().Run(argc, argv);
   std::cout.flush();
-  if (std::cout || status != tessera::kDone) return status;
+  if (std::cout) return status;
   tessera::PrintError("a saída não pôde ser gravada");
-  return tessera::kRefused;
+  return status == tessera::kDone ? tessera::kRefused : status;
 }

@@ -2,11 +2,13 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <iostream>
 
 #include "runtime/console_start.h"
 #include "runtime/handover.h"
 #include "runtime/own_folder.h"
 #include "runtime/program_start.h"
+#include "tool/finding_printer.h"
 #include "tool/program_files.h"
 #include "tool/subcommands.h"
 #include "tool/terminal.h"
@@ -43,10 +45,15 @@ int RunSubcommand(const RunCall& call) {
     return kWrongCall;
   }
   LoadedProgram& program = std::get<LoadedProgram>(loaded);
+  // The program runs whatever is found: the language decides what it takes.
+  if (call.check && ErrorsAreRead()) {
+    FindingPrinter(program, std::cerr, ErrorsAreColoured())
+        .Print(check::Check(program.program.EditorText), FindingFormat::Person);
+  }
   const ProgramStart start{.program = std::move(program.program),
                            .folder = std::move(program.folder),
                            .commandLine = CommandLineOf(call.arguments),
-                           .printer = call.printer};
+                           .files = std::move(program.files)};
   if (!call.console) {
     if (DisplayIsNamed()) return RunWithWindows(start);
     PrintRemark("nenhuma tela ao alcance; o programa roda no terminal");

@@ -12,6 +12,7 @@ struct RunCall {
   std::vector<std::string> arguments;
   bool console = false;       // without windows
   std::string printer;        // a queue, or a path ending in ".pdf"; empty for the system's own
+  bool check = true;          // where a person reads along, what the check finds is shown first
   bool answerCancel = false;  // boxes of OK and Cancel are answered Cancel on the console host
 };
 int RunSubcommand(const RunCall& call);
@@ -26,7 +27,15 @@ struct BuildCall {
 };
 int BuildSubcommand(const BuildCall& call);
 
-int CheckSubcommand(const std::string& program);
+struct CheckCall {
+  std::string program;
+  bool json = false;          // one object a line
+  std::string format;         // "sarif", or empty
+  std::string colour;         // "always", "never", or empty: where a person reads
+  bool denyWarnings = false;  // a warning refuses the program too
+};
+int CheckSubcommand(const CheckCall& call);
+
 int ShowSubcommand(const std::string& program);
 int NewSubcommand(const std::string& folder);
 

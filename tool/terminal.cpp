@@ -9,12 +9,24 @@ namespace tessera {
 
 namespace {
 
-bool ErrorsAreColoured() {
+bool IsColoured(int descriptor) {
   const char* refused = std::getenv("NO_COLOR");
-  return isatty(STDERR_FILENO) != 0 && (refused == nullptr || *refused == '\0');
+  return isatty(descriptor) != 0 && (refused == nullptr || *refused == '\0');
 }
 
 }  // namespace
+
+bool ErrorsAreColoured() {
+  return IsColoured(STDERR_FILENO);
+}
+
+bool OutputIsColoured() {
+  return IsColoured(STDOUT_FILENO);
+}
+
+bool ErrorsAreRead() {
+  return isatty(STDERR_FILENO) != 0;
+}
 
 void PrintError(std::string_view message) {
   const std::string_view label = ErrorsAreColoured() ? "\033[1;31merro:\033[0m " : "erro: ";

@@ -10,6 +10,13 @@ inline constexpr int kDone = 0;
 inline constexpr int kRefused = 1;    // the program was refused or abandoned
 inline constexpr int kWrongCall = 2;  // wrong call, unreadable or unsuitable file
 
+// Whether a person reads these streams on a terminal, and wants colours there (NO_COLOR).
+bool ErrorsAreColoured();
+bool OutputIsColoured();
+
+// Whether stderr is a terminal.
+bool ErrorsAreRead();
+
 // "tessera: erro: " and the message, on stderr.
 void PrintError(std::string_view message);
 

@@ -147,6 +147,7 @@ std::vector<std::string> ConsoleHost::FontNames() {
 
 void ConsoleHost::TellAbandonedRun(std::string_view position, std::string_view description) {
   TellError(std::string("[falha] ").append(position).append(": ").append(IndentedUtf8(description)));
+  TellPlace(position);
 }
 
 void ConsoleHost::WriteLine(std::string_view text) {
@@ -161,6 +162,12 @@ void ConsoleHost::TellError(std::string_view utf8) {
   err_ << utf8 << std::endl;
 }
 
+void ConsoleHost::TellPlace(std::string_view text) {
+  if (!options_.placeOf) return;
+  const std::string place = options_.placeOf(text);
+  if (!place.empty()) TellError("  em " + place);
+}
+
 // Boxes and forms
 
 BoxAnswer ConsoleHost::ShowBox(const Box& box) {
@@ -168,6 +175,7 @@ BoxAnswer ConsoleHost::ShowBox(const Box& box) {
   line += IconWord(box.icon);
   if (box.title != options_.programTitle) line.append(": ").append(ToUtf8(box.title));
   TellError(line.append("] ").append(IndentedUtf8(box.text)));
+  TellPlace(box.text);
   if (box.buttons == BoxButtons::Ok) return BoxAnswer::Ok;
   if (box.buttons == BoxButtons::OkCancel) return options_.answerCancel ? BoxAnswer::Cancel : BoxAnswer::Ok;
   const auto answer = input_.NextLine();

@@ -40,6 +40,8 @@ struct ConsoleStreams {
 struct ConsoleOptions {
   std::string programTitle = {};  // boxes of this title go without it
   bool answerCancel = false;      // boxes of OK and Cancel are answered Cancel
+  // The "file:line" that a text speaks of; told below it. Empty where nobody reads along.
+  std::function<std::string(std::string_view)> placeOf = {};
 };
 
 inline constexpr int kFaultyScriptStatus = 3;
@@ -96,6 +98,7 @@ class ConsoleHost final : public Display,
   // A dialog's answer from the script: nothing for an empty line and at the end of input.
   std::optional<std::string> AskDialog(std::string_view mode, std::string_view title);
   void TellError(std::string_view utf8);
+  void TellPlace(std::string_view text);
   void CatchUp();
   void Dispatch();
   bool DeliverNext();

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <initializer_list>
+#include <unordered_map>
 
 #include "language/keywords.h"
 #include "language/suffixes.h"
@@ -344,12 +345,16 @@ std::span<const Word> StructureWords() {
 }
 
 const Word* FindWord(std::string_view name) {
-  for (const std::span<const Word> words : {Words(), StructureWords()}) {
-    for (const Word& word : words) {
-      if (EqualsIgnoringCase(word.name, name)) return &word;
+  // FAST: a map of the rows, in whose order the first of a name counts.
+  static const auto kByName = [] {
+    std::unordered_map<std::string, const Word*> rows;
+    for (const std::span<const Word> words : {Words(), StructureWords()}) {
+      for (const Word& word : words) rows.emplace(Upper(word.name), &word);
     }
-  }
-  return nullptr;
+    return rows;
+  }();
+  const auto found = kByName.find(Upper(name));
+  return found == kByName.end() ? nullptr : found->second;
 }
 
 std::vector<std::string> WordNames() {

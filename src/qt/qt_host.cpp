@@ -12,6 +12,7 @@
 #include <QUrl>
 #include <algorithm>
 #include <array>
+#include <iostream>
 #include <thread>
 #include <utility>
 
@@ -26,6 +27,7 @@
 #include "qt/wallpaper.h"
 #include "qttext/fonts.h"
 #include "qttext/text.h"
+#include "text/code_page.h"
 
 namespace tessera {
 
@@ -160,8 +162,16 @@ std::vector<std::string> QtHost::FontNames() {
   return names;
 }
 
-// With windows an abandoned run is silent.
-void QtHost::TellAbandonedRun(std::string_view, std::string_view) {}
+void QtHost::TellPlaces(std::function<std::string(std::string_view)> placeOf, bool boxesToo) {
+  placeOf_ = std::move(placeOf);
+  boxPlacesAreTold_ = boxesToo;
+}
+
+// With windows an abandoned run is silent, unless somebody wants to know its place.
+void QtHost::TellAbandonedRun(std::string_view position, std::string_view description) {
+  if (!placeOf_) return;
+  std::cerr << "[falha] " << placeOf_(position) << ": " << ToUtf8(description) << std::endl;
+}
 
 // An entry that was held until now may have thrown already.
 void QtHost::ServeEvents() {
@@ -172,6 +182,8 @@ void QtHost::ServeEvents() {
 
 BoxAnswer QtHost::ShowBox(const Box& box) {
   entry_.Rethrow();
+  if (const std::string place = boxPlacesAreTold_ ? placeOf_(box.text) : std::string(); !place.empty())
+    std::cerr << "em " << place << std::endl;
   const BoxAnswer answer = ShowMessageBox(box, BoxParent());
   entry_.Rethrow();
   return answer;

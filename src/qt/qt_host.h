@@ -47,6 +47,10 @@ class QtHost final : public Display, public Dialogs, public EventDispatch {
   void TellAbandonedRun(std::string_view position, std::string_view description) override;
   void ServeEvents() override;
 
+  // Tells places of the program on stderr: `placeOf` gives the "file:line" that a text speaks of. An
+  // abandoned run is told there, and, with `boxesToo`, the places that boxes name.
+  void TellPlaces(std::function<std::string(std::string_view)> placeOf, bool boxesToo);
+
   BoxAnswer ShowBox(const Box& box) override;
   TextInputAnswer AskText(const TextInput& input) override;
   std::optional<std::string> AskFile(const FileRequest& request) override;
@@ -84,6 +88,8 @@ class QtHost final : public Display, public Dialogs, public EventDispatch {
   FrontWatch front_;
   DrawnForms drawn_;
   std::unique_ptr<QObject> posted_;  // takes what other threads post; it goes with the host
+  std::function<std::string(std::string_view)> placeOf_;
+  bool boxPlacesAreTold_ = false;
   const std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
   SystemClock clock_;
   SeededRandom random_;

@@ -20,7 +20,10 @@ int RunOnConsole(const ProgramStart& start, bool answerCancel) {
                                .err = std::cerr,
                                .descriptor = STDIN_FILENO,
                                .isTerminal = isatty(STDIN_FILENO) != 0};
-  ConsoleHost host(streams, {.programTitle = start.program.name, .answerCancel = answerCancel});
+  ConsoleOptions options{.programTitle = start.program.name, .answerCancel = answerCancel};
+  if (isatty(STDERR_FILENO) != 0)
+    options.placeOf = [&start](std::string_view text) { return FilePlace(start.files, text); };
+  ConsoleHost host(streams, std::move(options));
   const int status = RunProgram(start, host.host(), host, host);
   std::cout.flush();
   if (std::cout) return status;

@@ -6,6 +6,7 @@
 #include <array>
 #include <cerrno>
 #include <chrono>
+#include <sstream>
 #include <string_view>
 #include <variant>
 
@@ -21,9 +22,10 @@ namespace tessera {
 
 namespace {
 
-// The arguments: this word, the number of the open file, the program's folder, its command line, its printer.
+// The arguments: this word, the number of the open file, the program's folder, its command line, its printer,
+// the editors' files, a line each.
 constexpr std::string_view kHandoverWord = "--entrega";
-constexpr int kHandoverArguments = 6;
+constexpr int kHandoverArguments = 7;
 
 }  // namespace
 
@@ -37,12 +39,15 @@ std::string BecomeRuntime(const std::string& runtime, const ProgramStart& start)
   if (file < 0) return SystemReason(errno);
   std::string_view rest = *image;
   if (const int error = WriteAll(file, rest)) return SystemReason(error);
+  std::string files;
+  for (const std::string& path : start.files) files += path + "\n";
   std::array<std::string, kHandoverArguments> words = {runtime,
                                                        std::string(kHandoverWord),
                                                        std::to_string(file),
                                                        start.folder.string(),
                                                        ToUtf8(start.commandLine),
-                                                       start.printer};
+                                                       start.printer,
+                                                       files};
   std::array<char*, kHandoverArguments + 1> arguments{};
   for (std::size_t i = 0; i < words.size(); ++i) arguments[i] = words[i].data();
   execv(runtime.c_str(), arguments.data());
@@ -62,10 +67,13 @@ std::optional<ProgramStart> TakeHandover(int argc, char** argv) {
   auto read = ReadProgram(left->bytes());
   PackedProgram* program = std::get_if<PackedProgram>(&read);
   if (program == nullptr) return std::nullopt;
-  return ProgramStart{.program = std::move(*program),
-                      .folder = argv[3],
-                      .commandLine = FromUtf8Lossy(argv[4]),
-                      .printer = argv[5]};
+  ProgramStart start{.program = std::move(*program),
+                     .folder = argv[3],
+                     .commandLine = FromUtf8Lossy(argv[4]),
+                     .printer = argv[5]};
+  std::istringstream files(argv[6]);
+  for (std::string& path : start.files) std::getline(files, path);
+  return start;
 }
 
 }  // namespace tessera

@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "text/code_page.h"
+#include "text/number.h"
+#include "text/one_based.h"
 #include "values/eval.h"
 
 namespace tessera {
@@ -24,6 +26,20 @@ std::string CommandLineOf(const std::vector<std::string>& arguments) {
 
 std::string FolderText(const std::filesystem::path& folder) {
   return FromUtf8Lossy(folder.string());
+}
+
+std::string FilePlace(const std::array<std::string, kEditors>& files, std::string_view text) {
+  constexpr std::string_view kEditorWord = "Editor: ";
+  constexpr std::string_view kLineWord = " Linha: ";
+  const Position at = Find(text, kEditorWord);
+  if (at == 0) return {};
+  const std::string_view rest = Mid(text, at + kEditorWord.size());
+  const Position line = Find(rest, kLineWord);
+  if (line == 0) return {};
+  const auto editor = static_cast<std::size_t>(LeadingNumber(Left(rest, line - 1)));
+  if (editor >= files.size() || files[editor].empty()) return {};
+  return files[editor] + ":" +
+         std::to_string(static_cast<int>(LeadingNumber(Mid(rest, line + kLineWord.size()))));
 }
 
 }  // namespace tessera

@@ -1,6 +1,7 @@
 // All that a program's start needs to know, wherever the program came from.
 #pragma once
 
+#include <array>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -16,11 +17,17 @@ struct ProgramStart {
   std::string commandLine;       // program text; `LinhaComando`
   bool isFinished = false;       // the program stands in the running executable itself
   std::string printer = {};      // UTF-8: a queue, or a path ending in ".pdf"; empty for the system's own
+  // Where each editor was read from, as a person names it, in UTF-8; empty for a finished program.
+  std::array<std::string, kEditors> files = {};
 };
 
 // The arguments of a process (UTF-8) as one command line in program text: joined by blanks, an argument with
 // a blank in double quotes. A line that is one quoted argument loses its quotes.
 std::string CommandLineOf(const std::vector<std::string>& arguments);
+
+// The "file:line" of a text that holds "Editor: n Linha: m"; empty where it holds none, or the file isn't
+// known.
+std::string FilePlace(const std::array<std::string, kEditors>& files, std::string_view text);
 
 // A folder's path as program text, without a final separator.
 std::string FolderText(const std::filesystem::path& folder);

@@ -77,6 +77,10 @@ int RunStart(const ProgramStart& start, const Restart& restart) {
   termination::Install(false);
   int status = 0;
   const std::string noDisplay = WithWindows(restart, [&](QtHost& host) {
+    // A finished program is silent; a program that is being written tells where it failed.
+    if (!start.isFinished)
+      host.TellPlaces([&](std::string_view text) { return FilePlace(start.files, text); },
+                      isatty(STDERR_FILENO) != 0);
     reports::ReportHost silent;  // its windows show all that there is to tell
     status = RunProgram(start, host.host(), host, silent);
   });

@@ -45,7 +45,7 @@ class FailingCalls : public testing::TestWithParam<Command> {
   static constexpr const char* kProgram =
       "BD Gente, \".\"\nNome, String, 8\nFimBD\nAbreBD Gente\nGente.Nome = \"Bia\"\nAdicionaRegistro Gente\n"
       "LeRegistro Gente, 0\nEscreva Gente.Nome\nExcluiRegistro Gente, 0\nFechaBD Gente\nLimpaBD Gente\n"
-      "SalvaRegWin \"HKEY_USERS\", \"k\", \"n\", \"v\"\nEscreva LeRegWin(\"HKEY_USERS\", \"k\", \"n\")\n"
+      "SalvaRegWin \"HKEY_USERS\", \"k\", \"n\", \"v\"\nRetorno = LeRegWin(\"HKEY_USERS\", \"k\", \"n\")\n"
       "SalvaString \"a\", \"b\"\nAbreArquivo \"S\", \"novo.txt\", \"TextoGravacao\"\nGravaArquivo \"S\", "
       "\"linha\"\n"
       "FechaArquivo \"S\"\nCopia \"novo.txt\", \"velho.txt\"\nInsereArquivo \"n\", \"novo.txt\", \"p.pac\"\n"

@@ -91,47 +91,78 @@ TEST_F(Tool, ExitStatusTellsRefusedAndAbandonedPrograms) {
   EXPECT_EQ(abandoned.err, "[falha] Editor: 0 Linha: 3: Subscrito fora do intervalo\n");
 }
 
-TEST_F(Tool, ChecksWhereABlockOpened) {
+TEST_F(Tool, ShowsAFindingWithItsLineCaretsAndASecondPlace) {
   const std::string main = folder_.Write("P/P.tsc", "Escreva 1\n");
-  const std::string other = folder_.Write("P/Z.tsc",
-                                          "Sub A()\n  Se 1 = 1\n    Enquanto 1 = 1\n  FimSe\nFimSub\n"
-                                          "Sub B()\n  FimSe\nFimSub\nSub C()\n  Se 1 = 1\nFimSub");
+  const std::string other =
+      folder_.Write("P/Z.tsc", "Sub A()\n  Se 1 = 1\n    Enquanto 1 = 2\n  FimSe\nFimSub\n");
   const ProcessResult result = Call({"check", folder_ / "P"});
   EXPECT_EQ(result.status, kRefused);
   EXPECT_EQ(result.err, "");
-  EXPECT_EQ(
-      result.out,
-      other + ":3: Comando Enquanto sem o respectivo Repita! O bloco aberto nesta linha não foi fechado.\n");
-
-  const ProcessResult unclosed =
-      Call({"check", folder_.Write("Se.tsc", "x = 1; Se 1 = 1\n\nSe 2 = 2\nFimSe")});
-  EXPECT_EQ(unclosed.status, kRefused);
-  EXPECT_EQ(unclosed.out,
-            folder_ / "Se.tsc" +
-                ":1: Comando Se sem o respectivo FimSe! O bloco aberto nesta linha não foi fechado.\n");
-  const ProcessResult routine =
-      Call({"check", folder_.Write("R.tsc", "FimPrograma\n\nFuncao Dobro(a Inteiro)\n")});
-  EXPECT_EQ(routine.status, kRefused);
-  EXPECT_EQ(routine.out, folder_ / "R.tsc" + ":3: Funcao sem o respectivo comando FimFuncao: Dobro\n");
-
-  const ProcessResult failed =
-      Call({"check",
-            folder_.Write("F.tsc", "FimPrograma\n\n\nSub Temporizador_T(99999)\nFimSub\nSub Y()\nFimSub")});
-  EXPECT_TRUE(failed.out.starts_with(folder_ / "F.tsc" + ":4: Erro na criação")) << failed.out;
-
+  EXPECT_EQ(result.out, other +
+                            ":3:5: erro[T0201]: este Enquanto não tem o seu Repita\n"
+                            "  3 |     Enquanto 1 = 2\n"
+                            "    |     ^^^^^^^^\n"
+                            "  linha 4: aqui ele ainda está aberto\n"
+                            "  4 |   FimSe\n"
+                            "    |   ^^^^^\n"
+                            "  ajuda: ponha Repita onde o bloco termina\n"
+                            "\n1 erro\n");
   const ProcessResult fine = Call({"check", main});
   EXPECT_EQ(fine.status, kDone);
   EXPECT_EQ(fine.out, "");
 }
 
-// A source that spells a statement's head names an editor, and a line, of its own invention.
-TEST_F(Tool, ChecksAPlaceThatIsNone) {
+TEST_F(Tool, ShowsFindingsToProgramsAndWithColours) {
+  const std::string file = folder_.Write("a.tsc", "Var é Inteiro\n");
+  EXPECT_EQ(Call({"check", file}).status, kDone);
+  EXPECT_EQ(Call({"check", "--deny-warnings", file}).status, kRefused);
+  EXPECT_EQ(
+      Call({"check", "--json", file}).out,
+      R"({"file":")" + file +
+          R"(","line":1,"column":5,"size":1,"severity":"warning","code":"T0306","message":"a variável \"é\" nunca é )"
+          R"(usada","help":"tire-a da declaração, ou veja se um nome parecido foi escrito no lugar dela","notes":[]})"
+          "\n");
+  const std::string sarif = Call({"check", "--format", "sarif", file}).out;
+  for (const char* part :
+       {R"("version": "2.1.0")", R"("ruleId": "T0306")", R"("startLine": 1)", R"("level": "warning")"})
+    EXPECT_NE(sarif.find(part), std::string::npos) << part << sarif;
+  EXPECT_NE(Call({"check", "--color", "always", file}).out.find("\033[1;33maviso[T0306]\033[0m"),
+            std::string::npos);
+  EXPECT_EQ(Call({"check", "--color", "never", file}).out.find('\033'), std::string::npos);
+  ExpectRefused(Call({"check", "--color", "talvez", file}), "chamada errada");
+}
+
+// What refuses a program when it starts is an error of the check, and no finished program is made of it.
+TEST_F(Tool, TellsWhatCannotStart) {
   for (const std::string head : {"§#00009$#77 ", "§#00009$#03 ", "§#00009$#-1 ", "§#00009$#xx "}) {
-    const ProcessResult result = Call({"check", folder_.Write("a.tsc", "Escreva 1;" + head + "FimSe")});
+    const std::string file = folder_.Write("a.tsc", "Escreva 1;" + head + "FimSe");
+    const ProcessResult result = Call({"check", file});
     EXPECT_EQ(result.status, kRefused) << head;
     EXPECT_TRUE(result.out.starts_with(folder_ / "a.tsc" + ":")) << result.out;
-    EXPECT_NE(result.out.find("Comando Se sem o respectivo FimSe!"), std::string::npos) << result.out;
   }
+  const std::string open = folder_.Write("b.tsc", "Se 1 = 1\n");
+  const ProcessResult built = Call({"build", open, "-o", folder_ / "b"});
+  EXPECT_EQ(built.status, kRefused);
+  EXPECT_NE(built.err.find("b.tsc:1:1: erro[T0201]"), std::string::npos) << built.err;
+  EXPECT_NE(built.err.find("não começaria"), std::string::npos) << built.err;
+  EXPECT_FALSE(std::filesystem::exists(folder_ / "b"));
+}
+
+// A run that nobody reads along says nothing of its own.
+TEST_F(Tool, ChecksBeforeARunWhereATerminalIs) {
+  const std::string file = folder_.Write("a.tsc", "Escreva nada\nPosicione 1\n");
+  EXPECT_EQ(Call({"run", "--console", file}).err, "[falha] Editor: 0 Linha: 2: Tipos incompatíveis\n");
+  const auto onTerminal = [&](const std::string& options) {
+    return RunProcess(
+               {.words = {"/usr/bin/script", "-qec",
+                          std::string(TESSERA_TOOL) + " run --console " + options + file, "/dev/null"}})
+        .out;
+  };
+  const std::string checked = onTerminal("");
+  EXPECT_NE(checked.find("a.tsc:1:9:"), std::string::npos) << checked;
+  EXPECT_NE(checked.find("  em " + file + ":2"), std::string::npos) << checked;
+  const std::string unchecked = onTerminal("--no-check ");
+  EXPECT_EQ(unchecked.find("T0301"), std::string::npos) << unchecked;
 }
 
 TEST_F(Tool, ShowsThePreparedText) {

@@ -1,0 +1,35 @@
+// The rehearsal of an expression: the language's own evaluators compute it with made-up values, and the
+// result is held against what the expression reads, computed as people compute. What no rule foresees is
+// found here: text that is lost behind a call, sums that go on inside a parenthesis.
+#pragma once
+
+#include <memory>
+
+#include "checker/expression.h"
+
+namespace tessera::check {
+
+// One stage for all expressions of a program. It is built when the first one needs it.
+class Rehearsal {
+ public:
+  explicit Rehearsal(const Names& names);
+  ~Rehearsal();
+  Rehearsal(const Rehearsal&) = delete;
+  Rehearsal& operator=(const Rehearsal&) = delete;
+
+  // False where the language gives another value than the expression reads. True as well where that can't be
+  // known.
+  bool Agrees(const Context& context, Tokens tokens, Place place, Type target);
+
+ private:
+  class Stage;
+
+  const Names& names_;
+  std::unique_ptr<Stage> stage_;
+};
+
+// Tells an expression that does not compute what it reads. Only those with parentheses are rehearsed: all
+// others are settled by their operators.
+void Rehearse(Context& context, Tokens tokens, Place place, Type target);
+
+}  // namespace tessera::check

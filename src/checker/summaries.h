@@ -1,0 +1,36 @@
+// What a routine does to the program, with all that it calls: which variables it may change, and whether it
+// lets events through.
+#pragma once
+
+#include <map>
+#include <set>
+#include <string>
+
+#include "checker/names.h"
+
+namespace tessera::check {
+
+struct Summary {
+  std::set<std::string, std::less<>> writes;  // names in upper case
+  bool yields = false;                        // lets events in
+  bool writesAnything = false;                // a command writes variables that the text doesn't name
+  bool leaves = false;                        // jumps or ends the program
+};
+
+class Summaries {
+ public:
+  explicit Summaries(const Names& names) : names_(names) {}
+
+  // Of the statements from `begin` to one before `end` of an editor.
+  Summary Of(std::size_t editor, std::size_t begin, std::size_t end);
+
+ private:
+  void Take(Summary& summary, std::size_t editor, std::size_t statement);
+  void TakeCalls(Summary& summary, Tokens tokens);
+  const Summary& OfRoutine(const RoutineRef& routine);
+
+  const Names& names_;
+  std::map<const Routine*, Summary> known_;
+};
+
+}  // namespace tessera::check
