@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 
@@ -99,7 +100,7 @@ PictureRef ToPicture(FIBITMAP* source) {
       // The library keeps its rows from the bottom up.
       const BYTE* bytes = FreeImage_GetScanLine(bitmap.get(), rows - 1 - y);
       Pixel* row = picture.raster.Row(top + y);
-      for (int x = 0; x < size.width; ++x) row[x] = PixelAt(bytes + 4 * x, isTransparent);
+      for (int x = 0; x < size.width; ++x) row[x] = PixelAt(bytes + std::ptrdiff_t{4} * x, isTransparent);
     }
   }
   return std::make_shared<const Picture>(std::move(picture));
