@@ -217,7 +217,7 @@ class CommandLine {
   int Refuse(const std::string& problem) const {
     std::string words;
     for (const CLI::App* command = Chosen(); command != nullptr; command = command->get_parent()) {
-      words = command->get_name() + " " + words;
+      words.insert(0, command->get_name() + " ");
     }
     PrintError(problem + "; veja " + words + "--help");
     return kWrongCall;
