@@ -50,7 +50,7 @@ std::string BecomeRuntime(const std::string& runtime, const ProgramStart& start)
   std::array<char*, kHandoverArguments + 1> arguments{};
   for (std::size_t i = 0; i < words.size(); ++i) arguments[i] = words[i].data();
   execv(runtime.c_str(), arguments.data());
-  const std::string reason = SystemReason(errno);
+  std::string reason = SystemReason(errno);
   close(file);
   return reason;
 }

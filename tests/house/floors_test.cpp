@@ -16,10 +16,10 @@ namespace fs = std::filesystem;
 
 // A room's floor; docs/house.md shows the same table.
 const std::map<std::string, int> kFloors = {
-    {"text", 0},     {"platform", 1}, {"language", 2}, {"image", 3},   {"prepare", 3},  {"values", 4},
-    {"commands", 5}, {"engine", 6},   {"recorddb", 7}, {"sql", 7},     {"controls", 7}, {"checker", 7},  {"windows", 8},
-    {"objects", 9},  {"reports", 10}, {"media", 10},   {"system", 10}, {"console", 11}, {"qt", 11},
-    {"qtsql", 11},   {"runtime", 12}, {"tool", 12},
+    {"text", 0},     {"platform", 1}, {"language", 2}, {"image", 3},  {"prepare", 3},  {"values", 4},
+    {"commands", 5}, {"engine", 6},   {"recorddb", 7}, {"sql", 7},    {"controls", 7}, {"checker", 7},
+    {"windows", 8},  {"objects", 9},  {"reports", 10}, {"media", 10}, {"system", 10},  {"console", 11},
+    {"qt", 11},      {"qtsql", 11},   {"runtime", 12}, {"tool", 12},
 };
 
 // Doors within one floor: the tool stands on the program run that it shares with the runtime.
