@@ -30,8 +30,8 @@ std::string ShownSignature(const Signature& signature) {
     const Argument argument = signature[i];
     std::string one(argument.name);
     if (argument.need == Need::Repeated) one += "...";
-    if (argument.need == Need::Optional) one = "[" + one + "]";
-    shown += (i == 0 ? "" : ", ") + one;
+    if (i > 0) shown += ", ";
+    shown += argument.need == Need::Optional ? "[" + one + "]" : one;
   }
   return shown;
 }

@@ -28,7 +28,7 @@ struct Span {
   std::size_t column = 1;
   std::size_t size = 1;
 
-  auto operator<=>(const Span&) const = default;
+  auto operator<=>(const Span&) const = default;  // NOLINT(modernize-use-nullptr): it takes the 0 for one
 };
 
 // A second place that helps: where a block was opened, where a name was declared.

@@ -94,7 +94,7 @@ class Reckoner {
     if (token.IsNumber()) return ReckonedNumber(LeadingNumber(token.text));
     if (token.IsLiteral()) return ReckonedText(Bare(token));
     if (token.Is('(')) {
-      const Reckoned value = Sum();
+      Reckoned value = Sum();
       if (!IsAt(')')) return Fail();
       ++at_;
       return value;

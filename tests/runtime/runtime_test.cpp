@@ -66,6 +66,16 @@ TEST_F(Runtime, AProgramInWindowsEndsWithItsMainWindow) {
   EXPECT_EQ(run.out, "");
 }
 
+// Whoever writes a program learns where it failed; a finished program keeps silent.
+TEST_F(Runtime, ARunThatIsAbandonedInWindowsTellsFileAndLineToItsWriter) {
+  const std::string source =
+      "Escreva 1\nPosicione 1\nFimPrograma\nSub Temporizador_Fim(2)\nFimJanela\nFimSub";
+  const ProcessResult packed = Offscreen({Build("jogo", source)});
+  EXPECT_EQ(packed.err, "");
+  const std::string file = folder_ / "jogo.tsc";
+  EXPECT_EQ(Offscreen({TESSERA_TOOL, "run", file}).err, "[falha] " + file + ":2: Tipos incompatíveis\n");
+}
+
 // The started program writes down how wide its window is.
 TEST_F(Runtime, AProgramStartedByAnotherTakesTheFormThatItIsAskedFor) {
   Build("filho",
@@ -96,7 +106,7 @@ TEST_F(Runtime, WithoutAProgramItSaysSo) {
 
 TEST_F(Runtime, IgnoresAHandoverThatCannotBeRead) {
   for (const char* file : {"0", "99", "x", "", "-1"}) {
-    const ProcessResult result = WithoutDisplay({TESSERA_RUNTIME, "--entrega", file, "/", ""}, "lixo");
+    const ProcessResult result = WithoutDisplay({TESSERA_RUNTIME, "--entrega", file, "/", "", ""}, "lixo");
     EXPECT_EQ(result.status, 1) << file;
     EXPECT_NE(result.err.find("não tem um programa dentro"), std::string::npos) << result.err;
   }
