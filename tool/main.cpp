@@ -121,6 +121,8 @@ class CommandLine {
         AddWithProgram("run", "Executa um programa", run_.program, [this] { return RunSubcommand(run_); });
     run->add_flag("--console", run_.console, "Executa no terminal, sem janelas");
     run->add_flag("!--no-check", run_.check, "Não verifica o programa antes");
+    run->add_flag("--plain", run_.plain,
+                  "Executa só pelas regras simples, sem as formas rápidas, para comparar");
     run->add_flag("--cancel", run_.answerCancel, "No terminal, responde Cancelar às caixas de OK e Cancelar");
     run->add_option("--printer", run_.printer,
                     "Impressora: uma fila, ou um arquivo .pdf que recebe o documento")

@@ -53,6 +53,8 @@ int RunSubcommand(const RunCall& call) {
   const ProgramStart start{.program = std::move(program.program),
                            .folder = std::move(program.folder),
                            .commandLine = CommandLineOf(call.arguments),
+                           .printer = call.printer,
+                           .plain = call.plain,
                            .files = std::move(program.files)};
   if (!call.console) {
     if (DisplayIsNamed()) return RunWithWindows(start);

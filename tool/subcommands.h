@@ -12,6 +12,7 @@ struct RunCall {
   std::vector<std::string> arguments;
   bool console = false;       // without windows
   std::string printer;        // a queue, or a path ending in ".pdf"; empty for the system's own
+  bool plain = false;         // by the plain rules alone
   bool check = true;          // where a person reads along, what the check finds is shown first
   bool answerCancel = false;  // boxes of OK and Cancel are answered Cancel on the console host
 };

@@ -12,6 +12,7 @@
 #include "platform/failure.h"
 #include "platform/system_files.h"
 #include "text/one_based.h"
+#include "values/argument_text.h"
 #include "values/eval.h"
 #include "values/parens.h"
 #include "values/run.h"
@@ -90,11 +91,11 @@ class Rehearsal::Stage {
       Declare(variable.name, variable.type, variable.isArray || variable.count < 0);
     run_.variables.VarCreateScalar(kNumberTarget, kTypeDecimal);
     run_.variables.VarCreateScalar(kTextTarget, kTypeString);
-    run_.doors.CommandCall = [this](std::string_view name, std::string_view arguments) {
-      return Call(name, arguments, false);
+    run_.doors.CommandCall = [this](std::string_view name, const ArgumentText& arguments) {
+      return Call(name, arguments.text, false);
     };
-    run_.doors.CallFunction = [this](std::string_view name, std::string_view arguments) {
-      return Call(name, arguments, true);
+    run_.doors.CallFunction = [this](std::string_view name, const ArgumentText& arguments) {
+      return Call(name, arguments.text, true);
     };
   }
 

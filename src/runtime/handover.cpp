@@ -23,9 +23,10 @@ namespace tessera {
 namespace {
 
 // The arguments: this word, the number of the open file, the program's folder, its command line, its printer,
-// the editors' files, a line each.
+// a word where it runs by the plain rules alone, and the editors' files, a line each.
 constexpr std::string_view kHandoverWord = "--entrega";
-constexpr int kHandoverArguments = 7;
+constexpr std::string_view kPlainWord = "simples";
+constexpr int kHandoverArguments = 8;
 
 }  // namespace
 
@@ -47,6 +48,7 @@ std::string BecomeRuntime(const std::string& runtime, const ProgramStart& start)
                                                        start.folder.string(),
                                                        ToUtf8(start.commandLine),
                                                        start.printer,
+                                                       std::string(start.plain ? kPlainWord : ""),
                                                        files};
   std::array<char*, kHandoverArguments + 1> arguments{};
   for (std::size_t i = 0; i < words.size(); ++i) arguments[i] = words[i].data();
@@ -70,8 +72,9 @@ std::optional<ProgramStart> TakeHandover(int argc, char** argv) {
   ProgramStart start{.program = std::move(*program),
                      .folder = argv[3],
                      .commandLine = FromUtf8Lossy(argv[4]),
-                     .printer = argv[5]};
-  std::istringstream files(argv[6]);
+                     .printer = argv[5],
+                     .plain = argv[6] == kPlainWord};
+  std::istringstream files(argv[7]);
   for (std::string& path : start.files) std::getline(files, path);
   return start;
 }

@@ -65,6 +65,7 @@ void TellProgram(Run& run, const ProgramStart& start, const Services& services) 
   run.ProgramFolderText = FolderText(start.folder) + "\\";
   run.RuntimeFolderText = run.ProgramFolderText;
   run.CommandLineText = start.commandLine;
+  run.plain = start.plain;
   run.paths = PathMapping(run.host.files, start.folder.string(), services.dataFolder);
 }
 
