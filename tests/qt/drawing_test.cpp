@@ -135,7 +135,7 @@ TEST_F(QtDrawingTest, WhatWasDrawnLastShowsThoughTheProgramMerelyComputesOn) {
   });
   Draw(
       "Var i Inteiro\nCirculo 9, 9, 2, Verde\nLePorta\nCirculo 9, 20, 2, Verde\n"
-      "Enquanto i < 500000\ni++\nRepita\nEnviaPorta\n");
+      "Enquanto i < 5000000\ni++\nRepita\nEnviaPorta\n");
   qApp->removeEventFilter(&counter);
   EXPECT_GE(paintings, 1);
   EXPECT_LE(paintings, 2);
