@@ -194,7 +194,8 @@ class ShortLife final : public EventDispatch {
 
 // Words at random must start, remove and write nothing.
 void KeepFromTheMachine(Run& run) {
-  run.doors.CommandCall = [real = run.doors.CommandCall](std::string_view name, const ArgumentText& arguments) {
+  run.doors.CommandCall = [real = run.doors.CommandCall](std::string_view name,
+                                                         const ArgumentText& arguments) {
     constexpr std::array<std::string_view, 17> kWords = {
         "CHAME",       "REMOVEARQUIVO",   "REMOVEPASTA",   "CRIAPASTA",   "COPIA",     "EXTRAIARQUIVO",
         "ABREARQUIVO", "INSEREARQUIVO",   "SALVASTRING",   "LIMPABD",     "ABREBD",    "PROCUREARQUIVO",
