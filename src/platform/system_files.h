@@ -5,7 +5,7 @@
 
 namespace tessera {
 
-class SystemFiles final : public FileStore {
+class SystemFiles : public FileStore {
  public:
   Opened Open(const std::string& path, OpenAs how) override;
   int Create(const std::string& path, std::string_view bytes) override;

@@ -5,8 +5,13 @@
 #include <gtest/gtest.h>
 #include <sys/file.h>
 
+#include <cerrno>
+#include <memory>
 #include <random>
+#include <stdexcept>
 
+#include "platform/failure.h"
+#include "platform/system_files.h"
 #include "support/file_program.h"
 #include "support/pe_file.h"
 #include "text/little_endian.h"
@@ -35,6 +40,47 @@ class MudaIcone : public testing::Test {
   std::string Folder() const { return program.folder.path().string() + "\\"; }
 
   FileProgram program;
+};
+
+// An executable whose second write fails, or ends the process.
+class TroubledFile final : public StoredFile {
+ public:
+  TroubledFile(std::unique_ptr<StoredFile> file, bool ends) : file_(std::move(file)), ends_(ends) {}
+
+  int ReadAt(std::uint64_t offset, std::size_t most, std::string& bytes) const override {
+    return file_->ReadAt(offset, most, bytes);
+  }
+  int WriteAt(std::uint64_t offset, std::string_view& bytes) override {
+    if (++writes_ < 2) return file_->WriteAt(offset, bytes);
+    if (ends_) throw std::runtime_error("killed");
+    return ENOSPC;
+  }
+  int Size(std::uint64_t& size) const override { return file_->Size(size); }
+  int Resize(std::uint64_t size) override { return file_->Resize(size); }
+  int Sync() override { return file_->Sync(); }
+  int TryLock() override { return file_->TryLock(); }
+  void Unlock() override { file_->Unlock(); }
+  void AwaitOthers() const override { file_->AwaitOthers(); }
+  bool IsAt(const std::string& path) const override { return file_->IsAt(path); }
+
+ private:
+  std::unique_ptr<StoredFile> file_;
+  bool ends_;
+  int writes_ = 0;
+};
+
+class TroubledFiles final : public SystemFiles {
+ public:
+  explicit TroubledFiles(bool ends) : ends_(ends) {}
+
+  Opened Open(const std::string& path, OpenAs how) override {
+    Opened opened = SystemFiles::Open(path, how);
+    if (how == OpenAs::Alone) opened.file = std::make_unique<TroubledFile>(std::move(opened.file), ends_);
+    return opened;
+  }
+
+ private:
+  bool ends_;
 };
 
 std::string With(std::string bytes, std::size_t at, std::string_view other) {
@@ -72,6 +118,28 @@ TEST_F(MudaIcone, ALargerImageCoversWhatFollowsUpToTheFilesEnd) {
   EXPECT_TRUE(program.folder.Read("alvo.exe").ends_with(std::string(room, 'n')));
   program.folder.Write("novo.ico", MakeIco({std::string(room + 1, 'n')}));
   ExpectRefused(pe.bytes, kNoDirectories);
+}
+
+TEST_F(MudaIcone, AFullDiskLeavesTheOldFileAndAKilledProcessItsWholeCopy) {
+  const PeFile pe = MakePe({});
+  const std::string target = (program.folder.path() / "alvo.exe").string();
+  const std::string icon = (program.folder.path() / "novo.ico").string();
+  program.folder.Write("alvo.exe", pe.bytes);
+  program.folder.Write("novo.ico", MakeIco({std::string(24, 'n')}));
+  TroubledFiles full(false);
+  const auto failure = Guard([&] { IconChanger(full).ReplaceIcon(icon, target); });
+  ASSERT_TRUE(failure);
+  EXPECT_EQ(failure->number(), 61);
+  EXPECT_TRUE(program.folder.Read("alvo.exe") == pe.bytes);
+  EXPECT_FALSE(program.folder.Has("alvo.exe.antigo"));
+
+  TroubledFiles killed(true);
+  EXPECT_THROW(IconChanger(killed).ReplaceIcon(icon, target), std::runtime_error);
+  EXPECT_FALSE(program.folder.Read("alvo.exe") == pe.bytes);
+  EXPECT_TRUE(program.folder.Read("alvo.exe.antigo") == pe.bytes);
+  // The next change leaves it alone.
+  EXPECT_EQ(Change(), kDone);
+  EXPECT_TRUE(program.folder.Read("alvo.exe.antigo") == pe.bytes);
 }
 
 TEST_F(MudaIcone, AnImageThatCoversTheWayToItselfIsRefused) {
