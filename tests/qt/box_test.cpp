@@ -82,10 +82,10 @@ class BoxOnWindows : public testing::Test {
   HostedProgram program{qt.host(), qt};
 };
 
-// Milliseconds of the processor: twice what a page may take on a machine with nothing else to do, and more
-// where the compiler's checks take theirs.
+// Milliseconds of the processor: three times what a page may take on a machine with nothing else to do, and
+// more where the compiler's checks take theirs.
 #ifdef NDEBUG
-constexpr double kPageLimit = 10;
+constexpr double kPageLimit = 15;
 #else
 constexpr double kPageLimit = 50;
 #endif
