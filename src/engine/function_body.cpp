@@ -119,7 +119,9 @@ std::unique_ptr<FunctionBody> FunctionBody::Make(const Run& run, std::string_vie
   if (const auto list = DeclaredLocals(body)) {
     if (list->text != localList) return nullptr;
     if (!std::all_of(locals.begin(), locals.end(), declare)) return nullptr;
-    body.erase(0, DeclaredLocals(body)->next - 1);
+    const auto renamed = DeclaredLocals(body);
+    if (!renamed) return nullptr;
+    body.erase(0, renamed->next - 1);
   }
   if (HoldsDoubleCompound(body) || SpellsLocal(run.program.ProgramText->text(), name)) return nullptr;
 

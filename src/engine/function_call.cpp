@@ -92,7 +92,8 @@ void DeclareLocals(Run& run, std::string& body, LocalNames& locals) {
     const Names names = locals.Declare(part);
     RenameInBody(body, names.written, names.local);
   }
-  const Position next = DeclaredLocals(body)->next;
+  // Looked for again, since the renaming moves it; and a local called "Var" renames the word itself.
+  const Position next = Find(body, "&#", Find(body, kCrLf, kFirstStatementColumn));
   if (next == 0) FailArgument();
   body.erase(0, next - 1);
 }

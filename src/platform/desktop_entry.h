@@ -1,5 +1,5 @@
-// What the desktop is told of a program: an entry of its menus or of its start list (Desktop Entry
-// Specification, freedesktop.org). All texts are UTF-8.
+// What the desktop is told of a program: an entry of its menus or of its start list (the desktop entries
+// of freedesktop.org). All texts are UTF-8.
 #pragma once
 
 #include <string>

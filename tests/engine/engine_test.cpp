@@ -235,6 +235,13 @@ TEST(Functions, RunawayRecursionEndsInTheGuardsBox) {
   EXPECT_EQ(program.Boxes().size(), 1u);
 }
 
+TEST(Functions, ALocalMayBeCalledAsTheWordThatDeclaresIt) {
+  EXPECT_EQ(OutputWithRoutines(
+                "Var i Inteiro, x Inteiro\nEnquanto i < 3\ni++\nx = Um(1)\nEscreva x\nRepita\nFimPrograma\n",
+                "Funcao Um(a Inteiro) Numero\nVar Var Inteiro\nRetorne a + 6\nFimFuncao\n"),
+            "7\n7\n7\n");
+}
+
 TEST(Subs, RunAndEndSilentlyOnAFailure) {
   EXPECT_EQ(
       OutputWithRoutines("A();Escreva 3", "Sub A()\nEscreva 1\nVar x Inteiro\nx = abc\nEscreva 2\nFimSub"),
