@@ -7,6 +7,8 @@
 #include <cmath>
 
 #include "commands/dialog_commands.h"
+#include "console/printed_texts.h"
+#include "platform/system_reason.h"
 #include "platform/termination.h"
 #include "text/code_page.h"
 #include "text/literal.h"
@@ -14,6 +16,8 @@
 #include "text/one_based.h"
 #include "windows/event_state.h"
 #include "windows/form.h"
+#include "windows/picture_file.h"
+#include "windows/portrait.h"
 #include "windows/window_directory.h"
 
 namespace tessera {
@@ -78,12 +82,21 @@ bool IsYes(std::string_view answer) {
 
 }  // namespace
 
-// A window in memory; what is printed on it goes to the output.
+// A window in memory; what is printed on it goes to the output, and is painted where somebody takes a look.
 class ConsoleForm final : public Form {
  public:
   ConsoleForm(ConsoleHost& host, const Placement& place, FormEvents& events)
       : Form(events, place), host_(host) {}
   ~ConsoleForm() override { UnloadControls(); }
+
+  Raster Portrait() {
+    Raster seen = InSight();
+    printed_.PaintOn(seen, host_.texts_);
+    PaintObjects(*this, &host_.texts_, seen);
+    return seen;
+  }
+
+  TextPainter* SurfaceTexts() override { return &host_.texts_; }
 
   TextSize MeasureText(std::string_view text, const FontFace& font) const override {
     return MeasureLetters(text, font);
@@ -94,7 +107,19 @@ class ConsoleForm final : public Form {
   }
 
  protected:
-  void ShowPrinted(std::string_view text, const TextMask&) override { host_.WriteLine(text); }
+  void ShowPrinted(std::string_view text, const TextMask&) override {
+    host_.WriteLine(text);
+    printed_.Add({.text = std::string(text),
+                  .font = Font,
+                  .pixel = PixelOfColour(ForeColor),
+                  .left = CurrentX,
+                  .top = CurrentY});
+  }
+  void ShowErased() override { printed_.Clear(); }
+  void ShowDrawn(const Spans& spans, Pixel) override { printed_.Cover(spans); }
+  void ShowPainted(const PictureRef& picture, PixelPoint at) override {
+    printed_.Cover(picture->raster, at, raster_.size());
+  }
   void ServeModal() override {
     while (Visible()) {
       host_.Dispatch();
@@ -104,6 +129,7 @@ class ConsoleForm final : public Form {
 
  private:
   ConsoleHost& host_;
+  PrintedTexts printed_;
 };
 
 ConsoleHost::ConsoleHost(const ConsoleStreams& streams, ConsoleOptions options)
@@ -111,6 +137,7 @@ ConsoleHost::ConsoleHost(const ConsoleStreams& streams, ConsoleOptions options)
       err_(streams.err),
       input_(streams.in, streams.descriptor, streams.isTerminal),
       options_(std::move(options)),
+      texts_(options_.paper, [this](std::string_view problem) { TellMissingPart(problem); }),
       random_(std::random_device{}()) {}
 
 ConsoleHost::~ConsoleHost() = default;
@@ -166,6 +193,10 @@ void ConsoleHost::TellPlace(std::string_view text) {
   if (!options_.placeOf) return;
   const std::string place = options_.placeOf(text);
   if (!place.empty()) TellError("  em " + place);
+}
+
+void ConsoleHost::TellMissingPart(std::string_view problem) {
+  ShowBox({.text = std::string(problem), .title = options_.programTitle, .icon = BoxIcon::Critical});
 }
 
 // Boxes and forms
@@ -451,6 +482,12 @@ bool ConsoleHost::CloseWindow(std::string_view name) {
 
 void ConsoleHost::LetTimePass(std::chrono::milliseconds time) {
   time_.Pass(time);
+}
+
+// The script's paths are those of whoever gave it: from the process' own folder.
+std::string ConsoleHost::TakePortrait(std::string_view path) {
+  const int error = SavePng(InHand().Portrait(), files_, ToUtf8(path));
+  return error == 0 ? std::string() : FromUtf8Lossy(SystemReason(error));
 }
 
 void ConsoleHost::LetNetworkAct(std::chrono::milliseconds time) {

@@ -114,6 +114,7 @@ class FormWidget final : public QWidget {
 QtForm::QtForm(const QString& objectName, const Placement& place, FormEvents& events, TextPainter& painter,
                LogicEntry& entry, FrontWatch& front, DrawnForms& drawn)
     : Form(events, place, &painter),
+      painter_(painter),
       entry_(entry),
       front_(front),
       drawn_(drawn),

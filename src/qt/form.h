@@ -47,6 +47,7 @@ class QtForm final : public Form {
 
   std::uintptr_t hWnd() const override;
   void Activate() override;
+  TextPainter* SurfaceTexts() override { return &painter_; }
   TextSize MeasureText(std::string_view text, const FontFace& font) const override;
   void DragForm() override;
   void ShowSysMenu() override;
@@ -82,6 +83,7 @@ class QtForm final : public Form {
   void WaitForFirstPainting();
 
   bool isServing_ = false;
+  TextPainter& painter_;
   LogicEntry& entry_;
   FrontWatch& front_;
   // FAST: lists measure many texts in one font, and asking for a font costs more than measuring in it.
