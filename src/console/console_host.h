@@ -52,6 +52,7 @@ struct ConsoleOptions {
 inline constexpr int kFaultyScriptStatus = 3;
 
 class ConsoleForm;
+class Control;
 
 class ConsoleHost final : public Display,
                           public Dialogs,
@@ -71,6 +72,7 @@ class ConsoleHost final : public Display,
   void ShowPointer(bool) override {}
   PointerPlace Pointer() override;
   std::string SetVideoMode(const VideoMode& mode) override;
+  bool ShowTrayIcon(const PictureRef&, std::string_view, TrayEvents&) override { return true; }
   ScreenSize ScreenExtent() override;
   std::vector<std::string> FontNames() override;
   void TellAbandonedRun(std::string_view position, std::string_view description) override;
@@ -144,6 +146,7 @@ class ConsoleHost final : public Display,
   const std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
   std::chrono::steady_clock::time_point caughtUp_ = start_;
   ConsoleForm* mainForm_ = nullptr;
+  std::weak_ptr<Control> pressed_;  // holds the pointer
   const WindowDirectory* windows_ = nullptr;
 };
 
