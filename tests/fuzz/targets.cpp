@@ -131,7 +131,8 @@ void Pictures(std::string_view bytes) {
 // Each frame forwards, and back to the first one.
 void Animations(std::string_view bytes) {
   const AnimationRef animation = DecodeAnimation(bytes);
-  if (animation == nullptr || animation->size.width * std::int64_t{animation->size.height} > 4'000'000) return;
+  if (animation == nullptr || animation->size.width * std::int64_t{animation->size.height} > 4'000'000)
+    return;
   Film film(animation);
   const std::size_t frames = std::min<std::size_t>(animation->frames.size(), 50);
   for (std::size_t frame = 0; frame < frames; ++frame) film.Show(frame);
