@@ -7,6 +7,8 @@
 #include <cmath>
 
 #include "commands/dialog_commands.h"
+#include "console/printed_texts.h"
+#include "platform/system_reason.h"
 #include "platform/termination.h"
 #include "text/code_page.h"
 #include "text/literal.h"
@@ -14,6 +16,8 @@
 #include "text/one_based.h"
 #include "windows/event_state.h"
 #include "windows/form.h"
+#include "windows/picture_file.h"
+#include "windows/portrait.h"
 #include "windows/window_directory.h"
 
 namespace tessera {
@@ -72,18 +76,32 @@ TextSize MeasureLetters(std::string_view text, const FontFace& font) {
           .height = std::ceil(pixels * 1.2)};
 }
 
+PointerPlace WithinControl(const Control& control, PointerPlace at) {
+  const PointerPlace corner = control.Corner();
+  return {at.x - corner.x, at.y - corner.y};
+}
+
 bool IsYes(std::string_view answer) {
   return EqualsIgnoringCase(Trim(answer), "s") || EqualsIgnoringCase(Trim(answer), "sim");
 }
 
 }  // namespace
 
-// A window in memory; what is printed on it goes to the output.
+// A window in memory; what is printed on it goes to the output, and is painted where somebody takes a look.
 class ConsoleForm final : public Form {
  public:
   ConsoleForm(ConsoleHost& host, const Placement& place, FormEvents& events)
       : Form(events, place), host_(host) {}
   ~ConsoleForm() override { UnloadControls(); }
+
+  Raster Portrait() {
+    Raster seen = InSight();
+    printed_.PaintOn(seen, host_.texts_);
+    PaintObjects(*this, &host_.texts_, seen);
+    return seen;
+  }
+
+  TextPainter* SurfaceTexts() override { return &host_.texts_; }
 
   TextSize MeasureText(std::string_view text, const FontFace& font) const override {
     return MeasureLetters(text, font);
@@ -94,7 +112,20 @@ class ConsoleForm final : public Form {
   }
 
  protected:
-  void ShowPrinted(std::string_view text, const TextMask&) override { host_.WriteLine(text); }
+  void ShowPrinted(std::string_view text, const TextMask&) override {
+    host_.WriteLine(text);
+    printed_.Add({.text = std::string(text),
+                  .font = Font,
+                  .pixel = PixelOfColour(ForeColor),
+                  .left = CurrentX,
+                  .top = CurrentY});
+  }
+  void ShowErased() override { printed_.Clear(); }
+  void ShowDrawn(const Spans& spans, Pixel) override { printed_.Cover(spans); }
+  void ShowPainted(const PlacedPictures& pictures, bool erased) override {
+    if (erased) printed_.Clear();
+    for (const PlacedPicture& placed : pictures) printed_.Cover(placed, ClientSize());
+  }
   void ServeModal() override {
     while (Visible()) {
       host_.Dispatch();
@@ -104,6 +135,7 @@ class ConsoleForm final : public Form {
 
  private:
   ConsoleHost& host_;
+  PrintedTexts printed_;
 };
 
 ConsoleHost::ConsoleHost(const ConsoleStreams& streams, ConsoleOptions options)
@@ -111,6 +143,7 @@ ConsoleHost::ConsoleHost(const ConsoleStreams& streams, ConsoleOptions options)
       err_(streams.err),
       input_(streams.in, streams.descriptor, streams.isTerminal),
       options_(std::move(options)),
+      texts_(options_.paper, [this](std::string_view problem) { TellMissingPart(problem); }),
       random_(std::random_device{}()) {}
 
 ConsoleHost::~ConsoleHost() = default;
@@ -166,6 +199,10 @@ void ConsoleHost::TellPlace(std::string_view text) {
   if (!options_.placeOf) return;
   const std::string place = options_.placeOf(text);
   if (!place.empty()) TellError("  em " + place);
+}
+
+void ConsoleHost::TellMissingPart(std::string_view problem) {
+  ShowBox({.text = std::string(problem), .title = options_.programTitle, .icon = BoxIcon::Critical});
 }
 
 // Boxes and forms
@@ -381,6 +418,7 @@ PersonObject* ConsoleHost::FindObject(std::string_view name) {
 
 bool ConsoleHost::TurnTo(PersonObject& object) {
   Form* form = object.Window();
+  if (form == nullptr) return object.IsInReach();
   if (!object.IsInReach() || !form->Visible() || !windows_->CanBeReached(*form)) return false;
   form->Events().OnActivate();
   object.SetFocus();
@@ -395,24 +433,37 @@ void ConsoleHost::Click() {
 void ConsoleHost::DoubleClick() {
   Click();
   ConsoleForm& form = InHand();
+  if (Control* target = form.PointerTarget(form.Pointer())) return target->DoubleClick();
   form.PressButtonAgain(form.Pointer());
   form.ReleaseButton(MouseButton::Left, form.Pointer());
 }
 
+// Over an object that takes the pointer a press keeps it there until the release.
 void ConsoleHost::PressButton(MouseButton button) {
   ConsoleForm& form = BringInHand();
-  form.PressButton(button, form.Pointer());
+  Control* target = form.PointerTarget(form.Pointer());
+  if (target == nullptr) return form.PressButton(button, form.Pointer());
+  target->SetFocus();
+  pressed_ = target->weak_from_this();
+  target->OnMouseDown(button, WithinControl(*target, form.Pointer()));
 }
 
 void ConsoleHost::ReleaseButton(MouseButton button) {
   ConsoleForm& form = InHand();
-  form.ReleaseButton(button, form.Pointer());
+  const auto pressed = std::exchange(pressed_, {}).lock();
+  if (pressed == nullptr) return form.ReleaseButton(button, form.Pointer());
+  pressed->OnMouseUp(button, WithinControl(*pressed, form.Pointer()));
 }
 
 void ConsoleHost::MovePointer(double line, double column) {
   ConsoleForm& form = InHand();
   const Grid grid = form.Events().PlacementGrid();
-  form.MovePointer({.x = column * grid.TamCol, .y = line * grid.TamLin});
+  const PointerPlace to{.x = column * grid.TamCol, .y = line * grid.TamLin};
+  const auto pressed = pressed_.lock();
+  Control* target = pressed ? pressed.get() : form.PointerTarget(to);
+  if (target == nullptr) return form.MovePointer(to);
+  form.TakePointer(to);
+  target->OnMouseMove(WithinControl(*target, to));
 }
 
 void ConsoleHost::TypeText(std::string_view text) {
@@ -451,6 +502,12 @@ bool ConsoleHost::CloseWindow(std::string_view name) {
 
 void ConsoleHost::LetTimePass(std::chrono::milliseconds time) {
   time_.Pass(time);
+}
+
+// The script's paths are those of whoever gave it: from the process' own folder.
+std::string ConsoleHost::TakePortrait(std::string_view path) {
+  const int error = SavePng(InHand().Portrait(), files_, ToUtf8(path));
+  return error == 0 ? std::string() : FromUtf8Lossy(SystemReason(error));
 }
 
 void ConsoleHost::LetNetworkAct(std::chrono::milliseconds time) {

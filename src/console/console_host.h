@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "console/event_script.h"
+#include "console/part_texts.h"
 #include "console/posted_acts.h"
 #include "console/script_input.h"
 #include "console/script_time.h"
@@ -21,6 +22,7 @@
 #include "platform/process_end.h"
 #include "platform/system_clock.h"
 #include "platform/system_files.h"
+#include "reports/paper_part.h"
 #include "reports/report_host.h"
 #include "windows/display.h"
 
@@ -42,11 +44,15 @@ struct ConsoleOptions {
   bool answerCancel = false;      // boxes of OK and Cancel are answered Cancel
   // The "file:line" that a text speaks of; told below it. Empty where nobody reads along.
   std::function<std::string(std::string_view)> placeOf = {};
+  // Paints texts on surfaces, loaded when the first is printed; it outlives the host. Without it they leave
+  // no pixels.
+  reports::PaperPart* paper = nullptr;
 };
 
 inline constexpr int kFaultyScriptStatus = 3;
 
 class ConsoleForm;
+class Control;
 
 class ConsoleHost final : public Display,
                           public Dialogs,
@@ -66,6 +72,7 @@ class ConsoleHost final : public Display,
   void ShowPointer(bool) override {}
   PointerPlace Pointer() override;
   std::string SetVideoMode(const VideoMode& mode) override;
+  bool ShowTrayIcon(const PictureRef&, std::string_view, TrayEvents&) override { return true; }
   ScreenSize ScreenExtent() override;
   std::vector<std::string> FontNames() override;
   void TellAbandonedRun(std::string_view position, std::string_view description) override;
@@ -99,6 +106,7 @@ class ConsoleHost final : public Display,
   std::optional<std::string> AskDialog(std::string_view mode, std::string_view title);
   void TellError(std::string_view utf8);
   void TellPlace(std::string_view text);
+  void TellMissingPart(std::string_view problem);
   void CatchUp();
   void Dispatch();
   bool DeliverNext();
@@ -121,12 +129,14 @@ class ConsoleHost final : public Display,
   void ResizeWindow(double lines, double columns) override;
   bool CloseWindow(std::string_view name) override;
   void LetTimePass(std::chrono::milliseconds time) override;
+  std::string TakePortrait(std::string_view path) override;
   void LetNetworkAct(std::chrono::milliseconds time) override;
 
   std::ostream& out_;
   std::ostream& err_;
   ScriptInput input_;
   ConsoleOptions options_;
+  PartTexts texts_;
   ScriptTime time_;
   PostedActs posted_;
   EventSource* source_ = nullptr;
@@ -136,6 +146,7 @@ class ConsoleHost final : public Display,
   const std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
   std::chrono::steady_clock::time_point caughtUp_ = start_;
   ConsoleForm* mainForm_ = nullptr;
+  std::weak_ptr<Control> pressed_;  // holds the pointer
   const WindowDirectory* windows_ = nullptr;
 };
 

@@ -5,9 +5,9 @@
 #include <QSize>
 #include <memory>
 #include <string_view>
-#include <vector>
 
 #include "qt/logic_entry.h"
+#include "qt/surface_pane.h"
 #include "windows/form.h"
 
 class QString;
@@ -23,16 +23,11 @@ struct FrontWatch {
   const void* expected = nullptr;
 };
 
-class QtForm;
-
-// The windows on which something drawn waits to be shown.
-using DrawnForms = std::vector<QtForm*>;
-
 class QtForm final : public Form {
  public:
   // `objectName` is the name by which tests and assistive tools find the widget.
   QtForm(const QString& objectName, const Placement& place, FormEvents& events, TextPainter& painter,
-         LogicEntry& entry, FrontWatch& front, DrawnForms& drawn);
+         LogicEntry& entry, FrontWatch& front, DrawnPanes& drawn);
   ~QtForm() override;
   QtForm(const QtForm&) = delete;
   QtForm& operator=(const QtForm&) = delete;
@@ -42,11 +37,12 @@ class QtForm final : public Form {
   // True while it delivers events as a modal window.
   bool IsServing() const { return isServing_; }
 
-  // Shows what waits to be shown, where the screen is ready for it.
-  void ShowDrawn();
+  // Where what is drawn on the window and its objects waits to be shown.
+  DrawnPanes& Drawn() const { return drawn_; }
 
   std::uintptr_t hWnd() const override;
   void Activate() override;
+  TextPainter* SurfaceTexts() override { return &painter_; }
   TextSize MeasureText(std::string_view text, const FontFace& font) const override;
   void DragForm() override;
   void ShowSysMenu() override;
@@ -58,7 +54,7 @@ class QtForm final : public Form {
   void ShowErased() override;
   void ShowPrinted(std::string_view text, const TextMask& mask) override;
   void ShowDrawn(const Spans& spans, Pixel pixel) override;
-  void ShowPainted(const PictureRef& picture, PixelPoint at) override;
+  void ShowPainted(const PlacedPictures& pictures, bool erased) override;
   void ShowCaption() override;
   void ShowPlace() override;
   void ShowVisible() override;
@@ -75,19 +71,19 @@ class QtForm final : public Form {
 
   void TakeSizeOfWidget();
   void TakeFront();
-  void WaitsToBeShown();
   void FitSizable();
   QSize SizeOfWidget() const;
   bool DragBySystem();
   void WaitForFirstPainting();
 
   bool isServing_ = false;
+  TextPainter& painter_;
   LogicEntry& entry_;
   FrontWatch& front_;
   // FAST: lists measure many texts in one font, and asking for a font costs more than measuring in it.
   struct FontMeasures;
   mutable std::unique_ptr<FontMeasures> measures_;
-  DrawnForms& drawn_;
+  DrawnPanes& drawn_;
   std::unique_ptr<FormWidget> widget_;
 };
 

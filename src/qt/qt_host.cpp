@@ -24,6 +24,7 @@
 #include "qt/messages.h"
 #include "qt/quiet_dispatch.h"
 #include "qt/screen_mode.h"
+#include "qt/tray_icon.h"
 #include "qt/wallpaper.h"
 #include "qttext/fonts.h"
 #include "qttext/text.h"
@@ -145,6 +146,11 @@ std::string QtHost::SetVideoMode(const VideoMode& mode) {
 
 bool QtHost::SetWallpaper(const std::string& bitmap) {
   return SetDesktopWallpaper(bitmap);
+}
+
+bool QtHost::ShowTrayIcon(const PictureRef& icon, std::string_view title, TrayEvents& events) {
+  tray_ = TrayIcon::Show(icon, title, entry_, events);
+  return tray_ != nullptr;
 }
 
 void QtHost::OpenAddress(std::string_view address) {
@@ -269,7 +275,7 @@ void QtHost::Pause(std::chrono::milliseconds time) {
 }
 
 void QtHost::ShowDrawn() {
-  for (QtForm* form : std::exchange(drawn_, {})) form->ShowDrawn();
+  for (SurfacePane* pane : std::exchange(drawn_, {})) pane->ShowDrawn();
 }
 
 // Each pass of the window system's dispatch lets one event in; what waits longer is told again by the next

@@ -7,7 +7,12 @@
 namespace tessera {
 
 Control::Control(Form& form, ControlEvents& events, int index, const ControlPlace& place)
-    : form_(form), events_(events), index_(index), number_(form.TakeControlNumber()), place_(place) {}
+    : form_(form),
+      events_(events),
+      index_(index),
+      number_(form.TakeControlNumber()),
+      place_(place),
+      zStamp_(form.TakeZStamp(ZOrder::Front)) {}
 
 Control::~Control() = default;
 
@@ -40,9 +45,27 @@ bool Control::IsTabbedBefore(const Control& other) const {
   return tabStamp_ > other.tabStamp_;
 }
 
+bool Control::LiesIn(const Control& picture) const {
+  const Control* parent = Parent();
+  return parent != nullptr && (parent == &picture || parent->LiesIn(picture));
+}
+
 void Control::SetParent(Control& picture) {
+  if (&picture == this || picture.LiesIn(*this)) return;
   parent_ = picture.weak_from_this();
+  zStamp_ = form_.TakeZStamp(LiesBehind() ? ZOrder::Back : ZOrder::Front);
   Refresh(ControlProperty::Parent);
+}
+
+void Control::LeaveParent() {
+  if (Parent() == nullptr) return;
+  parent_.reset();
+  Refresh(ControlProperty::Parent);
+}
+
+void Control::SetZOrder(ZOrder order) {
+  zStamp_ = form_.TakeZStamp(order);
+  Refresh(ControlProperty::Order);
 }
 
 void Control::SetFont(const FontFace& font) {
@@ -51,9 +74,20 @@ void Control::SetFont(const FontFace& font) {
   Refresh(ControlProperty::Font);
 }
 
-bool Control::IsInReach() const {
+PointerPlace Control::Corner() const {
   const Control* parent = Parent();
-  return visible_ && enabled_ && (parent == nullptr || parent->Visible());
+  const PointerPlace outer = parent == nullptr ? PointerPlace{} : parent->Corner();
+  return {outer.x + place_.Left, outer.y + place_.Top};
+}
+
+bool Control::Holds(PointerPlace at) const {
+  const PointerPlace corner = Corner();
+  return at.x >= corner.x && at.y >= corner.y && at.x < corner.x + place_.Width &&
+         at.y < corner.y + place_.Height;
+}
+
+bool Control::IsInReach() const {
+  return IsShown() && enabled_;
 }
 
 void Control::SetFocus() {

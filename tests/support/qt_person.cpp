@@ -74,6 +74,7 @@ PersonObject* QtPerson::FindObject(std::string_view name) {
 
 bool QtPerson::TurnTo(PersonObject& object) {
   const Form* form = object.Window();
+  if (form == nullptr) return object.IsInReach();
   if (!object.IsInReach() || !form->Visible() || !windows->CanBeReached(*form)) return false;
   object.SetFocus();
   return true;
@@ -137,6 +138,10 @@ bool QtPerson::CloseWindow(std::string_view name) {
 
 void QtPerson::LetTimePass(std::chrono::milliseconds time) {
   QTest::qWait(static_cast<int>(time.count()));
+}
+
+std::string QtPerson::TakePortrait(std::string_view path) {
+  return InHand().grab().save(QString::fromStdString(ToUtf8(path)), "PNG") ? "" : "no file";
 }
 
 ScriptedDispatch::ScriptedDispatch(EventDispatch& host, const std::string& script)

@@ -48,6 +48,7 @@ LookView::LookView(std::unique_ptr<LookBody> body, Control& control, QWidget& wi
 LookView::~LookView() {
   QWidget& widget = Widget();
   widget.removeEventFilter(this);
+  body_->LoseControl();
   widget.hide();
   if (entry_.IsInside()) {
     widget.deleteLater();
@@ -58,8 +59,17 @@ LookView::~LookView() {
 
 // What a kind of control has of its own changes with every key; the rest seldom.
 void LookView::Follow(ControlProperty changed) {
+  if (changed == ControlProperty::Order) return Stack();
   if (changed != ControlProperty::Content) return FollowAll();
   body_->FollowControl();
+}
+
+void LookView::Stack() {
+  if (control().ZStamp() < 0) {
+    Widget().lower();
+  } else {
+    Widget().raise();
+  }
 }
 
 void LookView::FollowAll() {
@@ -68,7 +78,10 @@ void LookView::FollowAll() {
   if (Control* picture = control().Parent()) {
     if (auto* view = dynamic_cast<LookView*>(picture->View())) parent = &view->Widget();
   }
-  if (widget.parentWidget() != parent) widget.setParent(parent);
+  if (widget.parentWidget() != parent) {
+    widget.setParent(parent);
+    Stack();
+  }
   widget.setObjectName(ToQString(control().Name()));
   widget.setAccessibleName(ToQString(control().Name()));
   widget.setToolTip(ToQString(control().ToolTipText()));
