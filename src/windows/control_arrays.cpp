@@ -27,6 +27,12 @@ void ControlArrays::Unload(std::string_view array, int index) {
   if (elements != arrays_.end()) elements->second.erase(index);
 }
 
+void ControlArrays::FollowWindow(double width, double height) const {
+  for (const auto& [name, elements] : arrays_) {
+    for (const auto& [index, control] : elements) control->FollowWindow(width, height);
+  }
+}
+
 std::vector<Control*> ControlArrays::TabOrder() const {
   std::vector<Control*> order;
   for (const auto& [name, elements] : arrays_) {
