@@ -153,22 +153,25 @@ void Som::Tocar(MediaPlayerControl& control) {
   const int error = run().host.files.Open(place, OpenAs::Read).error;
   if (error == ENOENT || error == ENOTDIR) Fail(53);
   if (error != 0) Fail(75);
-  control.FileName = control.NextFile;
+  // A box on the way may let a timer in: the control is open only when all is there.
+  const std::string file = control.NextFile;
+  const Milliseconds length = media_.LengthOf(place);
+  if (!control.player) control.player = NewPlayer(control);
+  control.FileName = file;
   control.path = place;
-  control.knownLength = media_.LengthOf(place);
+  control.knownLength = length;
   OpenAndPlay(control);
   if (control.knownLength.count() == 0) AwaitLoading(*control.player);
   TellCompanion(control, kTempo, InMilliseconds(control.player->Length()));
 }
 
-// A sound has nobody to show its pictures to.
+std::unique_ptr<Player> Som::NewPlayer(MediaPlayerControl& control) {
+  return media_.NewPlayer([weak = control.weak_from_this()](PictureRef frame) {
+    if (const auto held = weak.lock()) static_cast<MediaPlayerControl&>(*held).SetFrame(std::move(frame));
+  });
+}
+
 void Som::OpenAndPlay(MediaPlayerControl& control) {
-  if (!control.player) {
-    const auto show = [weak = control.weak_from_this()](PictureRef frame) {
-      if (const auto held = weak.lock()) static_cast<MediaPlayerControl&>(*held).SetFrame(std::move(frame));
-    };
-    control.player = media_.NewPlayer(show);
-  }
   control.player->Open(control.path, control.knownLength);
   control.player->Play();
   media_.host().TellPlaying(control.FileName);

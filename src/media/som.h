@@ -60,6 +60,7 @@ class Som final : public ObjectFamily {
   void StartTimer();
   void TimerSound();
   void Publish(MediaPlayerControl& control);
+  std::unique_ptr<Player> NewPlayer(MediaPlayerControl& control);
   void OpenAndPlay(MediaPlayerControl& control);
   void AwaitLoading(Player& player);
 

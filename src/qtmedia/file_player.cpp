@@ -18,6 +18,10 @@ using media::Milliseconds;
 FilePlayer::FilePlayer(media::FrameSink frames) : frames_(std::move(frames)) {
   player_.setAudioOutput(&sound_);
   player_.setVideoSink(&screen_);
+  QObject::connect(&player_, &QMediaPlayer::mediaStatusChanged, &player_,
+                   [this](QMediaPlayer::MediaStatus status) {
+                     if (status == QMediaPlayer::EndOfMedia) hasEnded_ = true;
+                   });
   QObject::connect(&screen_, &QVideoSink::videoFrameChanged, &screen_, [this](const QVideoFrame& frame) {
     if (PictureRef picture = PictureOf(frame)) frames_(std::move(picture));
   });
@@ -30,6 +34,7 @@ FilePlayer::~FilePlayer() {
 // A file that is open already is only sent back to its start.
 void FilePlayer::Open(const std::string& path, Milliseconds length) {
   knownLength_ = length;
+  hasEnded_ = false;
   const QUrl source = QUrl::fromLocalFile(QString::fromStdString(path));
   if (player_.source() == source && player_.error() == QMediaPlayer::NoError) {
     player_.stop();
@@ -62,10 +67,6 @@ Milliseconds FilePlayer::Position() const {
   const Milliseconds position(player_.position());
   if (HasEnded()) return length;
   return length.count() > 0 ? std::min(position, length) : position;
-}
-
-bool FilePlayer::HasEnded() const {
-  return player_.mediaStatus() == QMediaPlayer::EndOfMedia;
 }
 
 bool FilePlayer::IsLoading() const {

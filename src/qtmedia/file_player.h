@@ -21,7 +21,7 @@ class FilePlayer final : public media::Player {
   void Close() override;
   media::Milliseconds Length() const override;
   media::Milliseconds Position() const override;
-  bool HasEnded() const override;
+  bool HasEnded() const override { return hasEnded_; }
   bool IsLoading() const override;
   std::string TakeProblem() override;
 
@@ -29,7 +29,8 @@ class FilePlayer final : public media::Player {
   media::FrameSink frames_;
   media::Milliseconds knownLength_{0};
   bool isProblemTold_ = false;
-  QAudioOutput sound_;  // always there: the toolkit's clock is in it, also where nothing is heard
+  bool hasEnded_ = false;  // the toolkit's own state says so even behind a new start
+  QAudioOutput sound_;     // always there: the toolkit's clock is in it, also where nothing is heard
   QVideoSink screen_;
   QMediaPlayer player_;
 };
