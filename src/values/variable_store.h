@@ -90,7 +90,7 @@ class VariableStore {
 
   // False once names were declared of which symbols know nothing: names that their records cut, of which
   // several may be the same, and names that begin with a quote as literals do.
-  bool SymbolsTellAll() const { return !cutNames_ && !quotedNames_; }
+  bool SymbolsTellAll() const { return symbolsTellAll_; }
 
   // The slots of a type's values. Those of a symbol's variable begin at its `first`.
   std::vector<std::string>& Texts() { return texts_; }
@@ -128,8 +128,7 @@ class VariableStore {
   struct Row {
     Symbol symbol;
     std::size_t index = 0;
-    bool isHeld = false;    // somebody has the symbol
-    bool isFrames = false;  // it belongs to a frame
+    bool isHeld = false;  // somebody has the symbol
   };
 
   struct Place {
@@ -168,6 +167,8 @@ class VariableStore {
   std::size_t CheckedSlot(Type type, std::int64_t slot) const;
   std::size_t SlotCount(Type type) const;
   void ResizeSlots(Type type, std::size_t count);
+  template <typename Act>
+  auto WithSlots(Type type, Act act);
   void Create(std::string_view name, std::string_view type, std::int32_t count);
 
   std::function<void(std::string_view)> showCritical_;
@@ -188,7 +189,7 @@ class VariableStore {
   // look up are no names, and this tells it of most of them.
   std::array<std::uint64_t, 256> lengthsByFirst_{};
   bool cutNames_ = false;
-  bool quotedNames_ = false;
+  bool symbolsTellAll_ = true;
 };
 
 struct VariableStore::Frame::Variable {
