@@ -28,14 +28,16 @@ SoundFiles* Media::Sounds() {
 MediaMachine* Media::Machine() {
   if (!services_.host.Plays()) return nullptr;
   void* const entry = Load(machine_, "media", kMediaMachineEntry, "libqt6multimedia6");
-  return entry == nullptr ? nullptr : reinterpret_cast<MediaMachineEntry>(entry)();
+  if (entry == nullptr) return nullptr;
+  MediaMachine* const machine = reinterpret_cast<MediaMachineEntry>(entry)();
+  const std::string problem = machine->PlayingProblem();
+  if (problem.empty()) return machine;
+  if (!std::exchange(isProblemTold_, true)) ShowCritical(run_, problem);
+  return nullptr;
 }
 
 std::unique_ptr<Player> Media::NewPlayer(FrameSink frames) {
-  MediaMachine* const machine = Machine();
-  const std::string problem = machine == nullptr ? std::string() : machine->PlayingProblem();
-  if (!problem.empty() && !std::exchange(isProblemTold_, true)) ShowCritical(run_, problem);
-  if (machine != nullptr && problem.empty()) return machine->NewPlayer(std::move(frames));
+  if (MediaMachine* const machine = Machine()) return machine->NewPlayer(std::move(frames));
   return std::make_unique<SilentPlayer>(run_.host.events);
 }
 

@@ -23,12 +23,8 @@ class Machine final : public media::MediaMachine {
   std::unique_ptr<media::Player> NewPlayer(media::FrameSink frames) override {
     return std::make_unique<FilePlayer>(std::move(frames));
   }
-  std::unique_ptr<media::Microphone> NewMicrophone() override {
-    return MissingPackage().empty() ? std::make_unique<DeviceMicrophone>() : nullptr;
-  }
-  std::unique_ptr<media::Camera> NewCamera() override {
-    return MissingPackage().empty() ? std::make_unique<DeviceCamera>() : nullptr;
-  }
+  std::unique_ptr<media::Microphone> NewMicrophone() override { return std::make_unique<DeviceMicrophone>(); }
+  std::unique_ptr<media::Camera> NewCamera() override { return std::make_unique<DeviceCamera>(); }
 };
 
 }  // namespace
