@@ -11,6 +11,9 @@ packages=(
   x11-xserver-utils                          # the screen's modes, for "RESVIDEO"
   fonts-dejavu-core fonts-liberation         # faces for "Courier New" and its like
   libcurl4-openssl-dev libffi-dev            # file transfer, calls of libraries
+  libsndfile1-dev qt6-multimedia-dev qt6-webengine-dev  # files of sound, what is played and seen, pages of the net
+  gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-libav  # the codecs that play
+  pulseaudio pulseaudio-utils                # a sound server for the tests
   python3-pyftpdlib python3-openssl openssl  # a server of files for the tests
   binutils-mingw-w64-x86-64 icoutils desktop-file-utils  # icons, made and read by others
   xvfb xauth xdotool libxcb1-dev sqlite3      # tests with a real display, and a look at what was exported

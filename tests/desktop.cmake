@@ -51,3 +51,9 @@ foreach(engine sqlite postgresql mariadb odbc)
     COMMAND ${CMAKE_SOURCE_DIR}/tests/sql/servers.sh $<TARGET_FILE:tessera> ${engine})
   set_tests_properties(sql.on_${engine} PROPERTIES TIMEOUT 60 SKIP_RETURN_CODE 77)
 endforeach()
+
+# Media with real windows: a sound server on loopback, packages missing one by one, pages on a virtual screen.
+foreach(script windows pages)
+  add_test(NAME media.${script} COMMAND ${CMAKE_SOURCE_DIR}/tests/media/${script}.sh $<TARGET_FILE:tessera>)
+  set_tests_properties(media.${script} PROPERTIES TIMEOUT 240 SKIP_RETURN_CODE 77)
+endforeach()

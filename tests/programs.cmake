@@ -26,4 +26,5 @@ function(tessera_programs prefix programs expectations)
 endfunction()
 
 tessera_programs(programs ${CMAKE_SOURCE_DIR}/tests/programs ${CMAKE_SOURCE_DIR}/tests/programs)
+tessera_programs(media ${CMAKE_SOURCE_DIR}/tests/media/programs ${CMAKE_SOURCE_DIR}/tests/media/programs)
 tessera_programs(examples ${CMAKE_SOURCE_DIR}/examples ${CMAKE_SOURCE_DIR}/tests/examples)

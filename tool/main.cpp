@@ -127,6 +127,12 @@ class CommandLine {
     run->add_option("--printer", run_.printer,
                     "Impressora: uma fila, ou um arquivo .pdf que recebe o documento")
         ->type_name("DESTINO");
+    run->add_option("--microphone", run_.microphone,
+                    "Microfone: um arquivo de som, que o gravador ouve em lugar dele")
+        ->type_name("ARQUIVO");
+    run->add_option("--camera", run_.camera,
+                    "Câmera: uma figura, ou uma pasta de figuras, que ela vê uma após a outra")
+        ->type_name("CAMINHO");
     run->footer("O que vem depois de -- é a linha de comando do programa (LinhaComando).");
   }
 

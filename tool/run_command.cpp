@@ -2,9 +2,11 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <filesystem>
 #include <iostream>
 
 #include "runtime/console_start.h"
+#include "runtime/given_devices.h"
 #include "runtime/handover.h"
 #include "runtime/own_folder.h"
 #include "runtime/program_start.h"
@@ -25,6 +27,12 @@ bool DisplayIsNamed() {
     const char* value = std::getenv(variable);
     return value != nullptr && *value != '\0';
   });
+}
+
+// What stands for a device lies where the tool was called.
+std::string AbsolutePath(const std::string& path) {
+  std::error_code unreadable;
+  return path.empty() ? path : std::filesystem::absolute(path, unreadable).string();
 }
 
 // The tool itself links no window toolkit, so that the terminal stays quick: the runtime shows the windows.
@@ -50,10 +58,17 @@ int RunSubcommand(const RunCall& call) {
     FindingPrinter(program, std::cerr, ErrorsAreColoured())
         .Print(check::Check(program.program.EditorText), FindingFormat::Person);
   }
+  const std::string problem = ProblemOfDevices(call.microphone, call.camera);
+  if (!problem.empty()) {
+    PrintError(problem);
+    return kWrongCall;
+  }
   const ProgramStart start{.program = std::move(program.program),
                            .folder = std::move(program.folder),
                            .commandLine = CommandLineOf(call.arguments),
                            .printer = call.printer,
+                           .microphone = AbsolutePath(call.microphone),
+                           .camera = AbsolutePath(call.camera),
                            .plain = call.plain,
                            .files = std::move(program.files)};
   if (!call.console) {

@@ -12,6 +12,8 @@ struct RunCall {
   std::vector<std::string> arguments;
   bool console = false;       // without windows
   std::string printer;        // a queue, or a path ending in ".pdf"; empty for the system's own
+  std::string microphone;     // a file of sound in the place of a device, or empty
+  std::string camera;         // a picture, or a folder of them, in the place of a device, or empty
   bool plain = false;         // by the plain rules alone
   bool check = true;          // where a person reads along, what the check finds is shown first
   bool answerCancel = false;  // boxes of OK and Cancel are answered Cancel on the console host

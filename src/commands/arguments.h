@@ -145,6 +145,9 @@ class Arguments : private detail::CutList, public ArgumentView {
   Arguments(const Arguments&) = delete;
   Arguments& operator=(const Arguments&) = delete;
 
+  // The word that they stand behind.
+  const tessera::Word& word() const { return word_; }
+
   // The arguments in another form of the word.
   ArgumentView In(std::string_view form) const {
     return As(FindForm(word_.more.otherForms, form)->arguments);

@@ -267,6 +267,16 @@ void ConsoleHost::TellPrinted(std::string_view destination, int pages) {
   TellError(std::string("[impressora] ").append(destination).append(": ").append(std::to_string(pages)));
 }
 
+// Media
+
+void ConsoleHost::TellPlaying(std::string_view file) {
+  TellError("[som] " + ToUtf8(file));
+}
+
+void ConsoleHost::TellAddress(std::string_view address) {
+  TellError("[navegador] " + ToUtf8(address));
+}
+
 // Dispatch and time
 
 void ConsoleHost::ProcessEvents() {

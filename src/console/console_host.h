@@ -18,6 +18,7 @@
 #include "console/posted_acts.h"
 #include "console/script_input.h"
 #include "console/script_time.h"
+#include "media/media_host.h"
 #include "platform/host.h"
 #include "platform/process_end.h"
 #include "platform/system_clock.h"
@@ -58,6 +59,7 @@ class ConsoleHost final : public Display,
                           public Dialogs,
                           public EventDispatch,
                           public reports::ReportHost,
+                          public media::MediaHost,
                           private Person {
  public:
   ConsoleHost(const ConsoleStreams& streams, ConsoleOptions options);
@@ -87,6 +89,9 @@ class ConsoleHost final : public Display,
 
   void TellPage(std::string_view label) override;
   void TellPrinted(std::string_view destination, int pages) override;
+
+  void TellPlaying(std::string_view file) override;
+  void TellAddress(std::string_view address) override;
 
   void ProcessEvents() override;
   bool AwaitEvents(std::chrono::milliseconds sleep) override;

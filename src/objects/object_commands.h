@@ -14,6 +14,9 @@ class ObjectCommands {
  public:
   ObjectCommands(CommandTable& table, Run& run, WindowModel& windows, Desktop& desktop);
 
+  // The families of other rooms join here.
+  ObjectFrame& frame() { return frame_; }
+
  private:
   ObjectFrame frame_;
   MenuSistema menus_;

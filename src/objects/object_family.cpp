@@ -126,7 +126,7 @@ void ObjectFamily::CreateObject(const Arguments& arguments) {
   control->SetName(name);
   CreateCompanions(rows_[index]);
   Create(*control, rows_[index], arguments);
-  control->SetVisible(true);
+  control->SetVisible(IsShownAtFirst(arguments));
   control->SetTabIndex(frame_.TakeTabIndex());
 }
 
@@ -193,6 +193,7 @@ void ObjectFamily::Unload(ObjectRow& row) {
 }
 
 void ObjectFamily::GiveUp(ObjectRow& row) {
+  if (const auto control = row.object.lock()) OnRemoved(*control);
   RemoveCompanions(row);
   row.name.clear();
   row.windowName.clear();

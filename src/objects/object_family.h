@@ -80,6 +80,10 @@ class ObjectFamily : public ControlEvents {
   // Sets the properties that the creation arguments name; the control is placed, shown and numbered by
   // `Place` and the frame.
   virtual void Create(Control& control, ObjectRow& row, const Arguments& arguments) = 0;
+  // Whether a new object can be seen at once.
+  virtual bool IsShownAtFirst(const Arguments& /*arguments*/) const { return true; }
+  // The row's object is removed, or goes with its window.
+  virtual void OnRemoved(Control& /*control*/) {}
   // What the family does with a suffix' whole first argument, before the suffix itself is looked at.
   virtual void BeforeSuffix(Control& /*control*/, const Arguments& /*arguments*/) {}
   // A suffix of an object that the family has not got, in upper case.

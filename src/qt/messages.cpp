@@ -12,12 +12,16 @@ namespace tessera {
 
 namespace {
 
-constexpr std::array<std::string_view, 5> kHarmless = {
+constexpr std::array<std::string_view, 9> kHarmless = {
     "This plugin does not support",  // what a screen in memory has no use for
     "QStandardPaths: XDG_RUNTIME_DIR not set",
     "QStandardPaths: runtime directory",
     "QStandardPaths: wrong permissions on runtime directory",
     "Could not find the Qt platform plugin \"wayland\"",
+    "Sandboxing disabled by user",
+    "WebEngineContext used before",                    // it is made when a program first shows a page
+    "PulseAudioService: pa_context_connect() failed",  // a machine without a sound server
+    "Warning: \"Failed to connect: Connection refused\"",
 };
 
 }  // namespace

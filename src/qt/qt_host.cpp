@@ -88,12 +88,13 @@ struct ApplicationArguments {
   int count = 1;
 };
 
-QtHost::QtHost(std::function<void()> refused)
+QtHost::QtHost(std::function<void()> refused, bool showsPages)
     : entry_([this] { LeaveLoops(); }), random_(std::random_device{}()) {
   InstallMessages();
   SubstituteFontNames();
   if (qApp == nullptr) {
     const GuardedStart start(std::move(refused));
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts, showsPages);
     arguments_ = std::make_unique<ApplicationArguments>();
     application_ = std::make_unique<QApplication>(arguments_->count, arguments_->texts.data());
   }
@@ -101,6 +102,7 @@ QtHost::QtHost(std::function<void()> refused)
   QApplication::setQuitOnLastWindowClosed(false);
   serving_ = std::make_unique<QEventLoop>();
   posted_ = std::make_unique<QObject>();
+  if (showsPages) paintRest_ = kMovingRest;
   ServeTermination();
 }
 
@@ -261,13 +263,12 @@ bool QtHost::AwaitNextEvents() {
 // A short sleep is one; in a long one the windows go on being painted, and nothing reaches the logic.
 void QtHost::Pause(std::chrono::milliseconds time) {
   using Steady = std::chrono::steady_clock;
-  constexpr std::chrono::milliseconds kShort{50};
   const auto end = Steady::now() + time;
-  if (time > kShort) {
+  if (time > paintRest_) {
     const LogicEntry::Hold hold(entry_);
     for (auto now = Steady::now(); now < end && !termination::IsAsked(); now = Steady::now()) {
       DispatchAllButInput();
-      std::this_thread::sleep_for(std::min<Steady::duration>(end - Steady::now(), kShort));
+      std::this_thread::sleep_for(std::min<Steady::duration>(end - Steady::now(), paintRest_));
     }
   } else {
     std::this_thread::sleep_until(end);

@@ -5,6 +5,7 @@
 #include <chrono>
 #include <memory>
 
+#include "media/media_host.h"
 #include "platform/host.h"
 #include "platform/system_clock.h"
 #include "platform/system_files.h"
@@ -25,11 +26,12 @@ namespace tessera {
 struct ApplicationArguments;
 class TrayIcon;
 
-class QtHost final : public Display, public Dialogs, public EventDispatch {
+class QtHost final : public Display, public Dialogs, public EventDispatch, public media::MediaHost {
  public:
   // Starts the window system, unless the process has started it already. A display that refuses it calls
-  // `refused`, which must not return: the window system would end the process.
-  explicit QtHost(std::function<void()> refused = {});
+  // `refused`, which must not return: the window system would end the process. A program that shows pages of
+  // the net must say so: what they need costs some of the start.
+  explicit QtHost(std::function<void()> refused = {}, bool showsPages = false);
   ~QtHost() override;
 
   // What a `Run` is made with.
@@ -59,6 +61,9 @@ class QtHost final : public Display, public Dialogs, public EventDispatch {
   std::optional<std::int32_t> AskColour(std::string_view title) override;
   std::optional<ChosenFont> AskFont(std::string_view title) override;
   std::optional<std::string> AskPrinter(std::string_view title) override;
+
+  bool Plays() const override { return true; }
+  void TellPlaying(std::string_view) override { paintRest_ = kMovingRest; }
 
   void ProcessEvents() override;
   bool AwaitEvents(std::chrono::milliseconds sleep) override;
@@ -90,6 +95,10 @@ class QtHost final : public Display, public Dialogs, public EventDispatch {
   FrontWatch front_;
   DrawnPanes drawn_;
   std::unique_ptr<TrayIcon> tray_;
+  // How long a sleeping program rests between two paintings. What moves by itself wants to be painted often.
+  static constexpr std::chrono::milliseconds kStillRest{50};
+  static constexpr std::chrono::milliseconds kMovingRest{5};
+  std::chrono::milliseconds paintRest_ = kStillRest;
   std::unique_ptr<QObject> posted_;  // takes what other threads post; it goes with the host
   std::function<std::string(std::string_view)> placeOf_;
   bool boxPlacesAreTold_ = false;

@@ -26,7 +26,7 @@ int RunOnConsole(const ProgramStart& start, bool answerCancel) {
   if (isatty(STDERR_FILENO) != 0)
     options.placeOf = [&start](std::string_view text) { return FilePlace(start.files, text); };
   ConsoleHost host(streams, std::move(options));
-  const int status = RunProgram(start, host.host(), host, host);
+  const int status = RunProgram(start, host.host(), host, {.reports = host, .media = host});
   std::cout.flush();
   if (std::cout) return status;
   std::cerr << "tessera: a saída do programa não pôde ser gravada\n";

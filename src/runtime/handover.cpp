@@ -23,10 +23,11 @@ namespace tessera {
 namespace {
 
 // The arguments: this word, the number of the open file, the program's folder, its command line, its printer,
-// a word where it runs by the plain rules alone, and the editors' files, a line each.
+// what stands for its microphone and its camera, a word where it runs by the plain rules alone, and the
+// editors' files, a line each.
 constexpr std::string_view kHandoverWord = "--entrega";
 constexpr std::string_view kPlainWord = "simples";
-constexpr int kHandoverArguments = 8;
+constexpr int kHandoverArguments = 10;
 
 }  // namespace
 
@@ -48,6 +49,8 @@ std::string BecomeRuntime(const std::string& runtime, const ProgramStart& start)
                                                        start.folder.string(),
                                                        ToUtf8(start.commandLine),
                                                        start.printer,
+                                                       start.microphone,
+                                                       start.camera,
                                                        std::string(start.plain ? kPlainWord : ""),
                                                        files};
   std::array<char*, kHandoverArguments + 1> arguments{};
@@ -73,8 +76,10 @@ std::optional<ProgramStart> TakeHandover(int argc, char** argv) {
                      .folder = argv[3],
                      .commandLine = FromUtf8Lossy(argv[4]),
                      .printer = argv[5],
-                     .plain = argv[6] == kPlainWord};
-  std::istringstream files(argv[7]);
+                     .microphone = argv[6],
+                     .camera = argv[7],
+                     .plain = argv[8] == kPlainWord};
+  std::istringstream files(argv[9]);
   for (std::string& path : start.files) std::getline(files, path);
   return start;
 }

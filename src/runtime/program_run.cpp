@@ -11,6 +11,7 @@
 #include "commands/validation_commands.h"
 #include "image/image_reader.h"
 #include "language/words.h"
+#include "media/media_commands.h"
 #include "objects/object_commands.h"
 #include "prepare/linking.h"
 #include "reports/print_commands.h"
@@ -41,6 +42,7 @@ struct ProgramRun::Windowed {
         paper(program.run, program.paperServices_),
         reports(program.commands, program.run, paper, janela.windows(), display),
         prints(program.commands, program.run, paper),
+        media(program.commands, program.run, objects.frame(), program.mediaServices_),
         api(program.commands, program.run, janela.windows()) {
     BindWindowCommands(program.commands, janela.windows());
     BindEventCommands(program.commands, janela.windows());
@@ -57,6 +59,7 @@ struct ProgramRun::Windowed {
   reports::Paper paper;
   reports::ReportCommands reports;
   reports::PrintCommands prints;
+  media::MediaCommands media;
   ApiCommand api;
 };
 
@@ -86,6 +89,10 @@ ProgramRun::ProgramRun(const ProgramStart& start, const Services& services)
       paperServices_{.host = services.reportHost == nullptr ? silent_ : *services.reportHost,
                      .partFolders = services.partFolders,
                      .printer = services.printer},
+      mediaServices_{.host = services.mediaHost == nullptr ? silentMedia_ : *services.mediaHost,
+                     .partFolders = services.partFolders,
+                     .microphone = services.microphone,
+                     .camera = services.camera},
       files_(commands, run),
       machine_(commands, run, services.machine),
       database_(commands, run, services.quickOrders),
@@ -150,10 +157,9 @@ RunOutcome ProgramRun::StartWithoutWindows(const EditorTexts& editors) {
   return RunOutcome::Ended;
 }
 
-int RunProgram(const ProgramStart& start, const Host& host, Display& display,
-               reports::ReportHost& reportHost) {
+int RunProgram(const ProgramStart& start, const Host& host, Display& display, const Listeners& listeners) {
   AttentiveHost attentive(host);
-  ProgramRun program(start, UserServices(attentive.host(), &display, reportHost, start));
+  ProgramRun program(start, UserServices(attentive.host(), &display, listeners, start));
   attentive.Attend(program.run);
   const int status =
       program.Live(start.program.EditorText, ScanProjectStyle(start.program.EditorText).ProjectStyleWord);

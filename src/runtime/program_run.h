@@ -11,6 +11,7 @@
 #include "commands/file_commands.h"
 #include "commands/machine_commands.h"
 #include "engine/engine.h"
+#include "media/media.h"
 #include "platform/editors.h"
 #include "recorddb/record_database.h"
 #include "reports/paper.h"
@@ -63,6 +64,8 @@ class ProgramRun {
   Display* display_;
   reports::ReportHost silent_;  // of a host that makes nothing of reports
   reports::PaperServices paperServices_;
+  media::MediaHost silentMedia_;  // of a host that plays nothing
+  media::MediaServices mediaServices_;
   FileCommands files_;
   MachineCommands machine_;
   RecordDatabase database_;
@@ -74,7 +77,6 @@ class ProgramRun {
 };
 
 // The life of a program from its start on, on a host and its display; the exit status of the process.
-int RunProgram(const ProgramStart& start, const Host& host, Display& display,
-               reports::ReportHost& reportHost);
+int RunProgram(const ProgramStart& start, const Host& host, Display& display, const Listeners& listeners);
 
 }  // namespace tessera

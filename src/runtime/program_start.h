@@ -17,7 +17,11 @@ struct ProgramStart {
   std::string commandLine;       // program text; `LinhaComando`
   bool isFinished = false;       // the program stands in the running executable itself
   std::string printer = {};      // UTF-8: a queue, or a path ending in ".pdf"; empty for the system's own
-  bool plain = false;            // every rule by the text alone, without the forms beside it
+  // UTF-8, what takes the place of devices: a file of sound, and a picture or a folder of them; absolute, or
+  // empty.
+  std::string microphone = {};
+  std::string camera = {};
+  bool plain = false;  // every rule by the text alone, without the forms beside it
   // Where each editor was read from, as a person names it, in UTF-8; empty for a finished program.
   std::array<std::string, kEditors> files = {};
 };

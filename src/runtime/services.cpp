@@ -7,7 +7,7 @@
 
 namespace tessera {
 
-Services UserServices(const Host& host, Display* display, reports::ReportHost& reportHost,
+Services UserServices(const Host& host, Display* display, const Listeners& listeners,
                       const ProgramStart& start) {
   return {.host = host,
           .display = display,
@@ -15,8 +15,11 @@ Services UserServices(const Host& host, Display* display, reports::ReportHost& r
           .dataFolder = SystemDataFolder(std::getenv("XDG_DATA_HOME"), std::getenv("HOME")),
           .machine = MachineCommands::UserPlaces(start.isFinished),
           .partFolders = PartFolders(),
-          .reportHost = &reportHost,
+          .reportHost = &listeners.reports,
           .printer = start.printer,
+          .mediaHost = &listeners.media,
+          .microphone = start.microphone,
+          .camera = start.camera,
           .startForm = TakeStartForm()};
 }
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "commands/machine_commands.h"
+#include "media/media_host.h"
 #include "platform/host.h"
 #include "platform/start_form.h"
 #include "platform/user_folders.h"
@@ -14,6 +15,12 @@
 #include "windows/display.h"
 
 namespace tessera {
+
+// What a host hears of beside its windows. Both outlive the run.
+struct Listeners {
+  reports::ReportHost& reports;
+  media::MediaHost& media;
+};
 
 struct Services {
   Host host;
@@ -29,6 +36,11 @@ struct Services {
   reports::ReportHost* reportHost = nullptr;
   // The printer that whoever started the program gave it (program_start.h).
   std::string printer = {};
+  // What the host makes of sound and video; none plays in time alone and hears of nothing.
+  media::MediaHost* mediaHost = nullptr;
+  // What whoever started the program gave it instead of devices (program_start.h).
+  std::string microphone = {};
+  std::string camera = {};
   // The window form that whoever started the program asked for.
   StartForm startForm = StartForm::Normal;
   // Tests turn it off to compare the ordering of records with its plain form.
@@ -37,7 +49,7 @@ struct Services {
 
 // Those of the user who runs this process. The start form is taken out of the environment, so that no program
 // that this one starts finds it.
-Services UserServices(const Host& host, Display* display, reports::ReportHost& reportHost,
+Services UserServices(const Host& host, Display* display, const Listeners& listeners,
                       const ProgramStart& start);
 
 }  // namespace tessera

@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <functional>
 #include <iostream>
@@ -23,6 +24,7 @@
 #include "runtime/program_run.h"
 #include "runtime/program_start.h"
 #include "text/code_page.h"
+#include "text/one_based.h"
 
 namespace tessera {
 
@@ -61,28 +63,36 @@ using Restart = std::function<void()>;
 // Calls `use` with a host with windows, or answers why there is none. A display that is lost between the
 // asking and the start is met anew by a process that knows of it.
 template <typename Use>
-std::string WithWindows(const Restart& restart, Use use) {
+std::string WithWindows(const Restart& restart, bool showsPages, Use use) {
   auto probe = std::make_unique<DisplayProbe>();
   if (!probe->problem().empty()) return probe->problem();
-  QtHost host([&] {
-    setenv(kNoDisplayVariable, "1", 1);
-    restart();
-  });
+  QtHost host(
+      [&] {
+        setenv(kNoDisplayVariable, "1", 1);
+        restart();
+      },
+      showsPages);
   probe.reset();
   use(host);
   return {};
 }
 
+// Whether the program speaks of the browser at all.
+bool ShowsPages(const EditorTexts& editors) {
+  return std::any_of(editors.begin(), editors.end(),
+                     [](const std::string& text) { return Contains(Upper(text), "NAVEGADOR"); });
+}
+
 int RunStart(const ProgramStart& start, const Restart& restart) {
   termination::Install(false);
   int status = 0;
-  const std::string noDisplay = WithWindows(restart, [&](QtHost& host) {
+  const std::string noDisplay = WithWindows(restart, ShowsPages(start.program.EditorText), [&](QtHost& host) {
     // A finished program is silent; a program that is being written tells where it failed.
     if (!start.isFinished)
       host.TellPlaces([&](std::string_view text) { return FilePlace(start.files, text); },
                       isatty(STDERR_FILENO) != 0);
     reports::ReportHost silent;  // its windows show all that there is to tell
-    status = RunProgram(start, host.host(), host, silent);
+    status = RunProgram(start, host.host(), host, {.reports = silent, .media = host});
   });
   if (noDisplay.empty()) return status;
   Tell(noDisplay + "; o programa roda no terminal");
@@ -92,7 +102,7 @@ int RunStart(const ProgramStart& start, const Restart& restart) {
 // A file whose program cannot be read: the person may have no terminal, so a box tells it as well.
 int TellDamage(ImageProblem problem, const Restart& restart) {
   const std::string message = Describe(problem);
-  const std::string noDisplay = WithWindows(restart, [&](QtHost& host) {
+  const std::string noDisplay = WithWindows(restart, false, [&](QtHost& host) {
     Tell(message);
     host.ShowBox({.text = FromUtf8Lossy(message), .title = "Tessera", .icon = BoxIcon::Critical});
   });
@@ -101,7 +111,7 @@ int TellDamage(ImageProblem problem, const Restart& restart) {
 }
 
 int ShowNotice(const Restart& restart) {
-  if (!WithWindows(restart, [](QtHost&) { ShowMsgExec(); }).empty()) Tell(kRuntimeNotice);
+  if (!WithWindows(restart, false, [](QtHost&) { ShowMsgExec(); }).empty()) Tell(kRuntimeNotice);
   return kNoProgram;
 }
 

@@ -4,11 +4,11 @@
 #include <variant>
 
 #include "commands/arguments.h"
+#include "platform/arriving_file.h"
 #include "platform/failure.h"
 #include "platform/file_store.h"
 #include "platform/part_library.h"
 #include "platform/system_reason.h"
-#include "system/arriving_file.h"
 #include "system/device_failure.h"
 #include "system/transfer_progress.h"
 #include "text/code_page.h"

@@ -106,6 +106,9 @@ class Control : public PersonObject, public std::enable_shared_from_this<Control
     Set(toolTipText_, std::string(text), ControlProperty::ToolTip);
   }
 
+  // A person, or the screen, made the window so many pixels larger.
+  virtual void FollowWindow(double /*width*/, double /*height*/) {}
+
   // The picture in which the control lies, and with which it moves; none is the window itself. It comes to
   // lie in front there. A picture doesn't go into itself, nor into what lies in it.
   Control* Parent() const { return parent_.lock().get(); }

@@ -37,6 +37,12 @@ std::vector<Control*> ControlArrays::InZOrder() const {
   return order;
 }
 
+void ControlArrays::FollowWindow(double width, double height) const {
+  for (const auto& [name, elements] : arrays_) {
+    for (const auto& [index, control] : elements) control->FollowWindow(width, height);
+  }
+}
+
 std::vector<Control*> ControlArrays::TabOrder() const {
   std::vector<Control*> order;
   for (const auto& [name, elements] : arrays_) {

@@ -20,6 +20,8 @@ class ControlArrays {
   void Load(std::string_view array, std::shared_ptr<Control> control);
   void Unload(std::string_view array, int index);
   void Clear() { arrays_.clear(); }
+  // The window was made so many pixels larger.
+  void FollowWindow(double width, double height) const;
 
   // All that are loaded, from the back to the front.
   std::vector<Control*> InZOrder() const;

@@ -23,8 +23,11 @@ void Form::Move(const Placement& place) {
 }
 
 void Form::TakeScale(double width, double height) {
+  const double widthBefore = ScaleWidth();
+  const double heightBefore = ScaleHeight();
   place_.Width = OnPixels(TwipsOfPixels(width));
   place_.Height = OnPixels(TwipsOfPixels(height)) + kFrameTwips;
+  controls_.FollowWindow(ScaleWidth() - widthBefore, ScaleHeight() - heightBefore);
   events_.OnResize();
 }
 

@@ -61,7 +61,13 @@ int Janela::RunProgram(const EditorTexts& editors, std::string_view projectStyle
     const RunOutcome outcome = Start(editors, projectStyleWord);
     if (outcome != RunOutcome::Ended) status = 1;
     // OPEN: a refused program's window was never shown and nobody could close it, so the process ends.
-    if (outcome != RunOutcome::Refused) display_.ServeEvents();
+    while (outcome != RunOutcome::Refused) {
+      // Behind the program's end nobody waits whom an event's failure could end; the window stays.
+      const auto failure = Guard([&] { display_.ServeEvents(); });
+      if (!failure) break;
+      display_.TellAbandonedRun(SourcePositionText(run_), failure->description());
+      status = 1;
+    }
   } catch (const ProcessEnd& end) {
     if (end.status != 0) status = end.status;
   }

@@ -14,31 +14,23 @@ namespace tessera::test {
 
 namespace {
 
-// The words that no room does yet. A room that comes takes its words off this list, and the mark off their
-// rows.
-const std::set<std::string_view> kWithoutARoom = {"GravaSom", "Navegador", "Video", "WebCam", "Som"};
-
 class WordsTest : public ConsoleWindowTest {};
 
 }  // namespace
 
-TEST_F(WordsTest, EachWordHasARoomOrIsOnTheListOfThoseToCome) {
-  std::set<std::string_view> marked;
+TEST_F(WordsTest, EachWordHasARoom) {
   for (const Word& word : Words()) {
-    if (word.Has(trait::kComing)) marked.insert(word.name);
     const bool isBound = program.commands.Find(word.name) != nullptr;
     EXPECT_NE(isBound, word.Has(trait::kEngine)) << word.name;
   }
-  EXPECT_EQ(marked, kWithoutARoom);
 }
 
-TEST(CommandTable, RefusesWordsThatAreUnknownToComeOrBoundAlready) {
+TEST(CommandTable, RefusesWordsThatAreUnknownOrBoundAlready) {
   CoreProgram program;
   const auto nothing = [](const WordCall&) { return Value(); };
   EXPECT_NO_THROW(program.commands.Add("Escreva", nothing)) << "windows bind it, and there are none";
   EXPECT_THROW(program.commands.Add("Escreva", nothing), std::logic_error);
   EXPECT_THROW(program.commands.Add("Escrevo", nothing), std::logic_error);
-  EXPECT_THROW(program.commands.Add("Som", nothing), std::logic_error);
 }
 
 TEST_F(WordsTest, PrefixesCatchWhatNoWordDoes) {

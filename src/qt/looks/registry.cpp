@@ -2,6 +2,8 @@
 #include <typeindex>
 #include <typeinfo>
 
+#include "media/som.h"
+#include "media/web_cam.h"
 #include "qt/looks/barra_look.h"
 #include "qt/looks/botao_look.h"
 #include "qt/looks/box_look.h"
@@ -16,8 +18,10 @@
 #include "qt/looks/mascara_look.h"
 #include "qt/looks/moeda_look.h"
 #include "qt/looks/moldura_look.h"
+#include "qt/looks/navegador_look.h"
 #include "qt/looks/pagina_look.h"
 #include "qt/looks/rotulo_look.h"
+#include "qt/looks/screen_look.h"
 #include "qt/looks/seta_look.h"
 #include "qt/looks/texto_look.h"
 
@@ -48,6 +52,9 @@ const std::map<std::type_index, Maker>& Makers() {
       Row<GuiaControl, GuiaLook>(),
       Row<ImagemControl, ImagemLook>(),
       Row<LinkControl, LinkLook>(),
+      Row<media::CameraControl, ScreenLook>(),
+      Row<media::MediaPlayerControl, ScreenLook>(),
+      Row<media::NavegadorControl, NavegadorLook>(),
       Row<MascaraControl, MascaraLook>(),
       Row<MoedaControl, MoedaLook>(),
       Row<MolduraControl, MolduraLook>(),

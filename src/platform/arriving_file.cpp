@@ -1,5 +1,6 @@
-#include "system/arriving_file.h"
+#include "platform/arriving_file.h"
 
+#include <algorithm>
 #include <cerrno>
 
 namespace tessera {
@@ -25,11 +26,11 @@ int ArrivingFile::Begin() {
   return EAGAIN;
 }
 
-int ArrivingFile::Append(std::string_view bytes) {
+int ArrivingFile::WriteAt(std::uint64_t offset, std::string_view bytes) {
   if (const int error = Begin()) return error;
   const std::size_t count = bytes.size();
-  const int error = file_->WriteAt(length_, bytes);
-  length_ += count - bytes.size();
+  const int error = file_->WriteAt(offset, bytes);
+  length_ = std::max(length_, offset + count - bytes.size());
   return error;
 }
 

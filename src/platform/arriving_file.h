@@ -19,7 +19,9 @@ class ArrivingFile {
   ArrivingFile(const ArrivingFile&) = delete;
   ArrivingFile& operator=(const ArrivingFile&) = delete;
 
-  int Append(std::string_view bytes);
+  int Append(std::string_view bytes) { return WriteAt(length_, bytes); }
+  // At an offset within what is written, or at its end.
+  int WriteAt(std::uint64_t offset, std::string_view bytes);
   // Returns when the file stands in its place on the disk.
   int Commit();
 
