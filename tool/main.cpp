@@ -123,7 +123,10 @@ class CommandLine {
     run->add_flag("!--no-check", run_.check, "Não verifica o programa antes");
     run->add_flag("--plain", run_.plain,
                   "Executa só pelas regras simples, sem as formas rápidas, para comparar");
-    run->add_flag("--cancel", run_.answerCancel, "No terminal, responde Cancelar às caixas de OK e Cancelar");
+    run->add_option("--script", run_.script, "Roteiro de eventos que conduz as janelas; - é a entrada padrão")
+        ->type_name("ARQUIVO");
+    run->add_flag("--cancel", run_.answerCancel,
+                  "No terminal e em um roteiro, responde Cancelar às caixas de OK e Cancelar");
     run->add_option("--printer", run_.printer,
                     "Impressora: uma fila, ou um arquivo .pdf que recebe o documento")
         ->type_name("DESTINO");

@@ -14,7 +14,8 @@ struct RunCall {
   std::string printer;        // a queue, or a path ending in ".pdf"; empty for the system's own
   bool plain = false;         // by the plain rules alone
   bool check = true;          // where a person reads along, what the check finds is shown first
-  bool answerCancel = false;  // boxes of OK and Cancel are answered Cancel on the console host
+  bool answerCancel = false;  // a script answers boxes of OK and Cancel with Cancel
+  std::string script;         // a file with an event script; "-" is the standard input, empty for none
 };
 int RunSubcommand(const RunCall& call);
 
