@@ -59,6 +59,7 @@ class CommandLine {
     AddRun();
     AddBuild();
     AddCheck();
+    AddTest();
     AddOnProgram("show", "Mostra o texto preparado de um programa", ShowSubcommand);
     CLI::App* created =
         Add("new", "Cria uma pasta com um primeiro programa", [this] { return NewSubcommand(name_); });
@@ -149,6 +150,27 @@ class CommandLine {
         "' tessera: permite no programa T0306 (em todo o programa).");
   }
 
+  void AddTest() {
+    CLI::App* test = Add("test", "Executa os testes de programas: roteiros com a saída esperada",
+                         [this] { return TestSubcommand(test_); });
+    test->add_option("CAMINHO", test_.path, "Pasta, programa ou teste; sem ele, a pasta atual")
+        ->type_name("");
+    test->add_flag("--update", test_.update, "Grava a saída que vem agora como a esperada");
+    test->add_option("--filter", test_.filter, "Só os testes que têm este texto no nome")->type_name("TEXTO");
+    test->add_flag("--windows", test_.windows, "Com janelas de verdade, que ninguém vê");
+    test->add_option("--junit", test_.junit, "Grava os resultados em XML, para serviços")
+        ->type_name("ARQUIVO");
+    test->add_option("--jobs", test_.jobs, "Quantos testes ao mesmo tempo; sem ele, um por núcleo")
+        ->type_name("N")
+        ->check(CLI::Range(1, 256));
+    test->add_option("--timeout", test_.patience, "Segundos que um teste pode durar; sem ele, 60")
+        ->type_name("N")
+        ->check(CLI::Range(1, 3600));
+    test->footer(
+        "Um teste é um roteiro ao lado do programa com a saída esperada: Nome.roteiro e Nome.saida, ou\n"
+        "Nome.teste com os dois. Nome é o do programa, ou começa com ele e um ponto.");
+  }
+
   void AddBuild() {
     CLI::App* build = AddWithProgram("build", "Grava um programa como um executável", build_.program,
                                      [this] { return BuildSubcommand(build_); });
@@ -232,6 +254,7 @@ class CommandLine {
   std::map<const CLI::App*, std::function<int()>> actions_;
   RunCall run_;
   CheckCall check_;
+  TestCall test_;
   BuildCall build_;
   BdExportCall export_;
   BdImportCall import_;

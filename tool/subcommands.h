@@ -38,6 +38,17 @@ struct CheckCall {
 };
 int CheckSubcommand(const CheckCall& call);
 
+struct TestCall {
+  std::string path;      // a folder, a program or a test's file; empty: the working directory
+  std::string filter;    // runs the tests whose name has it, blind to case
+  bool update = false;   // keeps what comes out as the expected output
+  bool windows = false;  // with real windows that nobody sees
+  std::string junit;     // an XML file for services
+  int jobs = 0;          // tests at the same time; 0: as many as the machine has cores
+  int patience = 60;     // seconds for one test
+};
+int TestSubcommand(const TestCall& call);
+
 int ShowSubcommand(const std::string& program);
 int NewSubcommand(const std::string& folder);
 
