@@ -76,12 +76,14 @@ struct Call {
   std::vector<std::string> environment;  // in front of this process's own
   fs::path input;
   fs::path output;
+  fs::path folder = "/";  // where it works
 };
 
 // Its number, or the negative error number.
 pid_t Start(Call call) {
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
+  posix_spawn_file_actions_addchdir_np(&actions, call.folder.c_str());
   posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, call.input.c_str(), O_RDONLY, 0);
   posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, call.output.c_str(),
                                    O_WRONLY | O_CREAT | O_APPEND, 0600);
@@ -153,7 +155,8 @@ TestRun RunTest(const ProgramTest& test, const TestContent& content, const TestS
             .environment = {"XDG_DATA_HOME=" + (workshop / "dados").string(),
                             "XDG_CONFIG_HOME=" + (workshop / "ajustes").string()},
             .input = workshop / "roteiro",
-            .output = workshop / "saida"};
+            .output = workshop / "saida",
+            .folder = copy};
   if (setting.windows) {
     call.words.insert(call.words.end(), {"--script", "-"});
   } else {

@@ -7,6 +7,8 @@
 #include <cmath>
 
 #include "commands/dialog_commands.h"
+#include "console/printed_texts.h"
+#include "platform/system_reason.h"
 #include "platform/termination.h"
 #include "text/code_page.h"
 #include "text/literal.h"
@@ -14,6 +16,8 @@
 #include "text/one_based.h"
 #include "windows/event_state.h"
 #include "windows/form.h"
+#include "windows/picture_file.h"
+#include "windows/portrait.h"
 #include "windows/window_directory.h"
 
 namespace tessera {
@@ -76,12 +80,21 @@ bool IsYes(std::string_view answer) {
   return EqualsIgnoringCase(Trim(answer), "s") || EqualsIgnoringCase(Trim(answer), "sim");
 }
 
-// A window in memory; what is printed on it goes to the lead.
+// A window in memory; what is printed on it goes to the lead, and is painted where somebody takes a look.
 class MemoryForm final : public Form {
  public:
-  MemoryForm(StageLead& lead, const Placement& place, FormEvents& events)
-      : Form(events, place), lead_(lead) {}
+  MemoryForm(StageLead& lead, TextPainter& texts, const Placement& place, FormEvents& events)
+      : Form(events, place), lead_(lead), texts_(texts) {}
   ~MemoryForm() override { UnloadControls(); }
+
+  Raster Portrait() {
+    Raster seen = InSight();
+    printed_.PaintOn(seen, texts_);
+    PaintObjects(*this, &texts_, seen);
+    return seen;
+  }
+
+  TextPainter* SurfaceTexts() override { return &texts_; }
 
   TextSize MeasureText(std::string_view text, const FontFace& font) const override {
     return MeasureLetters(text, font);
@@ -90,22 +103,42 @@ class MemoryForm final : public Form {
   using Form::TakeScale;
 
  protected:
-  void ShowPrinted(std::string_view text, const TextMask&) override { lead_.OnPrinted(text); }
+  void ShowPrinted(std::string_view text, const TextMask&) override {
+    lead_.OnPrinted(text);
+    printed_.Add({.text = std::string(text),
+                  .font = Font,
+                  .pixel = PixelOfColour(ForeColor),
+                  .left = CurrentX,
+                  .top = CurrentY});
+  }
+  void ShowErased() override { printed_.Clear(); }
+  void ShowDrawn(const Spans& spans, Pixel) override { printed_.Cover(spans); }
+  void ShowPainted(const PictureRef& picture, PixelPoint at) override {
+    printed_.Cover(picture->raster, at, raster_.size());
+  }
   void ServeModal() override { lead_.ServeModal(*this); }
 
  private:
   StageLead& lead_;
+  TextPainter& texts_;
+  PrintedTexts printed_;
 };
 
 class MemoryStage final : public Stage {
  public:
+  explicit MemoryStage(TextPainter& texts) : texts_(texts) {}
+
   std::unique_ptr<Form> NewForm(std::string_view, const Placement& place, FormEvents& events,
                                 StageLead& lead) override {
-    return std::make_unique<MemoryForm>(lead, place, events);
+    return std::make_unique<MemoryForm>(lead, texts_, place, events);
   }
   void ResizeByPerson(Form& form, double width, double height) override {
     static_cast<MemoryForm&>(form).TakeScale(width, height);
   }
+  Raster Portrait(Form& form) override { return static_cast<MemoryForm&>(form).Portrait(); }
+
+ private:
+  TextPainter& texts_;
 };
 
 }  // namespace
@@ -115,8 +148,9 @@ ConsoleHost::ConsoleHost(const ConsoleStreams& streams, ConsoleOptions options)
       err_(streams.err),
       input_(streams.in, streams.descriptor, streams.isTerminal),
       options_(std::move(options)),
+      texts_(options_.paper, [this](std::string_view problem) { TellMissingPart(problem); }),
       random_(std::random_device{}()),
-      memory_(options_.stage == nullptr ? std::make_unique<MemoryStage>() : nullptr),
+      memory_(options_.stage == nullptr ? std::make_unique<MemoryStage>(texts_) : nullptr),
       stage_(memory_ ? memory_.get() : options_.stage) {
   if (!memory_) input_.DoMeanwhile([this] { stage_->ShowChanges(); });
 }
@@ -182,6 +216,10 @@ void ConsoleHost::TellPlace(std::string_view text) {
   if (!options_.placeOf) return;
   const std::string place = options_.placeOf(text);
   if (!place.empty()) TellError("  em " + place);
+}
+
+void ConsoleHost::TellMissingPart(std::string_view problem) {
+  ShowBox({.text = std::string(problem), .title = options_.programTitle, .icon = BoxIcon::Critical});
 }
 
 // Boxes and forms
@@ -471,6 +509,12 @@ bool ConsoleHost::CloseWindow(std::string_view name) {
 
 void ConsoleHost::LetTimePass(std::chrono::milliseconds time) {
   time_.Pass(time);
+}
+
+// The script's paths are those of whoever gave it: from the process' own folder.
+std::string ConsoleHost::TakePortrait(std::string_view path) {
+  const int error = SavePng(stage_->Portrait(InHand()), files_, ToUtf8(path));
+  return error == 0 ? std::string() : FromUtf8Lossy(SystemReason(error));
 }
 
 void ConsoleHost::LetNetworkAct(std::chrono::milliseconds time) {

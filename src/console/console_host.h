@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "console/event_script.h"
+#include "console/part_texts.h"
 #include "console/posted_acts.h"
 #include "console/script_input.h"
 #include "console/script_time.h"
@@ -21,6 +22,7 @@
 #include "platform/process_end.h"
 #include "platform/system_clock.h"
 #include "platform/system_files.h"
+#include "reports/paper_part.h"
 #include "reports/report_host.h"
 #include "windows/display.h"
 #include "windows/stage.h"
@@ -45,6 +47,9 @@ struct ConsoleOptions {
   std::function<std::string(std::string_view)> placeOf = {};
   // Where the windows stand; null for the host's own memory.
   Stage* stage = nullptr;
+  // Paints texts on surfaces, loaded when the first is printed; it outlives the host. Without it they leave
+  // no pixels.
+  reports::PaperPart* paper = nullptr;
 };
 
 inline constexpr int kFaultyScriptStatus = 3;
@@ -102,6 +107,7 @@ class ConsoleHost final : public Display,
   std::optional<std::string> AskDialog(std::string_view mode, std::string_view title);
   void TellError(std::string_view utf8);
   void TellPlace(std::string_view text);
+  void TellMissingPart(std::string_view problem);
   void CatchUp();
   void Dispatch();
   bool DeliverNext();
@@ -124,12 +130,14 @@ class ConsoleHost final : public Display,
   void ResizeWindow(double lines, double columns) override;
   bool CloseWindow(std::string_view name) override;
   void LetTimePass(std::chrono::milliseconds time) override;
+  std::string TakePortrait(std::string_view path) override;
   void LetNetworkAct(std::chrono::milliseconds time) override;
 
   std::ostream& out_;
   std::ostream& err_;
   ScriptInput input_;
   ConsoleOptions options_;
+  PartTexts texts_;
   ScriptTime time_;
   PostedActs posted_;
   EventSource* source_ = nullptr;

@@ -60,6 +60,7 @@ class QtForm final : public Form {
 
   std::uintptr_t hWnd() const override;
   void Activate() override;
+  TextPainter* SurfaceTexts() override { return &around_.painter; }
   TextSize MeasureText(std::string_view text, const FontFace& font) const override;
   void DragForm() override;
   void ShowSysMenu() override;

@@ -2,8 +2,11 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QPixmap>
+#include <QWidget>
 
 #include "qt/form.h"
+#include "qt/pictures.h"
 #include "qt/qt_host.h"
 
 namespace tessera {
@@ -48,6 +51,11 @@ std::unique_ptr<Form> QtStage::NewForm(std::string_view name, const Placement& p
 // The windows of this stage are all of this kind.
 void QtStage::ResizeByPerson(Form& form, double width, double height) {
   static_cast<QtForm&>(form).ResizeByPerson(width, height);
+}
+
+Raster QtStage::Portrait(Form& form) {
+  ShowChanges();
+  return ToRaster(static_cast<QtForm&>(form).widget()->grab().toImage());
 }
 
 void QtStage::ShowChanges() {

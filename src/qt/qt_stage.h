@@ -17,6 +17,8 @@ class QtStage final : public Stage, private QObject {
   std::unique_ptr<Form> NewForm(std::string_view name, const Placement& place, FormEvents& events,
                                 StageLead& lead) override;
   void ResizeByPerson(Form& form, double width, double height) override;
+  // The widget as it paints itself, in the pixels of its screen.
+  Raster Portrait(Form& form) override;
   void ShowChanges() override;
 
  private:

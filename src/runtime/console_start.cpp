@@ -7,6 +7,7 @@
 
 #include "console/console_host.h"
 #include "platform/termination.h"
+#include "runtime/own_folder.h"
 #include "runtime/program_run.h"
 
 namespace tessera {
@@ -22,8 +23,11 @@ int RunOnStreams(const ProgramStart& start, Stage* stage) {
                                .err = std::cerr,
                                .descriptor = STDIN_FILENO,
                                .isTerminal = stage == nullptr && isatty(STDIN_FILENO) != 0};
-  ConsoleOptions options{
-      .programTitle = start.program.name, .answerCancel = start.answerCancel, .stage = stage};
+  reports::PaperPart paper(PartFolders());
+  ConsoleOptions options{.programTitle = start.program.name,
+                         .answerCancel = start.answerCancel,
+                         .stage = stage,
+                         .paper = &paper};
   if (isatty(STDERR_FILENO) != 0)
     options.placeOf = [&start](std::string_view text) { return FilePlace(start.files, text); };
   ConsoleHost host(streams, std::move(options));

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "windows/placement.h"
+#include "windows/raster.h"
 
 namespace tessera {
 
@@ -32,6 +33,8 @@ class Stage {
   // The client area of a window that this stage made has that many pixels now, as if a person had drawn at
   // its frame.
   virtual void ResizeByPerson(Form& form, double width, double height) = 0;
+  // What stands on a window that this stage made.
+  virtual Raster Portrait(Form& form) = 0;
   // Shows what has changed. It lets no event into the program.
   virtual void ShowChanges() {}
 };
