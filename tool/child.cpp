@@ -26,6 +26,7 @@ pid_t StartChild(ChildCall call) {
   for (char** variable = environ; *variable != nullptr; ++variable) call.environment.emplace_back(*variable);
   const auto pointers = [](std::vector<std::string>& texts) {
     std::vector<char*> list;
+    list.reserve(texts.size() + 1);
     for (std::string& text : texts) list.push_back(text.data());
     list.push_back(nullptr);
     return list;

@@ -61,11 +61,11 @@ std::set<Topic> TopicsOf(const EditorTexts& editors) {
 std::vector<NeededPackage> NeedsOf(const PackedProgram& program) {
   std::vector<NeededPackage> needs(kAlways.begin(), kAlways.end());
   const std::set<Topic> topics = TopicsOf(program.EditorText);
-  for (const auto& [topic, needed] : kParts) {
+  for (const PartRow& part : kParts) {
     const bool isThere = std::any_of(needs.begin(), needs.end(), [&](const NeededPackage& other) {
-      return other.package == needed.package;
+      return other.package == part.needed.package;
     });
-    if (topics.contains(topic) && !isThere) needs.push_back(needed);
+    if (topics.contains(part.topic) && !isThere) needs.push_back(part.needed);
   }
   return needs;
 }

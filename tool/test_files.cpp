@@ -46,7 +46,7 @@ bool IsProgramFolder(const fs::path& folder) {
 
 // The program that a test stands beside; empty where there is none.
 fs::path ProgramOf(const fs::path& stem) {
-  const fs::path folder = stem.parent_path();
+  fs::path folder = stem.parent_path();
   if (IsProgramFolder(folder)) return folder;
   std::string name = stem.filename().string();
   for (;;) {
