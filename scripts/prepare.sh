@@ -17,6 +17,7 @@ packages=(
   python3-pyftpdlib python3-openssl openssl  # a server of files for the tests
   binutils-mingw-w64-x86-64 icoutils desktop-file-utils  # icons, made and read by others
   xvfb xauth xdotool libxcb1-dev sqlite3      # tests with a real display, and a look at what was exported
+  vim-tiny libkf5syntaxhighlighting-tools     # editors, to look at their colours
 )
 
 is_installed() {

@@ -1,10 +1,16 @@
 // `tessera run`: a program from its sources, with windows or on the terminal.
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
+#include <string_view>
 
+#include "platform/system_reason.h"
 #include "runtime/console_start.h"
 #include "runtime/given_devices.h"
 #include "runtime/handover.h"
@@ -33,6 +39,17 @@ bool DisplayIsNamed() {
 std::string AbsolutePath(const std::string& path) {
   std::error_code unreadable;
   return path.empty() ? path : std::filesystem::absolute(path, unreadable).string();
+}
+
+constexpr std::string_view kStandardInput = "-";
+
+// Makes the file the process's standard input, which the runtime takes over.
+bool ReadFrom(const std::string& file) {
+  const int opened = open(file.c_str(), O_RDONLY | O_CLOEXEC);
+  if (opened < 0) return false;
+  const bool done = dup2(opened, STDIN_FILENO) >= 0;
+  close(opened);
+  return done;
 }
 
 // The tool itself links no window toolkit, so that the terminal stays quick: the runtime shows the windows.
@@ -70,12 +87,18 @@ int RunSubcommand(const RunCall& call) {
                            .microphone = AbsolutePath(call.microphone),
                            .camera = AbsolutePath(call.camera),
                            .plain = call.plain,
+                           .scripted = !call.script.empty(),
+                           .answerCancel = call.answerCancel,
                            .files = std::move(program.files)};
+  if (start.scripted && call.script != kStandardInput && !ReadFrom(call.script)) {
+    PrintError(call.script + ": o roteiro não pode ser lido: " + SystemReason(errno));
+    return kWrongCall;
+  }
   if (!call.console) {
-    if (DisplayIsNamed()) return RunWithWindows(start);
+    if (start.scripted || DisplayIsNamed()) return RunWithWindows(start);
     PrintRemark("nenhuma tela ao alcance; o programa roda no terminal");
   }
-  return RunOnConsole(start, call.answerCancel);
+  return RunOnConsole(start);
 }
 
 }  // namespace tessera

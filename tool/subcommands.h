@@ -16,17 +16,22 @@ struct RunCall {
   std::string camera;         // a picture, or a folder of them, in the place of a device, or empty
   bool plain = false;         // by the plain rules alone
   bool check = true;          // where a person reads along, what the check finds is shown first
-  bool answerCancel = false;  // boxes of OK and Cancel are answered Cancel on the console host
+  bool answerCancel = false;  // a script answers boxes of OK and Cancel with Cancel
+  std::string script;         // a file with an event script; "-" is the standard input, empty for none
 };
 int RunSubcommand(const RunCall& call);
 
 struct BuildCall {
   std::string program;
-  std::string output;    // empty: the program's name in its own folder
-  std::string runtime;   // empty: `tessera-runtime` beside the tool
-  bool force = false;    // also over a file that is no older finished program
-  std::string icon;      // a picture for the desktop; empty: none
-  bool desktop = false;  // the program comes into the user's menu
+  std::string output;                 // empty: the program's name in its own folder
+  std::string runtime;                // empty: `tessera-runtime` beside the tool
+  bool force = false;                 // also over a file that is no older finished program
+  std::string icon;                   // a picture for the desktop; empty: none
+  bool desktop = false;               // the program comes into the user's menu
+  std::vector<std::string> included;  // files and folders that come to lie beside the program
+  bool deb = false;                   // a package of the system, in the place of the program
+  std::string version = "1.0";        // of the package
+  bool needs = false;                 // tells what the program needs, and writes nothing
 };
 int BuildSubcommand(const BuildCall& call);
 
@@ -38,6 +43,17 @@ struct CheckCall {
   bool denyWarnings = false;  // a warning refuses the program too
 };
 int CheckSubcommand(const CheckCall& call);
+
+struct TestCall {
+  std::string path;      // a folder, a program or a test's file; empty: the working directory
+  std::string filter;    // runs the tests whose name has it, blind to case
+  bool update = false;   // keeps what comes out as the expected output
+  bool windows = false;  // with real windows that nobody sees
+  std::string junit;     // an XML file for services
+  int jobs = 0;          // tests at the same time; 0: as many as the machine has cores
+  int patience = 60;     // seconds for one test
+};
+int TestSubcommand(const TestCall& call);
 
 int ShowSubcommand(const std::string& program);
 int NewSubcommand(const std::string& folder);

@@ -23,11 +23,22 @@ struct FrontWatch {
   const void* expected = nullptr;
 };
 
+class StageLead;
+
+// What all windows of a host share; it outlives them.
+struct FormSurroundings {
+  TextPainter& painter;
+  LogicEntry& entry;
+  FrontWatch& front;
+  DrawnPanes& drawn;
+  StageLead* lead = nullptr;  // where an event script leads the windows, and no person
+};
+
 class QtForm final : public Form {
  public:
   // `objectName` is the name by which tests and assistive tools find the widget.
-  QtForm(const QString& objectName, const Placement& place, FormEvents& events, TextPainter& painter,
-         LogicEntry& entry, FrontWatch& front, DrawnPanes& drawn);
+  QtForm(const QString& objectName, const Placement& place, FormEvents& events,
+         const FormSurroundings& surroundings);
   ~QtForm() override;
   QtForm(const QtForm&) = delete;
   QtForm& operator=(const QtForm&) = delete;
@@ -38,11 +49,14 @@ class QtForm final : public Form {
   bool IsServing() const { return isServing_; }
 
   // Where what is drawn on the window and its objects waits to be shown.
-  DrawnPanes& Drawn() const { return drawn_; }
+  DrawnPanes& Drawn() const { return around_.drawn; }
+
+  // A client area of that many pixels, by a script's person.
+  void ResizeByPerson(double width, double height);
 
   std::uintptr_t hWnd() const override;
   void Activate() override;
-  TextPainter* SurfaceTexts() override { return &painter_; }
+  TextPainter* SurfaceTexts() override { return &around_.painter; }
   TextSize MeasureText(std::string_view text, const FontFace& font) const override;
   void DragForm() override;
   void ShowSysMenu() override;
@@ -77,13 +91,10 @@ class QtForm final : public Form {
   void WaitForFirstPainting();
 
   bool isServing_ = false;
-  TextPainter& painter_;
-  LogicEntry& entry_;
-  FrontWatch& front_;
+  FormSurroundings around_;
   // FAST: lists measure many texts in one font, and asking for a font costs more than measuring in it.
   struct FontMeasures;
   mutable std::unique_ptr<FontMeasures> measures_;
-  DrawnPanes& drawn_;
   std::unique_ptr<FormWidget> widget_;
 };
 
