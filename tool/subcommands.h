@@ -40,6 +40,9 @@ int CheckSubcommand(const CheckCall& call);
 int ShowSubcommand(const std::string& program);
 int NewSubcommand(const std::string& folder);
 
+// Writes the table of the language as JSON: words with arguments, keywords and suffixes, built-in variables.
+int WordsSubcommand();
+
 // The sub-commands of `tessera bd`, on a record file.
 int BdInfoSubcommand(const std::string& file);
 int BdCheckSubcommand(const std::string& file);
