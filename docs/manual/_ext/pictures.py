@@ -18,11 +18,23 @@ from pages import all_examples
 
 SCREEN = "1280x1024x24"
 WAIT_SECONDS = 20
+MARGIN = 16  # pixels of empty ground that a picture keeps
 REST_SECONDS = 0.7   # what a window takes at most to be painted behind its first showing
 
 
 def call(*words, **more):
     return subprocess.run(words, capture_output=True, text=True, **more)
+
+
+def cut(picture):
+    """Leaves out the empty ground at the right and below, as far as it is one colour."""
+    box = call("convert", str(picture), "-format", "%w %h %@", "info:")
+    width, height, inner = box.stdout.split()
+    across, down, left, top = (int(number) for number in inner.replace("x", "+").split("+"))
+    if across + left == 0:
+        return box
+    size = f"{min(int(width), left + across + MARGIN)}x{min(int(height), top + down + MARGIN)}+0+0"
+    return call("convert", str(picture), "-crop", size, "+repage", str(picture))
 
 
 def take(binaries, example, target):
@@ -53,6 +65,8 @@ def take(binaries, example, target):
             time.sleep(REST_SECONDS)
             found = call("xdotool", "search", "--onlyvisible", "--name", ".", env=surroundings).stdout.split()
             made = call("import", "-window", found[-1], str(target), env=surroundings)
+            if made.returncode == 0:
+                made = cut(target)
             return f"{example.where()}: {made.stderr}" if made.returncode != 0 else ""
         finally:
             running.terminate()

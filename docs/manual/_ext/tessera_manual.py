@@ -182,7 +182,14 @@ class ScriptLexer(RegexLexer):
     tokens = {"root": [(r"^'[^\n]*", Comment), (r"[^\n]+", Text), (r"\n", Text)]}
 
 
+def link_failures(app, name, source):
+    """The first word of a failure on a word's page leads to the page that tells what it is."""
+    if name.startswith("palavras/"):
+        source[0] = source[0].replace("falha do programa", "[falha do programa](../temas/falhas.md)", 1)
+
+
 def setup(app):
+    app.connect("source-read", link_failures)
     app.add_directive("palavra", WordHead)
     app.add_directive("tema", TopicWords)
     app.add_directive("variaveis", Variables)
