@@ -13,6 +13,7 @@ packages=(
   libcurl4-openssl-dev libffi-dev            # file transfer, calls of libraries
   python3-pyftpdlib python3-openssl openssl  # a server of files for the tests
   binutils-mingw-w64-x86-64 icoutils desktop-file-utils  # icons, made and read by others
+  python3-sphinx python3-myst-parser furo weasyprint  # the manual: pages, their theme, paper
   xvfb xauth xdotool libxcb1-dev sqlite3      # tests with a real display, and a look at what was exported
 )
 

@@ -17,6 +17,7 @@ html_theme = "furo"
 html_title = "Manual de Tessera"
 html_static_path = ["_static"]
 html_css_files = ["manual.css"]
+html_js_files = ["busca.js"]
 html_copy_source = False
 html_show_sphinx = False
 html_show_copyright = False

@@ -33,6 +33,22 @@ ROLES = {
     "block": "Palavra de bloco: escreva-a exatamente assim.",
 }
 
+# The table has keywords and suffixes in capitals; programs write them so.
+SPELLED = """
+AjustaImagem AlteraCelula AlturaLinha AlturaPapel AtivaCursor AtivaEnter CliqueBotao CliqueBox CliqueObjeto ColBoxRef
+CorFundo CorLetra FigClique FigDestaque FigFoco FigInativo FigSolto FiguraFinal FiguraInicial FrameAnterior FrameNumero
+HDC HWND IndiceTab LeListagem LePonto LinBoxRef LinIniList LinListRef LinhaReta MargemDireita MouseBotao MouseGeral
+MouseIcone MouseX MouseY MoveAnterior MoveFoco MovePrimeiro MoveProximo MoveUltimo NomeArquivo NomeFonte NomeFuncao
+NovaLinha NovaPagina PassoMaior PassoMenor PosCursor PosX PosY ProximoFrame ResVideo SalvaFigura TamFonte TamanhoPonto
+TestaFimPag TextoRTF TotalColBox TotalItens TotalLinBox TotalRegistros URL
+""".split()
+SPELLINGS = {word.upper(): word for word in SPELLED}
+
+
+def spelled(word):
+    """A keyword or suffix as programs write it; one that is not in capitals counts as it stands."""
+    return SPELLINGS.get(word, word.capitalize()) if word.isupper() else word
+
 
 def arguments_of(signature):
     """The arguments of a signature as (name, kind in words, optional, repeated)."""
@@ -69,23 +85,22 @@ def usage(word, signature):
 
 
 def form_line(word, form):
-    name = form["word"].capitalize() if form["word"].isupper() else form["word"]
-    shown = written(form["arguments"])
-    if form["word"].startswith("."):
-        suffix = form["word"] if not form["word"].isupper() else "." + form["word"][1:].capitalize()
-        name = f"{word['name']} Nome{suffix}"
+    """A keyword or suffix with its values, as a program writes it."""
+    name, shown = form["word"], written(form["arguments"])
+    if name.startswith("."):
+        name = f"{word['name']} Nome.{spelled(name[1:])}"
     elif word["name"] == "SQL":
-        name = "SQL " + ".".join(part.capitalize() for part in form["word"].split("."))
+        name = "SQL " + ".".join(spelled(part) if part not in ("BASE", "TABELA", "CAMPO") else part.lower()
+                                 for part in name.split("."))
     elif word["name"] in ("Rel", "Imp"):
-        name = f"{word['name']}.{form['word'].capitalize()}"
+        name = f"{word['name']}.{spelled(name)}"
     else:
-        name = f"{word['name']} {name}"
+        name = f"{word['name']} {spelled(name)}"
     if form["values"] == "equals":
         return f"{name} = {shown}"
-    if form["values"] == "list" and shown:
-        separator = " " if word["name"] in ("Rel", "Imp", "SQL") or form["word"].startswith(".") else ", "
-        return name + separator + shown
-    return name
+    if not shown:
+        return name
+    return name + ("" if "." in name else ",") + " " + shown
 
 
 def head_of(word):
