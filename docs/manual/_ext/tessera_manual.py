@@ -98,9 +98,12 @@ def form_line(word, form):
         name = f"{word['name']} {spelled(name)}"
     if form["values"] == "equals":
         return f"{name} = {shown}"
+    if word["suffixes"] and form["result"] != "none" and form["values"] != "equals":
+        return f"variável = {word['name']}({', '.join(filter(None, [name.split(' ')[1], shown]))})"
     if not shown:
         return name
-    return name + ("" if "." in name else ",") + " " + shown
+    first_behind_blank = word["name"] in ("Rel", "Imp", "SQL") or form["word"] in (".ADD", ".ADICIONA", ".ESCREVA")
+    return f"{name}{'' if first_behind_blank else ','} {shown}"
 
 
 def head_of(word):
