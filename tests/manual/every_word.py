@@ -4,6 +4,7 @@
   every_word.py TESSERA MANUAL
 
 A word that is still to come may have no example that runs. Every keyword and suffix is shown by the table itself.
+The pages of the topics and of the first hour have an example too.
 """
 import json
 import pathlib
@@ -44,12 +45,16 @@ def problems_of(word, page):
 def main(words):
     if len(words) != 2:
         raise SystemExit(__doc__)
-    tessera, pages = words[0], pathlib.Path(words[1]) / "palavras"
+    tessera, manual = words[0], pathlib.Path(words[1])
+    pages = manual / "palavras"
     table = json.loads(subprocess.run([tessera, "words"], check=True, capture_output=True).stdout)["words"]
     problems = [f"{word['name']} {problem}" for word in table
                 for problem in problems_of(word, pages / f"{word['name']}.md")]
     names = {word["name"] for word in table}
     problems += [f"{page.name}: no such word" for page in sorted(pages.glob("[A-Z]*.md")) if page.stem not in names]
+    for page in sorted([*manual.glob("temas/*.md"), *manual.glob("primeira-hora/[0-9]*.md")]):
+        if not any(block.kind == "tessera" for block in blocks_of(page.read_text(encoding="utf-8").split("\n"))):
+            problems.append(f"{page.name}: has no example")
     print("\n".join(problems + [f"{len(table)} words, {len(problems)} problems"]))
     return 1 if problems else 0
 
