@@ -104,19 +104,11 @@ void AssignmentForm::AssignCall(Engine& engine, Run& run, const NameForm& target
 bool AssignmentForm::AssignTerm(Run& run, const NameForm& target) const {
   VariableStore& store = run.variables;
   if (std::int32_t* integer = target.Integer(store)) {
-    constexpr std::int64_t kLeast = std::numeric_limits<std::int32_t>::min();
-    constexpr std::int64_t kMost = std::numeric_limits<std::int32_t>::max();
-    std::int64_t whole = 0;
-    if (!term_.ReadWhole(store, whole)) {
-      const Reading reading = term_.Read(run);
-      if (reading.kind != Reading::Kind::Whole && reading.kind != Reading::Kind::Float) return false;
-      const double rounded = RoundHalfEven(run.roundings.Rounded(reading.number));
-      if (!(rounded >= static_cast<double>(kLeast) && rounded <= static_cast<double>(kMost))) return false;
-      whole = static_cast<std::int64_t>(rounded);
-    }
-    if (whole < kLeast || whole > kMost) return false;
-    *integer = static_cast<std::int32_t>(whole);
-    return true;
+    const Reading reading = term_.Read(run);
+    if (reading.kind != Reading::Kind::Whole && reading.kind != Reading::Kind::Float) return false;
+    const double rounded = RoundHalfEven(run.roundings.Rounded(reading.number));
+    constexpr double kMost = 1e15;
+    return std::fabs(rounded) < kMost && PutWhole(*integer, static_cast<std::int64_t>(rounded));
   }
   const Reading reading = term_.Read(run);
   if (double* decimal = target.Decimal(store)) {

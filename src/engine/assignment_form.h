@@ -17,6 +17,17 @@ class AssignmentForm {
  public:
   AssignmentForm(Run& run, const Line& line);
 
+  // The same as `Assign` where a whole number goes into a variable of whole numbers and symbols tell of both;
+  // else nothing, and false.
+  bool AssignWhole(Engine& engine, VariableStore& store, const NameForm& target) const {
+    if (kind_ != Kind::Term) return false;
+    std::int32_t* integer = target.Integer(store);
+    std::int64_t whole = 0;
+    if (integer == nullptr || !term_.ReadWhole(store, whole) || !PutWhole(*integer, whole)) return false;
+    engine.TextExpressionFlag = false;
+    return true;
+  }
+
   // What `AssignStatement` does for the variable `target`, named `name`, which is declared.
   void Assign(Engine& engine, Run& run, const NameForm& target, std::string_view name) const;
 

@@ -23,45 +23,99 @@ void StatementLoop::RunFrom(std::int32_t startStatement) {
   run_.StopFlag = false;
   const Line* line = startStatement == 0 ? text_.First() : text_.FindStatement(startStatement, 1);
   const bool plain = run_.plain || text_.isOnce();
-  for (std::uint32_t count = 1; line != nullptr; ++count) {
+  while (line != nullptr) {
     if (!run_.RunningFlag || run_.WindowCodeStopFlag || run_.StopFlag) return;
+    if (!plain) line = RunWholeNumbers(*line);
+    if (line == nullptr) return;
     run_.sourcePosition = line->source;
-    if (count % kBreath == 0) run_.host.events.ShowDrawn();
+    if (++sinceBreath_ >= kBreath) {
+      sinceBreath_ = 0;
+      run_.host.events.ShowDrawn();
+    }
     line = plain ? PlainStep(*line) : Step(*line);
   }
 }
 
-// FAST: what happens in every loop of a program stands here, what is rare in functions of its own.
+// FAST: what the inner loops of a program consist of. Such lines show nothing, stop nothing and make no
+// names, so that nobody need be asked between them. Gives the first line of another kind.
+const Line* StatementLoop::RunWholeNumbers(const Line& start) {
+  VariableStore& store = run_.variables;
+  if (!store.SymbolsTellAll()) return &start;
+  const Line* line = &start;
+  for (const Line* next = nullptr; sinceBreath_ < kBreath; ++sinceBreath_, line = next) {
+    const LineForm& form = line->form;
+    switch (form.kind) {
+      case LineForm::Kind::Step: {
+        std::int32_t* integer = form.target.Integer(store);
+        if (integer == nullptr || !PutWhole(*integer, std::int64_t{*integer} + form.change)) return line;
+        next = form.next;
+        break;
+      }
+      case LineForm::Kind::While: {
+        bool holds = false;
+        if (!form.condition->CompareWhole(store, holds)) return line;
+        next = holds ? form.next : form.jump;
+        break;
+      }
+      case LineForm::Kind::If: {
+        bool holds = false;
+        if (!form.condition->CompareWhole(store, holds)) return line;
+        next = Branch(form, holds);
+        break;
+      }
+      case LineForm::Kind::Else:
+        next = PassElse(form);
+        break;
+      case LineForm::Kind::EndIf:
+        if (form.target.type() != VariableType::None) return line;
+        seResult_[form.depth] = Outcome::None;
+        next = form.next;
+        break;
+      case LineForm::Kind::Repeat:
+        next = form.next;
+        break;
+      case LineForm::Kind::VariableOrCommand:
+        if (form.assignment == nullptr || !form.assignment->AssignWhole(engine_, store, form.target))
+          return line;
+        next = form.next;
+        break;
+      case LineForm::Kind::Compound: {
+        std::int32_t* integer = form.target.Integer(store);
+        std::int64_t whole = 0;
+        if (integer == nullptr || !form.term->ReadWhole(store, whole) ||
+            !PutWhole(*integer, *integer + form.change * whole)) {
+          return line;
+        }
+        next = form.next;
+        break;
+      }
+      default:
+        return line;
+    }
+    if (next == nullptr) {
+      run_.sourcePosition = line->source;
+      return nullptr;
+    }
+  }
+  return line;
+}
+
+// The fast road: a line by its form, and by the rules where it has none.
 const Line* StatementLoop::Step(const Line& line) {
   const LineForm& form = line.form;
   switch (form.kind) {
-    case LineForm::Kind::Step:
-      if (StepInPlace(form)) return form.next;
-      break;
     case LineForm::Kind::While:
       return form.condition->Holds(run_) ? form.next : form.jump;
-    case LineForm::Kind::Repeat:
-      return form.next;
-    case LineForm::Kind::If: {
-      const bool holds = form.condition->Holds(run_);
-      seResult_[form.depth] = holds ? Outcome::True : form.jumpEndsBlock ? Outcome::None : Outcome::False;
-      return holds ? form.next : form.jump;
-    }
-    case LineForm::Kind::Else: {
-      Outcome& outcome = seResult_[form.depth];
-      if (outcome == Outcome::False) return form.next;
-      outcome = Outcome::None;
-      return form.jump;
-    }
-    case LineForm::Kind::EndIf:
-      if (form.target.type() != VariableType::None) break;
-      seResult_[form.depth] = Outcome::None;
-      return form.next;
-    case LineForm::Kind::VariableOrCommand:
-      return RunVariableOrCommand(line);
+    case LineForm::Kind::If:
+      return Branch(form, form.condition->Holds(run_));
+    case LineForm::Kind::Step:
+      if (StepDecimal(form)) return form.next;
+      break;
     case LineForm::Kind::Compound:
       if (CompoundInPlace(form)) return form.next;
       break;
+    case LineForm::Kind::VariableOrCommand:
+      return RunVariableOrCommand(line);
     case LineForm::Kind::Return:
       engine_.ReturnValue = form.term->Evaluate(run_);
       return form.next;
@@ -74,7 +128,19 @@ const Line* StatementLoop::Step(const Line& line) {
   return ByRules(line);
 }
 
-// A line gets its form when it comes round for the second time.
+const Line* StatementLoop::Branch(const LineForm& form, bool holds) {
+  seResult_[form.depth] = holds ? Outcome::True : form.jumpEndsBlock ? Outcome::None : Outcome::False;
+  return holds ? form.next : form.jump;
+}
+
+const Line* StatementLoop::PassElse(const LineForm& form) {
+  Outcome& outcome = seResult_[form.depth];
+  if (outcome == Outcome::False) return form.next;
+  outcome = Outcome::None;
+  return form.jump;
+}
+
+// A line that has come round for the second time gets its form, and goes by it the next time.
 const Line* StatementLoop::ByRules(const Line& line) {
   switch (line.form.kind) {
     case LineForm::Kind::New:
@@ -82,39 +148,24 @@ const Line* StatementLoop::ByRules(const Line& line) {
       break;
     case LineForm::Kind::Seen:
       ReadForm(run_, text_, line);
-      return Step(line);
+      break;
     default:
       break;
   }
   return PlainStep(line);
 }
 
-bool StatementLoop::StepInPlace(const LineForm& form) {
-  VariableStore& store = run_.variables;
-  if (!store.SymbolsTellAll()) return false;
-  if (std::int32_t* integer = form.target.Integer(store)) {
-    std::int32_t sum = 0;
-    if (__builtin_add_overflow(*integer, form.change, &sum)) return false;
-    *integer = sum;
-    return true;
-  }
-  double* decimal = form.target.Decimal(store);
-  if (decimal == nullptr) return false;
+bool StatementLoop::StepDecimal(const LineForm& form) {
+  double* decimal = form.target.Decimal(run_.variables);
+  if (!run_.variables.SymbolsTellAll() || decimal == nullptr) return false;
   *decimal += form.change;
   return true;
 }
 
 bool StatementLoop::CompoundInPlace(const LineForm& form) {
   VariableStore& store = run_.variables;
-  if (!store.SymbolsTellAll() || !form.term->IsWithoutCalls()) return false;
-  if (std::int32_t* integer = form.target.Integer(store)) {
-    std::int64_t whole = 0;
-    if (!form.term->ReadWhole(store, whole)) return false;
-    const std::int64_t sum = *integer + form.change * whole;
-    if (sum != static_cast<std::int32_t>(sum)) return false;
-    *integer = static_cast<std::int32_t>(sum);
-    return true;
-  }
+  if (!store.SymbolsTellAll() || !form.term->IsWithoutCalls() || form.target.Integer(store) != nullptr)
+    return false;
   const Reading reading = form.term->Read(run_);
   if (double* decimal = form.target.Decimal(store)) {
     if (reading.kind != Reading::Kind::Whole && reading.kind != Reading::Kind::Float) return false;

@@ -26,10 +26,12 @@ class StatementLoop {
   // What the last Se of a depth came to.
   enum class Outcome : std::uint8_t { None, True, False };
 
-  // The fast road: a line by its form, and by the rules where it has none.
+  const Line* RunWholeNumbers(const Line& start);
   const Line* Step(const Line& line);
+  const Line* Branch(const LineForm& form, bool holds);
+  const Line* PassElse(const LineForm& form);
   const Line* ByRules(const Line& line);
-  bool StepInPlace(const LineForm& form);
+  bool StepDecimal(const LineForm& form);
   bool CompoundInPlace(const LineForm& form);
   const Line* RunVariableOrCommand(const Line& line);
   void CallSub(const Line& line);
@@ -51,6 +53,7 @@ class StatementLoop {
   Run& run_;
   const RunnableText& text_;
   std::array<Outcome, kDepths> seResult_{};
+  std::uint32_t sinceBreath_ = 0;  // statements
 };
 
 }  // namespace tessera

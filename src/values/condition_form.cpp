@@ -16,17 +16,18 @@ ConditionForm::ConditionForm(Run& run, std::string_view text) {
                             AskedBy(word), word});
   }
   connectives_ = std::move(condition.connectives);
-  isSingle_ = comparisons_.size() == 1 && connectives_.empty();
+  const bool isSingle = comparisons_.size() == 1 && connectives_.empty();
+  if (isSingle && comparisons_[0].asked != 0) single_ = comparisons_.data();
 }
 
 ConditionForm::Asked ConditionForm::AskedBy(std::string_view word) {
-  if (word == "=") return Asked::Equal;
-  if (word == "<") return Asked::Less;
-  if (word == ">") return Asked::Greater;
-  if (word == "<>") return Asked::Unequal;
-  if (word == ">=") return Asked::AtLeast;
-  if (word == "<=") return Asked::AtMost;
-  return Asked::Nothing;
+  if (word == "=") return kEqual;
+  if (word == "<") return kLess;
+  if (word == ">") return kGreater;
+  if (word == "<>") return kLess | kGreater;
+  if (word == ">=") return kGreater | kEqual;
+  if (word == "<=") return kLess | kEqual;
+  return 0;
 }
 
 std::string_view ConditionForm::Outcome(Run& run, const Comparison& comparison) {
@@ -35,9 +36,9 @@ std::string_view ConditionForm::Outcome(Run& run, const Comparison& comparison) 
   const auto isNumber = [](const Reading& reading) {
     return reading.kind == Reading::Kind::Whole || reading.kind == Reading::Kind::Float;
   };
-  if (comparison.asked != Asked::Nothing) {
+  if (comparison.asked != 0) {
     const auto word = [&](bool less, bool equal) {
-      return Compare(comparison.asked, less, equal) ? kTrue : kFalse;
+      return Holds(comparison.asked, less, equal) ? kTrue : kFalse;
     };
     if (isNumber(left) && isNumber(right))
       return word(left.number < right.number, left.number == right.number);
@@ -51,7 +52,7 @@ std::string_view ConditionForm::Outcome(Run& run, const Comparison& comparison) 
   return CompareTerms(comparison.word, first, second);
 }
 
-bool ConditionForm::HoldsByTerms(Run& run) const {
+bool ConditionForm::Holds(Run& run) const {
   std::vector<std::string_view> results;
   for (const Comparison& comparison : comparisons_) {
     const std::string_view outcome = Outcome(run, comparison);

@@ -17,51 +17,44 @@ class ConditionForm {
   ConditionForm(Run& run, std::string_view text);
 
   // True where `EvaluateCondition` gives "TRUE".
-  bool Holds(Run& run) const {
+  bool Holds(Run& run) const;
+
+  // The same in `holds`, where two whole numbers are compared and symbols tell of them. False for any other.
+  bool CompareWhole(VariableStore& store, bool& holds) const {
     std::int64_t left = 0;
     std::int64_t right = 0;
-    if (isSingle_ && run.variables.SymbolsTellAll() && comparisons_[0].left.ReadWhole(run.variables, left) &&
-        comparisons_[0].right.ReadWhole(run.variables, right)) {
-      return Compare(comparisons_[0].asked, left < right, left == right);
+    if (single_ == nullptr || !single_->left.ReadWhole(store, left) ||
+        !single_->right.ReadWhole(store, right)) {
+      return false;
     }
-    return HoldsByTerms(run);
+    holds = Holds(single_->asked, left < right, left == right);
+    return true;
   }
 
  private:
-  enum class Asked : std::uint8_t { Equal, Less, Greater, Unequal, AtLeast, AtMost, Nothing };
+  // Which of the three outcomes of a comparison an operator is content with.
+  using Asked = std::uint8_t;
+  static constexpr Asked kLess = 1;
+  static constexpr Asked kEqual = 2;
+  static constexpr Asked kGreater = 4;
 
   struct Comparison {
     TermForm left, right;
-    Asked asked = Asked::Nothing;
+    Asked asked = 0;  // nothing, where only the rules know
     std::string_view word;
   };
 
   static Asked AskedBy(std::string_view word);
-  static bool Compare(Asked asked, bool less, bool equal) {
-    switch (asked) {
-      case Asked::Equal:
-        return equal;
-      case Asked::Less:
-        return less;
-      case Asked::Greater:
-        return !less && !equal;
-      case Asked::Unequal:
-        return !equal;
-      case Asked::AtLeast:
-        return !less;
-      case Asked::AtMost:
-        return less || equal;
-      default:
-        return false;
-    }
+  static bool Holds(Asked asked, bool less, bool equal) {
+    return (asked & (less ? kLess : equal ? kEqual : kGreater)) != 0;
   }
 
-  bool HoldsByTerms(Run& run) const;
   static std::string_view Outcome(Run& run, const Comparison& comparison);
 
   std::vector<Comparison> comparisons_;
   std::vector<std::string_view> connectives_;
-  bool isSingle_ = false;  // one comparison, no connective
+  // The only one, with no connective, where its operator is known.
+  const Comparison* single_ = nullptr;
 };
 
 }  // namespace tessera

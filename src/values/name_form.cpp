@@ -10,6 +10,7 @@ std::optional<NameForm> NameForm::Of(VariableStore& store, std::string_view name
   form.symbol = &store.Intern(name);
   const Position open = Find(name, "(");
   if (open == 0) return form;
+  form.isElement = true;
   const Position close = Find(name, ")");
   if (close < open + 1) return std::nullopt;
   const std::string_view index = Mid(name, open + 1, close - open - 1);

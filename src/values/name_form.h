@@ -11,10 +11,19 @@
 
 namespace tessera {
 
+// Gives the variable the number where it takes it: otherwise nothing, and false.
+inline bool PutWhole(std::int32_t& variable, std::int64_t number) {
+  const auto narrow = static_cast<std::int32_t>(number);
+  if (narrow != number) return false;
+  variable = narrow;
+  return true;
+}
+
 struct NameForm {
   const Symbol* symbol = nullptr;
   const Symbol* index = nullptr;  // of an index that is a name
   std::int32_t offset = 0;        // of one that is a number
+  bool isElement = false;         // it has an index
 
   // Nothing for a name whose index can't be read without a failure.
   static std::optional<NameForm> Of(VariableStore& store, std::string_view name);
@@ -50,8 +59,9 @@ struct NameForm {
  private:
   template <typename Slots>
   typename Slots::value_type* ValueIn(VariableStore& store, Slots& slots, VariableType wanted) const {
-    std::size_t slot = 0;
-    if (symbol->type != wanted || !FindSlot(store, slots.size(), slot)) return nullptr;
+    if (symbol->type != wanted) return nullptr;
+    auto slot = static_cast<std::size_t>(symbol->first);
+    if (isElement && !FindSlot(store, slots.size(), slot)) return nullptr;
     return &slots[slot];
   }
 };

@@ -242,7 +242,7 @@ void VariableStore::AddRecord(std::string_view name, Type table, std::int32_t fi
   const char initial = key.empty() ? '\0' : key.front();
   lengthsByFirst_[static_cast<unsigned char>(initial)] |= std::uint64_t{1} << key.size();
   cutNames_ = cutNames_ || name.size() > kNameWidth;
-  quotedNames_ = quotedNames_ || initial == '"';
+  symbolsTellAll_ = symbolsTellAll_ && !cutNames_ && initial != '"';
   if (row == nullptr) {
     row = &RowOf(key);
   } else {

@@ -90,7 +90,7 @@ class VariableStore {
 
   // False once names were declared of which symbols know nothing: names that their records cut, of which
   // several may be the same, and names that begin with a quote as literals do.
-  bool SymbolsTellAll() const { return !cutNames_ && !quotedNames_; }
+  bool SymbolsTellAll() const { return symbolsTellAll_; }
 
   // The slots of a type's values. Those of a symbol's variable begin at its `first`.
   std::vector<std::string>& Texts() { return texts_; }
@@ -188,7 +188,7 @@ class VariableStore {
   // look up are no names, and this tells it of most of them.
   std::array<std::uint64_t, 256> lengthsByFirst_{};
   bool cutNames_ = false;
-  bool quotedNames_ = false;
+  bool symbolsTellAll_ = true;
 };
 
 struct VariableStore::Frame::Variable {
