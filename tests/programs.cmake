@@ -1,4 +1,5 @@
-# The programs of the language that the tests run: each *.tsc file, or folder, of a directory is one test.
+# The programs of the language that the tests run: each *.tsc file, or folder, of a directory is one test, on the
+# console host, and another one with its windows.
 # A program without an expectation file beside it would prove nothing, so it fails the configuration.
 
 # tessera_programs(PREFIX directory of the programs, directory of their expectations)
@@ -21,7 +22,14 @@ function(tessera_programs prefix programs expectations)
     endif()
     add_test(NAME ${prefix}.${name}
       COMMAND ${CMAKE_SOURCE_DIR}/tests/run_program.sh $<TARGET_FILE:tessera> ${program} ${expectations}/${name})
-    set_tests_properties(${prefix}.${name} PROPERTIES TIMEOUT 60)
+    set(tests ${prefix}.${name})
+    if(TESSERA_DESKTOP)
+      add_test(NAME ${prefix}.windows.${name}
+        COMMAND ${CMAKE_SOURCE_DIR}/tests/run_program.sh --windows $<TARGET_FILE:tessera> ${program}
+          ${expectations}/${name})
+      list(APPEND tests ${prefix}.windows.${name})
+    endif()
+    set_tests_properties(${tests} PROPERTIES TIMEOUT 60)
   endforeach()
 endfunction()
 

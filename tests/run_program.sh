@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# Runs one program of the language on the console host and compares what came out with what is expected.
+# Runs one program of the language on the console host, or with its windows, and compares what came out with what
+# is expected: the same on both.
 #
-#   run_program.sh [--update] TESSERA PROGRAM EXPECTED
+#   run_program.sh [--update | --windows] TESSERA PROGRAM EXPECTED
 #
 # EXPECTED is a path without extension; beside it stand
 #   .in      stdin, no file: empty        .out     stdout, no file: empty
@@ -10,9 +11,12 @@
 # With --update the last three are rewritten from what came out; read the difference before you keep it.
 set -u
 
-update=no
-if [ "${1:-}" = --update ]; then update=yes; shift; fi
-[ $# -eq 3 ] || { sed -n '2,10p' "$0" >&2; exit 2; }
+update=no how=--console
+case ${1:-} in
+  --update) update=yes; shift ;;
+  --windows) how='--script -'; shift ;;
+esac
+[ $# -eq 3 ] || { sed -n '2,11p' "$0" >&2; exit 2; }
 tessera=$1 program=$2 expected=$3
 
 work=$(mktemp -d) || exit 2
@@ -29,7 +33,10 @@ program=$work/$(basename "$program")
 
 # No printer of the machine is met here.
 export CUPS_SERVER=/nowhere
-"$tessera" run --console "$program" -- "${arguments[@]}" < "$input" > "$work/out" 2> "$work/err"
+# Nor a display: the windows stand on one that nobody sees.
+unset DISPLAY WAYLAND_DISPLAY
+# shellcheck disable=SC2086
+"$tessera" run $how "$program" -- "${arguments[@]}" < "$input" > "$work/out" 2> "$work/err"
 echo $? > "$work/status"
 
 # A file that says what its absence says is not kept.

@@ -59,6 +59,7 @@ class CommandLine {
     AddRun();
     AddBuild();
     AddCheck();
+    AddTest();
     AddOnProgram("show", "Mostra o texto preparado de um programa", ShowSubcommand);
     CLI::App* created =
         Add("new", "Cria uma pasta com um primeiro programa", [this] { return NewSubcommand(name_); });
@@ -124,7 +125,10 @@ class CommandLine {
     run->add_flag("!--no-check", run_.check, "Não verifica o programa antes");
     run->add_flag("--plain", run_.plain,
                   "Executa só pelas regras simples, sem as formas rápidas, para comparar");
-    run->add_flag("--cancel", run_.answerCancel, "No terminal, responde Cancelar às caixas de OK e Cancelar");
+    run->add_option("--script", run_.script, "Roteiro de eventos que conduz as janelas; - é a entrada padrão")
+        ->type_name("ARQUIVO");
+    run->add_flag("--cancel", run_.answerCancel,
+                  "No terminal e em um roteiro, responde Cancelar às caixas de OK e Cancelar");
     run->add_option("--printer", run_.printer,
                     "Impressora: uma fila, ou um arquivo .pdf que recebe o documento")
         ->type_name("DESTINO");
@@ -145,6 +149,27 @@ class CommandLine {
     check->footer(
         "Um comentário silencia uma regra: ' tessera: permite T0306 (na linha, ou sozinho acima dela),\n"
         "' tessera: permite no programa T0306 (em todo o programa).");
+  }
+
+  void AddTest() {
+    CLI::App* test = Add("test", "Executa os testes de programas: roteiros com a saída esperada",
+                         [this] { return TestSubcommand(test_); });
+    test->add_option("CAMINHO", test_.path, "Pasta, programa ou teste; sem ele, a pasta atual")
+        ->type_name("");
+    test->add_flag("--update", test_.update, "Grava a saída que vem agora como a esperada");
+    test->add_option("--filter", test_.filter, "Só os testes que têm este texto no nome")->type_name("TEXTO");
+    test->add_flag("--windows", test_.windows, "Com janelas de verdade, que ninguém vê");
+    test->add_option("--junit", test_.junit, "Grava os resultados em XML, para serviços")
+        ->type_name("ARQUIVO");
+    test->add_option("--jobs", test_.jobs, "Quantos testes ao mesmo tempo; sem ele, um por núcleo")
+        ->type_name("N")
+        ->check(CLI::Range(1, 256));
+    test->add_option("--timeout", test_.patience, "Segundos que um teste pode durar; sem ele, 60")
+        ->type_name("N")
+        ->check(CLI::Range(1, 3600));
+    test->footer(
+        "Um teste é um roteiro ao lado do programa com a saída esperada: Nome.roteiro e Nome.saida, ou\n"
+        "Nome.teste com os dois. Nome é o do programa, ou começa com ele e um ponto.");
   }
 
   void AddBuild() {
@@ -230,6 +255,7 @@ class CommandLine {
   std::map<const CLI::App*, std::function<int()>> actions_;
   RunCall run_;
   CheckCall check_;
+  TestCall test_;
   BuildCall build_;
   BdExportCall export_;
   BdImportCall import_;

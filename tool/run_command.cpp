@@ -1,9 +1,15 @@
 // `tessera run`: a program from its sources, with windows or on the terminal.
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cstdlib>
 #include <iostream>
+#include <string_view>
 
+#include "platform/system_reason.h"
 #include "runtime/console_start.h"
 #include "runtime/handover.h"
 #include "runtime/own_folder.h"
@@ -25,6 +31,17 @@ bool DisplayIsNamed() {
     const char* value = std::getenv(variable);
     return value != nullptr && *value != '\0';
   });
+}
+
+constexpr std::string_view kStandardInput = "-";
+
+// Makes the file the process's standard input, which the runtime takes over.
+bool ReadFrom(const std::string& file) {
+  const int opened = open(file.c_str(), O_RDONLY | O_CLOEXEC);
+  if (opened < 0) return false;
+  const bool done = dup2(opened, STDIN_FILENO) >= 0;
+  close(opened);
+  return done;
 }
 
 // The tool itself links no window toolkit, so that the terminal stays quick: the runtime shows the windows.
@@ -55,12 +72,18 @@ int RunSubcommand(const RunCall& call) {
                            .commandLine = CommandLineOf(call.arguments),
                            .printer = call.printer,
                            .plain = call.plain,
+                           .scripted = !call.script.empty(),
+                           .answerCancel = call.answerCancel,
                            .files = std::move(program.files)};
+  if (start.scripted && call.script != kStandardInput && !ReadFrom(call.script)) {
+    PrintError(call.script + ": o roteiro não pode ser lido: " + SystemReason(errno));
+    return kWrongCall;
+  }
   if (!call.console) {
-    if (DisplayIsNamed()) return RunWithWindows(start);
+    if (start.scripted || DisplayIsNamed()) return RunWithWindows(start);
     PrintRemark("nenhuma tela ao alcance; o programa roda no terminal");
   }
-  return RunOnConsole(start, call.answerCancel);
+  return RunOnConsole(start);
 }
 
 }  // namespace tessera

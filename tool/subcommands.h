@@ -14,7 +14,8 @@ struct RunCall {
   std::string printer;        // a queue, or a path ending in ".pdf"; empty for the system's own
   bool plain = false;         // by the plain rules alone
   bool check = true;          // where a person reads along, what the check finds is shown first
-  bool answerCancel = false;  // boxes of OK and Cancel are answered Cancel on the console host
+  bool answerCancel = false;  // a script answers boxes of OK and Cancel with Cancel
+  std::string script;         // a file with an event script; "-" is the standard input, empty for none
 };
 int RunSubcommand(const RunCall& call);
 
@@ -36,6 +37,17 @@ struct CheckCall {
   bool denyWarnings = false;  // a warning refuses the program too
 };
 int CheckSubcommand(const CheckCall& call);
+
+struct TestCall {
+  std::string path;      // a folder, a program or a test's file; empty: the working directory
+  std::string filter;    // runs the tests whose name has it, blind to case
+  bool update = false;   // keeps what comes out as the expected output
+  bool windows = false;  // with real windows that nobody sees
+  std::string junit;     // an XML file for services
+  int jobs = 0;          // tests at the same time; 0: as many as the machine has cores
+  int patience = 60;     // seconds for one test
+};
+int TestSubcommand(const TestCall& call);
 
 int ShowSubcommand(const std::string& program);
 int NewSubcommand(const std::string& folder);

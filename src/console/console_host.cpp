@@ -7,6 +7,8 @@
 #include <cmath>
 
 #include "commands/dialog_commands.h"
+#include "console/printed_texts.h"
+#include "platform/system_reason.h"
 #include "platform/termination.h"
 #include "text/code_page.h"
 #include "text/literal.h"
@@ -14,6 +16,8 @@
 #include "text/one_based.h"
 #include "windows/event_state.h"
 #include "windows/form.h"
+#include "windows/picture_file.h"
+#include "windows/portrait.h"
 #include "windows/window_directory.h"
 
 namespace tessera {
@@ -76,59 +80,105 @@ bool IsYes(std::string_view answer) {
   return EqualsIgnoringCase(Trim(answer), "s") || EqualsIgnoringCase(Trim(answer), "sim");
 }
 
-}  // namespace
-
-// A window in memory; what is printed on it goes to the output.
-class ConsoleForm final : public Form {
+// A window in memory; what is printed on it goes to the lead, and is painted where somebody takes a look.
+class MemoryForm final : public Form {
  public:
-  ConsoleForm(ConsoleHost& host, const Placement& place, FormEvents& events)
-      : Form(events, place), host_(host) {}
-  ~ConsoleForm() override { UnloadControls(); }
+  MemoryForm(StageLead& lead, TextPainter& texts, const Placement& place, FormEvents& events)
+      : Form(events, place), lead_(lead), texts_(texts) {}
+  ~MemoryForm() override { UnloadControls(); }
+
+  Raster Portrait() {
+    Raster seen = InSight();
+    printed_.PaintOn(seen, texts_);
+    PaintObjects(*this, &texts_, seen);
+    return seen;
+  }
+
+  TextPainter* SurfaceTexts() override { return &texts_; }
 
   TextSize MeasureText(std::string_view text, const FontFace& font) const override {
     return MeasureLetters(text, font);
   }
 
-  void ResizeByPerson(double lines, double columns) {
-    TakeScale(PixelsOfTwips(columns * kWindowColumnTwips), PixelsOfTwips(lines * kWindowLineTwips));
-  }
+  using Form::TakeScale;
 
  protected:
-  void ShowPrinted(std::string_view text, const TextMask&) override { host_.WriteLine(text); }
-  void ServeModal() override {
-    while (Visible()) {
-      host_.Dispatch();
-      if (Visible() && !host_.AwaitNextEvents()) Events().OnClose();
-    }
+  void ShowPrinted(std::string_view text, const TextMask&) override {
+    lead_.OnPrinted(text);
+    printed_.Add({.text = std::string(text),
+                  .font = Font,
+                  .pixel = PixelOfColour(ForeColor),
+                  .left = CurrentX,
+                  .top = CurrentY});
   }
+  void ShowErased() override { printed_.Clear(); }
+  void ShowDrawn(const Spans& spans, Pixel) override { printed_.Cover(spans); }
+  void ShowPainted(const PictureRef& picture, PixelPoint at) override {
+    printed_.Cover(picture->raster, at, raster_.size());
+  }
+  void ServeModal() override { lead_.ServeModal(*this); }
 
  private:
-  ConsoleHost& host_;
+  StageLead& lead_;
+  TextPainter& texts_;
+  PrintedTexts printed_;
 };
+
+class MemoryStage final : public Stage {
+ public:
+  explicit MemoryStage(TextPainter& texts) : texts_(texts) {}
+
+  std::unique_ptr<Form> NewForm(std::string_view, const Placement& place, FormEvents& events,
+                                StageLead& lead) override {
+    return std::make_unique<MemoryForm>(lead, texts_, place, events);
+  }
+  void ResizeByPerson(Form& form, double width, double height) override {
+    static_cast<MemoryForm&>(form).TakeScale(width, height);
+  }
+  Raster Portrait(Form& form) override { return static_cast<MemoryForm&>(form).Portrait(); }
+
+ private:
+  TextPainter& texts_;
+};
+
+}  // namespace
 
 ConsoleHost::ConsoleHost(const ConsoleStreams& streams, ConsoleOptions options)
     : out_(streams.out),
       err_(streams.err),
       input_(streams.in, streams.descriptor, streams.isTerminal),
       options_(std::move(options)),
-      random_(std::random_device{}()) {}
+      texts_(options_.paper, [this](std::string_view problem) { TellMissingPart(problem); }),
+      random_(std::random_device{}()),
+      memory_(options_.stage == nullptr ? std::make_unique<MemoryStage>(texts_) : nullptr),
+      stage_(memory_ ? memory_.get() : options_.stage) {
+  if (!memory_) input_.DoMeanwhile([this] { stage_->ShowChanges(); });
+}
 
 ConsoleHost::~ConsoleHost() = default;
 
 std::unique_ptr<Form> ConsoleHost::NewMainForm(const Placement& place, FormEvents& events,
                                                const WindowDirectory& windows) {
-  auto form = std::make_unique<ConsoleForm>(*this, place, events);
+  auto form = NewForm("Janela", place, events);
   mainForm_ = form.get();
   windows_ = &windows;
   return form;
 }
 
-std::unique_ptr<Form> ConsoleHost::NewForm(std::string_view, const Placement& place, FormEvents& events) {
-  return std::make_unique<ConsoleForm>(*this, place, events);
+std::unique_ptr<Form> ConsoleHost::NewForm(std::string_view name, const Placement& place,
+                                           FormEvents& events) {
+  return stage_->NewForm(name, place, events, *this);
+}
+
+void ConsoleHost::ServeModal(Form& form) {
+  while (form.Visible()) {
+    Dispatch();
+    if (form.Visible() && !AwaitNextEvents()) form.Events().OnClose();
+  }
 }
 
 PointerPlace ConsoleHost::Pointer() {
-  const ConsoleForm& form = InHand();
+  const Form& form = InHand();
   return {PixelsOfTwips(form.Place().Left) + form.Pointer().x,
           PixelsOfTwips(form.Place().Top) + form.Pointer().y};
 }
@@ -150,7 +200,7 @@ void ConsoleHost::TellAbandonedRun(std::string_view position, std::string_view d
   TellPlace(position);
 }
 
-void ConsoleHost::WriteLine(std::string_view text) {
+void ConsoleHost::OnPrinted(std::string_view text) {
   out_ << ToUtf8(text) << '\n';
   // A person reads along.
   if (input_.IsTerminal()) out_.flush();
@@ -166,6 +216,10 @@ void ConsoleHost::TellPlace(std::string_view text) {
   if (!options_.placeOf) return;
   const std::string place = options_.placeOf(text);
   if (!place.empty()) TellError("  em " + place);
+}
+
+void ConsoleHost::TellMissingPart(std::string_view problem) {
+  ShowBox({.text = std::string(problem), .title = options_.programTitle, .icon = BoxIcon::Critical});
 }
 
 // Boxes and forms
@@ -296,6 +350,7 @@ bool ConsoleHost::LineWithin(std::optional<std::chrono::milliseconds> time) cons
 bool ConsoleHost::AwaitEvents(std::chrono::milliseconds sleep) {
   constexpr std::chrono::milliseconds kRest{10};
   out_.flush();
+  stage_->ShowChanges();
   const bool letsAct = source_ != nullptr && source_->IsOpen() && !input_.IsTerminal();
   if (letsAct && sleep.count() > 0) {
     LetOutsideAct(sleep, false);
@@ -318,9 +373,10 @@ bool ConsoleHost::AwaitNextEvents() {
   return true;
 }
 
-// What was printed before is seen during the pause.
+// What was printed and drawn before is seen during the pause.
 void ConsoleHost::Pause(std::chrono::milliseconds time) {
   out_.flush();
+  stage_->ShowChanges();
   if (input_.IsTerminal()) termination::Sleep(time);
 }
 
@@ -358,19 +414,19 @@ bool ConsoleHost::DeliverNext() {
     throw ProcessEnd{kFaultyScriptStatus};
   }
   windows_->OnLineDone();
+  stage_->ShowChanges();
   return true;
 }
 
 // What the script's person does
 
-// The windows of this host are all of this kind.
-ConsoleForm& ConsoleHost::InHand() const {
-  return static_cast<ConsoleForm&>(*windows_->WindowInHand());
+Form& ConsoleHost::InHand() const {
+  return *windows_->WindowInHand();
 }
 
 // Whoever acts on a window has it in front.
-ConsoleForm& ConsoleHost::BringInHand() {
-  ConsoleForm& form = InHand();
+Form& ConsoleHost::BringInHand() {
+  Form& form = InHand();
   form.Events().OnActivate();
   return form;
 }
@@ -394,23 +450,23 @@ void ConsoleHost::Click() {
 
 void ConsoleHost::DoubleClick() {
   Click();
-  ConsoleForm& form = InHand();
+  Form& form = InHand();
   form.PressButtonAgain(form.Pointer());
   form.ReleaseButton(MouseButton::Left, form.Pointer());
 }
 
 void ConsoleHost::PressButton(MouseButton button) {
-  ConsoleForm& form = BringInHand();
+  Form& form = BringInHand();
   form.PressButton(button, form.Pointer());
 }
 
 void ConsoleHost::ReleaseButton(MouseButton button) {
-  ConsoleForm& form = InHand();
+  Form& form = InHand();
   form.ReleaseButton(button, form.Pointer());
 }
 
 void ConsoleHost::MovePointer(double line, double column) {
-  ConsoleForm& form = InHand();
+  Form& form = InHand();
   const Grid grid = form.Events().PlacementGrid();
   form.MovePointer({.x = column * grid.TamCol, .y = line * grid.TamLin});
 }
@@ -418,7 +474,7 @@ void ConsoleHost::MovePointer(double line, double column) {
 void ConsoleHost::TypeText(std::string_view text) {
   for (const char character : text) {
     const int key = KeyCodeOf(character);
-    ConsoleForm& form = BringInHand();
+    Form& form = BringInHand();
     if (key != 0 && form.PressKey(key, {.shift = character >= 'A' && character <= 'Z'})) continue;
     form.TypeCharacter(character);
     if (key != 0) ReleaseKey(key, {});
@@ -426,7 +482,7 @@ void ConsoleHost::TypeText(std::string_view text) {
 }
 
 void ConsoleHost::PressKey(int keyCode, KeyShift shift) {
-  ConsoleForm& form = BringInHand();
+  Form& form = BringInHand();
   if (form.PressKey(keyCode, shift)) return;
   if (const auto character = CharacterOf(keyCode, shift)) form.TypeCharacter(*character);
 }
@@ -437,7 +493,9 @@ void ConsoleHost::ReleaseKey(int keyCode, KeyShift shift) {
 
 // The frame of a fixed window can't be taken.
 void ConsoleHost::ResizeWindow(double lines, double columns) {
-  if (InHand().Style().Sizable) InHand().ResizeByPerson(lines, columns);
+  if (!InHand().Style().Sizable) return;
+  stage_->ResizeByPerson(InHand(), PixelsOfTwips(columns * kWindowColumnTwips),
+                         PixelsOfTwips(lines * kWindowLineTwips));
 }
 
 // What is hidden, or lies below a modal window, can't be closed.
@@ -451,6 +509,12 @@ bool ConsoleHost::CloseWindow(std::string_view name) {
 
 void ConsoleHost::LetTimePass(std::chrono::milliseconds time) {
   time_.Pass(time);
+}
+
+// The script's paths are those of whoever gave it: from the process' own folder.
+std::string ConsoleHost::TakePortrait(std::string_view path) {
+  const int error = SavePng(stage_->Portrait(InHand()), files_, ToUtf8(path));
+  return error == 0 ? std::string() : FromUtf8Lossy(SystemReason(error));
 }
 
 void ConsoleHost::LetNetworkAct(std::chrono::milliseconds time) {

@@ -1,5 +1,5 @@
-// The console host: windows in memory, prints on the output, boxes on the error stream, answers and events
-// from one script on the input. No display library is reached from here.
+// The console host: windows in memory, or on another stage, prints on the output, boxes on the error stream,
+// answers and events from one script on the input. No display library is reached from here.
 // The script's lines are read in event_script.h; what they do to the windows is told here.
 #pragma once
 
@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "console/event_script.h"
+#include "console/part_texts.h"
 #include "console/posted_acts.h"
 #include "console/script_input.h"
 #include "console/script_time.h"
@@ -21,8 +22,10 @@
 #include "platform/process_end.h"
 #include "platform/system_clock.h"
 #include "platform/system_files.h"
+#include "reports/paper_part.h"
 #include "reports/report_host.h"
 #include "windows/display.h"
+#include "windows/stage.h"
 
 namespace tessera {
 
@@ -42,16 +45,20 @@ struct ConsoleOptions {
   bool answerCancel = false;      // boxes of OK and Cancel are answered Cancel
   // The "file:line" that a text speaks of; told below it. Empty where nobody reads along.
   std::function<std::string(std::string_view)> placeOf = {};
+  // Where the windows stand; null for the host's own memory.
+  Stage* stage = nullptr;
+  // Paints texts on surfaces, loaded when the first is printed; it outlives the host. Without it they leave
+  // no pixels.
+  reports::PaperPart* paper = nullptr;
 };
 
 inline constexpr int kFaultyScriptStatus = 3;
-
-class ConsoleForm;
 
 class ConsoleHost final : public Display,
                           public Dialogs,
                           public EventDispatch,
                           public reports::ReportHost,
+                          private StageLead,
                           private Person {
  public:
   ConsoleHost(const ConsoleStreams& streams, ConsoleOptions options);
@@ -85,6 +92,7 @@ class ConsoleHost final : public Display,
   bool AwaitEvents(std::chrono::milliseconds sleep) override;
   bool AwaitNextEvents() override;
   void Pause(std::chrono::milliseconds time) override;
+  void ShowDrawn() override { stage_->ShowChanges(); }
   void Watch(EventSource* source) override;
   void ProcessWaiting() override;
   void Post(std::function<void()> act) override { posted_.Post(std::move(act)); }
@@ -92,21 +100,22 @@ class ConsoleHost final : public Display,
   std::unique_ptr<Timer> StartTimer(std::chrono::milliseconds interval, std::function<void()> tick) override;
 
  private:
-  friend class ConsoleForm;
+  void OnPrinted(std::string_view text) override;
+  void ServeModal(Form& form) override;
 
-  void WriteLine(std::string_view text);
   // A dialog's answer from the script: nothing for an empty line and at the end of input.
   std::optional<std::string> AskDialog(std::string_view mode, std::string_view title);
   void TellError(std::string_view utf8);
   void TellPlace(std::string_view text);
+  void TellMissingPart(std::string_view problem);
   void CatchUp();
   void Dispatch();
   bool DeliverNext();
   EventSource::Delivered DeliverOutside();
   void LetOutsideAct(std::chrono::milliseconds time, bool oneEvent);
   bool LineWithin(std::optional<std::chrono::milliseconds> time) const;
-  ConsoleForm& InHand() const;
-  ConsoleForm& BringInHand();
+  Form& InHand() const;
+  Form& BringInHand();
 
   PersonObject* FindObject(std::string_view name) override;
   bool TurnTo(PersonObject& object) override;
@@ -121,12 +130,14 @@ class ConsoleHost final : public Display,
   void ResizeWindow(double lines, double columns) override;
   bool CloseWindow(std::string_view name) override;
   void LetTimePass(std::chrono::milliseconds time) override;
+  std::string TakePortrait(std::string_view path) override;
   void LetNetworkAct(std::chrono::milliseconds time) override;
 
   std::ostream& out_;
   std::ostream& err_;
   ScriptInput input_;
   ConsoleOptions options_;
+  PartTexts texts_;
   ScriptTime time_;
   PostedActs posted_;
   EventSource* source_ = nullptr;
@@ -135,7 +146,9 @@ class ConsoleHost final : public Display,
   SystemFiles files_;
   const std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
   std::chrono::steady_clock::time_point caughtUp_ = start_;
-  ConsoleForm* mainForm_ = nullptr;
+  std::unique_ptr<Stage> memory_;  // where no other stage is given
+  Stage* stage_;
+  Form* mainForm_ = nullptr;
   const WindowDirectory* windows_ = nullptr;
 };
 

@@ -241,6 +241,13 @@ void Rede(Words& words, Person& person) {
   person.LetNetworkAct(std::chrono::milliseconds(time));
 }
 
+void Retrato(Words& words, Person& person) {
+  const std::string_view rest = Trim(words.Rest());
+  if (rest.empty()) throw LineFault{std::string("falta o arquivo"_w)};
+  const std::string reason = person.TakePortrait(rest);
+  if (!reason.empty()) throw LineFault{std::string("o retrato não pôde ser gravado: "_w).append(reason)};
+}
+
 void Fecha(Words& words, Person& person) {
   const std::string_view name = words.AtEnd() ? std::string_view() : words.Next();
   words.End();
@@ -263,7 +270,7 @@ constexpr std::array kWords = {
     WordRow{"mouse", Mouse},     WordRow{"pressiona", Pressiona},
     WordRow{"libera", Libera},   WordRow{"redim", Redim},
     WordRow{"espera", Espera},   WordRow{"fecha", Fecha},
-    WordRow{"rede", Rede},
+    WordRow{"rede", Rede},       WordRow{"retrato", Retrato},
 };
 
 }  // namespace

@@ -39,6 +39,9 @@ class Person {
   // Closes the window of that name, or the current one for an empty name; false where there is none.
   virtual bool CloseWindow(std::string_view name) = 0;
   virtual void LetTimePass(std::chrono::milliseconds time) = 0;
+  // Writes what stands on the current window into a PNG file, by its path from the script's reader. Empty, or
+  // why it can't.
+  virtual std::string TakePortrait(std::string_view path) = 0;
   // Waits for the network's next event, at most that long in real time.
   virtual void LetNetworkAct(std::chrono::milliseconds time) = 0;
 };

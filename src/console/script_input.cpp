@@ -49,11 +49,15 @@ bool ScriptInput::LineWithin(std::optional<std::chrono::milliseconds> time,
 }
 
 bool ScriptInput::AwaitInput() const {
+  constexpr int kBetweenActs = 20;  // milliseconds
   if (!descriptor_ || in_.rdbuf()->in_avail() > 0) return true;
   while (!termination::IsAsked()) {
     std::array<pollfd, 3> waits = {ToRead(*descriptor_), ToRead(termination::Descriptor()),
                                    ToRead(source_ == nullptr ? -1 : source_->SendDescriptor())};
-    if (poll(waits.data(), waits.size(), -1) <= 0) continue;
+    if (poll(waits.data(), waits.size(), meanwhile_ ? kBetweenActs : -1) <= 0) {
+      if (meanwhile_) meanwhile_();
+      continue;
+    }
     if (waits[0].revents != 0) return true;
     if (waits[2].revents != 0) source_->SendWaiting();
   }

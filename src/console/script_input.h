@@ -2,10 +2,12 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <istream>
 #include <optional>
 #include <span>
 #include <string>
+#include <utility>
 
 #include "platform/host.h"
 
@@ -21,6 +23,9 @@ class ScriptInput {
 
   // What this source has to send goes on while a line is waited for.
   void SendMeanwhile(EventSource* source) { source_ = source; }
+
+  // This is done again and again while a line is waited for.
+  void DoMeanwhile(std::function<void()> act) { meanwhile_ = std::move(act); }
 
   // The next line as it stands, in the program's code page; nothing at the end of input, or where the system
   // ends the process. Waits on a terminal.
@@ -44,6 +49,7 @@ class ScriptInput {
   std::optional<int> descriptor_;
   bool isTerminal_;
   EventSource* source_ = nullptr;
+  std::function<void()> meanwhile_;
   int lineNumber_ = 0;
 };
 

@@ -47,6 +47,7 @@ class BotaoControl final : public Control {
   enum class Style { Plain = 0, Skinned = 1 };
 
   const std::string& Caption() const { return caption_; }
+  std::string PortraitText() const override { return caption_; }
   void SetCaption(std::string_view caption) { Set(caption_, std::string(caption)); }
   const PictureRef& Picture() const { return picture_; }
   void SetPicture(PictureRef picture) { Set(picture_, std::move(picture)); }

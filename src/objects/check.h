@@ -13,6 +13,7 @@ class CheckControl : public Control {
   CheckControl(Form& form, ControlEvents& events, int index);
 
   const std::string& Caption() const { return caption_; }
+  std::string PortraitText() const override { return caption_; }
   void SetCaption(std::string_view caption) { Set(caption_, std::string(caption)); }
   bool Value() const { return value_; }
   void SetValue(bool value) { Set(value_, value); }

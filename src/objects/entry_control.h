@@ -23,6 +23,7 @@ class EntryControl : public Control {
     std::size_t selLength;
   };
   virtual Line Shown() const = 0;
+  std::string PortraitText() const override { return Shown().text; }
   // Selects what lies between the two places, the caret at the second one.
   virtual void PlaceCaret(std::size_t anchor, std::size_t caret) = 0;
 

@@ -14,6 +14,7 @@ class LinkControl final : public Control {
   LinkControl(Form& form, ControlEvents& events, int index);
 
   const std::string& Text() const { return text_; }
+  std::string PortraitText() const override { return text_; }
   void SetText(std::string_view text) { Set(text_, std::string(text)); }
   const std::string& Tag() const { return tag_; }
   void SetTag(std::string_view address) { tag_ = address; }

@@ -74,6 +74,14 @@ MenuItem* GuiaControl::Find(std::string_view caption) const {
   return nullptr;
 }
 
+std::string GuiaControl::PortraitText() const {
+  std::string text;
+  for (const auto& tab : tabs_) {
+    if (tab->visible) text += (text.empty() ? "" : "  ") + tab->caption;
+  }
+  return text;
+}
+
 void GuiaControl::ClickItem(const MenuItem& item) {
   chosen_ = item.caption;
   Events().OnClick(*this);

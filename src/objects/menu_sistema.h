@@ -53,6 +53,7 @@ class GuiaControl final : public Control {
   void ClickItem(const MenuItem& item);
 
   bool TakesFocus() const override { return false; }
+  std::string PortraitText() const override;
 
  private:
   std::array<std::unique_ptr<MenuItem>, kMenus> tabs_;

@@ -31,6 +31,7 @@ void Moldura::Create(Control& control, ObjectRow&, const Arguments& arguments) {
   Place(box, arguments);
   SetHeight(box, arguments);
   SetWidth(box, arguments);
+  box.SetZOrder(ZOrder::Back);
 }
 
 }  // namespace tessera

@@ -13,9 +13,11 @@ class MolduraControl final : public Control {
   MolduraControl(Form& form, ControlEvents& events, int index);
 
   const std::string& Caption() const { return caption_; }
+  std::string PortraitText() const override { return caption_; }
   void SetCaption(std::string_view caption) { Set(caption_, std::string(caption)); }
 
   bool TakesFocus() const override { return false; }
+  bool LiesBehind() const override { return true; }
 
  private:
   std::string caption_;

@@ -15,6 +15,7 @@ class RotuloControl final : public Control {
 
   // May hold several lines; longer ones wrap at the control's width.
   const std::string& Caption() const { return caption_; }
+  std::string PortraitText() const override { return caption_; }
   void SetCaption(std::string_view caption) { Set(caption_, std::string(caption)); }
   TextAlign Alignment() const { return alignment_; }
   void SetAlignment(TextAlign alignment) { Set(alignment_, alignment); }

@@ -17,6 +17,7 @@ class TextoControl final : public Control {
 
   const RichText& State() const { return text_; }
   std::string Text() const { return text_.Text(); }
+  std::string PortraitText() const override { return text_.Text(); }
   void SetText(std::string_view text);
   void SetTextRTF(std::string_view rtf);
   // Colours what is selected, or all where nothing is.

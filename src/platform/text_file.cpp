@@ -1,7 +1,11 @@
 #include "platform/text_file.h"
 
+#include <utility>
+#include <variant>
+
 #include "platform/failure.h"
 #include "platform/file_system.h"
+#include "text/code_page.h"
 #include "text/one_based.h"
 
 namespace tessera {
@@ -9,6 +13,7 @@ namespace tessera {
 namespace {
 
 constexpr std::size_t kBuffer = std::size_t{1} << 16;
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 std::unique_ptr<StoredFile> OpenStored(FileStore& files, const std::string& path, OpenAs how) {
   auto [file, error] = files.Open(path, how);
@@ -34,10 +39,25 @@ bool TextReader::Fill() {
   const std::size_t held = buffer_.size();
   if (const int error = file_->ReadAt(read_, kBuffer, buffer_)) FailSystem(error);
   read_ += buffer_.size() - held;
+  if (read_ == buffer_.size()) LearnEncoding();
   return buffer_.size() > held;
 }
 
+// The buffer holds the first bytes of the file.
+void TextReader::LearnEncoding() {
+  isUtf8_ = IsUtf8BeyondAscii(buffer_, buffer_.size() >= kBuffer);
+  if (isUtf8_ && buffer_.starts_with(kByteOrderMark)) next_ = kByteOrderMark.size();
+}
+
 std::optional<std::string> TextReader::ReadLine() {
+  std::optional<std::string> line = ReadBytes();
+  if (!line || !isUtf8_) return line;
+  auto text = FromUtf8(*line);
+  if (std::string* whole = std::get_if<std::string>(&text)) return std::move(*whole);
+  return std::get<Utf8Problem>(text).malformed ? std::move(line) : FromUtf8Lossy(*line);
+}
+
+std::optional<std::string> TextReader::ReadBytes() {
   std::string line;
   for (;;) {
     const std::string_view rest = std::string_view(buffer_).substr(next_);

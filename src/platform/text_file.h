@@ -17,8 +17,10 @@ class TextReader final : public OpenedFile {
   // Failures: 53 for a missing file, 76 for a missing folder, 75 for a folder in the file's place.
   static std::unique_ptr<TextReader> Open(FileStore& files, const std::string& path);
 
-  // The next line without its end (CR LF, LF or CR), or nothing at the end of the file. A last line needs no
-  // end.
+  // The next line without its end (CR LF, LF or CR), as program text, or nothing at the end of the file. A
+  // last line needs no end. OPEN: a file whose first 64 KB are UTF-8 with a character beyond ASCII is read as
+  // UTF-8, its byte-order mark left out; what the code page lacks becomes "?", and a later line that is no
+  // UTF-8 stays as its bytes.
   std::optional<std::string> ReadLine();
 
   std::uint64_t Size() const;
@@ -27,11 +29,14 @@ class TextReader final : public OpenedFile {
   explicit TextReader(std::unique_ptr<StoredFile> file) : file_(std::move(file)) {}
   // False at the end of the file.
   bool Fill();
+  void LearnEncoding();
+  std::optional<std::string> ReadBytes();
 
   std::unique_ptr<StoredFile> file_;
   std::uint64_t read_ = 0;  // bytes taken from the file
   std::string buffer_;
   std::size_t next_ = 0;  // offset in the buffer
+  bool isUtf8_ = false;
 };
 
 class TextWriter final : public OpenedFile {

@@ -35,6 +35,7 @@
 #include "qttext/fonts.h"
 #include "qttext/text.h"
 #include "windows/event_state.h"
+#include "windows/stage.h"
 
 namespace tessera {
 
@@ -111,29 +112,29 @@ class FormWidget final : public QWidget {
   bool isPainted_ = false;
 };
 
-QtForm::QtForm(const QString& objectName, const Placement& place, FormEvents& events, TextPainter& painter,
-               LogicEntry& entry, FrontWatch& front, DrawnForms& drawn)
-    : Form(events, place, &painter),
-      entry_(entry),
-      front_(front),
-      drawn_(drawn),
+QtForm::QtForm(const QString& objectName, const Placement& place, FormEvents& events,
+               const FormSurroundings& surroundings)
+    : Form(events, place, &surroundings.painter),
+      around_(surroundings),
       widget_(std::make_unique<FormWidget>(*this, objectName)) {
   ShowPlace();
 }
 
 QtForm::~QtForm() {
   UnloadControls();
-  if (front_.expected == this) front_.expected = nullptr;
-  std::erase(drawn_, this);
+  if (around_.front.expected == this) around_.front.expected = nullptr;
+  std::erase(around_.drawn, this);
 }
 
 void QtForm::Activate() {
-  front_.expected = this;
+  around_.front.expected = this;
   widget_->activateWindow();
 }
 
-// Elsewhere the number means nothing to other programs.
+// Elsewhere the number means nothing to other programs, and a script's program has the same one on every
+// stage.
 std::uintptr_t QtForm::hWnd() const {
+  if (around_.lead != nullptr) return 0;
   return QGuiApplication::platformName() == QLatin1String("xcb") ? widget_->winId() : 0;
 }
 
@@ -141,8 +142,14 @@ QWidget* QtForm::widget() {
   return widget_.get();
 }
 
+void QtForm::ResizeByPerson(double width, double height) {
+  TakeScale(width, height);
+  ShowPlace();
+}
+
 void QtForm::WaitsToBeShown() {
-  if (std::find(drawn_.begin(), drawn_.end(), this) == drawn_.end()) drawn_.push_back(this);
+  if (std::find(around_.drawn.begin(), around_.drawn.end(), this) == around_.drawn.end())
+    around_.drawn.push_back(this);
 }
 
 void QtForm::ShowDrawn() {
@@ -150,6 +157,7 @@ void QtForm::ShowDrawn() {
 }
 
 void QtForm::ShowPrinted(std::string_view text, const TextMask& mask) {
+  if (around_.lead != nullptr) around_.lead->OnPrinted(text);
   widget_->Print(QPointF(CurrentX, CurrentY), ToQLines(text), ToQFont(Font), ToQColor(ForeColor),
                  QRect(mask.corner.x, mask.corner.y, mask.size.width, mask.size.height));
 }
@@ -231,19 +239,20 @@ void QtForm::PrepareModal(Form& opener) {
 // Waits on the window system itself, so that a waiting window costs nothing.
 void QtForm::ServeModal() {
   isServing_ = true;
-  while (Visible() && !entry_.HasThrown()) {
+  if (around_.lead != nullptr) around_.lead->ServeModal(*this);
+  while (Visible() && !around_.entry.HasThrown()) {
     QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
   }
   isServing_ = false;
   widget_->windowHandle()->setTransientParent(nullptr);
   widget_->setWindowModality(Qt::NonModal);
-  entry_.Rethrow();
+  around_.entry.Rethrow();
 }
 
 // The program may compute for long before it lets events through; until then its window should not be a hole
 // in the screen. The wait has an end, for not every window system tells what it shows.
 void QtForm::WaitForFirstPainting() {
-  const LogicEntry::Hold hold(entry_);
+  const LogicEntry::Hold hold(around_.entry);
   QElapsedTimer waiting;
   waiting.start();
   while (!widget_->IsPainted() && waiting.elapsed() < kFirstPaintingLimit) {
@@ -304,7 +313,7 @@ TextSize QtForm::MeasureText(std::string_view text, const FontFace& font) const 
 }
 
 std::unique_ptr<ControlView> QtForm::NewView(Control& control) {
-  return NewLook(control, *widget_, entry_);
+  return NewLook(control, *widget_, around_.entry);
 }
 
 void QtForm::ShowSinkFocus() {
@@ -327,17 +336,17 @@ bool QtForm::DragBySystem() {
 }
 
 void QtForm::DragForm() {
-  DragBySystem();
+  if (around_.lead == nullptr) DragBySystem();
 }
 
 void QtForm::ShowSysMenu() {
-  PopUpSysMenu(*this, *widget_);
+  if (around_.lead == nullptr) PopUpSysMenu(*this, *widget_);
 }
 
 void QtForm::TakeFront() {
-  if (front_.expected != nullptr && front_.expected != this) return;
-  front_.expected = nullptr;
-  entry_.Enter([this] { Events().OnActivate(); });
+  if (around_.front.expected != nullptr && around_.front.expected != this) return;
+  around_.front.expected = nullptr;
+  around_.entry.Enter([this] { Events().OnActivate(); });
 }
 
 void QtForm::TakeSizeOfWidget() {
@@ -429,23 +438,24 @@ void FormWidget::paintEvent(QPaintEvent* event) {
 }
 
 void FormWidget::focusInEvent(QFocusEvent*) {
-  form_.entry_.Enter([this] { form_.MoveFocus(nullptr); });
+  form_.around_.entry.Enter([this] { form_.MoveFocus(nullptr); });
 }
 
 // Only a size that the program did not give is news to the logic.
 void FormWidget::resizeEvent(QResizeEvent*) {
   // A surface too large to draw on is the failure of the drawing, not of the window.
   Guard([this] { surface_.Fit(size(), devicePixelRatioF()); });
-  form_.entry_.Enter([this] { form_.TakeSizeOfWidget(); });
+  form_.around_.entry.Enter([this] { form_.TakeSizeOfWidget(); });
 }
 
 void FormWidget::moveEvent(QMoveEvent*) {
-  if (isVisible()) form_.TakePosition(TwipsOfPixels(x()), TwipsOfPixels(y()));
+  if (isVisible() && form_.around_.lead == nullptr)
+    form_.TakePosition(TwipsOfPixels(x()), TwipsOfPixels(y()));
 }
 
 void FormWidget::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
-  if (event->type() == QEvent::WindowStateChange) {
+  if (event->type() == QEvent::WindowStateChange && form_.around_.lead == nullptr) {
     form_.TakeState(StateOf(*this));
   }
   if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
@@ -456,11 +466,11 @@ void FormWidget::changeEvent(QEvent* event) {
 // The logic decides what closing means; the widget stays until then.
 void FormWidget::closeEvent(QCloseEvent* event) {
   event->ignore();
-  form_.entry_.Enter([this] { form_.Events().OnClose(); });
+  form_.around_.entry.Enter([this] { form_.Events().OnClose(); });
 }
 
 void FormWidget::keyPressEvent(QKeyEvent* event) {
-  form_.entry_.Enter([this, code = KeyCodeOf(*event), shift = ShiftOf(*event)] {
+  form_.around_.entry.Enter([this, code = KeyCodeOf(*event), shift = ShiftOf(*event)] {
     if (!form_.PressKey(code, shift) && code == kKeyEnter) form_.TypeCharacter(static_cast<char>(kKeyEnter));
   });
 }
@@ -468,32 +478,32 @@ void FormWidget::keyPressEvent(QKeyEvent* event) {
 // A key that repeats itself stays down.
 void FormWidget::keyReleaseEvent(QKeyEvent* event) {
   if (event->isAutoRepeat()) return;
-  form_.entry_.Enter(
+  form_.around_.entry.Enter(
       [this, code = KeyCodeOf(*event), shift = ShiftOf(*event)] { form_.ReleaseKey(code, shift); });
 }
 
 void FormWidget::mousePressEvent(QMouseEvent* event) {
   const auto button = ButtonOf(*event);
   if (!button) return;
-  form_.front_.expected = nullptr;
+  form_.around_.front.expected = nullptr;
   form_.TakeFront();
   if (button == MouseButton::Left && form_.Style().AutoDrag && form_.DragBySystem()) return;
-  form_.entry_.Enter([this, button, at = PlaceOf(*event)] { form_.PressButton(*button, at); });
+  form_.around_.entry.Enter([this, button, at = PlaceOf(*event)] { form_.PressButton(*button, at); });
 }
 
 void FormWidget::mouseMoveEvent(QMouseEvent* event) {
-  form_.entry_.Enter([this, at = PlaceOf(*event)] { form_.MovePointer(at); });
+  form_.around_.entry.Enter([this, at = PlaceOf(*event)] { form_.MovePointer(at); });
 }
 
 void FormWidget::mouseReleaseEvent(QMouseEvent* event) {
   const auto button = ButtonOf(*event);
   if (!button) return;
-  form_.entry_.Enter([this, button, at = PlaceOf(*event)] { form_.ReleaseButton(*button, at); });
+  form_.around_.entry.Enter([this, button, at = PlaceOf(*event)] { form_.ReleaseButton(*button, at); });
 }
 
 void FormWidget::mouseDoubleClickEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return mousePressEvent(event);
-  form_.entry_.Enter([this, at = PlaceOf(*event)] { form_.PressButtonAgain(at); });
+  form_.around_.entry.Enter([this, at = PlaceOf(*event)] { form_.PressButtonAgain(at); });
 }
 
 }  // namespace tessera

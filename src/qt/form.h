@@ -24,15 +24,25 @@ struct FrontWatch {
 };
 
 class QtForm;
+class StageLead;
 
 // The windows on which something drawn waits to be shown.
 using DrawnForms = std::vector<QtForm*>;
 
+// What all windows of a host share; it outlives them.
+struct FormSurroundings {
+  TextPainter& painter;
+  LogicEntry& entry;
+  FrontWatch& front;
+  DrawnForms& drawn;
+  StageLead* lead = nullptr;  // where an event script leads the windows, and no person
+};
+
 class QtForm final : public Form {
  public:
   // `objectName` is the name by which tests and assistive tools find the widget.
-  QtForm(const QString& objectName, const Placement& place, FormEvents& events, TextPainter& painter,
-         LogicEntry& entry, FrontWatch& front, DrawnForms& drawn);
+  QtForm(const QString& objectName, const Placement& place, FormEvents& events,
+         const FormSurroundings& surroundings);
   ~QtForm() override;
   QtForm(const QtForm&) = delete;
   QtForm& operator=(const QtForm&) = delete;
@@ -45,8 +55,12 @@ class QtForm final : public Form {
   // Shows what waits to be shown, where the screen is ready for it.
   void ShowDrawn();
 
+  // A client area of that many pixels, by a script's person.
+  void ResizeByPerson(double width, double height);
+
   std::uintptr_t hWnd() const override;
   void Activate() override;
+  TextPainter* SurfaceTexts() override { return &around_.painter; }
   TextSize MeasureText(std::string_view text, const FontFace& font) const override;
   void DragForm() override;
   void ShowSysMenu() override;
@@ -82,12 +96,10 @@ class QtForm final : public Form {
   void WaitForFirstPainting();
 
   bool isServing_ = false;
-  LogicEntry& entry_;
-  FrontWatch& front_;
+  FormSurroundings around_;
   // FAST: lists measure many texts in one font, and asking for a font costs more than measuring in it.
   struct FontMeasures;
   mutable std::unique_ptr<FontMeasures> measures_;
-  DrawnForms& drawn_;
   std::unique_ptr<FormWidget> widget_;
 };
 

@@ -3,7 +3,7 @@
 namespace tessera {
 
 void LogicEntry::Enter(std::function<void()> act) noexcept {
-  if (thrown_) return;
+  if (thrown_ || isClosed_) return;
   if (holds_ > 0) {
     held_.push_back(std::move(act));
     return;

@@ -17,6 +17,9 @@ class LogicEntry {
   // Runs `act`, or keeps it for later while entries are held. Behind a throw nothing enters any more.
   void Enter(std::function<void()> act) noexcept;
 
+  // From now on nothing enters: an event script leads, and no person.
+  void Close() { isClosed_ = true; }
+
   // True while entries are kept for later.
   bool IsHeld() const { return holds_ > 0; }
 
@@ -46,6 +49,7 @@ class LogicEntry {
 
   std::function<void()> leaveLoops_;
   std::exception_ptr thrown_;
+  bool isClosed_ = false;
   int holds_ = 0;
   int depth_ = 0;
   std::vector<std::function<void()>> held_;

@@ -1,5 +1,7 @@
 #include "qt/pictures.h"
 
+#include <algorithm>
+
 #include "qt/svg_painting.h"
 
 namespace tessera {
@@ -12,6 +14,16 @@ QImage ToQImage(const Picture& picture, double pixelRatio) {
   return QImage(reinterpret_cast<const uchar*>(picture.raster.Row(0)), size.width, size.height,
                 QImage::Format_ARGB32_Premultiplied)
       .copy();
+}
+
+Raster ToRaster(const QImage& image) {
+  const QImage rows = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+  Raster raster({rows.width(), rows.height()});
+  for (int y = 0; y < rows.height(); ++y) {
+    const auto* row = reinterpret_cast<const Pixel*>(rows.constScanLine(y));
+    std::copy(row, row + rows.width(), raster.Row(y));
+  }
+  return raster;
 }
 
 }  // namespace tessera

@@ -11,4 +11,7 @@ namespace tessera {
 // pixels.
 QImage ToQImage(const Picture& picture, double pixelRatio);
 
+// The image's pixels as programs know them.
+Raster ToRaster(const QImage& image);
+
 }  // namespace tessera

@@ -120,13 +120,22 @@ void QtHost::ServeTermination() {
 // Where a person clicks the window system finds the window by itself.
 std::unique_ptr<Form> QtHost::NewMainForm(const Placement& place, FormEvents& events,
                                           const WindowDirectory&) {
-  auto form = std::make_unique<QtForm>("Janela", place, events, painter_, entry_, front_, drawn_);
+  auto form =
+      std::make_unique<QtForm>("Janela", place, events, FormSurroundings{painter_, entry_, front_, drawn_});
   mainForm_ = form.get();
   return form;
 }
 
 std::unique_ptr<Form> QtHost::NewForm(std::string_view name, const Placement& place, FormEvents& events) {
-  return std::make_unique<QtForm>(ToQString(name), place, events, painter_, entry_, front_, drawn_);
+  return std::make_unique<QtForm>(ToQString(name), place, events,
+                                  FormSurroundings{painter_, entry_, front_, drawn_});
+}
+
+std::unique_ptr<QtForm> QtHost::NewLedForm(std::string_view name, const Placement& place, FormEvents& events,
+                                           StageLead& lead) {
+  entry_.Close();
+  return std::make_unique<QtForm>(ToQString(name), place, events,
+                                  FormSurroundings{painter_, entry_, front_, drawn_, &lead});
 }
 
 void QtHost::ShowPointer(bool visible) {

@@ -37,6 +37,9 @@ class QtHost final : public Display, public Dialogs, public EventDispatch {
   std::unique_ptr<Form> NewMainForm(const Placement& place, FormEvents& events,
                                     const WindowDirectory& windows) override;
   std::unique_ptr<Form> NewForm(std::string_view name, const Placement& place, FormEvents& events) override;
+  // A window that an event script leads. Behind the first one nothing that a person does reaches the program.
+  std::unique_ptr<QtForm> NewLedForm(std::string_view name, const Placement& place, FormEvents& events,
+                                     StageLead& lead);
   void ShowPointer(bool visible) override;
   PointerPlace Pointer() override;
   std::string SetVideoMode(const VideoMode& mode) override;

@@ -7,11 +7,14 @@
 
 #include "console/console_host.h"
 #include "platform/termination.h"
+#include "runtime/own_folder.h"
 #include "runtime/program_run.h"
 
 namespace tessera {
 
-int RunOnConsole(const ProgramStart& start, bool answerCancel) {
+namespace {
+
+int RunOnStreams(const ProgramStart& start, Stage* stage) {
   constexpr int kLostOutput = 1;
   termination::Install(true);
   std::ios::sync_with_stdio(false);
@@ -19,8 +22,12 @@ int RunOnConsole(const ProgramStart& start, bool answerCancel) {
                                .out = std::cout,
                                .err = std::cerr,
                                .descriptor = STDIN_FILENO,
-                               .isTerminal = isatty(STDIN_FILENO) != 0};
-  ConsoleOptions options{.programTitle = start.program.name, .answerCancel = answerCancel};
+                               .isTerminal = stage == nullptr && isatty(STDIN_FILENO) != 0};
+  reports::PaperPart paper(PartFolders());
+  ConsoleOptions options{.programTitle = start.program.name,
+                         .answerCancel = start.answerCancel,
+                         .stage = stage,
+                         .paper = &paper};
   if (isatty(STDERR_FILENO) != 0)
     options.placeOf = [&start](std::string_view text) { return FilePlace(start.files, text); };
   ConsoleHost host(streams, std::move(options));
@@ -29,6 +36,16 @@ int RunOnConsole(const ProgramStart& start, bool answerCancel) {
   if (std::cout) return status;
   std::cerr << "tessera: a saída do programa não pôde ser gravada\n";
   return kLostOutput;
+}
+
+}  // namespace
+
+int RunOnConsole(const ProgramStart& start) {
+  return RunOnStreams(start, nullptr);
+}
+
+int RunOnStage(const ProgramStart& start, Stage& stage) {
+  return RunOnStreams(start, &stage);
 }
 
 }  // namespace tessera

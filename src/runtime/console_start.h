@@ -1,11 +1,15 @@
-// A program's life on the terminal: standard streams, no windows, no display library.
+// A program's life on the standard streams: what it prints and asks, and the script that answers.
 #pragma once
 
 #include "runtime/program_start.h"
+#include "windows/stage.h"
 
 namespace tessera {
 
-// Returns the exit status. With `answerCancel` boxes of OK and Cancel are answered Cancel.
-int RunOnConsole(const ProgramStart& start, bool answerCancel);
+// Returns the exit status. Windows stay in memory, and no display library is loaded.
+int RunOnConsole(const ProgramStart& start);
+
+// The same with its windows on that stage. The input is a script, whoever writes it.
+int RunOnStage(const ProgramStart& start, Stage& stage);
 
 }  // namespace tessera

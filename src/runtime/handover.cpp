@@ -23,10 +23,29 @@ namespace tessera {
 namespace {
 
 // The arguments: this word, the number of the open file, the program's folder, its command line, its printer,
-// a word where it runs by the plain rules alone, and the editors' files, a line each.
+// the words of how it runs, and the editors' files, a line each.
 constexpr std::string_view kHandoverWord = "--entrega";
-constexpr std::string_view kPlainWord = "simples";
 constexpr int kHandoverArguments = 8;
+
+struct MannerRow {
+  std::string_view word;
+  bool ProgramStart::*flag;
+};
+constexpr std::array kManners = {MannerRow{"simples", &ProgramStart::plain},
+                                 MannerRow{"roteiro", &ProgramStart::scripted},
+                                 MannerRow{"cancela", &ProgramStart::answerCancel}};
+
+std::string MannersOf(const ProgramStart& start) {
+  std::string words;
+  for (const auto& [word, flag] : kManners) {
+    if (start.*flag) words.append(word).append(" ");
+  }
+  return words;
+}
+
+void TakeManners(std::string_view words, ProgramStart& start) {
+  for (const auto& [word, flag] : kManners) start.*flag = words.find(word) != std::string_view::npos;
+}
 
 }  // namespace
 
@@ -48,7 +67,7 @@ std::string BecomeRuntime(const std::string& runtime, const ProgramStart& start)
                                                        start.folder.string(),
                                                        ToUtf8(start.commandLine),
                                                        start.printer,
-                                                       std::string(start.plain ? kPlainWord : ""),
+                                                       MannersOf(start),
                                                        files};
   std::array<char*, kHandoverArguments + 1> arguments{};
   for (std::size_t i = 0; i < words.size(); ++i) arguments[i] = words[i].data();
@@ -72,8 +91,8 @@ std::optional<ProgramStart> TakeHandover(int argc, char** argv) {
   ProgramStart start{.program = std::move(*program),
                      .folder = argv[3],
                      .commandLine = FromUtf8Lossy(argv[4]),
-                     .printer = argv[5],
-                     .plain = argv[6] == kPlainWord};
+                     .printer = argv[5]};
+  TakeManners(argv[6], start);
   std::istringstream files(argv[7]);
   for (std::string& path : start.files) std::getline(files, path);
   return start;

@@ -18,6 +18,8 @@ struct ProgramStart {
   bool isFinished = false;       // the program stands in the running executable itself
   std::string printer = {};      // UTF-8: a queue, or a path ending in ".pdf"; empty for the system's own
   bool plain = false;            // every rule by the text alone, without the forms beside it
+  bool scripted = false;         // an event script on the standard input leads its windows
+  bool answerCancel = false;     // in a script, boxes of OK and Cancel are answered Cancel
   // Where each editor was read from, as a person names it, in UTF-8; empty for a finished program.
   std::array<std::string, kEditors> files = {};
 };

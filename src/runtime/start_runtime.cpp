@@ -17,6 +17,7 @@
 #include "qt/boxes.h"
 #include "qt/display_probe.h"
 #include "qt/qt_host.h"
+#include "qt/qt_stage.h"
 #include "runtime/console_start.h"
 #include "runtime/handover.h"
 #include "runtime/own_folder.h"
@@ -86,7 +87,20 @@ int RunStart(const ProgramStart& start, const Restart& restart) {
   });
   if (noDisplay.empty()) return status;
   Tell(noDisplay + "; o programa roda no terminal");
-  return RunOnConsole(start, false);
+  return RunOnConsole(start);
+}
+
+// Where there is no display, the windows stand on one that nobody sees.
+int RunScripted(const ProgramStart& start, const Restart& restart) {
+  if (!DisplayProbe().problem().empty()) setenv("QT_QPA_PLATFORM", "offscreen", 1);
+  int status = 0;
+  const std::string noDisplay = WithWindows(restart, [&](QtHost& host) {
+    QtStage stage(host);
+    status = RunOnStage(start, stage);
+  });
+  if (noDisplay.empty()) return status;
+  Tell(noDisplay);
+  return kNoProgram;
 }
 
 // A file whose program cannot be read: the person may have no terminal, so a box tells it as well.
@@ -122,7 +136,8 @@ int StartRuntime(int argc, char** argv) {
   const ImageProblem problem = std::get<ImageProblem>(read);
   if (problem != ImageProblem::NoProgram) return TellDamage(problem, restart);
   if (const std::optional<ProgramStart> left = TakeHandover(argc, argv)) {
-    return RunStart(*left, [&left] { BecomeRuntime(kOwnExecutable, *left); });
+    const Restart anew = [&left] { BecomeRuntime(kOwnExecutable, *left); };
+    return left->scripted ? RunScripted(*left, anew) : RunStart(*left, anew);
   }
   return ShowNotice(restart);
 }

@@ -1,5 +1,7 @@
 #include "text/code_page.h"
 
+#include <algorithm>
+
 #include "text/literal.h"
 
 namespace tessera {
@@ -27,6 +29,10 @@ Decoded DecodeOne(std::string_view utf8) {
   const bool surrogate = codePoint >= 0xD800 && codePoint <= 0xDFFF;
   if (overlong || surrogate || codePoint > 0x10FFFF) return {0, 0};
   return {codePoint, length};
+}
+
+bool IsInsideSequence(char byte) {
+  return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
 }
 
 }  // namespace
@@ -66,6 +72,23 @@ std::variant<std::string, Utf8Problem> FromUtf8(std::string_view utf8) {
     i += decoded.length;
   }
   return out;
+}
+
+bool IsUtf8BeyondAscii(std::string_view bytes, bool isCut) {
+  constexpr std::size_t kLongest = 4;
+  bool isBeyond = false;
+  for (std::size_t i = 0; i < bytes.size();) {
+    const Decoded decoded = DecodeOne(bytes.substr(i));
+    if (decoded.length == 0) {
+      const std::string_view rest = bytes.substr(i + 1);
+      const bool isPart = static_cast<unsigned char>(bytes[i]) >= 0xC2 && rest.size() < kLongest - 1 &&
+                          std::all_of(rest.begin(), rest.end(), IsInsideSequence);
+      return isCut && isPart && isBeyond;
+    }
+    isBeyond = isBeyond || decoded.codePoint >= 0x80;
+    i += decoded.length;
+  }
+  return isBeyond;
 }
 
 std::string FromUtf8Lossy(std::string_view utf8) {

@@ -25,6 +25,10 @@ struct Utf8Problem {
 // UTF-8 as program text, or the first problem.
 std::variant<std::string, Utf8Problem> FromUtf8(std::string_view utf8);
 
+// Whether bytes are UTF-8 and not plain ASCII alone. With `isCut` more bytes follow, and the last character
+// may be a part.
+bool IsUtf8BeyondAscii(std::string_view bytes, bool isCut);
+
 // UTF-8 as program text; what the code page lacks, and malformed bytes, become "?".
 std::string FromUtf8Lossy(std::string_view utf8);
 

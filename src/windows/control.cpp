@@ -7,7 +7,12 @@
 namespace tessera {
 
 Control::Control(Form& form, ControlEvents& events, int index, const ControlPlace& place)
-    : form_(form), events_(events), index_(index), number_(form.TakeControlNumber()), place_(place) {}
+    : form_(form),
+      events_(events),
+      index_(index),
+      number_(form.TakeControlNumber()),
+      place_(place),
+      zStamp_(form.TakeZStamp(ZOrder::Front)) {}
 
 Control::~Control() = default;
 
@@ -40,9 +45,21 @@ bool Control::IsTabbedBefore(const Control& other) const {
   return tabStamp_ > other.tabStamp_;
 }
 
+bool Control::LiesIn(const Control& picture) const {
+  const Control* parent = Parent();
+  return parent != nullptr && (parent == &picture || parent->LiesIn(picture));
+}
+
 void Control::SetParent(Control& picture) {
+  if (&picture == this || picture.LiesIn(*this)) return;
   parent_ = picture.weak_from_this();
+  zStamp_ = form_.TakeZStamp(LiesBehind() ? ZOrder::Back : ZOrder::Front);
   Refresh(ControlProperty::Parent);
+}
+
+void Control::SetZOrder(ZOrder order) {
+  zStamp_ = form_.TakeZStamp(order);
+  Refresh(ControlProperty::Order);
 }
 
 void Control::SetFont(const FontFace& font) {
@@ -52,8 +69,7 @@ void Control::SetFont(const FontFace& font) {
 }
 
 bool Control::IsInReach() const {
-  const Control* parent = Parent();
-  return visible_ && enabled_ && (parent == nullptr || parent->Visible());
+  return IsShown() && enabled_;
 }
 
 void Control::SetFocus() {

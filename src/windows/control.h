@@ -30,7 +30,10 @@ class ControlEvents {
 };
 
 // What a host shows of a control. `Content` is all that a kind of control has of its own.
-enum class ControlProperty { Name, Place, Visible, Enabled, Colours, Font, ToolTip, Parent, Content };
+enum class ControlProperty { Name, Place, Visible, Enabled, Colours, Font, ToolTip, Parent, Order, Content };
+
+// A control's place among those that it overlaps.
+enum class ZOrder { Front, Back };
 
 // A host's picture of one control; it goes with the control.
 class ControlView {
@@ -103,10 +106,21 @@ class Control : public PersonObject, public std::enable_shared_from_this<Control
     Set(toolTipText_, std::string(text), ControlProperty::ToolTip);
   }
 
-  // The picture in which the control lies, and with which it moves; none is the window itself.
+  // The picture in which the control lies, and with which it moves; none is the window itself. It comes to
+  // lie in front there. A picture doesn't go into itself, nor into what lies in it.
   Control* Parent() const { return parent_.lock().get(); }
   void SetParent(Control& picture);
+  bool LiesIn(const Control& picture) const;
 
+  // In front of the others that lie where it lies, or behind them.
+  void SetZOrder(ZOrder order);
+  // Grows from the back to the front; below 0 for what lies behind all that was never moved.
+  int ZStamp() const { return zStamp_; }
+  // Whether a control of this kind lies behind the others from the start.
+  virtual bool LiesBehind() const { return false; }
+
+  // Shown, and the pictures in which it lies as well.
+  bool IsShown() const { return visible_ && (Parent() == nullptr || Parent()->IsShown()); }
   // Whether a person reaches it: shown and enabled, on its window and within its picture.
   bool IsInReach() const override;
 
@@ -121,6 +135,18 @@ class Control : public PersonObject, public std::enable_shared_from_this<Control
   virtual void OnKeyDown(int /*keyCode*/, KeyShift /*shift*/) {}
   virtual void OnKeyPress(char /*character*/) {}
   virtual void OnKeyUp(int /*keyCode*/, KeyShift /*shift*/) {}
+
+  // Whether the pointer's buttons are the control's own, wherever it is pressed. Places count from the
+  // control's corner, and lie beyond it while a pressed button holds the pointer.
+  virtual bool TakesPointer() const { return false; }
+  virtual void OnMouseDown(MouseButton /*button*/, PointerPlace /*at*/) {}
+  virtual void OnMouseMove(PointerPlace /*to*/) {}
+  virtual void OnMouseUp(MouseButton /*button*/, PointerPlace /*at*/) {}
+
+  // What a picture of the window shows of it: its own pixels from its corner on, or, where it has none, the
+  // text in its frame.
+  virtual bool DrawOn(Raster& /*face*/) const { return false; }
+  virtual std::string PortraitText() const { return {}; }
 
   // The window tells of the focus' coming and going.
   void GainFocus();
@@ -158,6 +184,7 @@ class Control : public PersonObject, public std::enable_shared_from_this<Control
   bool enabled_ = true;
   int tabIndex_ = 0;
   int tabStamp_ = 0;
+  int zStamp_;
   Colour backColor_ = kButtonFaceColour;
   Colour foreColor_ = kButtonTextColour;
   FontFace font_{.name = "MS Sans Serif", .size = 8};

@@ -27,6 +27,16 @@ void ControlArrays::Unload(std::string_view array, int index) {
   if (elements != arrays_.end()) elements->second.erase(index);
 }
 
+std::vector<Control*> ControlArrays::InZOrder() const {
+  std::vector<Control*> order;
+  for (const auto& [name, elements] : arrays_) {
+    for (const auto& [index, control] : elements) order.push_back(control.get());
+  }
+  std::sort(order.begin(), order.end(),
+            [](const Control* a, const Control* b) { return a->ZStamp() < b->ZStamp(); });
+  return order;
+}
+
 std::vector<Control*> ControlArrays::TabOrder() const {
   std::vector<Control*> order;
   for (const auto& [name, elements] : arrays_) {

@@ -21,6 +21,8 @@ class ControlArrays {
   void Unload(std::string_view array, int index);
   void Clear() { arrays_.clear(); }
 
+  // All that are loaded, from the back to the front.
+  std::vector<Control*> InZOrder() const;
   // The controls that a person can reach by the Tab key, in its order.
   std::vector<Control*> TabOrder() const;
 

@@ -101,6 +101,9 @@ class Form : public Surface {
   // The number by which a host knows a new control of the window; none is given twice.
   int TakeControlNumber() { return ++controlNumbers_; }
 
+  // The number of a control that comes to lie in front of all others of the window, or behind them.
+  int TakeZStamp(ZOrder order) { return order == ZOrder::Front ? ++frontStamps_ : --backStamps_; }
+
   // The object that has the focus; null is the window's hidden key sink.
   Control* Focus() const { return focus_.lock().get(); }
   // Null draws the focus to the sink, out of any object.
@@ -126,6 +129,9 @@ class Form : public Surface {
   void MovePointer(PointerPlace to);
   // Where the pointer was last, in pixels of the client area.
   PointerPlace Pointer() const { return pointer_; }
+
+  // Paints the texts of the surfaces on the window; none where nothing can.
+  virtual TextPainter* SurfaceTexts() { return nullptr; }
 
   // Width and height in pixels of one line of text.
   virtual TextSize MeasureText(std::string_view text, const FontFace& font) const = 0;
@@ -181,6 +187,8 @@ class Form : public Surface {
   bool visible_ = false;
   ControlArrays controls_;
   int controlNumbers_ = 0;
+  int frontStamps_ = 0;
+  int backStamps_ = 0;
   std::weak_ptr<Control> focus_;
   std::weak_ptr<Control> lastFocus_;  // where the Tab key goes on from the sink
   int tabStamps_ = 0;

@@ -55,7 +55,7 @@ bool Form::FocusNext(bool forward) {
 }
 
 void Form::DropFocus(const Control& control) {
-  if (Focus() == &control) MoveFocus(nullptr);
+  if (Focus() == &control || (Focus() != nullptr && Focus()->LiesIn(control))) MoveFocus(nullptr);
 }
 
 bool Form::PreviewKey(int keyCode, KeyShift shift) {

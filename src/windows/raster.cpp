@@ -1,6 +1,7 @@
 #include "windows/raster.h"
 
 #include <algorithm>
+#include <cstdint>
 
 #include "platform/failure.h"
 
@@ -8,7 +9,7 @@ namespace tessera {
 
 namespace {
 
-constexpr std::int64_t kMostPixels = 64'000'000;
+constexpr std::int64_t kMostPixels = 100'000'000;
 
 }  // namespace
 
@@ -41,6 +42,27 @@ void Raster::Grow(Size size) {
 
 void Raster::Clear() {
   std::fill(pixels_.begin(), pixels_.end(), Pixel{0});
+}
+
+// FAST: most pixels of most pictures hide all that is below them, or nothing.
+void Raster::Lay(const Raster& above, std::int64_t left, std::int64_t top, Size part, Size within) {
+  const std::int64_t firstRow = std::max<std::int64_t>(0, -top);
+  const std::int64_t endRow = std::min<std::int64_t>({part.height, above.size_.height, within.height - top});
+  const std::int64_t first = std::max<std::int64_t>(0, -left);
+  const std::int64_t end = std::min<std::int64_t>({part.width, above.size_.width, within.width - left});
+  if (first >= end) return;
+  for (std::int64_t row = firstRow; row < endRow; ++row) {
+    const Pixel* from = above.Row(static_cast<int>(row));
+    Pixel* to = Row(static_cast<int>(top + row));
+    for (std::int64_t x = first; x < end; ++x) {
+      const Pixel opacity = from[x] >> 24;
+      if (opacity == 255) {
+        to[left + x] = from[x];
+      } else if (opacity != 0) {
+        to[left + x] = Blend(from[x], to[left + x]);
+      }
+    }
+  }
 }
 
 void Raster::Fill(const Span& span, Pixel pixel) {

@@ -53,6 +53,13 @@ class Raster {
   void Set(int x, int y, Pixel pixel) { Row(y)[x] = pixel; }
   void Fill(const Span& span, Pixel pixel);
 
+  // Lays another raster over this one, its upper left corner there. Of the other one the upper left `part` is
+  // laid, and of this one that much is touched; what lies outside either is cut off.
+  void Lay(const Raster& above, std::int64_t left, std::int64_t top, Size part, Size within);
+  void Lay(const Raster& above, std::int64_t left, std::int64_t top) {
+    Lay(above, left, top, above.size_, size_);
+  }
+
   Pixel* Row(int y) { return pixels_.data() + Offset(y); }
   const Pixel* Row(int y) const { return pixels_.data() + Offset(y); }
 

@@ -20,15 +20,25 @@ constexpr Pixel SwapEnds(Pixel colour) {
   return (colour & 0xFF) << 16 | (colour & 0xFF00) | (colour >> 16 & 0xFF);
 }
 
-Pixel OpaquePixel(Colour colour) {
-  return kOpaque | SwapEnds(static_cast<Pixel>(ResolveColour(colour)));
-}
-
 int Side(double pixels) {
   return static_cast<int>(std::clamp(std::round(pixels), 0.0, kLargestSide));
 }
 
 }  // namespace
+
+Pixel PixelOfColour(Colour colour) {
+  return kOpaque | SwapEnds(static_cast<Pixel>(ResolveColour(colour)));
+}
+
+void LayText(const TextMask& mask, Pixel colour, Raster& onto) {
+  auto covered = mask.coverage.begin();
+  for (int y = 0; y < mask.size.height; ++y) {
+    Pixel* row = onto.Row(mask.corner.y + y) + mask.corner.x;
+    for (int x = 0; x < mask.size.width; ++x, ++covered) {
+      if (*covered != 0) row[x] = Blend(PixelOf(colour & ~kOpaque, *covered), row[x]);
+    }
+  }
+}
 
 Size Surface::ClientSize() const {
   return {Side(ScaleWidth()), Side(ScaleHeight())};
@@ -48,14 +58,7 @@ void Surface::Print(std::string_view text) {
   if (painter_ != nullptr && !text.empty()) {
     Raster& canvas = Canvas();
     mask = painter_->Mask(text, Font, CurrentX, CurrentY, canvas.size());
-    const Pixel colour = SwapEnds(static_cast<Pixel>(ResolveColour(ForeColor)));
-    auto covered = mask.coverage.begin();
-    for (int y = 0; y < mask.size.height; ++y) {
-      Pixel* row = canvas.Row(mask.corner.y + y) + mask.corner.x;
-      for (int x = 0; x < mask.size.width; ++x, ++covered) {
-        if (*covered != 0) row[x] = Blend(PixelOf(colour, *covered), row[x]);
-      }
-    }
+    LayText(mask, PixelOfColour(ForeColor), canvas);
   }
   ShowPrinted(text, mask);
 }
@@ -68,7 +71,7 @@ void Surface::Cls() {
 void Surface::Draw(const Spans& spans, Colour colour) {
   if (spans.empty()) return;
   Raster& canvas = Canvas();
-  const Pixel pixel = OpaquePixel(colour);
+  const Pixel pixel = PixelOfColour(colour);
   for (const Span& span : spans) canvas.Fill(span, pixel);
   ShowDrawn(spans, pixel);
 }
@@ -103,7 +106,16 @@ Pixel Surface::PixelInSight(int x, int y) const {
   Pixel pixel = raster_.size().Holds(x, y) ? raster_.At(x, y) : 0;
   if (pixel >= kOpaque) return pixel;
   if (background_ && background_->size().Holds(x, y)) pixel = Blend(pixel, background_->raster.At(x, y));
-  return pixel >= kOpaque ? pixel : Blend(pixel, OpaquePixel(backColor_));
+  return pixel >= kOpaque ? pixel : Blend(pixel, PixelOfColour(backColor_));
+}
+
+Raster Surface::InSight() const {
+  const Size size = ClientSize();
+  Raster seen(size);
+  for (int y = 0; y < size.height; ++y) {
+    for (int x = 0; x < size.width; ++x) seen.Set(x, y, PixelInSight(x, y));
+  }
+  return seen;
 }
 
 Colour Surface::Point(PixelPoint at) const {
@@ -119,17 +131,7 @@ void Surface::FloodFill(PixelPoint at) {
 }
 
 void Surface::PaintPicture(const PictureRef& picture, PixelPoint at) {
-  const Size size = ClientSize();
-  Raster& canvas = Canvas();
-  for (int row = 0; row < picture->size().height; ++row) {
-    for (int column = 0; column < picture->size().width; ++column) {
-      const std::int64_t x = std::int64_t{at.x} + column;
-      const std::int64_t y = std::int64_t{at.y} + row;
-      if (x < 0 || y < 0 || x >= size.width || y >= size.height) continue;
-      Pixel& below = canvas.Row(static_cast<int>(y))[x];
-      below = Blend(picture->raster.At(column, row), below);
-    }
-  }
+  Canvas().Lay(picture->raster, at.x, at.y, picture->size(), ClientSize());
   ShowPainted(picture, at);
 }
 

@@ -26,6 +26,12 @@ inline constexpr Colour kButtonTextColour = static_cast<Colour>(0x80000012U);
 // What `Point` answers for a place beyond the surface.
 inline constexpr Colour kNoColour = -1;
 
+// The opaque pixel of a colour.
+Pixel PixelOfColour(Colour colour);
+
+// Lays a text of that opaque colour over a raster, within which its mask lies.
+void LayText(const TextMask& mask, Pixel colour, Raster& onto);
+
 // Whether boxes are filled.
 enum class Filling { Solid = 0, Transparent = 1 };
 
@@ -90,6 +96,8 @@ class Surface {
   // A bar of the full colour, with no pen.
   void FillBar(PixelPoint corner, PixelPoint opposite, Colour colour);
 
+  // All that is in sight, opaque.
+  Raster InSight() const;
   // The colour in sight, red in the low byte, or `kNoColour`.
   Colour Point(PixelPoint at) const;
   // Fills with `FillColor` the area of the point's colour around it.

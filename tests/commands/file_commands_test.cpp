@@ -39,6 +39,41 @@ TEST(FileCommands, AllLineEndsAreKnown) {
   }
 }
 
+TEST(FileCommands, ATextFileInUtf8IsReadAsSuch) {
+  const std::string full(65535, 'x');
+  struct Row {
+    const char* what;
+    std::string bytes;
+    std::vector<std::string> lines;
+  };
+  const std::vector<Row> rows = {
+      {"accents", "Jo\xC3\xA3o\r\n\xE2\x82\xAC 5\n", {"Jo\xE3o", "\x80 5"}},
+      {"a mark in front",
+       "\xEF\xBB\xBF"
+       "um\ndois\n",
+       {"um", "dois"}},
+      {"beyond the code page", "\xCE\xB1 \xC3\xA7", {"? \xE7"}},
+      {"one byte of the code page", "Jo\xC3\xA3o\nJo\xE3o\n", {"Jo\xC3\xA3o", "Jo\xE3o"}},
+      {"cut at the end", "\xC3\xA7 \xC3", {"\xC3\xA7 \xC3"}},
+      {"accents behind the first 64 KB", full + "\n\xC3\xA7\n", {full, "\xC3\xA7"}},
+      {"a character across the border",
+       "\xC3\xA7" + full.substr(2) + "\xC3\xA7\n\xE7\n",
+       {"\xE7" + full.substr(2) + "\xE7", "\xE7"}},
+  };
+  for (const Row& row : rows) {
+    FileProgram program;
+    program.folder.Write("a.txt", row.bytes);
+    program.Answer("AbreArquivo", "a, \"a.txt\", TEXTOLEITURA");
+    for (const std::string& line : row.lines)
+      EXPECT_EQ(program.Answer("LeArquivo", "a"), "\"" + ToUtf8(line) + "\"") << row.what;
+    EXPECT_EQ(program.Answer("LeArquivo", "a"), "\"EOF\"") << row.what;
+    EXPECT_EQ(program.Answer("TamanhoArquivo", "a"), std::to_string(row.bytes.size())) << row.what;
+    program.Answer("AbreArquivo", "b, \"a.txt\", BINARIO");
+    EXPECT_EQ(program.Answer("LeArquivo", "b, 1, 1"), "\"" + ToUtf8(row.bytes.substr(0, 1)) + "\"")
+        << row.what;
+  }
+}
+
 TEST(FileCommands, LinesCrossTheBuffersBorder) {
   FileProgram program;
   const std::string atBorder(65535, 'x');

@@ -54,6 +54,10 @@ class RecordedPerson final : public Person, private PersonObject {
   }
   void LetTimePass(milliseconds time) override { Note("espera", std::to_string(time.count())); }
   void LetNetworkAct(milliseconds time) override { Note("rede", std::to_string(time.count())); }
+  std::string TakePortrait(std::string_view path) override {
+    Note("retrato", path);
+    return path == "cheio.png" ? "sem lugar" : "";
+  }
 
   std::string log;
 
@@ -91,6 +95,7 @@ TEST(EventScript, EachLineIsOneAct) {
            Row{"pressiona 2", "pressiona[2] "},
            Row{"redim 20 60", "redim[20;60] "},
            Row{"espera 0", "espera[0] "},
+           Row{"retrato minha janela.png", "retrato[minha janela.png] "},
            Row{"fecha", "fecha[] "},
        }) {
     RecordedPerson person;
@@ -107,6 +112,12 @@ TEST(EventScript, AFaultyLineDoesNothing) {
     EXPECT_NE(DoEventLine(line, person), "") << line;
     EXPECT_EQ(person.log, "") << line;
   }
+}
+
+TEST(EventScript, APortraitThatFailsIsAFaultWithItsReason) {
+  RecordedPerson person;
+  EXPECT_NE(DoEventLine("retrato cheio.png", person).find("sem lugar"), std::string::npos);
+  EXPECT_NE(DoEventLine("retrato ", person), "");
 }
 
 TEST(EventScript, AnyBytesAreALineOrAFault) {

@@ -139,6 +139,10 @@ void QtPerson::LetTimePass(std::chrono::milliseconds time) {
   QTest::qWait(static_cast<int>(time.count()));
 }
 
+std::string QtPerson::TakePortrait(std::string_view path) {
+  return InHand().grab().save(QString::fromStdString(ToUtf8(path)), "PNG") ? "" : "no file";
+}
+
 ScriptedDispatch::ScriptedDispatch(EventDispatch& host, const std::string& script)
     : host_(host), lines_(FromUtf8Lossy(script)) {
   idle_.callOnTimeout([this] { PlayIdle(); });

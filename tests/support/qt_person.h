@@ -38,6 +38,7 @@ class QtPerson final : public Person {
   void ResizeWindow(double lines, double columns) override;
   bool CloseWindow(std::string_view name) override;
   void LetTimePass(std::chrono::milliseconds time) override;
+  std::string TakePortrait(std::string_view path) override;
   void LetNetworkAct(std::chrono::milliseconds time) override { LetTimePass(time); }
 
  private:

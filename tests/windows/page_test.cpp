@@ -65,6 +65,7 @@ class PageView final : public ControlView {
         shown.toolTip = control().ToolTipText();
         break;
       case ControlProperty::Parent:
+      case ControlProperty::Order:
       case ControlProperty::Content:
         ++shown.contents;
         break;

@@ -58,8 +58,17 @@ LookView::~LookView() {
 
 // What a kind of control has of its own changes with every key; the rest seldom.
 void LookView::Follow(ControlProperty changed) {
+  if (changed == ControlProperty::Order) return Stack();
   if (changed != ControlProperty::Content) return FollowAll();
   body_->FollowControl();
+}
+
+void LookView::Stack() {
+  if (control().ZStamp() < 0) {
+    Widget().lower();
+  } else {
+    Widget().raise();
+  }
 }
 
 void LookView::FollowAll() {
@@ -68,7 +77,10 @@ void LookView::FollowAll() {
   if (Control* picture = control().Parent()) {
     if (auto* view = dynamic_cast<LookView*>(picture->View())) parent = &view->Widget();
   }
-  if (widget.parentWidget() != parent) widget.setParent(parent);
+  if (widget.parentWidget() != parent) {
+    widget.setParent(parent);
+    Stack();
+  }
   widget.setObjectName(ToQString(control().Name()));
   widget.setAccessibleName(ToQString(control().Name()));
   widget.setToolTip(ToQString(control().ToolTipText()));

@@ -68,6 +68,8 @@ class LookView final : public QObject, public ControlView {
   void TakeKey(const QKeyEvent& event);
 
   void FollowAll();
+  // Puts the widget in front of its neighbours, or behind them.
+  void Stack();
 
   LookBody* body_;
   QWidget& window_;

@@ -15,14 +15,13 @@ constexpr double kCaptionGap = 4;
 
 }  // namespace
 
-// A frame lies below what stands in it, and the pointer passes through.
+// The pointer passes through.
 MolduraLook::MolduraLook(MolduraControl& control, LogicEntry& entry) : PaintedLook(control, entry) {
   setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 
 void MolduraLook::FollowControl() {
   setAccessibleName(ToQString(control().Caption()));
-  lower();
   update();
 }
 

@@ -1,0 +1,106 @@
+// Windows that an event script leads: what they show, and what they keep a person from.
+#include "qt/qt_stage.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QTest>
+#include <QTimer>
+#include <QWidget>
+#include <QWindow>
+#include <sstream>
+
+#include "console/console_host.h"
+#include "qt/qt_host.h"
+#include "support/hosted_program.h"
+
+namespace tessera::test {
+
+namespace {
+
+// Plays a script, and acts on the real window between two of its lines: at the line `espera`, which lets a
+// timer of the program run, whose routine prints.
+class OnStage : public testing::Test {
+ protected:
+  int Run(const std::string& program, const std::string& script) {
+    std::istringstream in(script);
+    ConsoleHost host({.in = in, .out = out_, .err = err_}, {.programTitle = "TESTE", .stage = &stage_});
+    HostedProgram hosted(host.host(), host);
+    return hosted.Run(program);
+  }
+
+  QtHost qt_;
+  QtStage stage_{qt_};
+  std::ostringstream out_;
+  std::ostringstream err_;
+};
+
+QWidget* ShownWindow() {
+  for (QWidget* widget : QApplication::topLevelWidgets()) {
+    if (widget->isVisible() && widget->objectName() == "Janela") return widget;
+  }
+  return nullptr;
+}
+
+// Whether the window has a pixel darker than its ground there, as letters are.
+bool HasInk(QWidget& window, const QRect& area) {
+  const QImage grabbed = window.grab(area).toImage();
+  for (int y = 0; y < grabbed.height(); ++y) {
+    for (int x = 0; x < grabbed.width(); ++x) {
+      if (qGray(grabbed.pixel(x, y)) < 80) return true;
+    }
+  }
+  return false;
+}
+
+// Looks at the program's window, or acts on it, once the program has printed something.
+class Intruder {
+ public:
+  Intruder(const std::ostringstream& printed, std::function<void(QWidget&)> act) {
+    timer_.callOnTimeout([this, &printed, act = std::move(act)] {
+      QWidget* window = ShownWindow();
+      if (window == nullptr || hasActed || printed.view().empty()) return;
+      hasActed = true;
+      act(*window);
+    });
+    timer_.start(1);
+  }
+  bool hasActed = false;
+
+ private:
+  QTimer timer_;
+};
+
+}  // namespace
+
+TEST_F(OnStage, AWindowShowsWhatTheScriptBroughtAbout) {
+  bool hasInk = false;
+  Intruder looking(out_, [&](QWidget& window) { hasInk = HasInk(window, QRect(0, 0, 200, 30)); });
+  EXPECT_EQ(Run("Posicione 0, 1\nEscreva \"MMMM\"\nAguarde 40\n", "mouse 1 1\nredim 10 20\n"), 0);
+  EXPECT_TRUE(looking.hasActed);
+  EXPECT_TRUE(hasInk);
+  EXPECT_EQ(out_.str(), "MMMM\n");
+}
+
+TEST_F(OnStage, APersonDoesNotReachTheProgram) {
+  Intruder person(out_, [](QWidget& window) {
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, QPoint(30, 30));
+    QTest::keyClick(window.windowHandle(), Qt::Key_F6);
+    window.windowHandle()->close();
+    window.resize(700, 500);
+    window.move(5, 6);
+  });
+  EXPECT_EQ(Run("Escreva 1\nAguarde 40\nEscreva CliqueMouse, \" \", Evento(\"REDIM\"), Evento(\"CLIQUE\"),"
+                " Evento(\"TECLADO\")\nEscreva AlturaJanela()\n",
+                "mouse 1 1\n"),
+            0);
+  EXPECT_TRUE(person.hasActed);
+  EXPECT_EQ(out_.str(), "1\n \n30\n") << err_.str();
+}
+
+TEST_F(OnStage, AFaultyLineEndsTheRunWithItsNumber) {
+  EXPECT_EQ(Run("Aguarde CliqueBotao\n", "\nclique Ninguem\n"), 3);
+  EXPECT_EQ(err_.str(), "[roteiro] linha 2: objeto desconhecido: Ninguem\n");
+}
+
+}  // namespace tessera::test
