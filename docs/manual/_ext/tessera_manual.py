@@ -158,6 +158,17 @@ class TopicWords(FromTable):
         return lines + ["", "```{toctree}", ":hidden:", ""] + [word["name"] for word in chosen] + ["```"]
 
 
+class AllWords(FromTable):
+    """The words from A to Z, a line for each letter."""
+    required_arguments = 0
+
+    def lines(self):
+        letters = {}
+        for name in sorted(WORDS, key=str.lower):
+            letters.setdefault(name[0].upper(), []).append(f"[{name}]({name}.md)")
+        return ["| | |", "| --- | --- |"] + [f"| **{letter}** | {', '.join(links)} |" for letter, links in letters.items()]
+
+
 class Variables(FromTable):
     """The built-in variables."""
     required_arguments = 0
@@ -210,6 +221,7 @@ def setup(app):
     app.connect("source-read", link_failures)
     app.add_directive("palavra", WordHead)
     app.add_directive("tema", TopicWords)
+    app.add_directive("todas", AllWords)
     app.add_directive("variaveis", Variables)
     for name in ("tessera", "trecho"):
         app.add_lexer(name, TesseraLexer)
