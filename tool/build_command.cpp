@@ -1,4 +1,4 @@
-// `tessera build`: the runtime's copy with the program's package behind it.
+// `tessera build`: the runtime's copy with the program's package in it.
 #include <chrono>
 #include <filesystem>
 #include <iostream>
@@ -17,6 +17,8 @@
 #include "tool/finding_printer.h"
 #include "tool/program_files.h"
 #include "tool/program_looks.h"
+#include "tool/program_needs.h"
+#include "tool/program_package.h"
 #include "tool/subcommands.h"
 #include "tool/terminal.h"
 
@@ -87,14 +89,56 @@ std::string OutputProblem(const fs::path& output, const std::string& runtime, co
   return "já existe e não é um programa gravado; indique outro nome com -o, ou --force para o substituir";
 }
 
-// The one check that refuses a program when it starts.
-bool CanStart(const EditorTexts& editors) {
-  return CheckBlocks(PrepareProgram(editors, [](std::string_view) {}).ProgramText->text()).empty();
-}
-
 int Refuse(const std::string& message) {
   PrintError(message);
   return kWrongCall;
+}
+
+// What a program needs, a package a line; what this machine lacks is marked.
+int TellNeeds(const PackedProgram& program) {
+  for (const NeededPackage& needed : NeedsOf(program)) {
+    std::cout << needed.package << "  (" << needed.purpose << ")"
+              << (IsOnThisMachine(needed) ? "" : "  falta nesta máquina") << '\n';
+  }
+  return kDone;
+}
+
+// The program in a finished file, where that is one.
+std::optional<PackedProgram> FinishedProgram(const std::string& path) {
+  const std::optional<MappedFile> file = MappedFile::Open(path);
+  if (!file || !file->bytes().starts_with(kElfMagic)) return std::nullopt;
+  auto read = ReadProgram(file->bytes());
+  PackedProgram* program = std::get_if<PackedProgram>(&read);
+  return program == nullptr ? std::nullopt : std::optional(std::move(*program));
+}
+
+// What is to lie beside the program is there, and is not the program.
+std::string IncludedProblem(const std::vector<std::string>& included, const std::string& stem) {
+  for (const std::string& path : included) {
+    std::error_code error;
+    if (!fs::exists(path, error)) return path + ": não encontrado";
+    if (fs::path(path).filename() == stem) return path + ": tem o nome do programa";
+  }
+  return {};
+}
+
+int BuildPackage(const BuildCall& call, const LoadedProgram& program, std::string_view file,
+                 const ProgramIcon* icon) {
+  const auto written = WritePackage({.stem = program.stem,
+                                     .version = call.version,
+                                     .file = file,
+                                     .included = {call.included.begin(), call.included.end()},
+                                     .icon = icon,
+                                     .needs = NeedsOf(program.program)},
+                                    call.output.empty() ? fs::path(".") : fs::path(call.output));
+  if (const std::string* problem = std::get_if<std::string>(&written)) return Refuse(*problem);
+  std::cout << std::get<fs::path>(written).string() << '\n';
+  return kDone;
+}
+
+// The one check that refuses a program when it starts.
+bool CanStart(const EditorTexts& editors) {
+  return CheckBlocks(PrepareProgram(editors, [](std::string_view) {}).ProgramText->text()).empty();
 }
 
 // A running program can be replaced this way, and a full disk leaves the old one as it was.
@@ -127,8 +171,13 @@ int BuildSubcommand(const BuildCall& call) {
     if (const std::string* problem = std::get_if<std::string>(&read)) return Refuse(*problem);
     icon = std::get<ProgramIcon>(std::move(read));
   }
+  if (call.needs) {
+    if (const std::optional<PackedProgram> finished = FinishedProgram(call.program))
+      return TellNeeds(*finished);
+  }
   const auto loaded = LoadProgram(call.program);
   if (const LoadProblem* problem = std::get_if<LoadProblem>(&loaded)) return Refuse(problem->message);
+  if (call.needs) return TellNeeds(std::get<LoadedProgram>(loaded).program);
   const LoadedProgram& program = std::get<LoadedProgram>(loaded);
 
   FindingPrinter(program, std::cerr, ErrorsAreColoured())
@@ -143,8 +192,13 @@ int BuildSubcommand(const BuildCall& call) {
   if (const std::string problem = RuntimeProblem(runtimePath, runtime); !problem.empty())
     return Refuse(problem);
 
+  if (const std::string problem = IncludedProblem(call.included, program.stem); !problem.empty())
+    return Refuse(problem);
+
   const fs::path output = call.output.empty() ? program.folder / program.stem : fs::path(call.output);
-  if (const std::string problem = OutputProblem(output, runtimePath, program, call.force); !problem.empty())
+  if (const std::string problem =
+          call.deb ? std::string() : OutputProblem(output, runtimePath, program, call.force);
+      !problem.empty())
     return Refuse(output.string() + ": " + problem);
 
   std::error_code ignored;
@@ -163,8 +217,14 @@ int BuildSubcommand(const BuildCall& call) {
                   ": um dos editores não pode ser codificado; mude uma linha do texto e tente "
                   "de novo");
   }
-  const int status = Write(output, SealedFile(runtime->bytes(), *image), program.program);
-  return status == kDone && hasLooks ? WriteDesktopFiles(looks) : status;
+  const std::string file = SealedFile(runtime->bytes(), *image);
+  if (call.deb) return BuildPackage(call, program, file, icon ? &*icon : nullptr);
+  const int status = Write(output, file, program.program);
+  if (status != kDone) return status;
+  const std::string uncopied =
+      CopyBeside({call.included.begin(), call.included.end()}, fs::absolute(output).parent_path());
+  if (!uncopied.empty()) return Refuse(uncopied);
+  return hasLooks ? WriteDesktopFiles(looks) : status;
 }
 
 }  // namespace tessera

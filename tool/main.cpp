@@ -188,6 +188,13 @@ class CommandLine {
         ->type_name("ARQUIVO");
     build->add_flag("--desktop", build_.desktop,
                     "Põe o programa, com o seu ícone, no menu de programas do usuário");
+    build->add_option("--include", build_.included, "Arquivos e pastas que ficam ao lado do programa")
+        ->type_name("ARQUIVO...");
+    build->add_flag("--deb", build_.deb,
+                    "Faz um pacote Debian com o programa, os seus arquivos e o que ele precisa");
+    build->add_option("--deb-version", build_.version, "Versão do pacote; sem ela, 1.0")->type_name("VERSÃO");
+    build->add_flag("--needs", build_.needs,
+                    "Só diz de que pacotes o programa precisa; PROGRAMA pode ser um já gravado");
   }
 
   void AddBd() {

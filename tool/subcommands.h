@@ -21,11 +21,15 @@ int RunSubcommand(const RunCall& call);
 
 struct BuildCall {
   std::string program;
-  std::string output;    // empty: the program's name in its own folder
-  std::string runtime;   // empty: `tessera-runtime` beside the tool
-  bool force = false;    // also over a file that is no older finished program
-  std::string icon;      // a picture for the desktop; empty: none
-  bool desktop = false;  // the program comes into the user's menu
+  std::string output;                 // empty: the program's name in its own folder
+  std::string runtime;                // empty: `tessera-runtime` beside the tool
+  bool force = false;                 // also over a file that is no older finished program
+  std::string icon;                   // a picture for the desktop; empty: none
+  bool desktop = false;               // the program comes into the user's menu
+  std::vector<std::string> included;  // files and folders that come to lie beside the program
+  bool deb = false;                   // a package of the system, in the place of the program
+  std::string version = "1.0";        // of the package
+  bool needs = false;                 // tells what the program needs, and writes nothing
 };
 int BuildSubcommand(const BuildCall& call);
 

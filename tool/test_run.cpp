@@ -1,24 +1,18 @@
 #include "tool/test_run.h"
 
-#include <fcntl.h>
-#include <poll.h>
-#include <spawn.h>
-#include <sys/syscall.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
-#include <array>
 #include <cerrno>
-#include <csignal>
 #include <cstdint>
 #include <fstream>
 #include <string_view>
 #include <vector>
 
-#include "platform/descriptor.h"
 #include "platform/system_reason.h"
 #include "platform/termination.h"
 #include "platform/whole_file.h"
+#include "tool/child.h"
+#include "tool/workshop.h"
 
 namespace tessera {
 
@@ -27,26 +21,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::uintmax_t kMostToCopy = 256u << 20;
-
-// A folder of its own, gone with the object.
-class Workshop {
- public:
-  Workshop() : path_(fs::temp_directory_path().string() + "/tessera-teste-XXXXXX") {
-    if (mkdtemp(path_.data()) == nullptr) path_.clear();
-  }
-  ~Workshop() {
-    std::error_code error;
-    if (!path_.empty()) fs::remove_all(path_, error);
-  }
-  Workshop(const Workshop&) = delete;
-  Workshop& operator=(const Workshop&) = delete;
-
-  bool IsThere() const { return !path_.empty(); }
-  fs::path operator/(std::string_view name) const { return fs::path(path_) / name; }
-
- private:
-  std::string path_;
-};
 
 // Why the folder could not be copied, or empty.
 std::string CopyFolder(const fs::path& from, const fs::path& to) {
@@ -68,57 +42,6 @@ std::string CopyFolder(const fs::path& from, const fs::path& to) {
   }
   return error ? from.string() + ": não foi possível copiar a pasta: " + SystemReason(error.value())
                : std::string();
-}
-
-// A process with a file as its input, and another one for all that it writes.
-struct Call {
-  std::vector<std::string> words;
-  std::vector<std::string> environment;  // in front of this process's own
-  fs::path input;
-  fs::path output;
-  fs::path folder = "/";  // where it works
-};
-
-// Its number, or the negative error number.
-pid_t Start(Call call) {
-  posix_spawn_file_actions_t actions;
-  posix_spawn_file_actions_init(&actions);
-  posix_spawn_file_actions_addchdir_np(&actions, call.folder.c_str());
-  posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, call.input.c_str(), O_RDONLY, 0);
-  posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, call.output.c_str(),
-                                   O_WRONLY | O_CREAT | O_APPEND, 0600);
-  posix_spawn_file_actions_adddup2(&actions, STDOUT_FILENO, STDERR_FILENO);
-  for (char** variable = environ; *variable != nullptr; ++variable) {
-    const std::string_view text(*variable);
-    if (!text.starts_with("DISPLAY=") && !text.starts_with("WAYLAND_DISPLAY="))
-      call.environment.emplace_back(text);
-  }
-  const auto pointers = [](std::vector<std::string>& texts) {
-    std::vector<char*> list;
-    for (std::string& text : texts) list.push_back(text.data());
-    list.push_back(nullptr);
-    return list;
-  };
-  pid_t process = 0;
-  const int error = posix_spawnp(&process, call.words.front().c_str(), &actions, nullptr,
-                                 pointers(call.words).data(), pointers(call.environment).data());
-  posix_spawn_file_actions_destroy(&actions);
-  return error == 0 ? process : -error;
-}
-
-// The exit status, 128 and the signal; nothing where the time was over or the person wished an end: then the
-// process has been ended.
-std::optional<int> Await(pid_t process, std::chrono::milliseconds patience) {
-  const Descriptor handle(static_cast<int>(syscall(SYS_pidfd_open, process, 0)));
-  std::array<pollfd, 2> waits = {pollfd{.fd = handle.number(), .events = POLLIN, .revents = 0},
-                                 pollfd{.fd = termination::Descriptor(), .events = POLLIN, .revents = 0}};
-  const bool inTime = poll(waits.data(), waits.size(), static_cast<int>(patience.count())) > 0;
-  const bool hasEnded = inTime && waits[0].revents != 0;
-  if (!hasEnded) kill(process, SIGKILL);
-  int status = 0;
-  waitpid(process, &status, 0);
-  if (!hasEnded) return std::nullopt;
-  return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
 
 std::string Written(const fs::path& file) {
@@ -151,12 +74,13 @@ TestRun RunTest(const ProgramTest& test, const TestContent& content, const TestS
   run.problem = CopyFolder(home.empty() ? fs::path(".") : home, copy);
   if (!run.problem.empty()) return run;
 
-  Call call{.words = {"/proc/self/exe", "run", "--no-check"},
-            .environment = {"XDG_DATA_HOME=" + (workshop / "dados").string(),
-                            "XDG_CONFIG_HOME=" + (workshop / "ajustes").string()},
-            .input = workshop / "roteiro",
-            .output = workshop / "saida",
-            .folder = copy};
+  ChildCall call{
+      .words = {"/proc/self/exe", "run", "--no-check"},
+      .environment = {"QT_QPA_PLATFORM=offscreen", "XDG_DATA_HOME=" + (workshop / "dados").string(),
+                      "XDG_CONFIG_HOME=" + (workshop / "ajustes").string()},
+      .input = workshop / "roteiro",
+      .output = workshop / "saida",
+      .folder = copy};
   if (setting.windows) {
     call.words.insert(call.words.end(), {"--script", "-"});
   } else {
@@ -167,12 +91,12 @@ TestRun RunTest(const ProgramTest& test, const TestContent& content, const TestS
   call.words.insert(call.words.end(), content.arguments.begin(), content.arguments.end());
 
   const auto begin = std::chrono::steady_clock::now();
-  const pid_t process = Start(call);
+  const pid_t process = StartChild(call);
   if (process < 0) {
     run.problem = "o programa não pôde ser iniciado: " + SystemReason(-process);
     return run;
   }
-  const std::optional<int> status = Await(process, setting.patience);
+  const std::optional<int> status = AwaitChild(process, setting.patience);
   run.time = std::chrono::steady_clock::now() - begin;
   run.output = Written(call.output);
   if (!status) {
@@ -190,14 +114,15 @@ std::string Difference(const std::string& expected, const std::string& output) {
   const fs::path nothing = "/dev/null";
   if (!workshop.IsThere() || !Write(workshop / "esperado", expected) || !Write(workshop / "obtido", output))
     return "a diferença não pode ser mostrada: a pasta dos arquivos temporários não pode ser escrita\n";
-  const pid_t process = Start({.words = {"diff", "-u", "--label", "esperado", "--label", "obtido",
-                                         (workshop / "esperado").string(), (workshop / "obtido").string()},
-                               .environment = {"LC_ALL=C.UTF-8"},
-                               .input = nothing,
-                               .output = workshop / "diferença"});
+  const pid_t process =
+      StartChild({.words = {"diff", "-u", "--label", "esperado", "--label", "obtido",
+                            (workshop / "esperado").string(), (workshop / "obtido").string()},
+                  .environment = {"LC_ALL=C.UTF-8"},
+                  .input = nothing,
+                  .output = workshop / "diferença"});
   if (process < 0) return "a diferença não pode ser mostrada: instale o pacote diffutils\n";
   constexpr std::chrono::seconds kPatience{60};
-  Await(process, kPatience);
+  AwaitChild(process, kPatience);
   return Written(workshop / "diferença");
 }
 

@@ -1,6 +1,7 @@
 #include "image/image_reader.h"
 
 #include "image/codec.h"
+#include "image/elf_file.h"
 #include "image/image_layout.h"
 #include "image/seal.h"
 #include "text/one_based.h"
@@ -78,6 +79,8 @@ std::variant<PackedProgram, ImageProblem> ReadProgram(std::string_view image) {
   if (seal == SealState::Cut) return ImageProblem::CutFile;
   if (seal == SealState::Changed) return ImageProblem::ChangedFile;
 
+  // The package's own section is the shorter way to what stands first in the whole file.
+  image = elf::FindSection(image, kPackageSection).value_or(image);
   const std::string opening = kOpeningMarker.text();
   const std::size_t a = image.find(opening);
   const std::size_t b = image.find(kNameEnd.text());

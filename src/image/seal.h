@@ -1,10 +1,15 @@
-// What a finished program tells of its own file: how long it is, and the check sum of its bytes. The place
-// for it stands in the runtime's own data, so that a file that lost its end still knows of it. It is blank in
+// What a finished program tells of its own file: the check sum of all that makes the program. The place for
+// it stands in the runtime's own data, so that a file that lost its package still knows of it. It is blank in
 // a bare runtime, and older copies have none: both go unchecked.
 //
 //   offset 0   16 bytes  the seal's word
-//   offset 16   8 bytes  length of the file, lowest byte first; 0 in a bare runtime
-//   offset 24   4 bytes  CRC-32 (ISO 3309) of the file without these 12 bytes, lowest byte first
+//   offset 16   8 bytes  1, lowest byte first; in older programs, whose package stands behind the file's last
+//   section,
+//                        the length of the file; 0 in a bare runtime
+//   offset 24   4 bytes  CRC-32 (ISO 3309), lowest byte first: of the segments that the system loads, without
+//   the
+//                        file's header and these 12 bytes, and of the package; in older programs of the whole
+//                        file without these 12 bytes
 #pragma once
 
 #include <array>
@@ -31,14 +36,17 @@ consteval SealPlace BlankSeal() {
 enum class SealState {
   None,     // no seal in the file, or a blank one
   Whole,    // length and sum are those of the file
-  Cut,      // the file is shorter than its seal tells
+  Cut,      // the file is shorter than it tells, or has lost its package
   Changed,  // other bytes than were sealed
 };
 
 SealState CheckSeal(std::string_view file);
 
-// The runtime's bytes with the program's image behind them, and their seal filled in where the runtime has
-// the place for one.
+// The section in which the program's image stands.
+inline constexpr std::string_view kPackageSection = ".tessera";
+
+// The runtime's bytes with the program's image in a section of its own, and their seal filled in where the
+// runtime has the place for one. What is no executable gets the image behind its last byte.
 std::string SealedFile(std::string_view runtime, std::string_view image);
 
 }  // namespace tessera

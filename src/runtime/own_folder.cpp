@@ -12,7 +12,12 @@ std::filesystem::path OwnFolder() {
 
 std::vector<std::filesystem::path> PartFolders() {
   const std::filesystem::path own = OwnFolder();
-  return {own, own.parent_path() / "lib" / "tessera", TESSERA_PARTS_INSTALLED, TESSERA_PARTS_BUILT};
+  std::vector<std::filesystem::path> folders = {own, own.parent_path() / "lib" / "tessera" / "parts",
+                                                TESSERA_PARTS_INSTALLED, "/usr/lib/tessera/parts"};
+#ifdef TESSERA_PARTS_BUILT
+  folders.emplace_back(TESSERA_PARTS_BUILT);
+#endif
+  return folders;
 }
 
 std::filesystem::path SiblingRuntime() {

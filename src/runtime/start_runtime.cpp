@@ -38,8 +38,8 @@ void Tell(const std::string& message) {
 std::string Describe(ImageProblem problem) {
   switch (problem) {
     case ImageProblem::CutFile:
-      return "este arquivo está cortado: falta o seu fim, que um programa como o strip também tira; copie-o "
-             "de novo, ou grave-o de novo com tessera build";
+      return "este arquivo está cortado: falta o seu fim, ou o programa que estava nele; copie-o de novo, ou "
+             "grave-o de novo com tessera build";
     case ImageProblem::ChangedFile:
       return "este arquivo está danificado: o conteúdo não confere com a soma de verificação; copie-o de "
              "novo, "

@@ -1,8 +1,11 @@
+#include <elf.h>
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <random>
 
 #include "image/codec.h"
+#include "image/elf_file.h"
 #include "image/image_layout.h"
 #include "image/image_reader.h"
 #include "image/image_writer.h"
@@ -203,26 +206,81 @@ TEST(ImageReader, SurvivesEveryCutAndManyMutations) {
   EXPECT_GT(refused, 1000);
 }
 
-// A sealed file knows every other byte and every cut; one without a seal is read as it is.
-TEST(Seal, TellsEveryFlippedByteAndEveryCut) {
-  const SealPlace blank = BlankSeal();
-  const std::string runtime = "\x7F"s + "ELF first" + std::string(blank.data(), blank.size()) + "last";
-  SeededRandom random(1);
-  PackedProgram program;
-  program.name = "JOGO";
-  program.EditorText[0] = "Escreva 1";
-  const std::string image = *WriteProgramImage(program, random);
-  const std::string whole = SealedFile(runtime, image);
+// A program of before, whose package stands behind the last byte, knows every other byte and every cut.
+TEST(Seal, OfOlderProgramsTellsEveryFlippedByteAndEveryCut) {
+  const std::string seal = "TESSERA#SELO#001\x59\x00\x00\x00\x00\x00\x00\x00\xA5\x2A\x58\xE6"s;
+  const std::string whole =
+      "\x7F"s + "ELF first" + seal + "lastINICIOPROGTSJOGO#FIMNOME" + kOi + "#~^FIMPROGTSJOGO";
   ASSERT_EQ(CheckSeal(whole), SealState::Whole);
-  EXPECT_EQ(MustRead(whole).EditorText[0], "Escreva 1");
-  EXPECT_EQ(CheckSeal(runtime), SealState::None);
-  EXPECT_EQ(MustRead(runtime + image).EditorText[0], "Escreva 1") << "a blank seal forbids nothing";
-  EXPECT_EQ(SealedFile("older", image), "older" + image);
+  EXPECT_EQ(MustRead(whole).EditorText[0], "Oi");
   EXPECT_EQ(ProblemOf(whole + "x"), ImageProblem::ChangedFile);
-
-  const std::size_t word = runtime.find("TESSERA#SELO");
+  const std::size_t word = whole.find("TESSERA#SELO");
   for (std::size_t i = 0; i < whole.size(); ++i) {
     if (i >= word && i < word + kSealWordLength) continue;  // the copy is then one without a seal
+    std::string flipped = whole;
+    flipped[i] = static_cast<char>(flipped[i] ^ (1 << i % 8));
+    const auto problem = ProblemOf(flipped);
+    EXPECT_TRUE(problem == ImageProblem::ChangedFile || problem == ImageProblem::CutFile) << i;
+  }
+  for (std::size_t length = word + sizeof(SealPlace); length < whole.size(); ++length) {
+    EXPECT_EQ(ProblemOf(whole.substr(0, length)), ImageProblem::CutFile) << length;
+  }
+}
+
+template <typename Record>
+std::string BytesOf(const Record& record) {
+  return std::string(reinterpret_cast<const char*>(&record), sizeof record);
+}
+
+// The smallest executable that has all that matters: one loaded segment, with the blank seal in it, and a
+// table of sections that holds their names alone.
+std::string SmallRuntime() {
+  const SealPlace blank = BlankSeal();
+  const std::string loaded = "first" + std::string(blank.data(), blank.size()) + "last.";
+  const std::string names = "\0.shstrtab\0"s;
+  Elf64_Ehdr header{};
+  std::memcpy(header.e_ident, ELFMAG "\x02\x01\x01", 7);
+  header.e_phoff = sizeof header;
+  header.e_phentsize = sizeof(Elf64_Phdr);
+  header.e_phnum = 1;
+  Elf64_Phdr segment{};
+  segment.p_type = PT_LOAD;
+  segment.p_filesz = sizeof header + sizeof segment + loaded.size();
+  Elf64_Shdr table{};
+  table.sh_name = 1;
+  table.sh_type = SHT_STRTAB;
+  table.sh_offset = segment.p_filesz;
+  table.sh_size = names.size();
+  header.e_shoff = segment.p_filesz + names.size();
+  header.e_shentsize = sizeof table;
+  header.e_shnum = 2;
+  header.e_shstrndx = 1;
+  return BytesOf(header) + BytesOf(segment) + loaded + names + BytesOf(Elf64_Shdr{}) + BytesOf(table);
+}
+
+TEST(Seal, OfAPackageInASectionTellsWhatIsLoadedAndThePackage) {
+  const std::string runtime = SmallRuntime();
+  EXPECT_EQ(CheckSeal(runtime), SealState::None);
+  EXPECT_EQ(ProblemOf(runtime), ImageProblem::NoProgram);
+  const std::string image = "INICIOPROGTSJOGO#FIMNOME" + kOi + "#~^FIMPROGTSJOGO";
+  const std::string whole = SealedFile(runtime, image);
+  ASSERT_EQ(CheckSeal(whole), SealState::Whole);
+  EXPECT_EQ(MustRead(whole).EditorText[0], "Oi");
+  EXPECT_EQ(MustRead(whole + "what a tool put behind it").EditorText[0], "Oi");
+  EXPECT_EQ(elf::FindSection(whole, ".tessera"), image);
+  EXPECT_EQ(elf::FindSection(whole, ".tesser"), std::nullopt);
+  EXPECT_EQ(MustRead(runtime + image).EditorText[0], "Oi") << "a blank seal forbids nothing";
+  EXPECT_EQ(SealedFile("none", image), "none" + image);
+
+  const std::size_t word = whole.find("TESSERA#SELO");
+  const std::size_t package = whole.find("INICIOPROGTS");
+  const auto isSummed = [&](std::size_t i) {
+    const bool isLoaded = i >= sizeof(Elf64_Ehdr) && i < whole.find("last.") + 5;
+    const bool isWord = i >= word && i < word + kSealWordLength;
+    return (isLoaded && !isWord) || (i >= package && i < package + image.size());
+  };
+  for (std::size_t i = 0; i < whole.size(); ++i) {
+    if (!isSummed(i)) continue;
     std::string flipped = whole;
     flipped[i] = static_cast<char>(flipped[i] ^ (1 << i % 8));
     const auto problem = ProblemOf(flipped);

@@ -33,7 +33,7 @@ cmp -s previewed printed || fail "the sheets differ: $(diff previewed printed | 
 
 # Every product, each group's total, the sum, and a number on each page.
 pdftotext -layout tudo.pdf text
-iconv -f cp1252 -t utf8 precos.txt | tr -d '\r' > products
+tr -d '\r' < precos.txt > products
 while IFS=';' read -r _ code product _ price; do
   grep -qE "^ *$code +$product +[0-9]+ +$price +[0-9.,]+$" text || fail "product $code $product $price"
 done < products

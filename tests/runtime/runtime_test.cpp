@@ -116,12 +116,13 @@ TEST_F(Runtime, IgnoresAHandoverThatCannotBeRead) {
 TEST_F(Runtime, TellsADamagedCopy) {
   const std::string whole = ReadBytes(Build("jogo", "Escreva \"" + std::string(200, 'x') + "\""));
   const std::size_t image = whole.find(kOpeningMarker.text());
-  const std::size_t runtime = ReadBytes(TESSERA_RUNTIME).size();
-  ASSERT_EQ(image, runtime);
+  ASSERT_EQ(image, ReadBytes(TESSERA_RUNTIME).size());
   std::string flipped = whole;
   flipped[image + 3] = static_cast<char>(flipped[image + 3] ^ 4);
   std::string otherSource = whole;
   otherSource[image + 40] = static_cast<char>(otherSource[image + 40] ^ 1);
+  std::string otherText = whole;
+  otherText[whole.find("Compilador do Tessera")] = 'c';
   struct Case {
     const char* what;
     std::string bytes;
@@ -134,7 +135,7 @@ TEST_F(Runtime, TellsADamagedCopy) {
       {"within the runtime's tables", whole.substr(0, image - 100), "cortado"},
       {"marker", flipped, "danificado"},
       {"source", otherSource, "danificado"},
-      {"more", whole + "x", "danificado"},
+      {"texts of the runtime", otherText, "danificado"},
   };
   for (const Case& c : cases) {
     const std::string file = folder_.Write("damaged", c.bytes);
@@ -146,20 +147,37 @@ TEST_F(Runtime, TellsADamagedCopy) {
   }
 }
 
-// What takes from an executable all that it does not need takes the program as well, and the file says so.
-TEST_F(Runtime, TellsACopyWhoseEndAToolTookAway) {
+// Tools that take from an executable what it does not need, or put something to it, leave the program whole.
+TEST_F(Runtime, AToolOfPackagesLeavesTheProgramWhole) {
+  const std::vector<std::vector<std::string>> tools = {
+      {"/usr/bin/strip"},
+      {"/usr/bin/strip", "--strip-debug"},
+      {"/usr/bin/strip", "--strip-unneeded", "--remove-section=.comment", "--remove-section=.note"},
+      {"/usr/bin/objcopy", "--remove-section=.gnu.version_d"},
+  };
+  for (std::vector<std::string> call : tools) {
+    const std::string file = Build("jogo", "Escreva 1");
+    call.push_back(file);
+    for (int times = 0; times < 2; ++times) {
+      ASSERT_EQ(RunProcess({.words = call}).status, 0) << call[0];
+      const ProcessResult result = WithoutDisplay({file});
+      EXPECT_EQ(result.out, "1\n") << call[0] << " " << result.err;
+    }
+  }
   const std::string file = Build("jogo", "Escreva 1");
-  ASSERT_EQ(RunProcess({.words = {"/usr/bin/strip", file}}).status, 0);
-  const ProcessResult result = WithoutDisplay({file});
-  EXPECT_EQ(result.status, 1);
-  EXPECT_EQ(result.out, "");
-  EXPECT_NE(result.err.find("um programa como o strip"), std::string::npos) << result.err;
+  ASSERT_EQ(RunProcess({.words = {"/usr/bin/objcopy", "--remove-section=.tessera", file}}).status, 0);
+  const ProcessResult taken = WithoutDisplay({file});
+  EXPECT_EQ(taken.status, 1);
+  EXPECT_NE(taken.err.find("falta o seu fim"), std::string::npos) << taken.err;
 }
 
 // Older copies, which have no seal, tell what their package tells.
 TEST_F(Runtime, TellsADamagedPackageWithoutASeal) {
   const std::string sealed = ReadBytes(Build("jogo", "Escreva \"" + std::string(200, 'x') + "\""));
-  const std::string whole = ReadBytes(TESSERA_RUNTIME) + sealed.substr(sealed.find(kOpeningMarker.text()));
+  const std::size_t begin = sealed.find(kOpeningMarker.text());
+  const std::string closing = kClosingMarker.text() + "JOGO";
+  const std::string whole =
+      ReadBytes(TESSERA_RUNTIME) + sealed.substr(begin, sealed.find(closing) + closing.size() - begin);
   const std::size_t package = whole.find(kNameEnd.text()) + kNameEnd.text().size();
   std::string hugeCount = whole;
   hugeCount[package + 3] = '\x7F';

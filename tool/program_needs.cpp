@@ -1,0 +1,86 @@
+#include "tool/program_needs.h"
+
+#include <dlfcn.h>
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <set>
+
+#include "language/statements.h"
+#include "language/words.h"
+#include "runtime/own_folder.h"
+
+namespace tessera {
+
+namespace {
+
+// What every program stands on, as its file names the libraries.
+constexpr std::array kAlways = {
+    NeededPackage{"libqt6widgets6", "libQt6Widgets.so.6", "janelas"},
+    NeededPackage{"libqt6gui6", "libQt6Gui.so.6", "desenho"},
+    NeededPackage{"libqt6core6", "libQt6Core.so.6", "janelas"},
+    NeededPackage{"libqt6printsupport6", "libQt6PrintSupport.so.6", "impressão"},
+    NeededPackage{"libqt6svg6", "libQt6Svg.so.6", "figuras"},
+    NeededPackage{"libfreeimage3", "libfreeimage.so.3", "figuras"},
+    NeededPackage{"libffi8", "libffi.so.8", "funções de bibliotecas"},
+    NeededPackage{"libstdc++6", "libstdc++.so.6", "linguagem C++"},
+    NeededPackage{"libgcc-s1", "libgcc_s.so.1", "linguagem C++"},
+    NeededPackage{"libc6", "libc.so.6", "sistema"},
+};
+
+// What the words of a topic load when they are first used.
+struct PartRow {
+  Topic topic;
+  NeededPackage needed;
+};
+constexpr std::array kParts = {
+    PartRow{Topic::Reports, {"tessera-paper", "libtessera_paper.so", "relatórios e impressão"}},
+    PartRow{Topic::Printing, {"tessera-paper", "libtessera_paper.so", "relatórios e impressão"}},
+    PartRow{Topic::Sql, {"tessera-sql", "libtessera_sql.so", "bancos de dados SQL"}},
+    PartRow{Topic::Network, {"tessera-net", "libtessera_net.so", "servidores FTP"}},
+    PartRow{Topic::Media, {"tessera-media", "libtessera_media.so", "som, vídeo e câmera"}},
+    PartRow{Topic::Web, {"tessera-web", "libtessera_web.so", "páginas da internet"}},
+};
+
+std::set<Topic> TopicsOf(const EditorTexts& editors) {
+  std::set<Topic> topics;
+  ScanState state;
+  for (const std::string& text : editors) {
+    const ScannedText scanned = ScanStatements(text, state);
+    for (const Piece& piece : scanned.pieces) {
+      if (piece.kind != PieceKind::Word) continue;
+      if (const Word* word = FindWord(text.substr(piece.begin, piece.size))) topics.insert(word->topic);
+    }
+  }
+  return topics;
+}
+
+}  // namespace
+
+std::vector<NeededPackage> NeedsOf(const PackedProgram& program) {
+  std::vector<NeededPackage> needs(kAlways.begin(), kAlways.end());
+  const std::set<Topic> topics = TopicsOf(program.EditorText);
+  for (const auto& [topic, needed] : kParts) {
+    const bool isThere = std::any_of(needs.begin(), needs.end(), [&](const NeededPackage& other) {
+      return other.package == needed.package;
+    });
+    if (topics.contains(topic) && !isThere) needs.push_back(needed);
+  }
+  return needs;
+}
+
+bool IsOnThisMachine(const NeededPackage& needed) {
+  const std::string library(needed.library);
+  if (void* loaded = dlopen(library.c_str(), RTLD_LAZY | RTLD_LOCAL)) {
+    dlclose(loaded);
+    return true;
+  }
+  const std::vector<std::filesystem::path> folders = PartFolders();
+  return std::any_of(folders.begin(), folders.end(), [&](const std::filesystem::path& folder) {
+    std::error_code error;
+    return std::filesystem::exists(folder / library, error);
+  });
+}
+
+}  // namespace tessera

@@ -1,0 +1,25 @@
+// What a finished program needs of the machine that it runs on: packages of the system, told by the words
+// that the program uses.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "image/packed_program.h"
+
+namespace tessera {
+
+struct NeededPackage {
+  std::string_view package;
+  std::string_view library;  // by which a machine is seen to have it
+  std::string_view purpose;  // for a person, in Portuguese
+};
+
+// In the order in which a program meets them.
+std::vector<NeededPackage> NeedsOf(const PackedProgram& program);
+
+// Whether the library can be loaded on this machine, or is a part of the system that lies where parts do.
+bool IsOnThisMachine(const NeededPackage& needed);
+
+}  // namespace tessera
