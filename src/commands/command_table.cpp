@@ -59,10 +59,11 @@ const Command* CommandTable::Find(std::string_view name) const {
 
 Value CommandTable::CommandCall(std::string_view name, const ArgumentText& arguments) const {
   // FAST: a text that never changes belongs to one word, which is looked up once.
-  const Command* command = arguments.forms != nullptr ? arguments.forms->command : nullptr;
-  if (command == nullptr) command = Find(name);
-  if (command == nullptr) return {};
+  std::optional<const Command*> known;
+  if (arguments.forms != nullptr) known = arguments.forms->command;
+  const Command* command = known ? *known : Find(name);
   if (arguments.forms != nullptr) arguments.forms->command = command;
+  if (command == nullptr) return {};
   return command->handler({run_, command->word, name, arguments.text, arguments.forms});
 }
 

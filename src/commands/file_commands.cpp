@@ -35,7 +35,7 @@ std::size_t ByteCount(const Value& value) {
 
 // The entry of an alias; null, behind a box, for one that is not in the table.
 FileAlias* FileCommands::FindAlias(std::string_view command, const std::string& alias) {
-  FileAlias* entry = alias.empty() ? nullptr : table_.Find(Upper(alias));
+  FileAlias* entry = alias.empty() ? nullptr : table_.Find(alias);
   if (entry == nullptr) {
     ShowCritical(run_, std::string(command)
                            .append(" - Apelido de arquivo não encontrado: "_w)

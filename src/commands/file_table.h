@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "text/one_based.h"
+
 namespace tessera {
 
 // The mode words; a file opened with any other word is not open at all.
@@ -23,9 +25,9 @@ class FileTable {
  public:
   // An entry of the table, or null.
   FileAlias* FirstFree() { return Find({}); }
-  FileAlias* Find(std::string_view upperAlias) {
+  FileAlias* Find(std::string_view alias) {
     for (FileAlias& entry : entries_) {
-      if (entry.alias == upperAlias) return &entry;
+      if (EqualsIgnoringCase(entry.alias, alias)) return &entry;
     }
     return nullptr;
   }

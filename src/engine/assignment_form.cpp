@@ -84,11 +84,21 @@ void AssignmentForm::AssignCall(Engine& engine, Run& run, const NameForm& target
   const CallForm& call = *term_.call();
   engine.TextExpressionFlag = right_.isText;
   const bool numericTarget = target.type() != VariableType::String || call.isNumericFunction();
-  const Value answer = call.Run(run);
+  Value answer = call.Run(run);
+  std::int64_t whole = 0;
+  if (!engine.TextExpressionFlag && run.variables.SymbolsTellAll() && call.SettleWhole(answer, whole)) {
+    std::int32_t* integer = target.Integer(run.variables);
+    if (integer != nullptr && PutWhole(*integer, whole)) return;
+  }
   auto settled = call.Settle(run, answer, numericTarget, true);
   // In text mode a number is no number.
   if (settled && (settled->IsText() || !engine.TextExpressionFlag)) {
-    run.variables.VarWrite(name, *std::move(settled), true);
+    std::string* text = target.Text(run.variables);
+    if (text != nullptr && settled->IsText() && settled->AsText()->size() <= VariableStore::kMaxTextLength) {
+      *text = (*std::move(settled)).ToText();
+    } else {
+      run.variables.VarWrite(name, *std::move(settled), true);
+    }
     engine.TextExpressionFlag = false;
     return;
   }

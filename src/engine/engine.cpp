@@ -17,6 +17,13 @@ Engine::Engine(Run& run)
 
 Engine::~Engine() = default;
 
+// OPEN: counted, and not left to the stack alone, so that a recursion without end fails at the same place on
+// every machine and by every form.
+Engine::Level::Level(Engine& engine) : engine_(engine) {
+  if (engine.levels_ >= engine.mostLevels) FailStack();
+  ++engine.levels_;
+}
+
 void Engine::RunStatements(const std::shared_ptr<const PreparedText>& text, std::int32_t startStatement) {
   const RunnableText runnable(run_, text);
   StatementLoop(*this, run_, runnable).RunFrom(startStatement);

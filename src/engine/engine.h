@@ -49,20 +49,34 @@ class Engine {
   Value ReturnValue;
   std::int32_t FunctionCallCounter = 0;
 
+  // A text that is being walked: the program's, and those of the routines that it waits for.
+  class Level {
+   public:
+    // Failure 28 beyond `mostLevels`.
+    explicit Level(Engine& engine);
+    Level(const Level&) = delete;
+    Level& operator=(const Level&) = delete;
+    ~Level() { --engine_.levels_; }
+
+   private:
+    Engine& engine_;
+  };
+
+  int mostLevels = 10'000;
+
  private:
   class Routines;
   class FunctionBodies;
 
   // The steps of a function's call; failures leave it.
   Value RunFunction(std::string_view name, const ArgumentText& arguments);
-  // The same by a body that is ready, if there is one for this call: else nothing, and nothing was done.
-  std::optional<Value> RunReadyFunction(std::string_view name, const ArgumentText& arguments);
+  // The same by a body that is ready, if there is one for this call: else false, and nothing was done.
+  bool RunReadyFunction(ReadyFunction& function, const ArgumentText& arguments, Value& result);
 
   Run& run_;
+  int levels_ = 0;
   std::unique_ptr<Routines> routines_;
   std::unique_ptr<FunctionBodies> bodies_;
-  std::vector<std::string>
-      plainCalls_;  // functions whose calls run by the rules: like calls share their names
   // The call counter at the last failure of a function, whose names are still there.
   std::int32_t failedAt_ = -1;
   std::int32_t TimerTick_ = 0;

@@ -1,6 +1,8 @@
 #include "engine/function_body.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <optional>
 
 #include "engine/function_call.h"
@@ -20,6 +22,7 @@ namespace {
 constexpr char kPlaceOfNumber = '\x01';
 constexpr std::size_t kMostNames = 21;
 constexpr std::size_t kLongestName = 50;
+constexpr std::size_t kLongestNumber = 11;
 
 bool IsWordCharacter(char c) {
   return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
@@ -138,23 +141,33 @@ std::unique_ptr<FunctionBody> FunctionBody::Make(const Run& run, std::string_vie
 }
 
 void FunctionBody::SetNumber(std::string_view digits) {
-  if (digits == number_) return;
+  // From one call to the next it is mostly the last digit that changes.
+  const auto [same, other] = std::mismatch(digits.begin(), digits.end(), number_.begin());
+  const auto kept = static_cast<std::size_t>(same - digits.begin());
+  if (kept == digits.size()) return;
   number_ = digits;
   frame_.SetNumber(digits);
-  for (const Position at : numbers_) prepared_->Overwrite(at, digits);
+  for (const Position at : numbers_) prepared_->Overwrite(at + kept, digits.substr(kept));
 }
 
-FunctionBody* Engine::FunctionBodies::Find(const Run& run, Routines& routines, std::string_view name,
+ReadyFunction& Engine::FunctionBodies::Of(std::string_view name) {
+  auto known = functions_.find(name);
+  if (known == functions_.end()) {
+    known = functions_.try_emplace(std::string(name)).first;
+    known->second.name = name;
+  }
+  return known->second;
+}
+
+FunctionBody* Engine::FunctionBodies::Find(const Run& run, Routines& routines, ReadyFunction& function,
                                            std::size_t digits) {
-  auto known = places_.find(name);
-  if (known == places_.end()) known = places_.try_emplace(std::string(name)).first;
-  if (known->second.size() <= digits) known->second.resize(digits + 1);
-  Place& place = known->second[digits];
+  if (function.places.size() <= digits) function.places.resize(digits + 1);
+  ReadyFunction::Place& place = function.places[digits];
   if (!place.isMade) {
     place.isMade = true;
     Guard([&] {
-      const std::string_view found = routines.FindFunction(name);
-      if (!found.empty()) place.body = FunctionBody::Make(run, name, found, digits);
+      const std::string_view found = routines.FindFunction(function.name);
+      if (!found.empty()) place.body = FunctionBody::Make(run, function.name, found, digits);
     });
   }
   return place.body.get();
@@ -182,14 +195,21 @@ class PassedArguments {
   // True if these are so many arguments, and computing them calls nothing.
   bool Are(std::size_t count) const {
     if (!isKnown_ || count_ != count) return false;
-    for (std::size_t i = 0; i < count; ++i) {
-      if (forms_ != nullptr ? !forms_->IsWithoutCalls(run_, i) : MayCall(run_, parts_[i])) return false;
-    }
-    return true;
+    if (forms_ != nullptr) return forms_->AreWithoutCalls(run_);
+    return std::none_of(parts_.begin(), parts_.end(),
+                        [&](const std::string& part) { return MayCall(run_, part); });
   }
 
-  Value operator[](std::size_t i) const {
-    return forms_ != nullptr ? forms_->Number(run_, i) : EvalNumber(run_, parts_[i]);
+  // Computes an argument and gives it to its parameter.
+  void Pass(std::size_t i, const Symbol& parameter) const {
+    VariableStore& variables = run_.variables;
+    std::int64_t whole = 0;
+    if (forms_ == nullptr) {
+      variables.WriteTo(parameter, EvalNumber(run_, parts_[i]));
+    } else if (parameter.type != VariableType::Inteiro || !forms_->ReadWhole(run_, i, whole) ||
+               !PutWhole(variables.Integers()[static_cast<std::size_t>(parameter.first)], whole)) {
+      variables.WriteTo(parameter, forms_->Number(run_, i));
+    }
   }
 
  private:
@@ -202,24 +222,26 @@ class PassedArguments {
 
 }  // namespace
 
-std::optional<Value> Engine::RunReadyFunction(std::string_view name, const ArgumentText& arguments) {
+bool Engine::RunReadyFunction(ReadyFunction& function, const ArgumentText& arguments, Value& result) {
   VariableStore& variables = run_.variables;
   // After a failure the names of its call are still there until the counter moves.
-  if (run_.plain || failedAt_ == FunctionCallCounter || !variables.SymbolsTellAll()) return std::nullopt;
-  if (std::find(plainCalls_.begin(), plainCalls_.end(), name) != plainCalls_.end()) return std::nullopt;
-  const std::string number = std::to_string(FunctionCallCounter);
-  FunctionBody* body = bodies_->Find(run_, *routines_, name, number.size());
-  if (body == nullptr || body->isRunning) return std::nullopt;
+  if (run_.plain || failedAt_ == FunctionCallCounter || !variables.SymbolsTellAll()) return false;
+  if (function.plainCalls > 0) return false;
+  std::array<char, kLongestNumber> digits;
+  const char* const end = std::to_chars(digits.begin(), digits.end(), FunctionCallCounter).ptr;
+  const std::string_view number(digits.data(), static_cast<std::size_t>(end - digits.data()));
+  FunctionBody* body = FunctionBodies::Find(run_, *routines_, function, number.size());
+  if (body == nullptr || body->isRunning) return false;
   const std::size_t count = body->parameters();
   const PassedArguments passed(run_, arguments);
-  if (!passed.Are(count)) return std::nullopt;
+  if (!passed.Are(count)) return false;
 
   VariableStore::Frame& frame = body->frame();
   body->isRunning = true;
   body->SetNumber(number);
   const auto failure = Guard([&] {
     for (std::size_t i = 0; i < count; ++i) variables.Enter(frame);
-    for (std::size_t i = 0; i < count; ++i) variables.WriteTo(frame[i], passed[i]);
+    for (std::size_t i = 0; i < count; ++i) passed.Pass(i, frame[i]);
     for (std::size_t i = count; i < frame.size(); ++i) variables.Enter(frame);
     StatementLoop(*this, run_, body->text()).RunFrom(0);
   });
@@ -228,10 +250,10 @@ std::optional<Value> Engine::RunReadyFunction(std::string_view name, const Argum
     variables.Abandon(frame);
     throw *failure;
   }
-  Value result = ReturnValue;
+  result = ReturnValue;
   variables.Leave(frame);
   ++FunctionCallCounter;
-  return result;
+  return true;
 }
 
 }  // namespace tessera

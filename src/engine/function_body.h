@@ -46,19 +46,28 @@ class FunctionBody {
   std::string number_;
 };
 
-class Engine::FunctionBodies {
- public:
-  // The body for a call, or none.
-  FunctionBody* Find(const Run& run, Routines& routines, std::string_view name, std::size_t digits);
-
- private:
+// A function of the program with its bodies, by the count of a number's digits.
+struct ReadyFunction {
   struct Place {
     bool isMade = false;
     std::unique_ptr<FunctionBody> body;
   };
 
-  // By the function's name, and by the count of digits.
-  std::map<std::string, std::vector<Place>, std::less<>> places_;
+  std::string name;
+  std::vector<Place> places;
+  int plainCalls = 0;  // calls of it that run by the rules: like calls share their names
+};
+
+class Engine::FunctionBodies {
+ public:
+  // The function of that name, whether the program has it or not.
+  ReadyFunction& Of(std::string_view name);
+
+  // The body for a call with so many digits, or none.
+  static FunctionBody* Find(const Run& run, Routines& routines, ReadyFunction& function, std::size_t digits);
+
+ private:
+  std::map<std::string, ReadyFunction, std::less<>> functions_;
 };
 
 }  // namespace tessera

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "engine/engine.h"
+#include "engine/function_body.h"
 #include "engine/routines.h"
 #include "engine/statement_loop.h"
 #include "platform/failure.h"
@@ -22,9 +23,13 @@ struct Names {
   std::string local;
 };
 
-struct AtEnd {
-  std::vector<std::string>& calls;
-  ~AtEnd() { calls.pop_back(); }
+struct PlainCall {
+  explicit PlainCall(ReadyFunction& called) : function(called) { ++function.plainCalls; }
+  PlainCall(const PlainCall&) = delete;
+  PlainCall& operator=(const PlainCall&) = delete;
+  ~PlainCall() { --function.plainCalls; }
+
+  ReadyFunction& function;
 };
 
 // The names that one call of a function declares. The counter is read at each, for a call among the arguments
@@ -136,9 +141,12 @@ void RenameInBody(std::string& body, std::string_view oldName, std::string_view 
 // its caller (programs/recursion_shares_its_names).
 Value Engine::RunFunction(std::string_view name, const ArgumentText& arguments) {
   run_.stack.Check();
-  if (auto result = RunReadyFunction(name, arguments)) return *std::move(result);
-  plainCalls_.emplace_back(name);
-  const AtEnd leave{plainCalls_};
+  ReadyFunction* function = arguments.forms != nullptr ? arguments.forms->function : nullptr;
+  if (function == nullptr) function = &bodies_->Of(name);
+  if (arguments.forms != nullptr) arguments.forms->function = function;
+  Value result;
+  if (RunReadyFunction(*function, arguments, result)) return result;
+  const PlainCall running(*function);
   const std::string_view found = routines_->FindFunction(name);
   if (found.empty()) {
     ShowCritical(run_, std::string("Função não encontrada: "_w).append(name));
@@ -153,7 +161,7 @@ Value Engine::RunFunction(std::string_view name, const ArgumentText& arguments) 
   DeclareLocals(run_, body, locals);
   const RunnableText once(run_, std::make_shared<const PreparedText>(std::move(body)), true);
   StatementLoop(*this, run_, once).RunFrom(0);
-  const Value result = ReturnValue;
+  result = ReturnValue;
   locals.Remove();
   ++FunctionCallCounter;
   return result;

@@ -20,6 +20,7 @@ constexpr std::uint32_t kBreath = 512;
 
 void StatementLoop::RunFrom(std::int32_t startStatement) {
   run_.stack.Check();
+  const Engine::Level level(engine_);
   run_.StopFlag = false;
   const Line* line = startStatement == 0 ? text_.First() : text_.FindStatement(startStatement, 1);
   const bool plain = run_.plain || text_.isOnce();
@@ -75,8 +76,10 @@ const Line* StatementLoop::RunWholeNumbers(const Line& start) {
         next = form.next;
         break;
       case LineForm::Kind::VariableOrCommand:
-        if (form.assignment == nullptr || !form.assignment->AssignWhole(engine_, store, form.target))
+        if (form.assignment != nullptr ? !form.assignment->AssignWhole(engine_, store, form.target)
+                                       : !IsIdle(form)) {
           return line;
+        }
         next = form.next;
         break;
       case LineForm::Kind::Compound: {
@@ -126,6 +129,13 @@ const Line* StatementLoop::Step(const Line& line) {
       break;
   }
   return ByRules(line);
+}
+
+// True for a word that names nothing, as those that close a routine.
+bool StatementLoop::IsIdle(const LineForm& form) {
+  const Symbol& symbol = *form.target.symbol;
+  return form.arguments != nullptr && form.arguments->command == nullptr &&
+         symbol.type == VariableType::None && !symbol.isLocal;
 }
 
 const Line* StatementLoop::Branch(const LineForm& form, bool holds) {
@@ -188,7 +198,8 @@ const Line* StatementLoop::RunVariableOrCommand(const Line& line) {
   if (form.target.type() != VariableType::None) {
     if (!form.assignment) form.assignment = std::make_unique<const AssignmentForm>(run_, line);
     form.assignment->Assign(engine_, run_, form.target, opening.word);
-  } else if (opening.mayDispatch && run_.variables.VarFind(opening.word) == -1) {
+  } else if (opening.mayDispatch &&
+             (!form.target.symbol->isLocal || run_.variables.VarFind(opening.word) == -1)) {
     if (!form.arguments && !run_.variables.MayHoldLocal(line.text)) {
       form.arguments = std::make_unique<ArgumentForms>(opening.rest);
     }

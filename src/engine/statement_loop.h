@@ -28,6 +28,7 @@ class StatementLoop {
 
   const Line* RunWholeNumbers(const Line& start);
   const Line* Step(const Line& line);
+  static bool IsIdle(const LineForm& form);
   const Line* Branch(const LineForm& form, bool holds);
   const Line* PassElse(const LineForm& form);
   const Line* ByRules(const Line& line);

@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <typeinfo>
 #include <utility>
 
 #include "platform/failure.h"
@@ -78,8 +79,9 @@ class FileNumbers {
   // The file of a number; failure 52 when none is open there, 54 when it is of another kind.
   template <typename File>
   File& Get(int number) const {
-    if (auto* file = dynamic_cast<File*>(&Find(number))) return *file;
-    FailMode();
+    OpenedFile& file = Find(number);
+    if (typeid(file) != typeid(File)) FailMode();
+    return static_cast<File&>(file);
   }
 
   // True if some open file of a kind fulfils the predicate.

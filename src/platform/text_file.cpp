@@ -61,7 +61,7 @@ std::optional<std::string> TextReader::ReadBytes() {
   std::string line;
   for (;;) {
     const std::string_view rest = std::string_view(buffer_).substr(next_);
-    const std::size_t end = rest.find_first_of("\r\n");
+    const std::size_t end = FindEither(rest, '\r', '\n');
     line.append(rest.substr(0, end));
     if (end != std::string_view::npos) {
       next_ += end + 1;

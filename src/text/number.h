@@ -18,9 +18,17 @@ class ExactDecimal {
   // Nothing where its magnitude is above the decimals' range (about 7.9E+28), or where it is no number.
   static std::optional<ExactDecimal> FromDouble(double value);
 
-  static ExactDecimal FromInteger(std::int32_t value) { return ExactDecimal(value, 0); }
+  static ExactDecimal FromInteger(std::int64_t value) { return ExactDecimal(value, 0); }
 
   double ToDouble() const;
+
+  // The value where it is whole and below 1e15 in magnitude; else false.
+  bool ToWhole(std::int64_t& whole) const {
+    constexpr Coefficient kMost = 1'000'000'000'000'000;
+    if (scale_ != 0 || coefficient_ <= -kMost || coefficient_ >= kMost) return false;
+    whole = static_cast<std::int64_t>(coefficient_);
+    return true;
+  }
 
   // Positional form, without exponent: "-0,00000015".
   std::string ToText() const;

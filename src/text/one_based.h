@@ -57,6 +57,14 @@ std::string_view Right(std::string_view text, std::size_t length);
 char CharAt(std::string_view text, Position position);
 
 bool Contains(std::string_view text, std::string_view sought);
+// The offset of the first character that is one of two, or npos: quicker on short texts than the library's
+// search for each of several.
+inline std::size_t FindEither(std::string_view text, char one, char other) {
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == one || text[i] == other) return i;
+  }
+  return std::string_view::npos;
+}
 
 std::string_view Trim(std::string_view text);
 std::string_view TrimLeft(std::string_view text);

@@ -23,10 +23,19 @@ bool ArgumentForms::Cut(Run& run, std::size_t places, bool splitAtEqual) {
   return state_ == State::Cut;
 }
 
-const TermForm& ArgumentForms::TermAt(Run& run, std::size_t place) {
-  auto& term = terms_.at(place);
-  if (!term) term = std::make_unique<const TermForm>(run, parts_[place]);
-  return *term;
+const TermForm& ArgumentForms::MakeTerm(Run& run, std::size_t place) {
+  terms_[place] = std::make_unique<const TermForm>(run, parts_[place]);
+  return *terms_[place];
+}
+
+bool ArgumentForms::AreWithoutCalls(Run& run) {
+  if (!areWithoutCalls_) {
+    areWithoutCalls_ = true;
+    for (std::size_t i = 0; i < parts_.size(); ++i) {
+      areWithoutCalls_ = *areWithoutCalls_ && TermAt(run, i).IsWithoutCalls();
+    }
+  }
+  return *areWithoutCalls_;
 }
 
 }  // namespace tessera

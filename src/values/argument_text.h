@@ -3,17 +3,21 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "values/run.h"
 #include "values/term_form.h"
 #include "values/value.h"
 
 namespace tessera {
 
 struct Command;
+struct ReadyFunction;
 struct Run;
 
 // FAST: what cutting the text gives, each time the same.
@@ -29,24 +33,37 @@ class ArgumentForms {
   // The pieces up to the last one that is not empty.
   const std::vector<std::string>& parts() const { return parts_; }
 
-  bool IsWithoutCalls(Run& run, std::size_t place) { return TermAt(run, place).IsWithoutCalls(); }
+  // True if computing the pieces calls nothing.
+  bool AreWithoutCalls(Run& run);
 
   // What `EvalNumber` and `EvalText` give for a place.
   Value Number(Run& run, std::size_t place) { return TermAt(run, place).Evaluate(run); }
   Value Text(Run& run, std::size_t place) { return TermAt(run, place).EvaluateText(run); }
 
-  // Who handles the word of this call; for the dispatcher alone.
-  const Command* command = nullptr;
+  // The same as `Number`, where it is a whole number and symbols tell of it; else false.
+  bool ReadWhole(Run& run, std::size_t place, std::int64_t& whole) {
+    return TermAt(run, place).ReadWhole(run.variables, whole);
+  }
+
+  // Who handles the word of this call, null for nobody, for the dispatcher alone; the function that it calls,
+  // for the engine.
+  std::optional<const Command*> command;
+  ReadyFunction* function = nullptr;
 
  private:
   enum class State : std::uint8_t { Uncut, Cut, Never };
 
-  const TermForm& TermAt(Run& run, std::size_t place);
+  const TermForm& TermAt(Run& run, std::size_t place) {
+    const auto& term = terms_.at(place);
+    return term ? *term : MakeTerm(run, place);
+  }
+  const TermForm& MakeTerm(Run& run, std::size_t place);
 
   std::string_view text_;
   State state_ = State::Uncut;
   std::vector<std::string> parts_;
   std::vector<std::unique_ptr<const TermForm>> terms_;  // made at first use
+  std::optional<bool> areWithoutCalls_;
 };
 
 // A text of arguments, with its forms if it has any.

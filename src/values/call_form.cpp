@@ -1,5 +1,6 @@
 #include "values/call_form.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "language/words.h"
@@ -13,6 +14,8 @@ CallForm::CallForm(WholeCall whole)
     : name_(std::move(whole.call.name)),
       arguments_(std::move(whole.call.arguments)),
       resultType_(std::move(whole.call.resultType)),
+      isText_(resultType_ == "String"),
+      isNumber_(resultType_ == "Numero"),
       isOwn_(whole.isOwn),
       isNumericFunction_(!whole.isOwn && IsNumericFunction(name_)),
       forms_(std::make_unique<ArgumentForms>(arguments_)) {}
@@ -22,25 +25,47 @@ Value CallForm::Run(tessera::Run& run) const {
   return isOwn_ ? run.doors.CallFunction(name_, arguments) : run.doors.CommandCall(name_, arguments);
 }
 
-std::optional<Value> CallForm::Settle(tessera::Run& run, const Value& answer, bool numericTarget,
+std::optional<Value> CallForm::Settle(tessera::Run& run, Value& answer, bool numericTarget,
                                       bool isList) const {
   if (!run.variables.SymbolsTellAll()) return std::nullopt;
-  if (const std::int32_t* integer = answer.AsInteger(); integer != nullptr && resultType_ != "String") {
+  if (const std::int32_t* integer = answer.AsInteger(); integer != nullptr && !isText_) {
     return Value(static_cast<double>(*integer));
   }
-  if (const std::string* text = answer.AsText()) {
-    const bool isString = isOwn_ && resultType_ == "String" && !text->starts_with('"');
-    const bool isQuoted = !isOwn_ && text->size() >= 2 && text->starts_with('"') && text->ends_with('"');
-    if (!isString && !isQuoted) return std::nullopt;
-    const std::string_view inner =
-        isString ? std::string_view(*text) : std::string_view(*text).substr(1, text->size() - 2);
-    if (isList && inner.find_first_of("\"[]") != std::string_view::npos) return std::nullopt;
+  return answer.IsText() ? SettleText(answer, numericTarget, isList)
+                         : SettleNumber(run, answer, numericTarget);
+}
+
+std::optional<Value> CallForm::SettleText(Value& answer, bool numericTarget, bool isList) const {
+  const std::string& text = *answer.AsText();
+  const bool isString = isOwn_ && isText_ && !text.starts_with('"');
+  const bool isQuoted = !isOwn_ && text.size() >= 2 && text.starts_with('"') && text.ends_with('"');
+  if (!isString && !isQuoted) return std::nullopt;
+  const std::string_view inner =
+      isString ? std::string_view(text) : std::string_view(text).substr(1, text.size() - 2);
+  const auto isMark = [](char c) { return c == '"' || c == '[' || c == ']'; };
+  if (isList && std::any_of(inner.begin(), inner.end(), isMark)) return std::nullopt;
+  std::string plain;
+  if (inner.starts_with('(') || inner.ends_with(')')) {
     // A parenthesis at either end goes with its quote.
-    std::string plain = inner.starts_with('(') || inner.ends_with(')') ? std::string(Unquote(Quote(inner)))
-                                                                       : std::string(inner);
-    return Value(numericTarget && !isOwn_ ? Replace(plain, ',', '.') : std::move(plain));
+    plain = Unquote(Quote(inner));
+  } else {
+    plain = std::move(answer).ToText();
+    if (isQuoted) {
+      plain.pop_back();
+      plain.erase(0, 1);
+    }
   }
-  return SettleNumber(run, answer, numericTarget);
+  if (numericTarget && !isOwn_) std::replace(plain.begin(), plain.end(), ',', '.');
+  return plain;
+}
+
+bool CallForm::SettleWhole(const Value& answer, std::int64_t& whole) const {
+  if (isText_) return false;
+  if (const std::int32_t* integer = answer.AsInteger()) {
+    whole = *integer;
+    return true;
+  }
+  return answer.AsDecimal() != nullptr && answer.AsDecimal()->ToWhole(whole);
 }
 
 // A fraction's comma ends a number, unless it becomes a point.
@@ -48,12 +73,12 @@ std::optional<Value> CallForm::SettleNumber(tessera::Run& run, const Value& answ
                                             bool numericTarget) const {
   constexpr double kMost = 1e15;
   constexpr double kLeastWithoutExponent = 1e-4;
-  if (answer.IsEmpty() || resultType_ == "String") return std::nullopt;
+  if (answer.IsEmpty() || isText_) return std::nullopt;
   const double number = answer.ToDouble();
   const double magnitude = std::fabs(number);
   const bool isWhole = magnitude < kMost && number == std::trunc(number);
   if (isWhole) return Value(number + 0.0);
-  if (isOwn_ ? resultType_ != "Numero" : !numericTarget) return std::nullopt;
+  if (isOwn_ ? !isNumber_ : !numericTarget) return std::nullopt;
   if (answer.AsDecimal() != nullptr) return magnitude < kMost ? std::optional<Value>(number) : std::nullopt;
   if (!(magnitude >= kLeastWithoutExponent && magnitude < kMost)) return std::nullopt;
   return Value(run.roundings.Rounded(number));

@@ -26,19 +26,25 @@ class CallForm {
   Value Run(tessera::Run& run) const;
 
   // What the answer reads as when it stands where a number or a text may stand: a number, or a text without
-  // its quotes. Nothing where only its text can tell. With `numericTarget` commas become points. `isList`
-  // tells that the text will be cut at commas before it is read.
-  std::optional<Value> Settle(tessera::Run& run, const Value& answer, bool numericTarget, bool isList) const;
+  // its quotes. Nothing where only its text can tell; else the answer is used up. With `numericTarget` commas
+  // become points. `isList` tells that the text will be cut at commas before it is read.
+  std::optional<Value> Settle(tessera::Run& run, Value& answer, bool numericTarget, bool isList) const;
+
+  // The same where it reads as a whole number; else false.
+  bool SettleWhole(const Value& answer, std::int64_t& whole) const;
 
   // The text that the answer makes of the call.
   std::string TextOf(const Value& answer, bool numericTarget) const;
 
  private:
+  std::optional<Value> SettleText(Value& answer, bool numericTarget, bool isList) const;
   std::optional<Value> SettleNumber(tessera::Run& run, const Value& answer, bool numericTarget) const;
 
   std::string name_;
   std::string arguments_;  // with marks
   std::string resultType_;
+  bool isText_;    // its result's type is that of texts
+  bool isNumber_;  // its result's type is the word for any number
   bool isOwn_;
   bool isNumericFunction_;
   std::unique_ptr<ArgumentForms> forms_;

@@ -53,6 +53,7 @@ std::string_view ConditionForm::Outcome(Run& run, const Comparison& comparison) 
 }
 
 bool ConditionForm::Holds(Run& run) const {
+  if (single_ != nullptr) return Outcome(run, *single_) == kTrue;
   std::vector<std::string_view> results;
   for (const Comparison& comparison : comparisons_) {
     const std::string_view outcome = Outcome(run, comparison);

@@ -12,6 +12,7 @@ enum class VariableType : std::uint8_t { String, Inteiro, Decimal, None };
 // holds one needs no search; it has to look at the type at each use.
 struct Symbol {
   VariableType type = VariableType::None;
+  bool isLocal = false;  // of a function's calls: where it has no type, there may be a variable all the same
   std::int32_t first = 0;
 };
 

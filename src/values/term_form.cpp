@@ -66,8 +66,7 @@ Reading TermForm::Read(Run& run) const {
       return {Reading::Kind::Text, 0, 0, Unquote(trimmed_)};
     case Kind::Name: {
       if (name_.type() == VariableType::None) {
-        // A call's name may have been removed and created anew, which its symbol knows nothing of.
-        if (run.variables.VarFind(trimmed_) != -1) return {};
+        if (name_.symbol->isLocal && run.variables.VarFind(trimmed_) != -1) return {};
         return {Reading::Kind::Text, 0, 0, Unquote(trimmed_)};
       }
       if (const std::int32_t* integer = name_.Integer(store)) {
@@ -93,7 +92,7 @@ Reading TermForm::Read(Run& run) const {
 // What follows the call in `EvalNumber` follows here, with the text that the answer makes.
 Value TermForm::EvaluateCall(Run& run) const {
   bool numericTarget = call_->isNumericFunction();
-  const Value answer = call_->Run(run);
+  Value answer = call_->Run(run);
   if (auto settled = call_->Settle(run, answer, numericTarget, false)) return *std::move(settled);
   std::string text = call_->TextOf(answer, numericTarget);
   if (!call_->isOwn()) ReplaceFunctions(run, text, numericTarget, 1);
@@ -117,6 +116,10 @@ Value TermForm::EvaluateText(Run& run) const {
 Value TermForm::Evaluate(Run& run) const {
   if (kind_ == Kind::Plain) return EvalNumber(run, text_);
   if (kind_ == Kind::Call) return EvaluateCall(run);
+  if (std::int64_t whole = 0;
+      kind_ == Kind::Arithmetic && run.variables.SymbolsTellAll() && ReadWhole(run.variables, whole)) {
+    return ExactDecimal::FromInteger(whole);
+  }
   const Reading reading = Read(run);
   switch (reading.kind) {
     case Reading::Kind::Nothing:

@@ -186,23 +186,25 @@ std::size_t VariableStore::CheckedSlot(Type type, std::int64_t slot) const {
   return static_cast<std::size_t>(slot);
 }
 
+template <typename Act>
+auto VariableStore::WithSlots(Type type, Act act) {
+  switch (type) {
+    case Type::String:
+      return act(texts_);
+    case Type::Inteiro:
+      return act(integers_);
+    default:
+      return act(decimals_);
+  }
+}
+
 std::size_t VariableStore::SlotCount(Type type) const {
   return type == Type::String ? texts_.size() : type == Type::Inteiro ? integers_.size() : decimals_.size();
 }
 
 void VariableStore::ResizeSlots(Type type, std::size_t count) {
   if (count > kMaxSlots) FailMemory();
-  switch (type) {
-    case Type::String:
-      texts_.resize(count);
-      break;
-    case Type::Inteiro:
-      integers_.resize(count);
-      break;
-    default:
-      decimals_.resize(count);
-      break;
-  }
+  WithSlots(type, [count](auto& slots) { slots.resize(count); });
 }
 
 void VariableStore::VarCreateScalar(std::string_view name, std::string_view type) {
@@ -249,7 +251,8 @@ void VariableStore::AddRecord(std::string_view name, Type table, std::int32_t fi
     rows_[std::string(key)] = row;
   }
   if (row->symbol.type == Type::None || row->symbol.first == first) {
-    row->symbol = {table, first};
+    row->symbol.type = table;
+    row->symbol.first = first;
     row->index = Table(table).size();
     record.row = row;
   }
@@ -270,7 +273,7 @@ void VariableStore::VarRemove(std::string_view name, bool quiet) {
     removed.row->symbol.type = Type::None;
     // A row that nobody holds goes with its name, or the names of calls would pile up.
     if (!removed.row->isHeld) {
-      if (!removed.row->isFrames) freeRows_.push_back(removed.row);
+      if (!removed.row->symbol.isLocal) freeRows_.push_back(removed.row);
       rows_.erase(upper);
     }
   }
@@ -291,14 +294,12 @@ void VariableStore::VarRemove(std::string_view name, bool quiet) {
     slots.erase(from, from + removed.count);
     slots.back() = {};
   };
-  if (place->type == Type::String) shift(texts_);
-  if (place->type == Type::Inteiro) shift(integers_);
-  if (place->type == Type::Decimal) shift(decimals_);
+  WithSlots(place->type, shift);
 }
 
 void VariableStore::Frame::Add(std::string_view written, VariableType type) {
   variables_.push_back({std::string(written), type, {}});
-  variables_.back().row.isFrames = true;
+  variables_.back().row.symbol.isLocal = true;
 }
 
 std::string VariableStore::Frame::NameOf(std::size_t i) const {
@@ -307,8 +308,13 @@ std::string VariableStore::Frame::NameOf(std::size_t i) const {
 
 void VariableStore::Enter(Frame& frame) {
   Frame::Variable& variable = frame.variables_[frame.entered_++];
-  variable.row.symbol = {variable.type, static_cast<std::int32_t>(SlotCount(variable.type) - 1)};
-  ResizeSlots(variable.type, SlotCount(variable.type) + 1);
+  Symbol& symbol = variable.row.symbol;
+  symbol.type = variable.type;
+  WithSlots(variable.type, [&](auto& slots) {
+    if (slots.size() >= kMaxSlots) FailMemory();
+    symbol.first = static_cast<std::int32_t>(slots.size() - 1);
+    slots.emplace_back();
+  });
   if (frame.entered_ == 1) {
     frame.recorded_ = false;
     frames_.push_back(&frame);
@@ -340,12 +346,11 @@ void VariableStore::Leave(Frame& frame) {
     --unrecorded_;
     for (std::size_t i = frame.entered_; i > 0; --i) {
       Frame::Variable& variable = frame.variables_[i - 1];
-      const Type type = variable.type;
       variable.row.symbol.type = Type::None;
-      ResizeSlots(type, SlotCount(type) - 1);
-      if (type == Type::String) texts_.back().clear();
-      if (type == Type::Inteiro) integers_.back() = 0;
-      if (type == Type::Decimal) decimals_.back() = 0;
+      WithSlots(variable.type, [](auto& slots) {
+        slots.pop_back();
+        slots.back() = {};
+      });
     }
   }
   frame.entered_ = 0;
@@ -361,6 +366,7 @@ void VariableStore::Abandon(Frame& frame) {
     // The name gets a row of its own, and the frame is free for another call.
     Row& own = AddRow(Upper(frame.NameOf(i)));
     own = {row.symbol, row.index, false};
+    own.symbol.isLocal = false;
     Table(row.symbol.type)[row.index].row = &own;
     row.symbol.type = Type::None;
   }

@@ -128,8 +128,7 @@ class VariableStore {
   struct Row {
     Symbol symbol;
     std::size_t index = 0;
-    bool isHeld = false;    // somebody has the symbol
-    bool isFrames = false;  // it belongs to a frame
+    bool isHeld = false;  // somebody has the symbol
   };
 
   struct Place {
@@ -168,6 +167,8 @@ class VariableStore {
   std::size_t CheckedSlot(Type type, std::int64_t slot) const;
   std::size_t SlotCount(Type type) const;
   void ResizeSlots(Type type, std::size_t count);
+  template <typename Act>
+  auto WithSlots(Type type, Act act);
   void Create(std::string_view name, std::string_view type, std::int32_t count);
 
   std::function<void(std::string_view)> showCritical_;

@@ -27,6 +27,7 @@ Seen RunMade(const std::string& text, bool plain) {
   CoreProgram program;
   program.run.plain = plain;
   program.run.mostReplacements = 20;
+  program.engine.mostLevels = 60;
   Seen seen;
   std::istringstream output(program.Run(text));
   for (std::string line; std::getline(output, line);) seen.lines.push_back(line);
