@@ -15,6 +15,7 @@ packages=(
   binutils-mingw-w64-x86-64 icoutils desktop-file-utils  # icons, made and read by others
   python3-sphinx python3-myst-parser furo weasyprint  # the manual: pages, their theme, paper
   xvfb xauth xdotool libxcb1-dev sqlite3      # tests with a real display, and a look at what was exported
+  vim-tiny libkf5syntaxhighlighting-tools     # editors, to look at their colours
 )
 
 is_installed() {

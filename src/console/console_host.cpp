@@ -76,6 +76,11 @@ TextSize MeasureLetters(std::string_view text, const FontFace& font) {
           .height = std::ceil(pixels * 1.2)};
 }
 
+PointerPlace WithinControl(const Control& control, PointerPlace at) {
+  const PointerPlace corner = control.Corner();
+  return {at.x - corner.x, at.y - corner.y};
+}
+
 bool IsYes(std::string_view answer) {
   return EqualsIgnoringCase(Trim(answer), "s") || EqualsIgnoringCase(Trim(answer), "sim");
 }
@@ -113,8 +118,9 @@ class MemoryForm final : public Form {
   }
   void ShowErased() override { printed_.Clear(); }
   void ShowDrawn(const Spans& spans, Pixel) override { printed_.Cover(spans); }
-  void ShowPainted(const PictureRef& picture, PixelPoint at) override {
-    printed_.Cover(picture->raster, at, raster_.size());
+  void ShowPainted(const PlacedPictures& pictures, bool erased) override {
+    if (erased) printed_.Clear();
+    for (const PlacedPicture& placed : pictures) printed_.Cover(placed, ClientSize());
   }
   void ServeModal() override { lead_.ServeModal(*this); }
 
@@ -437,6 +443,7 @@ PersonObject* ConsoleHost::FindObject(std::string_view name) {
 
 bool ConsoleHost::TurnTo(PersonObject& object) {
   Form* form = object.Window();
+  if (form == nullptr) return object.IsInReach();
   if (!object.IsInReach() || !form->Visible() || !windows_->CanBeReached(*form)) return false;
   form->Events().OnActivate();
   object.SetFocus();
@@ -451,24 +458,37 @@ void ConsoleHost::Click() {
 void ConsoleHost::DoubleClick() {
   Click();
   Form& form = InHand();
+  if (Control* target = form.PointerTarget(form.Pointer())) return target->DoubleClick();
   form.PressButtonAgain(form.Pointer());
   form.ReleaseButton(MouseButton::Left, form.Pointer());
 }
 
+// Over an object that takes the pointer a press keeps it there until the release.
 void ConsoleHost::PressButton(MouseButton button) {
   Form& form = BringInHand();
-  form.PressButton(button, form.Pointer());
+  Control* target = form.PointerTarget(form.Pointer());
+  if (target == nullptr) return form.PressButton(button, form.Pointer());
+  target->SetFocus();
+  pressed_ = target->weak_from_this();
+  target->OnMouseDown(button, WithinControl(*target, form.Pointer()));
 }
 
 void ConsoleHost::ReleaseButton(MouseButton button) {
   Form& form = InHand();
-  form.ReleaseButton(button, form.Pointer());
+  const auto pressed = std::exchange(pressed_, {}).lock();
+  if (pressed == nullptr) return form.ReleaseButton(button, form.Pointer());
+  pressed->OnMouseUp(button, WithinControl(*pressed, form.Pointer()));
 }
 
 void ConsoleHost::MovePointer(double line, double column) {
   Form& form = InHand();
   const Grid grid = form.Events().PlacementGrid();
-  form.MovePointer({.x = column * grid.TamCol, .y = line * grid.TamLin});
+  const PointerPlace to{.x = column * grid.TamCol, .y = line * grid.TamLin};
+  const auto pressed = pressed_.lock();
+  Control* target = pressed ? pressed.get() : form.PointerTarget(to);
+  if (target == nullptr) return form.MovePointer(to);
+  form.TakePointer(to);
+  target->OnMouseMove(WithinControl(*target, to));
 }
 
 void ConsoleHost::TypeText(std::string_view text) {

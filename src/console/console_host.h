@@ -54,6 +54,8 @@ struct ConsoleOptions {
 
 inline constexpr int kFaultyScriptStatus = 3;
 
+class Control;
+
 class ConsoleHost final : public Display,
                           public Dialogs,
                           public EventDispatch,
@@ -73,6 +75,7 @@ class ConsoleHost final : public Display,
   void ShowPointer(bool) override {}
   PointerPlace Pointer() override;
   std::string SetVideoMode(const VideoMode& mode) override;
+  bool ShowTrayIcon(const PictureRef&, std::string_view, TrayEvents&) override { return true; }
   ScreenSize ScreenExtent() override;
   std::vector<std::string> FontNames() override;
   void TellAbandonedRun(std::string_view position, std::string_view description) override;
@@ -149,6 +152,7 @@ class ConsoleHost final : public Display,
   std::unique_ptr<Stage> memory_;  // where no other stage is given
   Stage* stage_;
   Form* mainForm_ = nullptr;
+  std::weak_ptr<Control> pressed_;  // holds the pointer
   const WindowDirectory* windows_ = nullptr;
 };
 

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "windows/surface.h"
-
 namespace tessera {
 
 void PrintedTexts::Add(PrintedText text) {
@@ -35,16 +33,19 @@ void PrintedTexts::Cover(const Spans& spans) {
   for (const Span& span : spans) CoverRow(span.y, span.left, span.right);
 }
 
-void PrintedTexts::Cover(const Raster& picture, PixelPoint at, Size within) {
+void PrintedTexts::Cover(const PlacedPicture& placed, Size within) {
   if (texts_.empty()) return;
-  const Size size = picture.size();
-  for (int y = 0; y < size.height; ++y) {
-    for (int x = 0; x < size.width; ++x) {
+  const Raster& picture = placed.picture->raster;
+  const std::int64_t left = placed.at.x;
+  const int width = std::min(picture.size().width, placed.part.width);
+  const int height = std::min(picture.size().height, placed.part.height);
+  for (int y = 0; y < height && std::int64_t{placed.at.y} + y < within.height; ++y) {
+    for (int x = 0; x < width; ++x) {
       const int start = x;
-      while (x < size.width && picture.At(x, y) >> 24 != 0) ++x;
-      if (x == start || std::int64_t{at.y} + y >= within.height) continue;
-      CoverRow(std::int64_t{at.y} + y, std::int64_t{at.x} + start,
-               std::min<std::int64_t>(std::int64_t{at.x} + x, within.width) - 1);
+      while (x < width && picture.At(x, y) >> 24 != 0) ++x;
+      if (x == start) continue;
+      CoverRow(std::int64_t{placed.at.y} + y, left + start,
+               std::min<std::int64_t>(left + x, within.width) - 1);
     }
   }
 }

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "windows/text_painter.h"
+#include "windows/surface.h"
 
 namespace tessera {
 
@@ -25,7 +25,7 @@ class PrintedTexts {
   void Clear();
   // A drawing covers these pixels of all texts so far.
   void Cover(const Spans& spans);
-  void Cover(const Raster& picture, PixelPoint at, Size within);
+  void Cover(const PlacedPicture& placed, Size within);
 
   void PaintOn(Raster& onto, TextPainter& painter) const;
 

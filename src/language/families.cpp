@@ -33,7 +33,7 @@ constexpr Family kFamilies[] = {
     {"MenuSistema", {"Guia"}, Framed},
     {"Figura", {"Figura", "FiguraMasc"}, MainAlone},
     {"Imagem", {"Img"}, MainAlone},
-    {"GifAnimado", {"GifAni", "AniGif"}, Everywhere},
+    {"GifAnimado", {"GifAni", "AniGif"}, Everywhere, {}, true},
     {"Som", {"MediaPlayer"}, MainAlone, kPlaying},
     {"Video", {"MediaPlayer"}, MainAlone, kPlaying},
     {"Navegador", {"Navegador"}, Everywhere},
@@ -54,10 +54,9 @@ const Family* FamilyOf(std::string_view word) {
 
 Carried CarriedBy(std::string_view array) {
   for (const Family& family : kFamilies) {
-    if (!array.empty() &&
-        std::find(family.arrays.begin(), family.arrays.end(), array) != family.arrays.end()) {
-      return family.carried;
-    }
+    const auto found = std::find(family.arrays.begin(), family.arrays.end(), array);
+    if (array.empty() || found == family.arrays.end()) continue;
+    return family.secondOnMainAlone && found != family.arrays.begin() ? MainAlone : family.carried;
   }
   return Everywhere;
 }

@@ -24,6 +24,8 @@ struct Family {
   std::array<std::string_view, 2> arrays;
   Carried carried;
   std::array<Companion, 2> companionRows = {};
+  // Whether the main window alone has the second array.
+  bool secondOnMainAlone = false;
 
   std::span<const Companion> Companions() const {
     std::size_t count = 0;

@@ -268,12 +268,14 @@ inline constexpr WordForm kGifAnimadoSuffixes[] = {
     kRemove,
     {".PROXIMOFRAME", None, "", "Mostra o quadro seguinte."},
     {".FRAMEANTERIOR", None, "", "Mostra o quadro anterior."},
-    {".FRAMENUMERO", Equals, "quadro:n", "Mostra um quadro."},
+    {".FRAMENUMERO", Equals, "[quadro:n]",
+     "Mostra um quadro; sem valor, dá o número do quadro, a partir de 1.", Result::Number},
     {".ATRAS", None, "", "Põe a animação atrás dos outros objetos."},
     {".FRENTE", None, "", "Põe a animação na frente dos outros objetos."},
     {".ANIMAR", None, "", "Começa a animação."},
     {".PARAR", None, "", "Para a animação."},
-    {".LOOP", Equals, "vezes:n", "Repete a animação; 0 não repete."},
+    {".LOOP", Equals, "vezes:n",
+     "Repete a animação tantas vezes; 0 não repete, um número negativo repete sem fim."},
     {".IMAGEM", Equals, "arquivo:p", "Troca a animação."},
 };
 

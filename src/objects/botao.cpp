@@ -10,7 +10,6 @@
 #include "text/one_based.h"
 #include "values/eval.h"
 #include "windows/form.h"
-#include "windows/picture_commands.h"
 #include "windows/stock_pictures.h"
 #include "windows/window_model.h"
 
@@ -204,8 +203,11 @@ void Botao::SetPicture(BotaoControl& button, std::string_view argument) {
   const std::string name = EvalText(run(), argument).ToText();
   if (name.empty()) return button.SetPicture(nullptr);
   const std::int32_t number = StockNumber(StockKind::Figure, name);
-  if (number != kNoStockNumber) return button.SetPicture(StockPicture(StockKind::Figure, number));
-  if (PictureRef picture = PictureOfFile(run(), name)) return button.SetPicture(std::move(picture));
+  if (number != kNoStockNumber) {
+    return button.SetPicture(windows().pictures.Stock(StockKind::Figure, number));
+  }
+  if (PictureRef picture = windows().pictures.OfFile(run(), name))
+    return button.SetPicture(std::move(picture));
   ShowCritical(
       run(),
       std::string("Erro ao carregar figura, caminho não encontrado!\r"_w).append(SourcePositionText(run())));
@@ -239,7 +241,7 @@ Value Botao::EstiloBotao(const WordCall& call) {
 
 template <PictureRef ButtonSkin::*picture>
 void Botao::SetStylePicture(Botao& family, ButtonSkin& skin, const ArgumentView& values) {
-  skin.*picture = PictureOfFile(family.run(), values.Text("valor"));
+  skin.*picture = family.windows().pictures.OfFile(family.run(), values.Text("valor"));
 }
 
 template <Colour ButtonSkin::*colour>

@@ -6,6 +6,9 @@
 #include "objects/calendario.h"
 #include "objects/check.h"
 #include "objects/combo.h"
+#include "objects/figura.h"
+#include "objects/gif_animado.h"
+#include "objects/imagem.h"
 #include "objects/link.h"
 #include "objects/mascara.h"
 #include "objects/moeda.h"
@@ -30,6 +33,9 @@ ObjectCommands::ObjectCommands(CommandTable& table, Run& run, WindowModel& windo
   frame_.Add<BarraRolagem>(table);
   frame_.Add<Moldura>(table);
   frame_.Add<Link>(table, desktop);
+  frame_.SetPictures(frame_.Add<Imagem>(table));
+  frame_.Add<Figura>(table).BindDrawCommand(table);
+  frame_.Add<GifAnimado>(table);
   menus_.BindCommand(table);
 }
 

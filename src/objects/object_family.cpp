@@ -49,6 +49,16 @@ std::vector<PersonObject*> ObjectFamily::Named(std::string_view name) {
   return found;
 }
 
+namespace {
+
+// From the "." to the first blank.
+std::string SuffixWord(std::string_view first, Position point) {
+  const Position blank = Find(first, " ", point);
+  return Upper(Mid(first, point, blank == 0 ? std::string_view::npos : blank - point));
+}
+
+}  // namespace
+
 // Decision
 
 // KEPT: "Remove" counts wherever it stands in the first argument, in an object's name too
@@ -61,8 +71,12 @@ Value ObjectFamily::Do(const WordCall& call) {
     CreateObject(arguments);
     return {};
   }
-  ObjectRow* row = FindRow(LookupName(Left(first, point - 1)));
-  if (row == nullptr) return {};
+  const std::string name = LookupName(Left(first, point - 1));
+  ObjectRow* row = FindRow(name);
+  if (row == nullptr) {
+    TellMissing(name, SuffixWord(first, point));
+    return {};
+  }
   if (Contains(first, "Remove")) {
     Remove(*row);
     return {};
@@ -76,9 +90,7 @@ Value ObjectFamily::DoSuffix(const Arguments& arguments, ObjectRow& row, Positio
   if (!control) Fail(91);
   const std::string& first = arguments.Raw("nome");
   BeforeSuffix(*control, arguments);
-  const Position blank = Find(first, " ", point);
-  const std::string word = Upper(Mid(first, point, blank == 0 ? std::string_view::npos : blank - point));
-  const SuffixTable::Bound* suffix = suffixes_.Find(word);
+  const SuffixTable::Bound* suffix = suffixes_.Find(SuffixWord(first, point));
   if (suffix == nullptr) return {};
   return suffix->act({run(), frame_, *this, row, *control, arguments, *suffix->form});
 }
@@ -160,11 +172,21 @@ void ObjectFamily::Remove(ObjectRow& row) {
   GiveUp(row);
 }
 
+void ObjectFamily::RemoveWithin(const Control& picture) {
+  for (ObjectRow& row : rows_) {
+    const auto control = row.object.lock();
+    if (control && !row.name.empty() && control->Parent() == &picture) Remove(row);
+  }
+}
+
 void ObjectFamily::Unload(ObjectRow& row) {
   const auto control = row.object.lock();
   if (!control) return;
+  frame_.RemoveWithin(*control);
+  Gone(*control);
   if (control->Index() == 0) {
     control->SetVisible(false);
+    control->LeaveParent();
   } else {
     control->form().UnloadControl(row.array, control->Index());
   }

@@ -55,6 +55,9 @@ class ObjectFamily : public ControlEvents {
   // The objects that a person calls by that name, the lowest row first.
   virtual std::vector<PersonObject*> Named(std::string_view name);
 
+  // Removes the objects that lie in the picture.
+  void RemoveWithin(const Control& picture);
+
   virtual void Reset();
   // The window of that caption closes: its rows are given up.
   void ClearWindow(std::string_view caption);
@@ -79,6 +82,10 @@ class ObjectFamily : public ControlEvents {
   virtual void Create(Control& control, ObjectRow& row, const Arguments& arguments) = 0;
   // What the family does with a suffix' whole first argument, before the suffix itself is looked at.
   virtual void BeforeSuffix(Control& /*control*/, const Arguments& /*arguments*/) {}
+  // A suffix of an object that the family has not got, in upper case.
+  virtual void TellMissing(std::string_view /*name*/, std::string_view /*suffix*/) {}
+  // The object has gone; element 0 of its control array stays, hidden.
+  virtual void Gone(Control& /*control*/) {}
   // The name of the object that a program has written so.
   virtual std::string LookupName(std::string_view written) { return std::string(written); }
   // The companion variables of a new object.

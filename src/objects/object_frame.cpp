@@ -36,6 +36,10 @@ Control* ObjectFrame::FindPicture(std::string_view name) const {
   return nullptr;
 }
 
+void ObjectFrame::RemoveWithin(const Control& picture) {
+  for (const auto& family : families_) family->RemoveWithin(picture);
+}
+
 void ObjectFrame::Reset() {
   for (const auto& family : families_) family->Reset();
   NextTabIndex_ = 0;

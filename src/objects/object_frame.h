@@ -47,6 +47,9 @@ class ObjectFrame final : public WindowObjects {
   Control* FindPicture(std::string_view name) const;
   void SetPictures(ObjectFamily& family) { pictures_ = &family; }
 
+  // Removes the objects that lie in the picture, which is about to go.
+  void RemoveWithin(const Control& picture);
+
   void Reset() override;
   void LoadStanding(Form& form) override { grdLstA_.LoadOn(form); }
   void ClearWindow(std::string_view caption) override;

@@ -24,10 +24,15 @@ std::vector<std::string> SuffixCall::Values() const {
   return values;
 }
 
-Value SuffixCall::Nth(ArgumentName name) const {
+std::string SuffixCall::NthRaw(ArgumentName name) const {
   const std::size_t place = form.arguments.PlaceOf(name);
   const std::vector<std::string> values = Values();
-  return place < values.size() ? EvalNumber(run, values[place]) : Value(std::string());
+  return place < values.size() ? values[place] : std::string();
+}
+
+Value SuffixCall::Nth(ArgumentName name) const {
+  const std::string raw = NthRaw(name);
+  return raw.empty() ? Value(std::string()) : EvalNumber(run, raw);
 }
 
 namespace suffix {
@@ -101,11 +106,32 @@ Value Pai(const SuffixCall& call) {
   return {};
 }
 
-Value Altura(const SuffixCall& call) {
+namespace {
+
+Value MoveBy(const SuffixCall& call, double ControlPlace::*side, std::int16_t WindowModel::*unit) {
+  const double pixels = call.Number().ToDouble() * (call.frame.windows().*unit);
   ControlPlace place = call.control.Place();
-  place.Height = call.Number().ToDouble() * call.frame.windows().TamLin;
+  place.*side = pixels;
   call.control.Move(place);
   return {};
+}
+
+}  // namespace
+
+Value Altura(const SuffixCall& call) {
+  return MoveBy(call, &ControlPlace::Height, &WindowModel::TamLin);
+}
+
+Value Largura(const SuffixCall& call) {
+  return MoveBy(call, &ControlPlace::Width, &WindowModel::TamCol);
+}
+
+Value Linha(const SuffixCall& call) {
+  return MoveBy(call, &ControlPlace::Top, &WindowModel::TamLin);
+}
+
+Value Coluna(const SuffixCall& call) {
+  return MoveBy(call, &ControlPlace::Left, &WindowModel::TamCol);
 }
 
 bool IsSim(const SuffixCall& call) {

@@ -49,6 +49,8 @@ struct SuffixCall {
   std::vector<std::string> Values() const;
   // One of them by its name, evaluated; empty beyond their end.
   Value Nth(ArgumentName name) const;
+  // The same as the program wrote it.
+  std::string NthRaw(ArgumentName name) const;
 
  private:
   static constexpr std::size_t kValue = 2;
@@ -73,6 +75,10 @@ Value Italico(const SuffixCall& call);
 Value Pai(const SuffixCall& call);
 // `Height` in lines.
 Value Altura(const SuffixCall& call);
+// `Width` in columns, `Top` and `Left` in lines and columns.
+Value Largura(const SuffixCall& call);
+Value Linha(const SuffixCall& call);
+Value Coluna(const SuffixCall& call);
 
 // What all entries have: state, colours, focus, hover text, font and `.PAI`.
 inline constexpr SuffixRow kOfEntries[] = {

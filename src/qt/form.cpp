@@ -2,19 +2,15 @@
 
 #include <QCloseEvent>
 #include <QCoreApplication>
-#include <QCursor>
 #include <QElapsedTimer>
 #include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QIcon>
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <QPaintEvent>
-#include <QPainter>
 #include <QPixmap>
 #include <QRegion>
 #include <QThread>
-#include <QTimer>
 #include <QWidget>
 #include <QWindow>
 #include <algorithm>
@@ -25,11 +21,9 @@
 #include <vector>
 
 #include "platform/failure.h"
-#include "qt/colour.h"
 #include "qt/key_codes.h"
 #include "qt/looks/look.h"
 #include "qt/pictures.h"
-#include "qt/print_surface.h"
 #include "qt/quiet_dispatch.h"
 #include "qt/sys_menu_view.h"
 #include "qttext/fonts.h"
@@ -41,8 +35,6 @@ namespace tessera {
 
 namespace {
 
-constexpr int kPaintInterval = 16;  // milliseconds
-constexpr int kTouchedAreas = 16;
 constexpr int kFirstPaintingLimit = 100;  // milliseconds
 
 std::optional<MouseButton> ButtonOf(const QMouseEvent& event) {
@@ -72,15 +64,9 @@ class FormWidget final : public QWidget {
  public:
   FormWidget(QtForm& form, const QString& objectName);
 
-  void Print(QPointF at, const QString& lines, const QFont& font, const QColor& colour, const QRect& touched);
   // A finer screen's own picture is there before anything is printed.
   void FitSurface();
-  void Draw(const Spans& spans, Pixel pixel);
-  void Paint(const PictureRef& picture, QPoint at);
-  void Clear();
-  void ShowDrawn();
-  void TakeGround();
-  bool IsPainted() const { return isPainted_; }
+  SurfacePane& pane() { return pane_; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -99,17 +85,8 @@ class FormWidget final : public QWidget {
   void mouseDoubleClickEvent(QMouseEvent* event) override;
 
  private:
-  void Touch(const QRect& area);
-  void Refresh(const QRect& area);
-
   QtForm& form_;
-  PrintSurface surface_;
-  QImage background_;
-  // Areas that changed since the last painting, painted no more often than the screen can show.
-  QRegion touched_;
-  QElapsedTimer sincePaint_;
-  QTimer nextPaint_;
-  bool isPainted_ = false;
+  SurfacePane pane_;
 };
 
 QtForm::QtForm(const QString& objectName, const Placement& place, FormEvents& events,
@@ -123,7 +100,6 @@ QtForm::QtForm(const QString& objectName, const Placement& place, FormEvents& ev
 QtForm::~QtForm() {
   UnloadControls();
   if (around_.front.expected == this) around_.front.expected = nullptr;
-  std::erase(around_.drawn, this);
 }
 
 void QtForm::Activate() {
@@ -147,33 +123,17 @@ void QtForm::ResizeByPerson(double width, double height) {
   ShowPlace();
 }
 
-void QtForm::WaitsToBeShown() {
-  if (std::find(around_.drawn.begin(), around_.drawn.end(), this) == around_.drawn.end())
-    around_.drawn.push_back(this);
-}
-
-void QtForm::ShowDrawn() {
-  widget_->ShowDrawn();
-}
-
 void QtForm::ShowPrinted(std::string_view text, const TextMask& mask) {
   if (around_.lead != nullptr) around_.lead->OnPrinted(text);
-  widget_->Print(QPointF(CurrentX, CurrentY), ToQLines(text), ToQFont(Font), ToQColor(ForeColor),
-                 QRect(mask.corner.x, mask.corner.y, mask.size.width, mask.size.height));
+  widget_->pane().Print(text, mask);
 }
 
 void QtForm::ShowGround() {
-  widget_->TakeGround();
+  widget_->pane().TakeGround();
 }
 
-// A picture names no point of its own to point with: it is the upper left corner.
 void QtForm::ShowMouseIcon() {
-  if (MouseIcon()) {
-    widget_->setCursor(
-        QCursor(QPixmap::fromImage(ToQImage(*MouseIcon(), widget_->devicePixelRatioF())), 0, 0));
-  } else {
-    widget_->unsetCursor();
-  }
+  widget_->pane().TakeMouseIcon();
 }
 
 void QtForm::ShowIcon() {
@@ -181,15 +141,15 @@ void QtForm::ShowIcon() {
 }
 
 void QtForm::ShowErased() {
-  widget_->Clear();
+  widget_->pane().Clear();
 }
 
 void QtForm::ShowDrawn(const Spans& spans, Pixel pixel) {
-  widget_->Draw(spans, pixel);
+  widget_->pane().Draw(spans, pixel);
 }
 
-void QtForm::ShowPainted(const PictureRef& picture, PixelPoint at) {
-  widget_->Paint(picture, {at.x, at.y});
+void QtForm::ShowPainted(const PlacedPictures& pictures, bool erased) {
+  widget_->pane().Paint(pictures, erased);
 }
 
 void QtForm::ShowCaption() {
@@ -255,7 +215,7 @@ void QtForm::WaitForFirstPainting() {
   const LogicEntry::Hold hold(around_.entry);
   QElapsedTimer waiting;
   waiting.start();
-  while (!widget_->IsPainted() && waiting.elapsed() < kFirstPaintingLimit) {
+  while (!widget_->pane().IsPainted() && waiting.elapsed() < kFirstPaintingLimit) {
     DispatchAllButInput();
     QThread::msleep(1);
   }
@@ -353,88 +313,20 @@ void QtForm::TakeSizeOfWidget() {
   if (widget_->size() != SizeOfWidget()) TakeScale(widget_->width(), widget_->height());
 }
 
-FormWidget::FormWidget(QtForm& form, const QString& objectName) : form_(form), surface_(form.raster_) {
+FormWidget::FormWidget(QtForm& form, const QString& objectName)
+    : form_(form), pane_(*this, form, form.raster_, form.around_.drawn) {
   setObjectName(objectName);
   setAttribute(Qt::WA_OpaquePaintEvent);
   setFocusPolicy(Qt::TabFocus);
   setMouseTracking(true);
-  nextPaint_.setSingleShot(true);
-  nextPaint_.setInterval(kPaintInterval);
-  nextPaint_.callOnTimeout(this, [this] { update(std::exchange(touched_, {})); });
-  sincePaint_.start();
 }
 
 void FormWidget::FitSurface() {
-  if (devicePixelRatioF() != 1) surface_.Fit(size(), devicePixelRatioF());
-}
-
-void FormWidget::Print(QPointF at, const QString& lines, const QFont& font, const QColor& colour,
-                       const QRect& touched) {
-  surface_.Fit(size(), devicePixelRatioF());
-  surface_.Print(at, lines, font, colour);
-  Touch(touched);
-}
-
-void FormWidget::Draw(const Spans& spans, Pixel pixel) {
-  surface_.Fit(size(), devicePixelRatioF());
-  Refresh(surface_.Draw(spans, pixel));
-}
-
-void FormWidget::Paint(const PictureRef& picture, QPoint at) {
-  surface_.Fit(size(), devicePixelRatioF());
-  Refresh(surface_.Paint(ToQImage(*picture, devicePixelRatioF()), at));
-}
-
-void FormWidget::Clear() {
-  surface_.Clear();
-  Touch(rect());
-}
-
-void FormWidget::TakeGround() {
-  const PictureRef& picture = form_.Background();
-  background_ = picture ? ToQImage(*picture, devicePixelRatioF()) : QImage();
-  Touch(rect());
-}
-
-void FormWidget::Touch(const QRect& area) {
-  // Many small areas cost more to tell apart than to paint as one.
-  touched_ = touched_.rectCount() > kTouchedAreas ? QRegion(touched_.boundingRect() | area) : touched_ | area;
-  form_.WaitsToBeShown();
-  if (nextPaint_.isActive()) return;
-  if (sincePaint_.elapsed() >= kPaintInterval) {
-    update(std::exchange(touched_, {}));
-  } else {
-    nextPaint_.start();
-  }
-}
-
-// What was drawn too soon behind the last painting to show at once.
-void FormWidget::ShowDrawn() {
-  if (touched_.isEmpty()) return;
-  if (sincePaint_.elapsed() < kPaintInterval) {
-    form_.WaitsToBeShown();
-  } else {
-    repaint(std::exchange(touched_, {}));
-  }
-}
-
-// A drawing shows at once, though the program lets no event through, but not oftener than the screen does.
-void FormWidget::Refresh(const QRect& area) {
-  if (sincePaint_.elapsed() < kPaintInterval) return Touch(area);
-  sincePaint_.restart();
-  repaint(std::exchange(touched_, {}) | area);
+  if (devicePixelRatioF() != 1) pane_.Fit();
 }
 
 void FormWidget::paintEvent(QPaintEvent* event) {
-  QPainter painter(this);
-  for (const QRect& area : event->region()) {
-    painter.fillRect(area, ToQColor(form_.BackColor()));
-    painter.setClipRect(area);
-    painter.drawImage(QPoint(0, 0), background_);
-    surface_.PaintOn(painter, area);
-  }
-  sincePaint_.restart();
-  isPainted_ = true;
+  pane_.OnPaint(*event);
 }
 
 void FormWidget::focusInEvent(QFocusEvent*) {
@@ -444,7 +336,7 @@ void FormWidget::focusInEvent(QFocusEvent*) {
 // Only a size that the program did not give is news to the logic.
 void FormWidget::resizeEvent(QResizeEvent*) {
   // A surface too large to draw on is the failure of the drawing, not of the window.
-  Guard([this] { surface_.Fit(size(), devicePixelRatioF()); });
+  Guard([this] { pane_.Fit(); });
   form_.around_.entry.Enter([this] { form_.TakeSizeOfWidget(); });
 }
 

@@ -5,9 +5,9 @@
 #include <QSize>
 #include <memory>
 #include <string_view>
-#include <vector>
 
 #include "qt/logic_entry.h"
+#include "qt/surface_pane.h"
 #include "windows/form.h"
 
 class QString;
@@ -23,18 +23,14 @@ struct FrontWatch {
   const void* expected = nullptr;
 };
 
-class QtForm;
 class StageLead;
-
-// The windows on which something drawn waits to be shown.
-using DrawnForms = std::vector<QtForm*>;
 
 // What all windows of a host share; it outlives them.
 struct FormSurroundings {
   TextPainter& painter;
   LogicEntry& entry;
   FrontWatch& front;
-  DrawnForms& drawn;
+  DrawnPanes& drawn;
   StageLead* lead = nullptr;  // where an event script leads the windows, and no person
 };
 
@@ -52,8 +48,8 @@ class QtForm final : public Form {
   // True while it delivers events as a modal window.
   bool IsServing() const { return isServing_; }
 
-  // Shows what waits to be shown, where the screen is ready for it.
-  void ShowDrawn();
+  // Where what is drawn on the window and its objects waits to be shown.
+  DrawnPanes& Drawn() const { return around_.drawn; }
 
   // A client area of that many pixels, by a script's person.
   void ResizeByPerson(double width, double height);
@@ -72,7 +68,7 @@ class QtForm final : public Form {
   void ShowErased() override;
   void ShowPrinted(std::string_view text, const TextMask& mask) override;
   void ShowDrawn(const Spans& spans, Pixel pixel) override;
-  void ShowPainted(const PictureRef& picture, PixelPoint at) override;
+  void ShowPainted(const PlacedPictures& pictures, bool erased) override;
   void ShowCaption() override;
   void ShowPlace() override;
   void ShowVisible() override;
@@ -89,7 +85,6 @@ class QtForm final : public Form {
 
   void TakeSizeOfWidget();
   void TakeFront();
-  void WaitsToBeShown();
   void FitSizable();
   QSize SizeOfWidget() const;
   bool DragBySystem();

@@ -8,6 +8,7 @@
 #include <cmath>
 #include <limits>
 
+#include "qt/pictures.h"
 #include "qttext/qt_text_painter.h"
 
 namespace tessera {
@@ -97,13 +98,18 @@ QRect PrintSurface::Draw(const Spans& spans, Pixel pixel) {
   return BoundsOf(spans);
 }
 
-QRect PrintSurface::Paint(const QImage& picture, QPoint at) {
+QRect PrintSurface::Paint(const PlacedPicture& placed) {
+  const Size whole = placed.picture->size();
+  const QPoint at(placed.at.x, placed.at.y);
+  const QSize part(std::min(whole.width, placed.part.width), std::min(whole.height, placed.part.height));
   if (!fine_.isNull()) {
+    const QImage picture = ToQImage(*placed.picture, fine_.devicePixelRatio());
     QPainter painter(&fine_);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.setClipRect(QRect(at, part));
     painter.drawImage(at, picture);
   }
-  return QRect(at, picture.deviceIndependentSize().toSize());
+  return QRect(at, part);
 }
 
 void PrintSurface::Clear() {

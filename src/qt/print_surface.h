@@ -9,6 +9,7 @@
 #include <QString>
 
 #include "windows/raster.h"
+#include "windows/surface.h"
 
 class QColor;
 class QFont;
@@ -29,7 +30,7 @@ class PrintSurface {
 
   // Follows what was drawn in the raster; the area that was touched.
   QRect Draw(const Spans& spans, Pixel pixel);
-  QRect Paint(const QImage& picture, QPoint at);
+  QRect Paint(const PlacedPicture& placed);
 
   // Follows the raster's clearing.
   void Clear();

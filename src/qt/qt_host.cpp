@@ -24,6 +24,7 @@
 #include "qt/messages.h"
 #include "qt/quiet_dispatch.h"
 #include "qt/screen_mode.h"
+#include "qt/tray_icon.h"
 #include "qt/wallpaper.h"
 #include "qttext/fonts.h"
 #include "qttext/text.h"
@@ -156,6 +157,11 @@ bool QtHost::SetWallpaper(const std::string& bitmap) {
   return SetDesktopWallpaper(bitmap);
 }
 
+bool QtHost::ShowTrayIcon(const PictureRef& icon, std::string_view title, TrayEvents& events) {
+  tray_ = TrayIcon::Show(icon, title, entry_, events);
+  return tray_ != nullptr;
+}
+
 void QtHost::OpenAddress(std::string_view address) {
   QDesktopServices::openUrl(QUrl::fromUserInput(ToQString(address)));
 }
@@ -278,7 +284,7 @@ void QtHost::Pause(std::chrono::milliseconds time) {
 }
 
 void QtHost::ShowDrawn() {
-  for (QtForm* form : std::exchange(drawn_, {})) form->ShowDrawn();
+  for (SurfacePane* pane : std::exchange(drawn_, {})) pane->ShowDrawn();
 }
 
 // Each pass of the window system's dispatch lets one event in; what waits longer is told again by the next

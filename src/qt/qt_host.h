@@ -23,6 +23,7 @@ class QWidget;
 namespace tessera {
 
 struct ApplicationArguments;
+class TrayIcon;
 
 class QtHost final : public Display, public Dialogs, public EventDispatch {
  public:
@@ -44,6 +45,7 @@ class QtHost final : public Display, public Dialogs, public EventDispatch {
   PointerPlace Pointer() override;
   std::string SetVideoMode(const VideoMode& mode) override;
   bool SetWallpaper(const std::string& bitmap) override;
+  bool ShowTrayIcon(const PictureRef& icon, std::string_view title, TrayEvents& events) override;
   void OpenAddress(std::string_view address) override;
   ScreenSize ScreenExtent() override;
   std::vector<std::string> FontNames() override;
@@ -89,7 +91,8 @@ class QtHost final : public Display, public Dialogs, public EventDispatch {
   LogicEntry entry_;
   QtTextPainter painter_;
   FrontWatch front_;
-  DrawnForms drawn_;
+  DrawnPanes drawn_;
+  std::unique_ptr<TrayIcon> tray_;
   std::unique_ptr<QObject> posted_;  // takes what other threads post; it goes with the host
   std::function<std::string(std::string_view)> placeOf_;
   bool boxPlacesAreTold_ = false;

@@ -24,6 +24,8 @@
 #include "windows/event_commands.h"
 #include "windows/font_commands.h"
 #include "windows/picture_commands.h"
+#include "windows/transicao.h"
+#include "windows/tray.h"
 #include "windows/window_commands.h"
 
 namespace tessera {
@@ -34,6 +36,8 @@ struct ProgramRun::Windowed {
       : janela(program.commands, program.run, program.engine, display),
         objects(program.commands, program.run, janela.windows(), display),
         wallpaper(program.commands, program.run, display),
+        transicao(program.commands, janela.windows()),
+        tray(program.commands, janela.windows(), display),
         paper(program.run, program.paperServices_),
         reports(program.commands, program.run, paper, janela.windows(), display),
         prints(program.commands, program.run, paper),
@@ -48,6 +52,8 @@ struct ProgramRun::Windowed {
   Janela janela;
   ObjectCommands objects;
   WallpaperCommand wallpaper;
+  Transicao transicao;
+  Tray tray;
   reports::Paper paper;
   reports::ReportCommands reports;
   reports::PrintCommands prints;

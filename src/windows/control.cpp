@@ -57,6 +57,12 @@ void Control::SetParent(Control& picture) {
   Refresh(ControlProperty::Parent);
 }
 
+void Control::LeaveParent() {
+  if (Parent() == nullptr) return;
+  parent_.reset();
+  Refresh(ControlProperty::Parent);
+}
+
 void Control::SetZOrder(ZOrder order) {
   zStamp_ = form_.TakeZStamp(order);
   Refresh(ControlProperty::Order);
@@ -66,6 +72,18 @@ void Control::SetFont(const FontFace& font) {
   font_ = font;
   FontChanged();
   Refresh(ControlProperty::Font);
+}
+
+PointerPlace Control::Corner() const {
+  const Control* parent = Parent();
+  const PointerPlace outer = parent == nullptr ? PointerPlace{} : parent->Corner();
+  return {outer.x + place_.Left, outer.y + place_.Top};
+}
+
+bool Control::Holds(PointerPlace at) const {
+  const PointerPlace corner = Corner();
+  return at.x >= corner.x && at.y >= corner.y && at.x < corner.x + place_.Width &&
+         at.y < corner.y + place_.Height;
 }
 
 bool Control::IsInReach() const {

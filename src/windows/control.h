@@ -110,6 +110,8 @@ class Control : public PersonObject, public std::enable_shared_from_this<Control
   // lie in front there. A picture doesn't go into itself, nor into what lies in it.
   Control* Parent() const { return parent_.lock().get(); }
   void SetParent(Control& picture);
+  // Back to the window, for an element that becomes another object.
+  void LeaveParent();
   bool LiesIn(const Control& picture) const;
 
   // In front of the others that lie where it lies, or behind them.
@@ -118,6 +120,10 @@ class Control : public PersonObject, public std::enable_shared_from_this<Control
   int ZStamp() const { return zStamp_; }
   // Whether a control of this kind lies behind the others from the start.
   virtual bool LiesBehind() const { return false; }
+
+  // Its upper left corner in the window's client area, and whether a place of that area lies on the control.
+  PointerPlace Corner() const;
+  bool Holds(PointerPlace at) const;
 
   // Shown, and the pictures in which it lies as well.
   bool IsShown() const { return visible_ && (Parent() == nullptr || Parent()->IsShown()); }

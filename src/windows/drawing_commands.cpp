@@ -25,7 +25,7 @@ Colour ColourAt(const ArgumentView& arguments, ArgumentName name) {
 // (DrawingTest.ABoxBehindACircleIsFilledInTheCirclesColourUntilPinte).
 Value Circulo(WindowModel& windows, const WordCall& call) {
   const Arguments arguments(call);
-  Surface& surface = *windows.CurrentForm;
+  Surface& surface = windows.DrawingTarget();
   const PixelPoint centre = PointAt(windows, arguments, "linha", "coluna");
   const double radius = arguments.Number("raio").ToDouble() * windows.TamCol;
   const Colour colour = ColourAt(arguments, "cor");
@@ -42,7 +42,7 @@ Value DrawBetween(WindowModel& windows, const WordCall& call, TwoPoints draw) {
   const PixelPoint from = PointAt(windows, arguments, "linha 1", "coluna 1");
   const PixelPoint to = PointAt(windows, arguments, "linha 2", "coluna 2");
   const Colour colour = ColourAt(arguments, "cor");
-  (windows.CurrentForm->*draw)(from, to, colour);
+  (windows.DrawingTarget().*draw)(from, to, colour);
   return {};
 }
 
@@ -61,9 +61,9 @@ Value Ponto(WindowModel& windows, const WordCall& call) {
   const PixelPoint at = PointAt(windows, arguments, "linha", "coluna");
   const Colour colour = ColourAt(arguments, "cor");
   if (windows.MainWindow->DrawWidth == 1) {
-    windows.CurrentForm->SetPixel(at, colour);
+    windows.DrawingTarget().SetPixel(at, colour);
   } else {
-    windows.CurrentForm->PSet(at, colour);
+    windows.DrawingTarget().PSet(at, colour);
   }
   return {};
 }
@@ -74,13 +74,13 @@ Value LePonto(WindowModel& windows, const WordCall& call) {
   const Arguments arguments(call);
   const std::int32_t line = arguments.Number("linha").ToInteger();
   const std::int32_t column = arguments.Number("coluna").ToInteger();
-  return windows.CurrentForm->Point({.x = RoundToInteger(double(column) * windows.TamCol),
-                                     .y = RoundToInteger(double(line) * windows.TamLin)});
+  return windows.DrawingTarget().Point({.x = RoundToInteger(double(column) * windows.TamCol),
+                                        .y = RoundToInteger(double(line) * windows.TamLin)});
 }
 
 Value Pinte(WindowModel& windows, const WordCall& call) {
   const Arguments arguments(call);
-  Surface& surface = *windows.CurrentForm;
+  Surface& surface = windows.DrawingTarget();
   const PixelPoint at = PointAt(windows, arguments, "linha", "coluna");
   surface.FillColor = ColourAt(arguments, "cor");
   surface.FillStyle = Filling::Solid;

@@ -127,6 +127,11 @@ class Form : public Surface {
   void PressButtonAgain(PointerPlace at);
   void ReleaseButton(MouseButton button, PointerPlace at);
   void MovePointer(PointerPlace to);
+  // The object in front at that place, where the pointer's buttons are its own; null where they are the
+  // window's.
+  Control* PointerTarget(PointerPlace at) const;
+  // It is there, over an object.
+  void TakePointer(PointerPlace at) { pointer_ = at; }
   // Where the pointer was last, in pixels of the client area.
   PointerPlace Pointer() const { return pointer_; }
 

@@ -1,4 +1,5 @@
 // The part of a window that has to do with its place and the pointer.
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -25,6 +26,20 @@ void Form::TakeScale(double width, double height) {
   place_.Width = OnPixels(TwipsOfPixels(width));
   place_.Height = OnPixels(TwipsOfPixels(height)) + kFrameTwips;
   events_.OnResize();
+}
+
+Control* Form::PointerTarget(PointerPlace at) const {
+  const std::vector<Control*> order = controls_.InZOrder();
+  // What lies in a picture lies in front of it, as far as the picture reaches.
+  Control* target = nullptr;
+  for (bool goesOn = true; goesOn;) {
+    const auto front = std::find_if(order.rbegin(), order.rend(), [&](const Control* control) {
+      return control->Parent() == target && control->Visible() && control->Holds(at);
+    });
+    goesOn = front != order.rend();
+    if (goesOn) target = *front;
+  }
+  return target != nullptr && target->TakesPointer() ? target : nullptr;
 }
 
 void Form::PressButton(MouseButton button, PointerPlace at) {

@@ -180,6 +180,7 @@ void OverlaidWindows::DropRetired() {
 }
 
 void OverlaidWindows::Use(WindowSlot& slot, const ArgumentView&) {
+  windows_.UseSurface({});
   slot.owner->BecomeCurrent(slot.BareName());
   const auto failure = Guard([&] { ShowModeless(slot); });
   if (!failure) return;
@@ -247,6 +248,7 @@ void OverlaidWindows::OnWindowCodeTimer(std::size_t index) {
   } else {
     // KEPT: the name is that of the slot by the timer's number, whatever window stands there
     // (WindowsTest.BehindANestedRoutineTheNameIsThatOfASlot).
+    windows_.UseSurface({});
     windows_.CurrentForm = WindowStack_[index - 1];
     windows_.CurrentWindowName = Upper(windows_.slots[index - 1].BareName());
   }

@@ -4,20 +4,16 @@
 #include <string>
 
 #include "commands/arguments.h"
-#include "commands/resolve_file.h"
 #include "platform/failure.h"
 #include "text/literal.h"
 #include "text/one_based.h"
 #include "windows/form.h"
-#include "windows/picture_file.h"
 #include "windows/stock_pictures.h"
 #include "windows/window_model.h"
 
 namespace tessera {
 
 namespace {
-
-constexpr long kNoPicture = 481;
 
 double NumberOrZero(const Value& value) {
   return value.IsNumeric() ? value.ToDouble() : 0;
@@ -32,8 +28,9 @@ std::optional<PixelPoint> PlaceOf(const WindowModel& windows, const ArgumentView
 }
 
 // False where the file is missing, behind its box.
-bool ShowFile(Run& run, Form& window, const std::string& path, const std::optional<PixelPoint>& place) {
-  PictureRef picture = PictureOfFile(run, path);
+bool ShowFile(Run& run, WindowModel& windows, Form& window, const std::string& path,
+              const std::optional<PixelPoint>& place) {
+  PictureRef picture = windows.pictures.OfFile(run, path);
   if (!picture) {
     ShowCritical(run, std::string("Fundo - Arquivo de imagem não encontrado:"_w).append(kCrLf).append(path));
     return false;
@@ -46,14 +43,13 @@ bool ShowFile(Run& run, Form& window, const std::string& path, const std::option
   return true;
 }
 
-bool TryFundo(Run& run, const WindowModel& windows, Form& window, const ArgumentView& values,
-              StockNames stock) {
+bool TryFundo(Run& run, WindowModel& windows, Form& window, const ArgumentView& values, StockNames stock) {
   const Value value = values.Number("fundo");
   const std::string text = value.ToText();
   if (stock == StockNames::Known) {
     const std::int32_t number = StockNumber(StockKind::Background, text);
     if (number != kNoStockNumber) {
-      window.SetBackground(StockPicture(StockKind::Background, number));
+      window.SetBackground(windows.pictures.Stock(StockKind::Background, number));
       return true;
     }
   }
@@ -65,14 +61,14 @@ bool TryFundo(Run& run, const WindowModel& windows, Form& window, const Argument
   } else if (Upper(text) == "VAZIO") {
     window.SetBackground(nullptr);
   } else {
-    return ShowFile(run, window, text, place);
+    return ShowFile(run, windows, window, text, place);
   }
   return true;
 }
 
 Value Icone(WindowModel& windows, const WordCall& call) {
   const Arguments arguments(call);
-  windows.CurrentForm->SetIcon(PictureOfFile(call.run, arguments.Text("arquivo")));
+  windows.CurrentForm->SetIcon(windows.pictures.OfFile(call.run, arguments.Text("arquivo")));
   return {};
 }
 
@@ -80,17 +76,24 @@ constexpr RowOn<WindowModel> kRows[] = {{"Icone", Icone}};
 
 }  // namespace
 
-PictureRef PictureOfFile(Run& run, std::string_view path) {
-  const std::string resolved = ResolveFile(run, path);
-  if (resolved.empty()) return nullptr;
-  PictureRef picture = LoadPicture(run.host.files, run.paths.SystemPath(resolved));
-  if (!picture) Fail(kNoPicture);
+PictureRef PictureByName(Run& run, WindowModel& windows, const std::string& name) {
+  if (name.empty()) return nullptr;
+  for (const StockKind kind : {StockKind::Figure, StockKind::Background}) {
+    const std::int32_t number = StockNumber(kind, name);
+    if (number != kNoStockNumber) return windows.pictures.Stock(kind, number);
+  }
+  return FigureOfFile(run, windows, name);
+}
+
+PictureRef FigureOfFile(Run& run, WindowModel& windows, const std::string& path) {
+  if (path.empty()) return nullptr;
+  PictureRef picture = windows.pictures.OfFile(run, path);
+  if (!picture) ShowCritical(run, std::string("Caminho da figura não encontrado:\r"_w).append(path));
   return picture;
 }
 
 // OPEN: the position stands on a line of its own, as in the boxes of other commands.
-void SetFundo(Run& run, const WindowModel& windows, Form& window, const ArgumentView& values,
-              StockNames stock) {
+void SetFundo(Run& run, WindowModel& windows, Form& window, const ArgumentView& values, StockNames stock) {
   bool done = false;
   Guard([&] { done = TryFundo(run, windows, window, values, stock); });
   if (!done) {
@@ -99,7 +102,7 @@ void SetFundo(Run& run, const WindowModel& windows, Form& window, const Argument
 }
 
 void SetMouseIcone(Run& run, WindowModel& windows, std::string_view path) {
-  windows.CurrentForm->SetMouseIcon(PictureOfFile(run, path));
+  windows.CurrentForm->SetMouseIcon(windows.pictures.OfFile(run, path));
 }
 
 void BindPictureCommands(CommandTable& table, WindowModel& windows) {

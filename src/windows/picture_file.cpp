@@ -7,36 +7,49 @@
 #include <cerrno>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <memory>
 #include <optional>
 #include <vector>
 
 #include "platform/file_store.h"
+#include "windows/gif_layout.h"
 #include "windows/icon_picture.h"
 
 namespace tessera {
 
 namespace {
 
-// A few damaged bytes may promise a picture of any size: what no screen could show, or what so few bytes
-// can't hold in any of the formats, is refused before its pixels are made room for.
-constexpr std::uint64_t kMostPixels = 100'000'000;
-// So many are taken from any file; for more, the file must have the bytes that a picture of something has.
+// So many pixels are taken from any file, be its end missing; for more, the file must have the bytes that its
+// format needs for so many.
 constexpr std::uint64_t kPixelsOfAnyFile = 16'000'000;
-constexpr std::uint64_t kMostPixelsOfAByte = 200;
-
-std::uint64_t MostPixelsOf(std::size_t bytes) {
-  return std::min(kMostPixels, std::max(kPixelsOfAnyFile, kMostPixelsOfAByte * bytes));
-}
 
 struct Format {
   std::string_view start;  // the bytes that a file of the format begins with
   FREE_IMAGE_FORMAT number;
+  // What no byte of the format holds more of: runs of 255 pixels in two bytes; codes of 12 bits for 4,096
+  // pixels; one bit for each of six blocks of 16 by 16 pixels; deflate's 1,032 bytes of eight pixels.
+  std::uint64_t mostPixelsOfAByte;
 };
 
+// A row of the library is a row of ours.
+static_assert(FI_RGBA_BLUE == 0 && FI_RGBA_ALPHA == 3);
+
 constexpr std::string_view kPngStart = "\x89PNG";
-constexpr std::array kFormats = {Format{"BM", FIF_BMP}, Format{"GIF8", FIF_GIF},
-                                 Format{"\xFF\xD8\xFF", FIF_JPEG}, Format{kPngStart, FIF_PNG}};
+constexpr std::string_view kGifStart = "GIF8";
+constexpr std::array kFormats = {Format{"BM", FIF_BMP, 128}, Format{kGifStart, FIF_GIF, 2731},
+                                 Format{"\xFF\xD8\xFF", FIF_JPEG, 342}, Format{kPngStart, FIF_PNG, 8256}};
+
+std::uint64_t MostPixelsOf(const Format& format, std::size_t bytes) {
+  return std::min(kMostPixelsOfPicture, std::max(kPixelsOfAnyFile, format.mostPixelsOfAByte * bytes));
+}
+
+// Null for what is none of the formats.
+const Format* FormatOf(std::string_view bytes) {
+  const auto found = std::find_if(kFormats.begin(), kFormats.end(),
+                                  [&](const Format& format) { return bytes.starts_with(format.start); });
+  return found == kFormats.end() ? nullptr : &*found;
+}
 
 struct CloseMemory {
   void operator()(FIMEMORY* memory) const { FreeImage_CloseMemory(memory); }
@@ -56,25 +69,8 @@ Bitmap Load(FREE_IMAGE_FORMAT format, FIMEMORY* memory, int flags) {
   return Bitmap(FreeImage_LoadFromMemory(format, memory, flags));
 }
 
-// The pixels of a GIF's first frame, which stands behind colours and extensions; 0 where there is none.
-std::uint64_t GifPixels(std::string_view bytes) {
-  const auto byteAt = [&](std::size_t at) {
-    return at < bytes.size() ? std::uint64_t{static_cast<unsigned char>(bytes[at])} : 0;
-  };
-  const auto wordAt = [&](std::size_t at) { return byteAt(at) | byteAt(at + 1) << 8; };
-  constexpr std::size_t kHeader = 13;
-  const bool hasColours = (byteAt(10) & 0x80) != 0;
-  std::size_t at = kHeader + (hasColours ? std::size_t{3} << ((byteAt(10) & 7) + 1) : 0);
-  while (byteAt(at) == '!') {
-    at += 2;
-    while (byteAt(at) != 0) at += byteAt(at) + 1;
-    ++at;
-  }
-  return byteAt(at) == ',' ? wordAt(at + 5) * wordAt(at + 7) : 0;
-}
-
 std::uint64_t PixelsOf(FREE_IMAGE_FORMAT format, FIMEMORY* memory, std::string_view bytes) {
-  if (format == FIF_GIF) return GifPixels(bytes);
+  if (format == FIF_GIF) return FirstGifFrame(bytes);
   const Bitmap header = Load(format, memory, FIF_LOAD_NOPIXELS);
   return header ? std::uint64_t{FreeImage_GetWidth(header.get())} * FreeImage_GetHeight(header.get()) : 0;
 }
@@ -109,15 +105,14 @@ PictureRef ToPicture(FIBITMAP* source) {
 }
 
 PictureRef DecodeByLibrary(std::string_view bytes) {
-  const auto found = std::find_if(kFormats.begin(), kFormats.end(),
-                                  [&](const Format& format) { return bytes.starts_with(format.start); });
-  if (found == kFormats.end()) return nullptr;
+  const Format* found = FormatOf(bytes);
+  if (found == nullptr) return nullptr;
   const FREE_IMAGE_FORMAT format = found->number;
   std::string copy(bytes);  // the library takes bytes that it might write to
   const Memory memory(
       FreeImage_OpenMemory(reinterpret_cast<BYTE*>(copy.data()), static_cast<DWORD>(copy.size())));
   const std::uint64_t pixels = PixelsOf(format, memory.get(), bytes);
-  if (pixels == 0 || pixels > MostPixelsOf(bytes.size())) return nullptr;
+  if (pixels == 0 || pixels > MostPixelsOf(*found, bytes.size())) return nullptr;
   const Bitmap bitmap = Load(format, memory.get(), FlagsOf(format));
   return bitmap ? ToPicture(bitmap.get()) : nullptr;
 }
@@ -155,13 +150,19 @@ std::string EncodePng(const Picture& picture) {
   return {reinterpret_cast<const char*>(saved), length};
 }
 
-PictureRef LoadPicture(FileStore& files, const std::string& path) {
+std::optional<std::string> ReadPictureFile(FileStore& files, const std::string& path) {
   const auto [file, error] = files.Open(path, OpenAs::Read);
   std::uint64_t length = 0;
-  if (error != 0 || file->Size(length) != 0 || length == 0 || length > kLargestPictureFile) return nullptr;
+  if (error != 0 || file->Size(length) != 0 || length == 0 || length > kLargestPictureFile)
+    return std::nullopt;
   std::string bytes;
-  if (ReadAllAt(*file, 0, static_cast<std::size_t>(length), bytes) != 0) return nullptr;
-  return DecodePicture(bytes);
+  if (ReadAllAt(*file, 0, static_cast<std::size_t>(length), bytes) != 0) return std::nullopt;
+  return bytes;
+}
+
+PictureRef LoadPicture(FileStore& files, const std::string& path) {
+  const auto bytes = ReadPictureFile(files, path);
+  return bytes ? DecodePicture(*bytes) : nullptr;
 }
 
 namespace {
@@ -266,28 +267,128 @@ int SavePng(const Raster& raster, FileStore& files, const std::string& path) {
   return file->WriteAt(0, bytes);
 }
 
-// OPEN: a bitmap has no transparency; white stands for it.
-bool SaveBitmap(const Picture& picture, FileStore& files, const std::string& path) {
+namespace {
+
+// The bytes of a picture file of 24 bits; empty where the memory is short. OPEN: such a file has no
+// transparency; white stands for it.
+std::string EncodeOpaque(const Raster& raster, FREE_IMAGE_FORMAT format, int flags) {
   constexpr Pixel kWhite = 0xFFFFFFFF;
-  constexpr int kDepth = 24;
-  const Size size = picture.size();
-  const Bitmap bitmap(FreeImage_Allocate(size.width, size.height, kDepth));
-  const Memory memory(FreeImage_OpenMemory());
-  if (!bitmap || !memory) return false;
-  for (int y = 0; y < size.height; ++y) {
-    BYTE* bytes = FreeImage_GetScanLine(bitmap.get(), size.height - 1 - y);
-    for (int x = 0; x < size.width; ++x, bytes += kDepth / 8) {
-      const Pixel pixel = Blend(picture.raster.At(x, y), kWhite);
-      bytes[FI_RGBA_RED] = static_cast<BYTE>(pixel >> 16);
-      bytes[FI_RGBA_GREEN] = static_cast<BYTE>(pixel >> 8);
-      bytes[FI_RGBA_BLUE] = static_cast<BYTE>(pixel);
-    }
+  Raster opaque(raster.size());
+  for (int y = 0; y < raster.size().height; ++y) {
+    for (int x = 0; x < raster.size().width; ++x) opaque.Set(x, y, Blend(raster.At(x, y), kWhite));
   }
+  const Bitmap bitmap = InFullColour(opaque);
+  const Memory memory(FreeImage_OpenMemory());
   BYTE* saved = nullptr;
   DWORD length = 0;
-  return FreeImage_SaveToMemory(FIF_BMP, bitmap.get(), memory.get()) &&
-         FreeImage_AcquireMemory(memory.get(), &saved, &length) &&
-         files.Replace(path, {reinterpret_cast<const char*>(saved), length}) == 0;
+  if (!bitmap || !memory || !FreeImage_SaveToMemory(format, bitmap.get(), memory.get(), flags) ||
+      !FreeImage_AcquireMemory(memory.get(), &saved, &length)) {
+    return {};
+  }
+  return {reinterpret_cast<const char*>(saved), length};
+}
+
+int Replace(FileStore& files, const std::string& path, const std::string& bytes) {
+  return bytes.empty() ? ENOMEM : files.Replace(path, bytes);
+}
+
+}  // namespace
+
+int SaveBitmap(const Raster& raster, FileStore& files, const std::string& path) {
+  return Replace(files, path, EncodeOpaque(raster, FIF_BMP, BMP_DEFAULT));
+}
+
+int SaveJpeg(const Raster& raster, int quality, FileStore& files, const std::string& path) {
+  return Replace(files, path, EncodeOpaque(raster, FIF_JPEG, quality));
+}
+
+PictureRef Rescaled(const Picture& picture, Size size) {
+  const Size from = picture.size();
+  if (picture.raster.IsEmpty() || size.width <= 0 || size.height <= 0) return nullptr;
+  Picture scaled{.raster = Raster(size)};
+  const Bitmap source(FreeImage_Allocate(from.width, from.height, 32));
+  if (!source) return nullptr;
+  for (int y = 0; y < from.height; ++y) {
+    std::memcpy(FreeImage_GetScanLine(source.get(), from.height - 1 - y), picture.raster.Row(y),
+                static_cast<std::size_t>(from.width) * sizeof(Pixel));
+  }
+  const Bitmap result(FreeImage_Rescale(source.get(), size.width, size.height, FILTER_BILINEAR));
+  if (!result) return nullptr;
+  for (int y = 0; y < size.height; ++y) {
+    std::memcpy(scaled.raster.Row(y), FreeImage_GetScanLine(result.get(), size.height - 1 - y),
+                static_cast<std::size_t>(size.width) * sizeof(Pixel));
+  }
+  return std::make_shared<const Picture>(std::move(scaled));
+}
+
+// Animations
+
+namespace {
+
+struct CloseFrames {
+  void operator()(FIMULTIBITMAP* frames) const { FreeImage_CloseMultiBitmap(frames); }
+};
+using Frames = std::unique_ptr<FIMULTIBITMAP, CloseFrames>;
+
+// A number that the library found beside a frame.
+template <typename T>
+T Told(FIBITMAP* frame, const char* name, T otherwise) {
+  FITAG* tag = nullptr;
+  if (!FreeImage_GetMetadata(FIMD_ANIMATION, frame, name, &tag) || tag == nullptr) return otherwise;
+  T value;
+  std::memcpy(&value, FreeImage_GetTagValue(tag), sizeof value);
+  return value;
+}
+
+// A file that tells no time for a frame, or none that an eye could see, gets the time that viewers give
+// it.
+std::chrono::milliseconds TimeOf(FIBITMAP* frame) {
+  const auto told = Told<LONG>(frame, "FrameTime", 0);
+  return told > 0 ? std::chrono::milliseconds(told) : kUntoldFrameTime;
+}
+
+AnimationRef DecodeGif(std::string_view bytes) {
+  const GifLayout layout = ReadGifLayout(bytes);
+  const auto mostPixels = MostPixelsOf(*FormatOf(bytes), bytes.size());
+  if (layout.framePixels == 0 || layout.framePixels > mostPixels || layout.screenPixels > mostPixels)
+    return nullptr;
+  std::string copy(bytes);
+  const Memory memory(
+      FreeImage_OpenMemory(reinterpret_cast<BYTE*>(copy.data()), static_cast<DWORD>(copy.size())));
+  const Frames pages(FreeImage_LoadMultiBitmapFromMemory(FIF_GIF, memory.get(), GIF_DEFAULT));
+  if (!pages) return nullptr;
+  Animation animation;
+  const int count = std::min(FreeImage_GetPageCount(pages.get()), layout.frames);
+  for (int number = 0; number < count; ++number) {
+    FIBITMAP* page = FreeImage_LockPage(pages.get(), number);
+    if (page == nullptr) break;
+    if (number == 0) {
+      animation.size = {Told<WORD>(page, "LogicalWidth", 0), Told<WORD>(page, "LogicalHeight", 0)};
+      animation.plays = Told<LONG>(page, "Loop", 1);
+    }
+    PictureRef picture = ToPicture(page);
+    if (picture) {
+      animation.frames.push_back({.picture = std::move(picture),
+                                  .left = Told<WORD>(page, "FrameLeft", 0),
+                                  .top = Told<WORD>(page, "FrameTop", 0),
+                                  .time = TimeOf(page),
+                                  .disposal = static_cast<Disposal>(Told<BYTE>(page, "DisposalMethod", 0))});
+    }
+    FreeImage_UnlockPage(pages.get(), page, FALSE);
+    if (animation.frames.size() != static_cast<std::size_t>(number) + 1) break;
+  }
+  if (animation.frames.empty()) return nullptr;
+  const Size first = animation.frames.front().picture->size();
+  if (animation.size.width == 0 || animation.size.height == 0) animation.size = first;
+  return std::make_shared<const Animation>(std::move(animation));
+}
+
+}  // namespace
+
+AnimationRef DecodeAnimation(std::string_view bytes) {
+  if (bytes.starts_with(kGifStart)) return DecodeGif(bytes);
+  PictureRef picture = DecodePicture(bytes);
+  return picture ? StillAnimation(std::move(picture)) : nullptr;
 }
 
 }  // namespace tessera

@@ -16,6 +16,7 @@ ProgramWindow::~ProgramWindow() {
 }
 
 void ProgramWindow::BecomeCurrent(std::string_view name) {
+  if (windows_.CurrentForm != form_.get()) windows_.UseSurface({});
   windows_.CurrentForm = form_.get();
   windows_.CurrentWindowName = name;
 }

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "windows/input.h"
+#include "windows/picture.h"
 #include "windows/placement.h"
 
 namespace tessera {
@@ -32,12 +33,29 @@ class Screen {
   virtual std::string SetVideoMode(const VideoMode& mode) = 0;
 };
 
+// What a person does with the program's icon in the tray. A call may end the program.
+class TrayEvents {
+ public:
+  virtual ~TrayEvents() = default;
+  // The entries of its menu.
+  virtual void OnMenuAtivo() = 0;
+  virtual void OnMenuSair() = 0;
+  // The tray, and the icon in it, are there no more.
+  virtual void OnTrayGone() = 0;
+};
+
 class Desktop {
  public:
   virtual ~Desktop() = default;
 
   // Puts a bitmap file, by the system's path, on the desktop. False where the desktop doesn't take it.
   virtual bool SetWallpaper(const std::string& /*bitmap*/) { return false; }
+
+  // Puts the icon of a program into the tray, with its menu; `events` outlives it. False where there is no
+  // tray.
+  virtual bool ShowTrayIcon(const PictureRef& /*icon*/, std::string_view /*title*/, TrayEvents& /*events*/) {
+    return false;
+  }
 
   // Opens an address of the net, or a file, with the desktop's program for it. Where there is none, nothing.
   virtual void OpenAddress(std::string_view /*address*/) {}

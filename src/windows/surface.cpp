@@ -131,8 +131,15 @@ void Surface::FloodFill(PixelPoint at) {
 }
 
 void Surface::PaintPicture(const PictureRef& picture, PixelPoint at) {
-  Canvas().Lay(picture->raster, at.x, at.y, picture->size(), ClientSize());
-  ShowPainted(picture, at);
+  PaintPictures({{.picture = picture, .at = at, .part = picture->size()}}, false);
+}
+
+void Surface::PaintPictures(const PlacedPictures& pictures, bool erase) {
+  Raster& canvas = Canvas();
+  if (erase) canvas.Clear();
+  for (const PlacedPicture& placed : pictures)
+    canvas.Lay(placed.picture->raster, placed.at.x, placed.at.y, placed.part, ClientSize());
+  ShowPainted(pictures, erase);
 }
 
 }  // namespace tessera

@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "windows/picture.h"
 #include "windows/raster.h"
@@ -31,6 +32,14 @@ Pixel PixelOfColour(Colour colour);
 
 // Lays a text of that opaque colour over a raster, within which its mask lies.
 void LayText(const TextMask& mask, Pixel colour, Raster& onto);
+
+// The upper left part of a picture, somewhere on a surface.
+struct PlacedPicture {
+  PictureRef picture;
+  PixelPoint at;
+  Size part;
+};
+using PlacedPictures = std::vector<PlacedPicture>;
 
 // Whether boxes are filled.
 enum class Filling { Solid = 0, Transparent = 1 };
@@ -105,22 +114,25 @@ class Surface {
 
   // Draws a picture with its upper left corner there; where it is transparent what is below shows through.
   void PaintPicture(const PictureRef& picture, PixelPoint at);
+  // Draws pictures one over the other, where `erase` says so in place of all drawings. A person sees them
+  // come together.
+  void PaintPictures(const PlacedPictures& pictures, bool erase);
 
  protected:
   virtual void ShowGround() {}
   virtual void ShowMouseIcon() {}
   virtual void ShowErased() {}
   virtual void ShowDrawn(const Spans& /*spans*/, Pixel /*pixel*/) {}
-  virtual void ShowPainted(const PictureRef& /*picture*/, PixelPoint /*at*/) {}
+  virtual void ShowPainted(const PlacedPictures& /*pictures*/, bool /*erased*/) {}
   // A text was printed at the print position; the mask is empty without a painter.
   virtual void ShowPrinted(std::string_view /*text*/, const TextMask& /*mask*/) {}
 
+  Size ClientSize() const;
   // The raster, at least as large as the client area.
   Raster& Canvas();
   Raster raster_;
 
  private:
-  Size ClientSize() const;
   std::int32_t Pen() const;
   Pixel PixelInSight(int x, int y) const;
   void Draw(const Spans& spans, Colour colour);

@@ -38,7 +38,7 @@ Value WallpaperCommand::MudaPapel(const WordCall& call) {
   }
   const std::string copy = run_.paths.SystemPath(run_.RuntimeFolderText + "Temp.bmp");
   FileStore& files = run_.host.files;
-  if (!SaveBitmap(*PictureAt(files, file), files, copy)) return {};
+  if (SaveBitmap(PictureAt(files, file)->raster, files, copy) != 0) return {};
   run_.host.events.ProcessEvents();
   Change(copy);
   run_.host.events.ProcessEvents();

@@ -24,20 +24,9 @@ std::int16_t CursorInteger(double pixels) {
 }
 
 Value Escreva(WindowModel& windows, const WordCall& call) {
-  std::string text;
-  bool isTitle = false;
   const Arguments arguments(call);
-  const auto values = arguments.List("valor");
-  for (std::size_t place = 0; place < values.size(); ++place) {
-    const std::string& argument = values[place];
-    if (EqualsIgnoringCase(argument, "TITULOJANELA")) {
-      isTitle = true;
-    } else if (argument == "Data()" || argument == "Hora()") {
-      text += EvalText(call.run, argument).ToText();
-    } else {
-      text += arguments.NumberAt(place).ToText();
-    }
-  }
+  const auto [text, isTitle] =
+      LineOf(call.run, arguments.List("valor"), [&](std::size_t place) { return arguments.NumberAt(place); });
   Form& form = *windows.CurrentForm;
   if (isTitle) {
     form.SetCaption(text);

@@ -35,9 +35,11 @@ void ActivationOrder::Remove(const ProgramWindow& window) {
 }
 
 void WindowModel::Reset(Form& mainWindow, ProgramWindow& owner) {
-  WindowObjects* const kept = objects;
+  WindowObjects* const keptObjects = objects;
+  WindowParts* const keptTray = trayParts;
   *this = {};
-  objects = kept;
+  objects = keptObjects;
+  trayParts = keptTray;
   if (objects != nullptr) {
     objects->Reset();
     objects->LoadStanding(mainWindow);
@@ -45,6 +47,11 @@ void WindowModel::Reset(Form& mainWindow, ProgramWindow& owner) {
   MainWindow = CurrentForm = &mainWindow;
   CurrentWindowName = kMainWindowName;
   slots[0] = {&mainWindow, CurrentWindowName, &owner};
+}
+
+Surface& WindowModel::DrawingTarget() const {
+  const std::shared_ptr<Surface> used = usedSurface_.lock();
+  return used ? *used : *CurrentForm;
 }
 
 WindowSlot* WindowModel::FindSlot(std::string_view name) {
@@ -76,7 +83,8 @@ PersonObject* WindowModel::FindObject(std::string_view name) const {
   if (modalParts != nullptr) {
     if (PersonObject* part = modalParts->FindPart(name)) return part;
   }
-  return objects == nullptr ? nullptr : objects->Find(name, CurrentOwner());
+  PersonObject* object = objects == nullptr ? nullptr : objects->Find(name, CurrentOwner());
+  return object == nullptr && trayParts != nullptr ? trayParts->FindPart(name) : object;
 }
 
 void WindowModel::OnLineDone() const {

@@ -5,17 +5,21 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "windows/event_state.h"
+#include "windows/shared_pictures.h"
 #include "windows/window_directory.h"
 #include "windows/window_objects.h"
 
 namespace tessera {
 
 class ProgramWindow;
+class Surface;
 
 inline constexpr std::string_view kMainWindowName = "Pai";
 
@@ -40,7 +44,8 @@ class ActivationOrder {
   std::vector<ProgramWindow*> order_;
 };
 
-// A modal window of the system's own, whose parts are no objects of the program.
+// What a person finds beside the objects of the program: the parts of a modal window of the system's own, and
+// those of its menus.
 class WindowParts {
  public:
   virtual ~WindowParts() = default;
@@ -59,6 +64,7 @@ struct WindowModel final : WindowDirectory {
 
   ActivationOrder activation;
   std::vector<Form*> modal;           // the modal windows, the one in hand last
+  WindowParts* trayParts = nullptr;   // the menu of the icon in the tray
   WindowParts* modalParts = nullptr;  // of the last one, where it is the system's own
 
   // Pixels of a line and of a column.
@@ -68,6 +74,13 @@ struct WindowModel final : WindowDirectory {
   std::int16_t PrintColumnPixels = 0;
   std::int16_t PrintLinePixels = 0;
 
+  // The surface that drawing commands use in place of the current window, as long as it lives.
+  void UseSurface(std::weak_ptr<Surface> surface) { usedSurface_ = std::move(surface); }
+  // What drawing commands draw on and read.
+  std::shared_ptr<Surface> UsedSurface() const { return usedSurface_.lock(); }
+  Surface& DrawingTarget() const;
+
+  SharedPictures pictures;
   EventState events;
   WindowObjects* objects = nullptr;  // none in a run without object commands
   bool FixedWindow = false;          // the main window may not stay maximised
@@ -92,6 +105,9 @@ struct WindowModel final : WindowDirectory {
   void OnLineDone() const override;
   // At each yield of the program.
   void OnYield() const;
+
+ private:
+  std::weak_ptr<Surface> usedSurface_;
 };
 
 }  // namespace tessera

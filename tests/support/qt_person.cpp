@@ -74,6 +74,7 @@ PersonObject* QtPerson::FindObject(std::string_view name) {
 
 bool QtPerson::TurnTo(PersonObject& object) {
   const Form* form = object.Window();
+  if (form == nullptr) return object.IsInReach();
   if (!object.IsInReach() || !form->Visible() || !windows->CanBeReached(*form)) return false;
   object.SetFocus();
   return true;

@@ -33,7 +33,7 @@ class WallpaperTest : public ConsoleWindowTest {
 }  // namespace
 
 TEST_F(WallpaperTest, APictureIsSavedAsABitmapOf24BitsBesideTheRuntime) {
-  ASSERT_TRUE(SaveBitmap(*RedAndNothing(), program.run.host.files, folder / "foto.ico"));
+  ASSERT_EQ(SaveBitmap(RedAndNothing()->raster, program.run.host.files, folder / "foto.ico"), 0);
   EXPECT_EQ(FailureOf("\"foto.ico\""), 0);
   const std::string bitmap = folder.Read("Temp.bmp");
   ASSERT_GT(bitmap.size(), 54U);
@@ -63,7 +63,7 @@ TEST_F(WallpaperTest, AFileThatCannotBeLoadedIsAFailure) {
 }
 
 TEST_F(WallpaperTest, ADiskThatRefusesTheBitmapLeavesTheDesktopAlone) {
-  ASSERT_TRUE(SaveBitmap(*RedAndNothing(), program.run.host.files, folder / "foto.ico"));
+  ASSERT_EQ(SaveBitmap(RedAndNothing()->raster, program.run.host.files, folder / "foto.ico"), 0);
   folder.Write("Temp.bmp/fica", "uma pasta com esse nome");
   EXPECT_EQ(FailureOf("\"foto.ico\""), 0);
   EXPECT_EQ(program.wallpaper.Outcome(), "");

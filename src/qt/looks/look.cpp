@@ -48,6 +48,7 @@ LookView::LookView(std::unique_ptr<LookBody> body, Control& control, QWidget& wi
 LookView::~LookView() {
   QWidget& widget = Widget();
   widget.removeEventFilter(this);
+  body_->LoseControl();
   widget.hide();
   if (entry_.IsInside()) {
     widget.deleteLater();

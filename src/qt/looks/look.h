@@ -25,6 +25,8 @@ class LookBody {
   virtual QWidget& Widget() = 0;
   // The control's own properties have changed; place, font and the like are followed already.
   virtual void FollowControl() { Widget().update(); }
+  // The control is about to go; the widget may outlive it.
+  virtual void LoseControl() {}
   // A key combination of the desktop's own, like that of the clipboard; true where it was one.
   virtual bool TakeShortcut(const QKeyEvent& /*event*/) { return false; }
   // How it folds a text of several lines.

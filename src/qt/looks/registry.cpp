@@ -8,7 +8,9 @@
 #include "qt/looks/calendario_look.h"
 #include "qt/looks/check_look.h"
 #include "qt/looks/combo_look.h"
+#include "qt/looks/gif_look.h"
 #include "qt/looks/guia_look.h"
+#include "qt/looks/imagem_look.h"
 #include "qt/looks/link_look.h"
 #include "qt/looks/look.h"
 #include "qt/looks/mascara_look.h"
@@ -42,7 +44,9 @@ const std::map<std::type_index, Maker>& Makers() {
       Row<CalendarioControl, CalendarioLook>(),
       Row<CheckControl, CheckLook>(),
       Row<ComboControl, ComboLook>(),
+      Row<GifControl, GifLook>(),
       Row<GuiaControl, GuiaLook>(),
+      Row<ImagemControl, ImagemLook>(),
       Row<LinkControl, LinkLook>(),
       Row<MascaraControl, MascaraLook>(),
       Row<MoedaControl, MoedaLook>(),
