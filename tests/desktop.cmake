@@ -59,7 +59,8 @@ add_test(NAME manual.every_word COMMAND /usr/bin/python3 ${CMAKE_CURRENT_SOURCE_
   $<TARGET_FILE:tessera> ${CMAKE_SOURCE_DIR}/docs/manual)
 add_test(NAME manual.site COMMAND ${CMAKE_SOURCE_DIR}/docs/manual/make --no-pictures --no-pdf
   ${CMAKE_RUNTIME_OUTPUT_DIRECTORY} ${CMAKE_CURRENT_BINARY_DIR}/manual)
-set_tests_properties(manual.examples manual.every_word manual.site PROPERTIES TIMEOUT 120)
+set_tests_properties(manual.examples manual.every_word PROPERTIES TIMEOUT 120)
+set_tests_properties(manual.site PROPERTIES TIMEOUT 300)
 
 add_custom_target(manual COMMAND ${CMAKE_SOURCE_DIR}/docs/manual/make ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}
   ${CMAKE_BINARY_DIR}/../manual DEPENDS tessera tessera-runtime VERBATIM)
