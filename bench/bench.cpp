@@ -88,6 +88,22 @@ fs::path WriteStraightProgram(const fs::path& folder, int lines, int rounds) {
   return program;
 }
 
+// 200 figures of 32 by 32 pixels that move over a ground of 800 by 600, picture after picture.
+fs::path WriteFiguresProgram(const fs::path& folder, int pictures) {
+  fs::path program = folder / "figures.tsc";
+  std::ofstream file(program);
+  file << "' pictures: " << pictures << "\nVar quadro Inteiro, x Inteiro\n"
+       << "Janela Tamanho = 40.91, 100\nJanela Resolucao = 600, 800\nJanela Fundo = ImgPantano\n";
+  for (int i = 0; i < 200; ++i) {
+    file << "Figura F" << i << ", \"" << (i % 2 == 0 ? "FigBola" : "FigTerra") << "\", " << i * 7 % 568
+         << ", 0\n";
+  }
+  file << "Enquanto quadro < " << pictures << "\nx = quadro % 100\n";
+  for (int i = 0; i < 200; ++i) file << "Figura F" << i << ".Coluna = x + " << i * 31 % 660 << "\n";
+  file << "DesenheFiguras\nquadro++\nRepita\nFimJanela\n";
+  return program;
+}
+
 class Bench {
  public:
   Bench(fs::path programs, std::string tessera)
@@ -125,9 +141,14 @@ class Bench {
     const fs::path program = programs_ / "drawing.tsc";
     PerSecond("lines, circles, points on the console", CountOf(program),
               Run({tessera_, "run", "--console", program.string()}));
+    const fs::path figures = WriteFiguresProgram(scratch_, 300);
+    PerSecond("pictures of 200 moving figures on the console", CountOf(figures),
+              Run({tessera_, "run", "--console", figures.string()}));
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
     for (const char* scale : {"1", "2"}) {
       setenv("QT_SCALE_FACTOR", scale, 1);
+      PerSecond((std::string("200 figures on a window at scale ") + scale).c_str(), CountOf(figures),
+                Run({tessera_, "run", figures.string()}));
       PerSecond((std::string("the same on a window at scale ") + scale).c_str(), CountOf(program),
                 Run({tessera_, "run", program.string()}));
     }

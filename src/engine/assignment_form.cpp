@@ -25,14 +25,20 @@ AssignmentForm::AssignmentForm(Run& run, const Line& line) : right_(ReadRightSid
 void AssignmentForm::ReadTerm(Run& run) {
   if (right_.text.empty()) return;
   TermForm term(run, right_.text);
+  // Functions of the program go first, those in arguments too.
+  const auto isFirst = [&](const auto& call) { return call.isOwn() || !FindUserFunction(run, right_.text); };
   if (const CallForm* call = term.call()) {
-    // Functions of the program go first, those in arguments too.
-    if (!call->isOwn() && FindUserFunction(run, right_.text)) return;
+    if (!isFirst(*call)) return;
     term_ = std::move(term);
     kind_ = Kind::Call;
     return;
   }
   if (right_.isText) return;
+  if (!term.IsWithoutCalls() && !run.variables.MayHoldLocal(right_.text)) {
+    inside_ = CallInArithmetic::Of(run, right_.text);
+    if (inside_ && isFirst(*inside_)) kind_ = Kind::CallInside;
+    return;
+  }
   if (!term.IsWithoutCalls() || HoldsCallOf(trait::kTakesCommas, right_.text)) return;
   // A comma outside of literals would cut the right side into several parts.
   constexpr std::size_t kPlaces = 11;
@@ -74,6 +80,10 @@ void AssignmentForm::Assign(Engine& engine, Run& run, const NameForm& target, st
     AssignCall(engine, run, target, name);
     return;
   }
+  if (kind_ == Kind::CallInside) {
+    AssignAround(engine, run, target, name);
+    return;
+  }
   engine.TextExpressionFlag = false;
   if (AssignTerm(run, target)) return;
   run.variables.VarWrite(name, AsWritten(term_.Evaluate(run)), true);
@@ -108,6 +118,26 @@ void AssignmentForm::AssignCall(Engine& engine, Run& run, const NameForm& target
     AssignFrom(engine, run, std::move(text), name, target.type() != VariableType::String, 1);
   } else {
     AssignReplaced(engine, run, std::move(text), name, numericTarget, 1);
+  }
+}
+
+void AssignmentForm::AssignAround(Engine& engine, Run& run, const NameForm& target,
+                                  std::string_view name) const {
+  const bool isNumber = target.type() != VariableType::String;
+  if (!isNumber && !inside_->isOwn() && !inside_->isNumericFunction()) {
+    AssignStatement(engine, run, right_, name, isNumber);
+    return;
+  }
+  engine.TextExpressionFlag = false;
+  std::string text;
+  if (const auto result = inside_->Evaluate(run, text)) {
+    run.variables.VarWrite(name, *ExactDecimal::FromDouble(*result), true);
+    engine.TextExpressionFlag = false;
+  } else if (inside_->isOwn()) {
+    // Another function of the program may have come to stand in the text.
+    AssignFrom(engine, run, std::move(text), name, isNumber, 1);
+  } else {
+    AssignReplaced(engine, run, std::move(text), name, true, 1);
   }
 }
 

@@ -1,12 +1,14 @@
 // FAST: the right side of an assignment whose line never changes.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "engine/engine.h"
 #include "engine/line.h"
+#include "values/call_in_arithmetic.h"
 #include "values/name_form.h"
 #include "values/run.h"
 #include "values/term_form.h"
@@ -32,7 +34,7 @@ class AssignmentForm {
   void Assign(Engine& engine, Run& run, const NameForm& target, std::string_view name) const;
 
  private:
-  enum class Kind : std::uint8_t { Plain, Term, Call, Joined };
+  enum class Kind : std::uint8_t { Plain, Term, Call, CallInside, Joined };
 
   // One term between two " & ".
   struct Part {
@@ -45,6 +47,7 @@ class AssignmentForm {
   void ReadJoined(Run& run);
   bool AssignTerm(Run& run, const NameForm& target) const;
   void AssignCall(Engine& engine, Run& run, const NameForm& target, std::string_view name) const;
+  void AssignAround(Engine& engine, Run& run, const NameForm& target, std::string_view name) const;
   bool AppendJoined(Run& run, const NameForm& target) const;
   void Join(Run& run, std::string& joined) const;
   static bool IsReady(Run& run, const Part& part);
@@ -53,6 +56,7 @@ class AssignmentForm {
   Kind kind_ = Kind::Plain;
   RightSide right_;
   TermForm term_;
+  std::optional<CallInArithmetic> inside_;
   std::vector<Part> parts_;
 };
 

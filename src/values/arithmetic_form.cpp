@@ -18,10 +18,14 @@ bool IsInteger(std::int64_t number) {
 
 }  // namespace
 
-bool ArithmeticForm::ReadWhole(VariableStore& store, const Row& row, std::int64_t& value) {
+bool ArithmeticForm::ReadWhole(VariableStore& store, const Row& row, double answer, std::int64_t& value) {
   if (row.source == Source::Constant) {
     value = static_cast<std::int64_t>(row.number);
     return true;
+  }
+  if (row.source == Source::Answer) {
+    value = static_cast<std::int64_t>(answer);
+    return answer == static_cast<double>(value) && (answer >= 0 || row.mayBeNegative);
   }
   const std::int32_t* integer = row.name.Integer(store);
   if (integer == nullptr || (*integer < 0 && !row.mayBeNegative)) return false;
@@ -29,7 +33,7 @@ bool ArithmeticForm::ReadWhole(VariableStore& store, const Row& row, std::int64_
   return true;
 }
 
-bool ArithmeticForm::EvaluateWhole(VariableStore& store, std::int64_t& result) const {
+bool ArithmeticForm::EvaluateWhole(VariableStore& store, std::int64_t& result, double answer) const {
   constexpr auto kMost = static_cast<std::int64_t>(kMostExact);
   std::array<std::int64_t, kMostLevels> stack;
   std::size_t height = 0;
@@ -43,7 +47,7 @@ bool ArithmeticForm::EvaluateWhole(VariableStore& store, std::int64_t& result) c
     std::int64_t right = accumulator;
     if (row.source == Source::Stack) {
       left = stack[--height];
-    } else if (!ReadWhole(store, row, right)) {
+    } else if (!ReadWhole(store, row, answer, right)) {
       return false;
     }
     switch (row.operation) {
@@ -70,12 +74,15 @@ bool ArithmeticForm::EvaluateWhole(VariableStore& store, std::int64_t& result) c
   return true;
 }
 
-bool ArithmeticForm::ReadFloat(VariableStore& store, RoundingMemo& memo, const Row& row, double& value) {
+bool ArithmeticForm::ReadFloat(VariableStore& store, RoundingMemo& memo, const Row& row, double answer,
+                               double& value) {
   if (row.source == Source::Constant) {
     value = row.number;
     return true;
   }
-  if (const std::int32_t* integer = row.name.Integer(store)) {
+  if (row.source == Source::Answer) {
+    value = answer;
+  } else if (const std::int32_t* integer = row.name.Integer(store)) {
     value = *integer;
   } else if (const double* decimal = row.name.Decimal(store)) {
     value = memo.Rounded(*decimal);
@@ -88,7 +95,8 @@ bool ArithmeticForm::ReadFloat(VariableStore& store, RoundingMemo& memo, const R
   return value >= 0 || row.mayBeNegative;
 }
 
-bool ArithmeticForm::EvaluateFloat(VariableStore& store, RoundingMemo& memo, double& result) const {
+bool ArithmeticForm::EvaluateFloat(VariableStore& store, RoundingMemo& memo, double& result,
+                                   double answer) const {
   std::array<double, kMostLevels> stack;
   std::size_t height = 0;
   double accumulator = 0;
@@ -101,7 +109,7 @@ bool ArithmeticForm::EvaluateFloat(VariableStore& store, RoundingMemo& memo, dou
     double right = accumulator;
     if (row.source == Source::Stack) {
       left = stack[--height];
-    } else if (!ReadFloat(store, memo, row, right)) {
+    } else if (!ReadFloat(store, memo, row, answer, right)) {
       return false;
     }
     switch (row.operation) {

@@ -16,14 +16,15 @@ namespace tessera {
 class ArithmeticForm {
  public:
   // Nothing for a text that is better left to the parser: one that it would refuse, or whose meaning hangs on
-  // the digits that stand for a name.
-  static std::optional<ArithmeticForm> Of(VariableStore& store, std::string_view text);
+  // the digits that stand for a name. `answer` is a name in the text that stands for the answer of a call.
+  static std::optional<ArithmeticForm> Of(VariableStore& store, std::string_view text,
+                                          std::string_view answer = {});
 
   // The result where every step of it is whole, at most 1e15 in magnitude.
-  bool EvaluateWhole(VariableStore& store, std::int64_t& result) const;
+  bool EvaluateWhole(VariableStore& store, std::int64_t& result, double answer = 0) const;
 
   // The result, rounded to 15 digits. 0, or a magnitude from 1e-8 up to 1e15.
-  bool EvaluateFloat(VariableStore& store, RoundingMemo& memo, double& result) const;
+  bool EvaluateFloat(VariableStore& store, RoundingMemo& memo, double& result, double answer = 0) const;
 
   // True if only whole numbers can come of whole numbers.
   bool IsWhole() const { return isWhole_; }
@@ -32,21 +33,22 @@ class ArithmeticForm {
   friend class ArithmeticReader;
 
   enum class Operation : std::uint8_t { Load, Push, Add, Subtract, Multiply, Divide, Modulo, Power };
-  enum class Source : std::uint8_t { Constant, Name, Stack };
+  enum class Source : std::uint8_t { Constant, Name, Answer, Stack };
 
   // acc = acc op source; with the stack as source it is acc = popped op acc.
   struct Row {
     Operation operation = Operation::Load;
     Source source = Source::Constant;
-    bool mayBeNegative = false;  // of a name: where a sign reads as one
+    bool mayBeNegative = false;  // of a name or an answer: where a sign reads as one
     double number = 0;
     NameForm name = {};
   };
 
   static constexpr std::size_t kMostLevels = 8;
 
-  static bool ReadWhole(VariableStore& store, const Row& row, std::int64_t& value);
-  static bool ReadFloat(VariableStore& store, RoundingMemo& memo, const Row& row, double& value);
+  static bool ReadWhole(VariableStore& store, const Row& row, double answer, std::int64_t& value);
+  static bool ReadFloat(VariableStore& store, RoundingMemo& memo, const Row& row, double answer,
+                        double& value);
 
   std::vector<Row> rows_;
   bool isWhole_ = true;

@@ -12,7 +12,8 @@ namespace tessera {
 
 class ArithmeticReader {
  public:
-  ArithmeticReader(VariableStore& store, std::string_view text) : store_(store), text_(text) {}
+  ArithmeticReader(VariableStore& store, std::string_view text, std::string_view answer)
+      : store_(store), text_(text), answer_(answer) {}
 
   std::optional<ArithmeticForm> Read() {
     if (!CutPieces()) return std::nullopt;
@@ -61,6 +62,7 @@ class ArithmeticReader {
 
   VariableStore& store_;
   std::string_view text_;
+  std::string_view answer_;
   std::vector<Piece> pieces_;
   std::vector<Row> names_;
   std::vector<Step> nodes_;
@@ -80,10 +82,15 @@ bool ArithmeticReader::CutPieces() {
       ++i;
       continue;
     }
-    const auto name = NameForm::Of(store_, text_.substr(i, end - i));
-    if (!name) return false;
+    const std::string_view text = text_.substr(i, end - i);
     pieces_.push_back({'\0', static_cast<int>(names_.size())});
-    names_.push_back({Operation::Load, Source::Name, false, 0, *name});
+    if (text == answer_) {
+      names_.push_back({Operation::Load, Source::Answer});
+    } else {
+      const auto name = NameForm::Of(store_, text);
+      if (!name) return false;
+      names_.push_back({Operation::Load, Source::Name, false, 0, *name});
+    }
     i = end;
   }
   // A text of one piece is read as a name, and what an operator at the end means hangs on the levels.
@@ -221,8 +228,9 @@ void ArithmeticReader::Emit(Node node, std::size_t level) {
   form_.rows_.push_back({step.operation, Source::Stack});
 }
 
-std::optional<ArithmeticForm> ArithmeticForm::Of(VariableStore& store, std::string_view text) {
-  return ArithmeticReader(store, text).Read();
+std::optional<ArithmeticForm> ArithmeticForm::Of(VariableStore& store, std::string_view text,
+                                                 std::string_view answer) {
+  return ArithmeticReader(store, text, answer).Read();
 }
 
 }  // namespace tessera

@@ -31,8 +31,9 @@ std::optional<Value> CallForm::Settle(tessera::Run& run, Value& answer, bool num
   if (const std::int32_t* integer = answer.AsInteger(); integer != nullptr && !isText_) {
     return Value(static_cast<double>(*integer));
   }
-  return answer.IsText() ? SettleText(answer, numericTarget, isList)
-                         : SettleNumber(run, answer, numericTarget);
+  if (answer.IsText()) return SettleText(answer, numericTarget, isList);
+  double number = 0;
+  return SettleNumber(run, answer, numericTarget, number) ? std::optional<Value>(number) : std::nullopt;
 }
 
 std::optional<Value> CallForm::SettleText(Value& answer, bool numericTarget, bool isList) const {
@@ -69,19 +70,19 @@ bool CallForm::SettleWhole(const Value& answer, std::int64_t& whole) const {
 }
 
 // A fraction's comma ends a number, unless it becomes a point.
-std::optional<Value> CallForm::SettleNumber(tessera::Run& run, const Value& answer,
-                                            bool numericTarget) const {
+bool CallForm::SettleNumber(tessera::Run& run, const Value& answer, bool numericTarget,
+                            double& number) const {
   constexpr double kMost = 1e15;
   constexpr double kLeastWithoutExponent = 1e-4;
-  if (answer.IsEmpty() || isText_) return std::nullopt;
-  const double number = answer.ToDouble();
+  if (answer.IsEmpty() || answer.IsText() || isText_) return false;
+  number = answer.ToDouble() + 0.0;
   const double magnitude = std::fabs(number);
-  const bool isWhole = magnitude < kMost && number == std::trunc(number);
-  if (isWhole) return Value(number + 0.0);
-  if (isOwn_ ? !isNumber_ : !numericTarget) return std::nullopt;
-  if (answer.AsDecimal() != nullptr) return magnitude < kMost ? std::optional<Value>(number) : std::nullopt;
-  if (!(magnitude >= kLeastWithoutExponent && magnitude < kMost)) return std::nullopt;
-  return Value(run.roundings.Rounded(number));
+  if (magnitude < kMost && number == std::trunc(number)) return true;
+  if (isOwn_ ? !isNumber_ : !numericTarget) return false;
+  if (answer.AsDecimal() != nullptr) return magnitude < kMost;
+  if (!(magnitude >= kLeastWithoutExponent && magnitude < kMost)) return false;
+  number = run.roundings.Rounded(number);
+  return true;
 }
 
 std::string CallForm::TextOf(const Value& answer, bool numericTarget) const {

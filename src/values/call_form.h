@@ -18,6 +18,8 @@ struct WholeCall;
 class CallForm {
  public:
   explicit CallForm(WholeCall whole);
+  CallForm(const CallForm&) = delete;
+  CallForm& operator=(const CallForm&) = delete;
 
   bool isOwn() const { return isOwn_; }
   bool isNumericFunction() const { return isNumericFunction_; }
@@ -33,12 +35,14 @@ class CallForm {
   // The same where it reads as a whole number; else false.
   bool SettleWhole(const Value& answer, std::int64_t& whole) const;
 
+  // The same where it reads as a number; else false.
+  bool SettleNumber(tessera::Run& run, const Value& answer, bool numericTarget, double& number) const;
+
   // The text that the answer makes of the call.
   std::string TextOf(const Value& answer, bool numericTarget) const;
 
  private:
   std::optional<Value> SettleText(Value& answer, bool numericTarget, bool isList) const;
-  std::optional<Value> SettleNumber(tessera::Run& run, const Value& answer, bool numericTarget) const;
 
   std::string name_;
   std::string arguments_;  // with marks

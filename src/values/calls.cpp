@@ -54,22 +54,24 @@ std::optional<Call> FindFunction(const Run& run, std::string_view text) {
   return LocateCall(text, run.functionTable.words()[*row]);
 }
 
-void ApplyFunction(Run& run, std::string& text, const Call& call, bool& numericTarget) {
+std::string WithAnswer(std::string_view text, const Call& call, std::string_view answer, bool numericTarget,
+                       bool restIsLost) {
   const Position closing = ClosingParen(text, call, StripParens(call.arguments));
   std::string built(Left(text, Find(text, call.name) - 1));
-
-  built += run.doors.CommandCall(call.name, call.arguments).ToText();
+  built += answer;
   if (!IsNumericFunction(call.name)) built += Mid(text, closing + 1, 1);
+  if (restIsLost) return built;
+  built += Mid(text, closing + 2);
+  return numericTarget ? Replace(built, ',', '.') : built;
+}
 
+void ApplyFunction(Run& run, std::string& text, const Call& call, bool& numericTarget) {
+  const std::string answer = run.doors.CommandCall(call.name, call.arguments).ToText();
   // KEPT: behind a call whose argument is empty or a variable the rest of the text is lost
   // (programs/calls_in_expressions.tsc).
   const bool restIsLost =
       !numericTarget && (call.arguments.empty() || run.variables.VarFind(call.arguments) != -1);
-  if (!restIsLost) {
-    built += Mid(text, closing + 2);
-    if (numericTarget) built = Replace(built, ',', '.');
-  }
-  text = std::move(built);
+  text = WithAnswer(text, call, answer, numericTarget, restIsLost);
 }
 
 std::optional<Call> FindUserFunction(const Run& run, std::string_view text) {
@@ -82,17 +84,19 @@ std::optional<Call> FindUserFunction(const Run& run, std::string_view text) {
   return call;
 }
 
-void ApplyUserFunction(Run& run, std::string& text, const Call& call) {
+std::string WithUserAnswer(std::string_view text, const Call& call, std::string_view answer) {
   std::string built(Left(text, Find(text, call.name) - 1));
-  built += run.doors.CallFunction(call.name, call.arguments).ToText();
-
+  built += answer;
   // KEPT: an empty argument text counts as found at position 1, so that a call with empty parentheses can
   // only stand alone (programs/calls_in_expressions.tsc).
   const std::string argument = StripParens(call.arguments);
   built += Mid(text, argument.empty() ? 3 : ClosingParen(text, call, argument) + 2);
-
   FinishUserResult(built, call.resultType);
-  text = std::move(built);
+  return built;
+}
+
+void ApplyUserFunction(Run& run, std::string& text, const Call& call) {
+  text = WithUserAnswer(text, call, run.doors.CallFunction(call.name, call.arguments).ToText());
 }
 
 void FinishUserResult(std::string& built, std::string_view resultType) {

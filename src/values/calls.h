@@ -34,6 +34,11 @@ class ReplacementLimit {
 // The next call of a word of the language in the text. A name without its parentheses is failure 5.
 std::optional<Call> FindFunction(const Run& run, std::string_view text);
 
+// The text with the answer in the call's place. `restIsLost` tells that nothing behind the call remains.
+std::string WithAnswer(std::string_view text, const Call& call, std::string_view answer, bool numericTarget,
+                       bool restIsLost);
+std::string WithUserAnswer(std::string_view text, const Call& call, std::string_view answer);
+
 // Runs the call and replaces it in `text`. `numericTarget` decides how commas and the rest of the text fare.
 void ApplyFunction(Run& run, std::string& text, const Call& call, bool& numericTarget);
 

@@ -2,6 +2,7 @@
 
 #include "text/one_based.h"
 #include "values/call_form.h"
+#include "values/call_in_arithmetic.h"
 #include "values/calls.h"
 #include "values/eval.h"
 #include "values/run.h"
@@ -22,6 +23,10 @@ TermForm::TermForm(Run& run, std::string_view text) : text_(text) {
     if (auto whole = FindWholeCall(run, trimmed_)) {
       call_ = std::make_unique<const CallForm>(*std::move(whole));
       kind_ = Kind::Call;
+    } else if (auto inside = CallInArithmetic::Of(run, trimmed_);
+               inside && (inside->isOwn() || inside->isNumericFunction())) {
+      inside_ = std::make_unique<const CallInArithmetic>(*std::move(inside));
+      kind_ = Kind::CallInside;
     }
     return;
   }
@@ -57,6 +62,7 @@ Reading TermForm::Read(Run& run) const {
   switch (kind_) {
     case Kind::Plain:
     case Kind::Call:
+    case Kind::CallInside:
       return {};
     case Kind::Whole:
       return {Reading::Kind::Whole, whole_, number_, {}};
@@ -94,9 +100,18 @@ Value TermForm::EvaluateCall(Run& run) const {
   bool numericTarget = call_->isNumericFunction();
   Value answer = call_->Run(run);
   if (auto settled = call_->Settle(run, answer, numericTarget, false)) return *std::move(settled);
-  std::string text = call_->TextOf(answer, numericTarget);
-  if (!call_->isOwn()) ReplaceFunctions(run, text, numericTarget, 1);
-  ReplaceUserFunctions(run, text, call_->isOwn() ? 1 : 0);
+  return EvaluateRest(run, call_->TextOf(answer, numericTarget), call_->isOwn(), numericTarget);
+}
+
+Value TermForm::EvaluateAround(Run& run) const {
+  std::string text;
+  if (const auto result = inside_->Evaluate(run, text)) return *ExactDecimal::FromDouble(*result);
+  return EvaluateRest(run, std::move(text), inside_->isOwn(), inside_->isNumericFunction());
+}
+
+Value TermForm::EvaluateRest(Run& run, std::string text, bool isOwn, bool numericTarget) {
+  if (!isOwn) ReplaceFunctions(run, text, numericTarget, 1);
+  ReplaceUserFunctions(run, text, isOwn ? 1 : 0);
   return EvalReplaced(run, text);
 }
 
@@ -116,6 +131,7 @@ Value TermForm::EvaluateText(Run& run) const {
 Value TermForm::Evaluate(Run& run) const {
   if (kind_ == Kind::Plain) return EvalNumber(run, text_);
   if (kind_ == Kind::Call) return EvaluateCall(run);
+  if (kind_ == Kind::CallInside) return EvaluateAround(run);
   if (std::int64_t whole = 0;
       kind_ == Kind::Arithmetic && run.variables.SymbolsTellAll() && ReadWhole(run.variables, whole)) {
     return ExactDecimal::FromInteger(whole);

@@ -28,6 +28,7 @@ struct Reading {
 };
 
 class CallForm;
+class CallInArithmetic;
 
 class TermForm {
  public:
@@ -41,7 +42,9 @@ class TermForm {
   std::string_view text() const { return text_; }
 
   // True if evaluating runs no command and no function, as far as the form knows.
-  bool IsWithoutCalls() const { return kind_ != Kind::Plain && kind_ != Kind::Call; }
+  bool IsWithoutCalls() const {
+    return kind_ != Kind::Plain && kind_ != Kind::Call && kind_ != Kind::CallInside;
+  }
 
   // The call that the text consists of; null for any other text.
   const CallForm* call() const { return call_.get(); }
@@ -74,8 +77,10 @@ class TermForm {
 
  private:
   Value EvaluateCall(Run& run) const;
+  Value EvaluateAround(Run& run) const;
+  static Value EvaluateRest(Run& run, std::string text, bool isOwn, bool numericTarget);
 
-  enum class Kind : std::uint8_t { Plain, Whole, Float, Literal, Name, Arithmetic, Call };
+  enum class Kind : std::uint8_t { Plain, Whole, Float, Literal, Name, Arithmetic, Call, CallInside };
 
   Kind kind_ = Kind::Plain;
   std::int64_t whole_ = 0;
@@ -85,6 +90,7 @@ class TermForm {
   std::string_view trimmed_;  // of a text without calls
   std::unique_ptr<const ArithmeticForm> arithmetic_;
   std::unique_ptr<const CallForm> call_;
+  std::unique_ptr<const CallInArithmetic> inside_;
 };
 
 }  // namespace tessera

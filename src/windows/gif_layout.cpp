@@ -18,6 +18,9 @@ class GifBlocks {
 
   std::uint64_t ScreenPixels() const { return WordAt(6) * WordAt(8); }
 
+  // Behind the blocks that were passed; beyond the bytes where the last one is cut.
+  std::size_t Place() const { return at_; }
+
   // Goes to the next frame; its pixels, or 0 at the end of the file.
   std::uint64_t NextFrame() {
     while (ByteAt(at_) == kExtension) {
@@ -58,6 +61,8 @@ GifLayout ReadGifLayout(std::string_view bytes) {
   GifBlocks blocks(bytes);
   GifLayout layout{.screenPixels = blocks.ScreenPixels()};
   while (const std::uint64_t pixels = blocks.NextFrame()) {
+    if (blocks.Place() > bytes.size()) break;
+    layout.end = blocks.Place();
     ++layout.frames;
     layout.framePixels += pixels;
   }

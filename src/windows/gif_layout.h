@@ -2,6 +2,7 @@
 // before any room is made for it. Format: "Graphics Interchange Format, Version 89a" (CompuServe, 1990).
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
@@ -11,9 +12,10 @@ struct GifLayout {
   int frames = 0;
   std::uint64_t screenPixels = 0;
   std::uint64_t framePixels = 0;  // of all frames together
+  std::size_t end = 0;            // behind the last frame
 };
 
-// As far as the file goes. Frames behind a broken block, or of no pixels, don't count.
+// The frames that the file has as a whole. Those behind a broken block, or of no pixels, don't count.
 GifLayout ReadGifLayout(std::string_view bytes);
 
 // The pixels of the first frame; 0 where there is none.

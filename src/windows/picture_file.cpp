@@ -352,7 +352,8 @@ AnimationRef DecodeGif(std::string_view bytes) {
   const auto mostPixels = MostPixelsOf(*FormatOf(bytes), bytes.size());
   if (layout.framePixels == 0 || layout.framePixels > mostPixels || layout.screenPixels > mostPixels)
     return nullptr;
-  std::string copy(bytes);
+  // The library takes no file that is cut: its end comes behind the last whole frame.
+  std::string copy = std::string(bytes.substr(0, layout.end)) + ";";
   const Memory memory(
       FreeImage_OpenMemory(reinterpret_cast<BYTE*>(copy.data()), static_cast<DWORD>(copy.size())));
   const Frames pages(FreeImage_LoadMultiBitmapFromMemory(FIF_GIF, memory.get(), GIF_DEFAULT));

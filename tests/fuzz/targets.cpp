@@ -128,6 +128,18 @@ void Pictures(std::string_view bytes) {
   DecodePicture(bytes);
 }
 
+// Each frame forwards, and back to the first one.
+void Animations(std::string_view bytes) {
+  const AnimationRef animation = DecodeAnimation(bytes);
+  if (animation == nullptr || animation->size.width * std::int64_t{animation->size.height} > 4'000'000)
+    return;
+  Film film(animation);
+  const std::size_t frames = std::min<std::size_t>(animation->frames.size(), 50);
+  for (std::size_t frame = 0; frame < frames; ++frame) film.Show(frame);
+  film.Show(0);
+  Require(film.Seen().size() == animation->size);
+}
+
 void Registry(std::string_view bytes) {
   const OneFile file(bytes);
   const RegistryFile registry(file.path());
@@ -272,6 +284,7 @@ const std::array<Target, 16> kTargets = {{{"image", Image},
                                           {"conditions", Conditions},
                                           {"format", Format},
                                           {"rtf", Rtf},
+                                          {"animations", Animations},
                                           {"pictures", Pictures},
                                           {"registry", Registry},
                                           {"records", Records},
