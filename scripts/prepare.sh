@@ -16,6 +16,7 @@ packages=(
   pulseaudio pulseaudio-utils                # a sound server for the tests
   python3-pyftpdlib python3-openssl openssl  # a server of files for the tests
   binutils-mingw-w64-x86-64 icoutils desktop-file-utils  # icons, made and read by others
+  python3-sphinx python3-myst-parser furo weasyprint  # the manual: pages, their theme, paper
   xvfb xauth xdotool libxcb1-dev sqlite3      # tests with a real display, and a look at what was exported
   vim-tiny libkf5syntaxhighlighting-tools     # editors, to look at their colours
 )

@@ -64,6 +64,7 @@ class CommandLine {
     CLI::App* created =
         Add("new", "Cria uma pasta com um primeiro programa", [this] { return NewSubcommand(name_); });
     created->add_option("NOME", name_, "Nome da pasta e do programa")->type_name("")->required();
+    Add("words", "Escreve a tabela das palavras da linguagem, em JSON", WordsSubcommand);
     AddBd();
   }
 

@@ -58,6 +58,9 @@ int TestSubcommand(const TestCall& call);
 int ShowSubcommand(const std::string& program);
 int NewSubcommand(const std::string& folder);
 
+// Writes the table of the language as JSON: words with arguments, keywords and suffixes, built-in variables.
+int WordsSubcommand();
+
 // The sub-commands of `tessera bd`, on a record file.
 int BdInfoSubcommand(const std::string& file);
 int BdCheckSubcommand(const std::string& file);
