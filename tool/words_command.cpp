@@ -56,7 +56,6 @@ Json RowOf(const Word& word) {
           {"result", NameOf(kResults, word.result)},
           {"arguments", word.arguments.text()},
           {"help", word.help},
-          {"coming", word.Has(trait::kComing)},
           {"forms", FormsOf(word.more.otherForms)},
           {"keywords", FormsOf(word.more.keywords)},
           {"suffixes", FormsOf(word.more.suffixes)}};

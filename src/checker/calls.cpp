@@ -237,10 +237,6 @@ void TellUnknownFunction(Context& context, const Token& name) {
 Type CheckCall(Context& context, const Token& name, Tokens list, const Sought& sought, bool isAlone) {
   const Word* word = FindWord(name.text);
   if (word != nullptr && word->name == name.text) {
-    if (word->Has(trait::kComing)) {
-      CheckComing(context, *word, name);
-      return Type::Unknown;
-    }
     if (word->result == Result::None && word->more.suffixes.empty()) {
       context.Tell(rule::kNoValue, name, Shown(word->name) + " não dá um valor",
                    "use este comando em uma linha própria");

@@ -54,8 +54,7 @@ bool ComesBefore(const Finding& a, const Finding& b) {
 
 // A mistake that is made again and again is told at its first place.
 bool IsToldOnce(const Rule* rule) {
-  return rule == &rule::kUndeclared || rule == &rule::kComing || rule == &rule::kUnknownDatabase ||
-         rule == &rule::kNeverOpened;
+  return rule == &rule::kUndeclared || rule == &rule::kUnknownDatabase || rule == &rule::kNeverOpened;
 }
 
 void Tidy(std::vector<Finding>& findings) {

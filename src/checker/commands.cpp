@@ -306,11 +306,6 @@ void CheckPrefixed(Context& context, const Word& word, Tokens tokens) {
 
 }  // namespace
 
-void CheckComing(Context& context, const Word& word, const Token& place) {
-  context.Tell(rule::kComing, place, Shown(word.name) + " ainda não funciona neste sistema",
-               "o programa mostra um aviso neste lugar e segue sem ela");
-}
-
 void CheckObject(Context& context, const Word& word, const Token& name, std::string_view object) {
   if (context.names.objectsAreNamedByVariables()) return;
   const std::span<const ObjectRef> found = context.names.FindObjects(Upper(object));
@@ -406,7 +401,6 @@ void CheckFormat(Context& context, Tokens format) {
 
 void CheckCommand(Context& context, const Word& word) {
   const Tokens tokens = context.tokens;
-  if (word.Has(trait::kComing)) return CheckComing(context, word, tokens[0]);
   if (tokens.size() > 1 && tokens[1].Is('(') && !tokens[1].blankBefore) {
     const bool isValue = word.role == Role::Value;
     context.Tell(

@@ -8,9 +8,6 @@ namespace tessera::check {
 // A statement whose first token is that word of the language.
 void CheckCommand(Context& context, const Word& word);
 
-// A word that no room does yet; told at its first use in the program.
-void CheckComing(Context& context, const Word& word, const Token& place);
-
 // The first argument of a call that asks an object: `Box(Lista.TotalItens)`. False where the call asks none.
 bool CheckValueOfObject(Context& context, const Word& word, const Token& name, Tokens list);
 

@@ -192,7 +192,7 @@ bool IsWorthIt(const Context& context, Tokens tokens) {
         IntegerOf(tokens[i + 1]) >= 100)
       return false;
     const Word* word = token.IsName() ? FindWord(token.text) : nullptr;
-    if (word != nullptr && (word->name == "SQL" || word->Has(trait::kComing))) return false;
+    if (word != nullptr && word->name == "SQL") return false;
   }
   const bool isOneCall = parens == 1 && IsCall(context, tokens, 0) && tokens.back().Is(')');
   return hasCallOrGroup && !isOneCall;

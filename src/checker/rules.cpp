@@ -21,7 +21,6 @@ constexpr std::array kRules = std::to_array<const Rule*>({
     &kCommandParens,
     &kHiddenWord,
     &kTextParen,
-    &kComing,
     &kUnclosedBlock,
     &kEndWithoutBlock,
     &kCrossedBlocks,

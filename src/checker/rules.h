@@ -24,7 +24,6 @@ inline constexpr Rule kForeignSign{"T0107", kError, "Sinal que a linguagem não 
 inline constexpr Rule kCommandParens{"T0108", kError, "Parênteses em um comando"};
 inline constexpr Rule kHiddenWord{"T0109", kError, "Texto ou nome com uma palavra de controle dentro"};
 inline constexpr Rule kTextParen{"T0110", kWarning, "Texto que perde um parêntese"};
-inline constexpr Rule kComing{"T0111", kWarning, "Palavra que ainda não funciona"};
 
 // Blocks.
 inline constexpr Rule kUnclosedBlock{"T0201", kError, "Bloco sem fim"};

@@ -5,7 +5,6 @@
 
 #include <cstddef>
 #include <functional>
-#include <set>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -37,14 +36,13 @@ struct Command {
 
 class CommandTable {
  public:
-  // Fills the door `CommandCall` of the run, which outlives the table. Words that no room does yet say so in
-  // a box, once in a run, and are passed over.
+  // Fills the door `CommandCall` of the run, which outlives the table.
   explicit CommandTable(Run& run);
   CommandTable(const CommandTable&) = delete;
   CommandTable& operator=(const CommandTable&) = delete;
 
-  // Throws std::logic_error for a word that the language lacks, that has a handler, or that is marked as to
-  // come: none of them may reach a program.
+  // Throws std::logic_error for a word that the language lacks or that has a handler: neither may reach a
+  // program.
   void Add(std::string_view word, CommandHandler handler);
 
   // What a word of a program leads to, in any case; null where no rule catches it.
@@ -54,11 +52,8 @@ class CommandTable {
   Value CommandCall(std::string_view name, const ArgumentText& arguments) const;
 
  private:
-  void TellComing(const WordCall& call);
-
   Run& run_;
   std::unordered_map<std::string, Command> commands_;  // by the word in upper case
-  std::set<const Word*> told_;                         // words to come that the program was told of
 };
 
 // A row of a room's table: a word and what does it.

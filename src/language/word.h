@@ -186,9 +186,8 @@ enum Trait : std::uint16_t {
   kPrefix = 1 << 3,       // reached by all words that begin with its three letters
   kEqualSign = 1 << 4,    // "=" is an argument of its own
   kEngine = 1 << 5,       // done by the statement loop itself: no command
-  kComing = 1 << 6,       // not yet bound: no room does it
-  kReserved = 1 << 7,     // a line may begin with it, though it is no word of the search
-  kBoundary = 1 << 8,     // begins or ends a routine
+  kReserved = 1 << 6,     // a line may begin with it, though it is no word of the search
+  kBoundary = 1 << 7,     // begins or ends a routine
 };
 
 constexpr Trait operator|(Trait a, Trait b) {

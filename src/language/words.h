@@ -1,8 +1,6 @@
 // All words of the language, one row each: the one home of what they are called, how they are written and
 // what must be known of them. Command tables, evaluators, the engine, checks and manuals are derived from
 // these rows.
-//
-// A word whose room is still to come stands here too, with the trait `kComing`.
 #pragma once
 
 #include <span>

@@ -7,7 +7,6 @@
 #include "platform/paths.h"
 #include "text/one_based.h"
 #include "windows/form.h"
-#include "windows/jpeg_file.h"
 #include "windows/picture_file.h"
 #include "windows/window_model.h"
 
@@ -139,8 +138,8 @@ void WebCam::SaveStill(const Picture& picture) {
   const std::string place = run_.paths.SystemPath(OutputPath_ + FiveDigits(FrameNumber_));
   FileStore& files = run_.host.files;
   const std::string bitmap = place + ".bmp";
-  if (!SaveBitmap(picture, files, bitmap)) return;
-  const int error = SaveJpeg(picture.raster, JpegQuality_, files, place + ".jpg");
+  if (SaveBitmap(picture.raster, files, bitmap) != 0) return;
+  const int error = SaveJpeg(picture.raster, std::clamp<int>(JpegQuality_, 1, 100), files, place + ".jpg");
   files.Remove(bitmap);
   if (error == 0) ++FrameNumber_;
 }

@@ -98,12 +98,21 @@ QRect PrintSurface::Draw(const Spans& spans, Pixel pixel) {
   return BoundsOf(spans);
 }
 
+// Stock drawings are painted once for the screen: an animation places the same ones again and again.
+QImage PrintSurface::FineImage(const Picture& picture) {
+  const double ratio = fine_.devicePixelRatio();
+  if (picture.vector.empty()) return ToQImage(picture, ratio);
+  QImage& known = stockImages_[picture.vector.data()];
+  if (known.isNull() || known.devicePixelRatio() != ratio) known = ToQImage(picture, ratio);
+  return known;
+}
+
 QRect PrintSurface::Paint(const PlacedPicture& placed) {
   const Size whole = placed.picture->size();
   const QPoint at(placed.at.x, placed.at.y);
   const QSize part(std::min(whole.width, placed.part.width), std::min(whole.height, placed.part.height));
   if (!fine_.isNull()) {
-    const QImage picture = ToQImage(*placed.picture, fine_.devicePixelRatio());
+    const QImage picture = FineImage(*placed.picture);
     QPainter painter(&fine_);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.setClipRect(QRect(at, part));

@@ -7,7 +7,9 @@
 #include <QRect>
 #include <QSize>
 #include <QString>
+#include <unordered_map>
 
+#include "windows/picture.h"
 #include "windows/raster.h"
 #include "windows/surface.h"
 
@@ -40,11 +42,13 @@ class PrintSurface {
 
  private:
   QImage RasterImage();
+  QImage FineImage(const Picture& picture);
   void DrawFine(const Spans& spans, Pixel pixel);
 
   Raster& raster_;
   // At the screen's resolution; none where that is the raster's own.
   QImage fine_;
+  std::unordered_map<const void*, QImage> stockImages_;  // for that screen, by their drawings
 };
 
 }  // namespace tessera

@@ -104,7 +104,7 @@ int RunStart(const ProgramStart& start, const Restart& restart) {
 int RunScripted(const ProgramStart& start, const Restart& restart) {
   if (!DisplayProbe().problem().empty()) setenv("QT_QPA_PLATFORM", "offscreen", 1);
   int status = 0;
-  const std::string noDisplay = WithWindows(restart, [&](QtHost& host) {
+  const std::string noDisplay = WithWindows(restart, false, [&](QtHost& host) {
     QtStage stage(host);
     status = RunOnStage(start, stage);
   });

@@ -277,7 +277,7 @@ void Icon(std::string_view bytes) {
 
 }  // namespace
 
-const std::array<Target, 16> kTargets = {{{"image", Image},
+const std::array<Target, 17> kTargets = {{{"image", Image},
                                           {"codec", Codec},
                                           {"prepare", Prepare},
                                           {"evaluators", Evaluators},

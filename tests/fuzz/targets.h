@@ -13,6 +13,6 @@ struct Target {
   void (*feed)(std::string_view bytes);
 };
 
-extern const std::array<Target, 16> kTargets;
+extern const std::array<Target, 17> kTargets;
 
 }  // namespace tessera::fuzz

@@ -34,7 +34,7 @@ def problems_of(word, page):
     if len(prose) < LEAST_TEXT:
         problems.append("says nothing beyond its row of the table")
     shown = [block for block in blocks if block.kind == "tessera"]
-    if not shown and not word["coming"] and "<!-- sem exemplo:" not in text:
+    if not shown and "<!-- sem exemplo:" not in text:
         problems.append("has no example, and does not say why")
     called = re.compile(re.escape(word["name"]), re.I)
     if shown and not any(called.search(block.text) for block in shown):

@@ -5,12 +5,10 @@
 
 An example is free of the checker's findings, ends with status 0 unless its boxes tell why not, prints its block
 "saida" and shows the boxes of its block "caixas". With --update the blocks are written from what came out: read the
-difference before you keep it. PAGE is a part of a page's path. The examples of a word that is still to come wait for
-it, and are told as waiting.
+difference before you keep it. PAGE is a part of a page's path.
 """
 import concurrent.futures
 import difflib
-import json
 import os
 import pathlib
 import subprocess
@@ -22,11 +20,6 @@ sys.path.insert(0, str(pathlib.Path(__file__).parents[2] / "docs/manual/_ext"))
 from pages import all_examples
 
 RUN_SECONDS = 30
-
-
-def coming_words(tessera):
-    table = json.loads(subprocess.run([tessera, "words"], check=True, capture_output=True).stdout)
-    return {word["name"] for word in table["words"] if word["coming"]}
 
 
 def run(tessera, example):
@@ -94,9 +87,6 @@ def main(words):
                 if not wanted or any(part in str(example.page) for part in wanted)]
     if not examples:
         raise SystemExit("no example found")
-    coming = coming_words(tessera)
-    waiting = [example for example in examples if example.page.stem in coming]
-    examples = [example for example in examples if example.page.stem not in coming]
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
         results = list(pool.map(lambda example: run(tessera, example), examples))
     failed = 0
@@ -109,7 +99,7 @@ def main(words):
             print(f"{example.where()}\n{problem}", end="")
     if rewrite:
         update(examples, results)
-    print(f"{len(examples)} examples, {failed} failed, {len(waiting)} wait for their word")
+    print(f"{len(examples)} examples, {failed} failed")
     return 1 if failed else 0
 
 

@@ -3,11 +3,9 @@
   pictures.py BIN PAGES TARGET
 
 A picture `figuras/NAME.png` on a page shows the window of the example in front of it, where its script says
-"' retrato", else at the script's end. BIN holds tessera and tessera-runtime; no screen is needed. A word that is still
-to come, as the table in TESSERA_WORDS tells, has no picture yet.
+"' retrato", else at the script's end. BIN holds tessera and tessera-runtime; no screen is needed.
 """
 import concurrent.futures
-import json
 import os
 import pathlib
 import subprocess
@@ -61,10 +59,7 @@ def main(words):
     binaries, pages, target = words[0], pathlib.Path(words[1]), pathlib.Path(words[2]).resolve()
     for old in target.glob("*.png"):
         old.unlink()
-    table = json.loads(pathlib.Path(os.environ["TESSERA_WORDS"]).read_text(encoding="utf-8"))
-    coming = {word["name"] for word in table["words"] if word["coming"]}
-    wanted = [(example, target / f"{name}.png") for example in all_examples(pages) for name in example.pictures
-              if example.page.stem not in coming]
+    wanted = [(example, target / f"{name}.png") for example in all_examples(pages) for name in example.pictures]
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
         problems = [problem for problem in pool.map(lambda one: take(binaries, *one), wanted) if problem]
     print("\n".join(problems), file=sys.stderr, end="\n" if problems else "")
