@@ -57,9 +57,9 @@ void PrintedTexts::PaintOn(Raster& onto, TextPainter& painter) const {
     auto coverage = mask.coverage.begin();
     ++number;
     for (int y = 0; y < mask.size.height; ++y) {
-      const auto row = static_cast<std::size_t>(mask.corner.y + y);
+      const auto row = static_cast<std::size_t>(mask.corner.y) + static_cast<std::size_t>(y);
       for (int x = 0; x < mask.size.width; ++x, ++coverage) {
-        const auto column = static_cast<std::size_t>(mask.corner.x + x);
+        const auto column = static_cast<std::size_t>(mask.corner.x) + static_cast<std::size_t>(x);
         const bool isCovered =
             row < covered_.size() && column < covered_[row].size() && covered_[row][column] >= number;
         if (isCovered) *coverage = 0;

@@ -23,7 +23,7 @@ class Ear final : public QIODevice {
     heard_.append(bytes, count);
     const auto whole = static_cast<std::size_t>(heard_.size()) / sizeof(media::SoundFrame);
     hearing_({reinterpret_cast<const media::SoundFrame*>(heard_.constData()), whole});
-    heard_.remove(0, static_cast<qsizetype>(whole * sizeof(media::SoundFrame)));
+    heard_.remove(0, static_cast<qsizetype>(whole) * static_cast<qsizetype>(sizeof(media::SoundFrame)));
     return count;
   }
 
