@@ -58,7 +58,7 @@ Peak PeakOf(const std::string& program, int seconds) {
 }
 
 TEST(Memory, AnHourOfTicksAndClicksTakesNoMoreThanAMinute) {
-  constexpr long kSlack = 512;  // kilobytes
+  constexpr long kSlack = 2048;  // kilobytes: peaks differ by which pages of the libraries were read
   TemporaryFolder folder;
   const std::string program = folder.Write("relogio.tsc", kProgram);
   const Peak minute = PeakOf(program, 60);
