@@ -1,12 +1,7 @@
-// Measures the built programs as processes: nanoseconds per statement, peak memory, start-up. Prints a table;
+// Measures the built programs as processes: what statements, records, drawings and start-up cost. Prints one
+// table, with the goal beside each figure that has one, and fails where one is missed by more than a tenth;
 // nothing here is a test. The grid is measured within this one. Called by bench/run:
 // tessera_bench FOLDER-OF-BENCH TESSERA [PART]
-#include <fcntl.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -17,82 +12,21 @@
 #include <vector>
 
 #include "grid_times.h"
+#include "process.h"
 #include "sqlite_records.h"
+#include "table.h"
+#include "work.h"
 
+namespace tessera::bench {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr int kRounds = 5;
-
-struct Measured {
-  double milliseconds;
-  long peakKilobytes;
-};
-
-// One process, silent and with no input; ends the benchmark where it fails.
-Measured RunOnce(const std::vector<std::string>& words) {
-  const auto start = std::chrono::steady_clock::now();
-  const pid_t child = fork();
-  if (child == 0) {
-    const int nothing = open("/dev/null", O_RDWR);
-    dup2(nothing, STDIN_FILENO);
-    dup2(nothing, STDOUT_FILENO);
-    std::vector<std::string> copies = words;
-    std::vector<char*> arguments;
-    arguments.reserve(copies.size() + 1);
-    for (std::string& copy : copies) arguments.push_back(copy.data());
-    arguments.push_back(nullptr);
-    execv(arguments[0], arguments.data());
-    _exit(127);
-  }
-  int status = 0;
-  rusage used{};
-  wait4(child, &status, 0, &used);
-  const std::chrono::duration<double, std::milli> elapsed = std::chrono::steady_clock::now() - start;
-  if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) {
-    std::fprintf(stderr, "bench: %s ended with status %d\n", words.back().c_str(), status);
-    std::exit(1);
-  }
-  return {elapsed.count(), used.ru_maxrss};
-}
-
-// The quickest of several rounds: what is slower than that is somebody else's work.
-Measured Run(const std::vector<std::string>& words) {
-  Measured best = RunOnce(words);
-  for (int i = 1; i < kRounds; ++i) {
-    const Measured next = RunOnce(words);
-    if (next.milliseconds < best.milliseconds) best = next;
-  }
-  return best;
-}
-
-// "' statements: N" in the first line of a program, or another word for what it counts.
-double CountOf(const fs::path& program) {
-  std::ifstream file(program);
-  std::string line;
-  std::getline(file, line);
-  const std::size_t colon = line.find(':');
-  return colon == std::string::npos ? 0 : std::strtod(line.c_str() + colon + 1, nullptr);
-}
-
-// A straight line of `lines` statements, run through `rounds` times.
-fs::path WriteStraightProgram(const fs::path& folder, int lines, int rounds) {
-  fs::path program = folder / ("straight_" + std::to_string(lines) + ".tsc");
-  std::ofstream file(program);
-  file << "' statements: " << 3 + static_cast<long>(rounds) * (lines + 3)
-       << "\nVar volta Inteiro, x Inteiro\n"
-       << "Enquanto volta < " << rounds << "\n";
-  for (int i = 0; i < lines; ++i) file << "x = " << i << "\n";
-  file << "volta++\nRepita\n";
-  return program;
-}
 
 // 200 figures of 32 by 32 pixels that move over a ground of 800 by 600, picture after picture.
 fs::path WriteFiguresProgram(const fs::path& folder, int pictures) {
   fs::path program = folder / "figures.tsc";
   std::ofstream file(program);
-  file << "' pictures: " << pictures << "\nVar quadro Inteiro, x Inteiro\n"
+  file << "Var quadro Inteiro, x Inteiro\n"
        << "Janela Tamanho = 40.91, 100\nJanela Resolucao = 600, 800\nJanela Fundo = ImgPantano\n";
   for (int i = 0; i < 200; ++i) {
     file << "Figura F" << i << ", \"" << (i % 2 == 0 ? "FigBola" : "FigTerra") << "\", " << i * 7 % 568
@@ -104,226 +38,212 @@ fs::path WriteFiguresProgram(const fs::path& folder, int pictures) {
   return program;
 }
 
+// A window in which a program computes, draws and moves an object, turn after turn.
+fs::path WriteWindowProgram(const fs::path& folder, int turns) {
+  fs::path program = folder / "window.tsc";
+  std::ofstream(program) << "Var volta Inteiro, x Inteiro, y Inteiro\nJanela Tamanho = 25, 80\n"
+                         << "Botao Meio, 1, 1, 10, \"Aqui\"\nEnquanto volta < " << turns << "\n"
+                         << "x = volta % 60\ny = x * 3\nSe y > 90\ny = y - 90\nFimSe\n"
+                         << "LinhaReta 1, 1, 20, x, Azul\nCirculo 12, x, 2, Vermelho\n"
+                         << "Botao Meio.Coluna = x\nvolta++\nRepita\nFimJanela\n";
+  return program;
+}
+
 class Bench {
  public:
-  Bench(fs::path programs, std::string tessera)
-      : programs_(std::move(programs)), tessera_(std::move(tessera)) {
+  Bench(fs::path programs, std::string tessera) {
     std::string pattern = (fs::temp_directory_path() / "tessera-bench-XXXXXX").string();
-    scratch_ = mkdtemp(pattern.data());
+    place_ = {fs::absolute(programs), fs::absolute(tessera), mkdtemp(pattern.data())};
   }
   Bench(const Bench&) = delete;
   Bench& operator=(const Bench&) = delete;
-  ~Bench() { fs::remove_all(scratch_); }
+  ~Bench() { fs::remove_all(place_.scratch); }
 
-  void Statements() {
-    std::printf("%-18s %12s %10s %10s %10s\n", "program", "statements", "ms", "ns each", "peak MB");
-    for (const char* name : {"loop", "branches", "float_sum", "text", "sieve", "functions", "subs"}) {
-      PerStatement(programs_ / (std::string(name) + ".tsc"));
+  bool Measure(std::string_view part) {
+    constexpr std::pair<std::string_view, void (Bench::*)()> kParts[] = {
+        {"work", &Bench::Work},       {"start", &Bench::StartUp},   {"records", &Bench::Records},
+        {"grid", &Bench::Grid},       {"windows", &Bench::Windows}, {"files", &Bench::Files},
+        {"reports", &Bench::Reports}, {"sql", &Bench::Sql}};
+    for (const auto& [name, measure] : kParts) {
+      if (part.empty() || name == part) (this->*measure)();
     }
-    const double shortOne = PerStatement(WriteStraightProgram(scratch_, 1000, 2000));
-    const double longOne = PerStatement(WriteStraightProgram(scratch_, 20000, 100));
-    std::printf("%-18s %43.2f\n", "20,000 / 1,000", longOne / shortOne);
+    return table_.End();
   }
 
-  void Files() {
-    std::printf("\n%-40s %8s %12s\n", "files", "ms", "each second");
-    PerSecond("lines written and read", CountOf(programs_ / "files.tsc"), RunInScratch("files.tsc"));
-    const std::string python = "/usr/bin/python3";
-    if (fs::exists(python)) {
-      PerSecond("the same in python3", CountOf(programs_ / "files.tsc"), Run({python, "-c", PythonLines()}));
-    }
-    PerSecond("files of 1 KB in and out of a package", CountOf(programs_ / "package.tsc"),
-              RunInScratch("package.tsc"));
+ private:
+  void Work() { MeasureWork(place_, table_); }
+
+  void StartUp() {
+    constexpr int kManyRounds = 50;
+    table_.Begin("start");
+    const fs::path ten = Write("ten.tsc",
+                               "Escreva 1\nEscreva 2\nEscreva 3\nEscreva 4\nEscreva 5\nEscreva 6\n"
+                               "Escreva 7\nEscreva 8\nEscreva 9\nFimJanela\n");
+    Tell("ten lines on the console", Run({place_.tessera, "run", "--console", ten.string()}, kManyRounds),
+         2.1);
+    RunOnce({place_.tessera, "build", ten.string()});
+    OffScreen(
+        [&] { Tell("ten lines, packed, window off screen", Run({(place_.scratch / "ten").string()})); });
+    const fs::path straight = WriteStraightProgram(place_.scratch, 20000, 1);
+    Tell("check of 20,000 lines", Run({place_.tessera, "check", straight.string()}));
+    const auto peak = [&](int rounds) {
+      return RunOnce({place_.tessera, "run", "--console", Everything(rounds).string()}).peak;
+    };
+    const double after = peak(200);
+    table_.Add({"memory grown by ten times the work", peak(2000) - after, "MB", 1});
   }
 
-  void Drawing() {
-    std::printf("\n%-40s %8s %12s\n", "drawing", "ms", "each second");
-    const fs::path program = programs_ / "drawing.tsc";
-    PerSecond("lines, circles, points on the console", CountOf(program),
-              Run({tessera_, "run", "--console", program.string()}));
-    const fs::path figures = WriteFiguresProgram(scratch_, 300);
-    PerSecond("pictures of 200 moving figures on the console", CountOf(figures),
-              Run({tessera_, "run", "--console", figures.string()}));
-    setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    for (const char* scale : {"1", "2"}) {
-      setenv("QT_SCALE_FACTOR", scale, 1);
-      PerSecond((std::string("200 figures on a window at scale ") + scale).c_str(), CountOf(figures),
-                Run({tessera_, "run", figures.string()}));
-      PerSecond((std::string("the same on a window at scale ") + scale).c_str(), CountOf(program),
-                Run({tessera_, "run", program.string()}));
-    }
+  // Each program goes on with the file that the ones before it left.
+  void Records() {
+    constexpr double kRecords = 100'000;
+    table_.Begin("records");
+    fs::copy(place_.programs / "records", place_.scratch / "records");
+    const SqliteTimes sqlite = MeasureSqlite((place_.scratch / "gente.db").string());
+    const auto measure = [&](const char* name, const char* what, double goal, double sqliteMilliseconds) {
+      const fs::path program = place_.scratch / "records" / (std::string(name) + ".tsc");
+      const Measured measured = RunOnce({place_.tessera, "run", "--console", program.string()});
+      table_.Add({what, measured.busy * 1e3 / kRecords, "us", goal,
+                  "SQLite " + std::to_string(sqliteMilliseconds * 1e3 / kRecords).substr(0, 4)});
+    };
+    measure("insert", "record inserted", 2.2, sqlite.insert);
+    measure("read", "record read", 1.6, sqlite.read);
+    measure("order", "record put in order", 0, sqlite.order);
+    measure("find", "record put in order and sought", 4.3, sqlite.order + sqlite.find);
+    measure("update", "record updated", 0, sqlite.update);
+  }
+
+  void Grid() {
+    const GridTimes times = MeasureGrid();
+    constexpr double kCells = double{kGridRows} * kGridColumns;
+    constexpr double kProgramCells = 1'000'000;
+    table_.Begin("grid of 1,000,000 rows, 5 columns");
+    table_.Add({"the slowest page", times.slowestPage, "ms", 4});
+    table_.Add({"a page, on the whole", times.pages / times.pageCount, "ms"});
+    table_.Add({"cell filled", times.fill * 1e6 / kCells, "ns"});
+    const Measured program =
+        Run({place_.tessera, "run", "--console", (place_.programs / "grid.tsc").string()}, 2);
+    table_.Add({"cell filled by a program", program.busy * 1e6 / kProgramCells, "ns"});
+    table_.Add({"sorted by a text", times.sortText, "ms"});
+    table_.Add({"sorted by a number", times.sortNumber, "ms"});
+    table_.Add({"a cell", times.bytesPerCell, "bytes"});
+    table_.Add({"a cell with attributes", times.bytesPerCellWithAttributes, "bytes"});
+    table_.Add({"characters in a cell", times.charactersPerCell, ""});
+  }
+
+  void Windows() {
+    constexpr int kTurns = 20'000;
+    constexpr int kPictures = 300;
+    table_.Begin("windows");
+    const fs::path turns = WriteWindowProgram(place_.scratch, kTurns);
+    const fs::path figures = WriteFiguresProgram(place_.scratch, kPictures);
+    const auto measure = [&](const std::string& where, std::vector<std::string> words) {
+      words.push_back(turns.string());
+      table_.Add({"a turn of computing, drawing, moving" + where, Run(words, 2).busy * 1e3 / kTurns, "us"});
+      words.back() = figures.string();
+      table_.Add({"200 moving figures" + where, Run(words, 2).busy * 1e3 / kPictures, "us"});
+    };
+    measure(", console", {place_.tessera, "run", "--console"});
+    OffScreen([&] { measure(", window", {place_.tessera, "run"}); });
+    setenv("QT_SCALE_FACTOR", "2", 1);
+    OffScreen([&] { measure(", window at 2x", {place_.tessera, "run"}); });
     unsetenv("QT_SCALE_FACTOR");
   }
 
-  // Each program goes on with the file that the ones before it left; start-up is part of the figure.
-  void Records() {
-    std::printf("\n%-40s %8s %12s %14s\n", "records", "ms", "each second", "SQLite, a sec.");
-    fs::copy(programs_ / "records", scratch_ / "records");
-    const tessera::bench::SqliteTimes sqlite =
-        tessera::bench::MeasureSqlite((scratch_ / "gente.db").string());
-    Record("insert", "inserts", sqlite.insert);
-    Record("read", "reads", sqlite.read);
-    Record("order", "records put in order", sqlite.order);
-    Record("find", "look-ups, with the ordering before", sqlite.order + sqlite.find);
-    Record("update", "updates", sqlite.update);
-  }
-
-  // SQLite through the word SQL, beside the same work in python3.
-  void Sql() {
-    std::printf("\n%-40s %8s %12s\n", "sql", "ms", "each second");
-    fs::copy(programs_ / "sql", scratch_ / "sql");
-    const auto run = [&](const char* name) {
-      return RunOnce({tessera_, "run", "--console", (scratch_ / "sql" / name).string()});
-    };
-    const std::string python = "/usr/bin/python3";
-    const auto compare = [&](const char* what, double count, const char* work) {
-      if (!fs::exists(python)) return;
-      PerSecond(what, count,
-                RunOnce({python, "-c",
-                         "import sqlite3\nc = sqlite3.connect('" + (scratch_ / "python.db").string() +
-                             "', isolation_level=None)\n" + work}));
-    };
-    PerSecond("records inserted", CountOf(programs_ / "sql" / "fill.tsc"), run("fill.tsc"));
-    compare("the same in python3", CountOf(programs_ / "sql" / "fill.tsc"),
-            "c.execute('PRAGMA synchronous = OFF')\n"
-            "c.execute('CREATE TABLE gente (id INTEGER PRIMARY KEY, nome TEXT, cidade TEXT, idade INTEGER, "
-            "limite REAL)')\n"
-            "for i in range(10000): c.execute('INSERT INTO gente (nome, cidade, idade, limite) VALUES (?, ?, "
-            "?, ?)', "
-            "('Maria da Silva', 'Florianopolis', 33, 1234.5))\n");
-    run("more.tsc");
-    fs::copy_file(scratch_ / "sql" / "medida.db", scratch_ / "python.db",
-                  fs::copy_options::overwrite_existing);
-    PerSecond("rows opened and counted", CountOf(programs_ / "sql" / "open.tsc"), run("open.tsc"));
-    PerSecond("rows opened, walked, five fields read", CountOf(programs_ / "sql" / "walk.tsc"),
-              run("walk.tsc"));
-    compare("the same in python3", CountOf(programs_ / "sql" / "walk.tsc"),
-            "n = 0\nfor id, nome, cidade, idade, limite in c.execute('SELECT * FROM gente'): n += 1\n");
+  // 300 files of 1 KB, into a package and out of it.
+  void Files() {
+    constexpr double kMoves = 600;
+    table_.Begin("files");
+    fs::copy_file(place_.programs / "package.tsc", place_.scratch / "package.tsc");
+    const Measured measured =
+        RunOnce({place_.tessera, "run", "--console", (place_.scratch / "package.tsc").string()});
+    table_.Add({"file of 1 KB in or out of a package", measured.busy * 1e3 / kMoves, "us"});
   }
 
   // Page files and preview, and one PDF; then what the first page of a program costs.
   void Reports() {
-    std::printf("\n%-40s %8s %10s\n", "report of 1,000 pages, 60 x 5", "ms", "peak MB");
-    const std::string report = (scratch_ / "report.tsc").string();
-    fs::copy_file(programs_ / "report.tsc", report);
-    Report("previewed on the console", RunOnce({tessera_, "run", "--console", report, "--", "VIDEO"}));
-    Report("printed to a PDF", RunOnce({tessera_, "run", "--console", "--printer",
-                                        (scratch_ / "report.pdf").string(), report, "--", "IMPRESSORA"}));
-    const fs::path one = scratch_ / "one.tsc";
-    std::ofstream(one) << "Rel.Config \"SAIDA:VIDEO\"\nRel.Add \"x\"\nRel.Fim\nFimJanela\n";
-    Report("one page, previewed on the console", Run({tessera_, "run", "--console", one.string()}));
+    table_.Begin("report of 1,000 pages, 60 x 5");
+    const std::string report = (place_.scratch / "report.tsc").string();
+    fs::copy_file(place_.programs / "report.tsc", report);
+    Tell("previewed on the console", RunOnce({place_.tessera, "run", "--console", report, "--", "VIDEO"}));
+    Tell("printed to a PDF", RunOnce({place_.tessera, "run", "--console", "--printer",
+                                      (place_.scratch / "report.pdf").string(), report, "--", "IMPRESSORA"}));
+    const fs::path one = Write("one.tsc", "Rel.Config \"SAIDA:VIDEO\"\nRel.Add \"x\"\nRel.Fim\nFimJanela\n");
+    Tell("one page, previewed on the console", Run({place_.tessera, "run", "--console", one.string()}));
   }
 
-  void Grid() {
-    using tessera::bench::kGridRows;
-    const tessera::bench::GridTimes times = tessera::bench::MeasureGrid();
-    std::printf("\n%-40s %8s %12s\n", "grid of 1,000,000 rows, 5 columns", "ms", "each second");
-    PerSecond("cells filled", double{kGridRows} * tessera::bench::kGridColumns, {times.fill, 0});
-    PerSecond("cells filled by a program", CountOf(programs_ / "grid.tsc"),
-              Run({tessera_, "run", "--console", (programs_ / "grid.tsc").string()}));
-    PerSecond("rows sorted by a text", kGridRows, {times.sortText, 0});
-    PerSecond("rows sorted by a number", kGridRows, {times.sortNumber, 0});
-    PerSecond("pages, from end to end", times.pageCount, {times.pages, 0});
-    std::printf("%-40s %8.3f\n", "the slowest page", times.slowestPage);
-    std::printf("%-40s %8.1f\n", "bytes for each cell", times.bytesPerCell);
-    std::printf("%-40s %8.1f\n", "bytes for each cell, with attributes", times.bytesPerCellWithAttributes);
-    std::printf("%-40s %8.1f\n", "characters in each cell", times.charactersPerCell);
+  // SQLite through the word SQL, beside the same work in CPython.
+  void Sql() {
+    table_.Begin("sql");
+    fs::copy(place_.programs / "sql", place_.scratch / "sql");
+    const auto run = [&](const char* name) {
+      return RunOnce({place_.tessera, "run", "--console", (place_.scratch / "sql" / name).string()});
+    };
+    const auto python = [&](const std::string& work) {
+      const std::string file = (place_.scratch / "python.db").string();
+      const Measured other =
+          RunOnce({"python3", "-c",
+                   "import sqlite3\nc = sqlite3.connect('" + file + "', isolation_level=None)\n" + work});
+      return "CPython " + std::to_string(other.busy);
+    };
+    table_.Add({"10,000 records inserted", run("fill.tsc").busy, "ms", 0,
+                python("c.execute('PRAGMA synchronous = OFF')\n"
+                       "c.execute('CREATE TABLE gente (id INTEGER PRIMARY KEY, nome TEXT, cidade TEXT, "
+                       "idade INTEGER, limite REAL)')\n"
+                       "for i in range(10000): c.execute('INSERT INTO gente (nome, cidade, idade, limite) "
+                       "VALUES (?, ?, ?, ?)', ('Maria da Silva', 'Florianopolis', 33, 1234.5))\n")});
+    run("more.tsc");
+    fs::copy_file(place_.scratch / "sql" / "medida.db", place_.scratch / "python.db",
+                  fs::copy_options::overwrite_existing);
+    table_.Add({"rows opened and counted", run("open.tsc").busy, "ms"});
+    table_.Add({"rows opened, walked, five fields read", run("walk.tsc").busy, "ms", 0,
+                python("n = 0\nfor id, nome, cidade, idade, limite in c.execute('SELECT * FROM gente'): "
+                       "n += 1\n")});
   }
 
-  void StartUp() {
-    const fs::path ten = scratch_ / "ten.tsc";
-    std::ofstream(ten) << "Escreva 1\nEscreva 2\nEscreva 3\nEscreva 4\nEscreva 5\nEscreva 6\nEscreva 7\n"
-                       << "Escreva 8\nEscreva 9\nFimJanela\n";
-    const std::string packed = (scratch_ / "ten").string();
-    RunOnce({tessera_, "build", ten.string()});
-    std::printf("\n%-40s %8s %10s\n", "start to end", "ms", "peak MB");
-    Report("ten lines on the console", Run({tessera_, "run", "--console", ten.string()}));
+  fs::path Write(const char* name, const char* text) const {
+    fs::path program = place_.scratch / name;
+    std::ofstream(program) << text;
+    return program;
+  }
+
+  // Texts, routines, files, objects and drawings, made and dropped, so many times.
+  fs::path Everything(int rounds) const {
+    fs::path program = place_.scratch / "everything.tsc";
+    std::ofstream(program) << "Var n Inteiro, t String, k Inteiro\nEnquanto n < " << rounds << "\n"
+                           << "t = \"linha \" & n\nk = Dobro(n)\nConta()\n"
+                           << "AbreArquivo \"S\", \"tudo.txt\", \"TEXTOGRAVACAO\"\n"
+                           << "GravaArquivo \"S\", t\nFechaArquivo \"S\"\n"
+                           << "Circulo 5, 5, 3, Azul\nn++\nRepita\nFimJanela\nFimPrograma\n"
+                           << "Sub Conta()\nk++\nFimSub\n"
+                           << "Funcao Dobro(a Inteiro) Numero\nRetorne a + a\nFimFuncao\n";
+    return program;
+  }
+
+  void Tell(const char* what, const Measured& measured, double goal = 0) {
+    table_.Add({what, measured.busy, "ms", goal,
+                std::to_string(static_cast<int>(measured.elapsed)) + " ms elapsed, " +
+                    std::to_string(static_cast<int>(measured.peak)) + " MB"});
+  }
+
+  template <typename Act>
+  static void OffScreen(Act act) {
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    Report("ten lines, packed, window off screen", Run({packed}));
+    act();
     unsetenv("QT_QPA_PLATFORM");
-    if (std::getenv("DISPLAY") != nullptr) Report("ten lines, packed, window on the display", Run({packed}));
-    const fs::path straight = WriteStraightProgram(scratch_, 20000, 1);
-    Report("check of 20,000 lines", Run({tessera_, "check", straight.string()}));
   }
 
- private:
-  double PerStatement(const fs::path& program) {
-    const double statements = CountOf(program);
-    const Measured measured = Run({tessera_, "run", "--console", program.string()});
-    const double each = measured.milliseconds * 1e6 / statements;
-    std::printf("%-18s %12.0f %10.1f %10.0f %10.1f\n", program.stem().c_str(), statements,
-                measured.milliseconds, each, static_cast<double>(measured.peakKilobytes) / 1024);
-    std::fflush(stdout);
-    return each;
-  }
-
-  void Record(const std::string& name, const char* what, double sqliteMilliseconds) {
-    const fs::path program = scratch_ / "records" / (name + ".tsc");
-    const double count = CountOf(program);
-    const Measured measured = RunOnce({tessera_, "run", "--console", program.string()});
-    std::printf("%-40s %8.1f %12.0f %14.0f\n", what, measured.milliseconds,
-                count / measured.milliseconds * 1000, count / sqliteMilliseconds * 1000);
-    std::fflush(stdout);
-  }
-
-  // A program that writes files beside itself, each round anew.
-  Measured RunInScratch(const char* name) {
-    Measured best{};
-    for (int i = 0; i < kRounds; ++i) {
-      const fs::path folder = scratch_ / ("files" + std::to_string(i));
-      fs::create_directories(folder);
-      fs::copy_file(programs_ / name, folder / name, fs::copy_options::overwrite_existing);
-      const Measured next = RunOnce({tessera_, "run", "--console", (folder / name).string()});
-      fs::remove_all(folder);
-      if (i == 0 || next.milliseconds < best.milliseconds) best = next;
-    }
-    return best;
-  }
-
-  std::string PythonLines() const {
-    const std::string file = "'" + (scratch_ / "python.txt").string() + "'";
-    return "f = open(" + file +
-           ", 'w', encoding='cp1252', newline='\\r\\n')\n"
-           "for n in range(200000): f.write('uma linha de texto\\n')\n"
-           "f.close()\n"
-           "s = 0\n"
-           "for l in open(" +
-           file + ", encoding='cp1252'): s += 1\n";
-  }
-
-  static void PerSecond(const char* what, double count, const Measured& measured) {
-    std::printf("%-40s %8.1f %12.0f\n", what, measured.milliseconds, count / measured.milliseconds * 1000);
-    std::fflush(stdout);
-  }
-
-  static void Report(const char* what, const Measured& measured) {
-    std::printf("%-40s %8.1f %10.1f\n", what, measured.milliseconds,
-                static_cast<double>(measured.peakKilobytes) / 1024);
-  }
-
-  fs::path programs_;
-  std::string tessera_;
-  fs::path scratch_;
+  Place place_;
+  Table table_;
 };
 
 }  // namespace
+}  // namespace tessera::bench
 
 int main(int argc, char** argv) {
   if (argc != 3 && argc != 4) {
     std::fprintf(stderr, "tessera_bench FOLDER-OF-BENCH TESSERA [PART]\n");
     return 2;
   }
-  constexpr std::pair<std::string_view, void (Bench::*)()> kParts[] = {{"statements", &Bench::Statements},
-                                                                       {"files", &Bench::Files},
-                                                                       {"drawing", &Bench::Drawing},
-                                                                       {"records", &Bench::Records},
-                                                                       {"sql", &Bench::Sql},
-                                                                       {"reports", &Bench::Reports},
-                                                                       {"grid", &Bench::Grid},
-                                                                       {"start", &Bench::StartUp}};
-  Bench bench(argv[1], argv[2]);
-  for (const auto& [name, measure] : kParts) {
-    if (argc == 3 || name == argv[3]) (bench.*measure)();
-  }
-  return 0;
+  tessera::bench::Bench bench(argv[1], argv[2]);
+  return bench.Measure(argc == 4 ? argv[3] : "") ? 0 : 1;
 }

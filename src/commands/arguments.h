@@ -53,6 +53,17 @@ class ArgumentView {
     return EvalText(run_, part).ToText();
   }
 
+  // The same without a copy, where the text lies ready; else `own` holds it. It is good until a variable is
+  // written.
+  std::string_view TextView(ArgumentName name, std::string& own) const {
+    const std::size_t place = first_ + signature_.PlaceOf(name);
+    std::string_view text;
+    if (list_.forms != nullptr && place < list_.parts.size() && list_.forms->ReadText(run_, place, text))
+      return text;
+    own = Text(name);
+    return own;
+  }
+
   // The places from an argument on, up to the first empty one.
   std::span<const std::string> List(ArgumentName name) const {
     const std::size_t begin = first_ + signature_.PlaceOf(name);

@@ -34,7 +34,7 @@ std::size_t ByteCount(const Value& value) {
 }  // namespace
 
 // The entry of an alias; null, behind a box, for one that is not in the table.
-FileAlias* FileCommands::FindAlias(std::string_view command, const std::string& alias) {
+FileAlias* FileCommands::FindAlias(std::string_view command, std::string_view alias) {
   FileAlias* entry = alias.empty() ? nullptr : table_.Find(alias);
   if (entry == nullptr) {
     ShowCritical(run_, std::string(command)
@@ -93,7 +93,8 @@ Value FileCommands::FechaArquivo(const WordCall& call) {
 
 Value FileCommands::LeArquivo(const WordCall& call) {
   const Arguments arguments(call);
-  const FileAlias* entry = FindAlias("LeArquivo", arguments.Text("apelido"));
+  std::string own;
+  const FileAlias* entry = FindAlias("LeArquivo", arguments.TextView("apelido", own));
   if (entry == nullptr) return {};
   if (entry->mode == kModeBinary) {
     const std::uint64_t position = BytePosition(arguments.Number("posição"));
@@ -110,14 +111,15 @@ Value FileCommands::LeArquivo(const WordCall& call) {
 // What is written is worked out before the file is asked for: a function in it may close the file.
 Value FileCommands::GravaArquivo(const WordCall& call) {
   const Arguments arguments(call);
-  const FileAlias* entry = FindAlias("GravaArquivo", arguments.Text("apelido"));
+  std::string own;
+  const FileAlias* entry = FindAlias("GravaArquivo", arguments.TextView("apelido", own));
   if (entry == nullptr) return {};
   if (entry->mode == kModeBinary) {
     const std::uint64_t position = BytePosition(arguments.Number("texto ou posição"));
-    const std::string bytes = arguments.Text("texto");
+    const std::string_view bytes = arguments.TextView("texto", own);
     run_.fileNumbers.Get<BinaryFile>(entry->number).Write(position, bytes);
   } else if (entry->mode == kModeWrite) {
-    const std::string line = arguments.Text("texto ou posição");
+    const std::string_view line = arguments.TextView("texto ou posição", own);
     run_.fileNumbers.Get<TextWriter>(entry->number).WriteLine(line);
   }
   return {};

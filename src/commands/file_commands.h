@@ -34,7 +34,7 @@ class FileCommands {
   Value LeString(const WordCall& call);
   Value SalvaString(const WordCall& call);
 
-  FileAlias* FindAlias(std::string_view command, const std::string& alias);
+  FileAlias* FindAlias(std::string_view command, std::string_view alias);
   int Open(const std::string& path, std::string_view mode);
   std::string SideFilePath() const;
 

@@ -48,11 +48,10 @@ void Engine::RunSub(const RunnableText& body) {
 }
 
 Value Engine::CallFunction(std::string_view name, const ArgumentText& arguments) {
-  Value result;
   ++run_.FunctionsInProgress;
-  const auto failure = Guard([&] { result = RunFunction(name, arguments); });
+  const auto failure = Guard([&] { RunFunction(name, arguments); });
   --run_.FunctionsInProgress;
-  if (!failure) return result;
+  if (!failure) return ReturnValue;
   failedAt_ = FunctionCallCounter;
   const std::string text = SourcePositionText(run_).append("\r").append(
       "Erro ao executar a função, certifique-se de ter definido os tipos de argumentos e o tipo de retorno da função!"_w);

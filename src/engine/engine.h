@@ -68,10 +68,10 @@ class Engine {
   class Routines;
   class FunctionBodies;
 
-  // The steps of a function's call; failures leave it.
-  Value RunFunction(std::string_view name, const ArgumentText& arguments);
+  // The steps of a function's call, whose answer is `ReturnValue`; failures leave it.
+  void RunFunction(std::string_view name, const ArgumentText& arguments);
   // The same by a body that is ready, if there is one for this call: else false, and nothing was done.
-  bool RunReadyFunction(ReadyFunction& function, const ArgumentText& arguments, Value& result);
+  bool RunReadyFunction(ReadyFunction& function, const ArgumentText& arguments);
 
   Run& run_;
   int levels_ = 0;

@@ -1,8 +1,6 @@
 #include "engine/function_body.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <optional>
 
 #include "engine/function_call.h"
@@ -22,7 +20,6 @@ namespace {
 constexpr char kPlaceOfNumber = '\x01';
 constexpr std::size_t kMostNames = 21;
 constexpr std::size_t kLongestName = 50;
-constexpr std::size_t kLongestNumber = 11;
 
 bool IsWordCharacter(char c) {
   return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
@@ -132,22 +129,23 @@ std::unique_ptr<FunctionBody> FunctionBody::Make(const Run& run, std::string_vie
        at = Find(body, std::string(1, kPlaceOfNumber), at + digits)) {
     made->numbers_.push_back(at);
   }
-  made->number_.assign(digits, '0');
-  made->frame_.SetNumber(made->number_);
+  made->frame_.Number().assign(digits, '0');
   std::replace(body.begin(), body.end(), kPlaceOfNumber, '0');
   made->prepared_ = std::make_shared<PreparedText>(std::move(body));
   made->runnable_ = std::make_unique<const RunnableText>(run, made->prepared_);
   return made;
 }
 
-void FunctionBody::SetNumber(std::string_view digits) {
+void FunctionBody::SetNumber(std::int32_t call) {
+  std::string& digits = frame_.Number();
+  std::size_t place = digits.size();
   // From one call to the next it is mostly the last digit that changes.
-  const auto [same, other] = std::mismatch(digits.begin(), digits.end(), number_.begin());
-  const auto kept = static_cast<std::size_t>(same - digits.begin());
-  if (kept == digits.size()) return;
-  number_ = digits;
-  frame_.SetNumber(digits);
-  for (const Position at : numbers_) prepared_->Overwrite(at + kept, digits.substr(kept));
+  for (std::int32_t left = call; left != number_; left /= 10, number_ /= 10) {
+    const char digit = static_cast<char>('0' + left % 10);
+    digits[--place] = digit;
+    for (const Position at : numbers_) prepared_->Overwrite(at + place, digit);
+  }
+  number_ = call;
 }
 
 ReadyFunction& Engine::FunctionBodies::Of(std::string_view name) {
@@ -159,18 +157,17 @@ ReadyFunction& Engine::FunctionBodies::Of(std::string_view name) {
   return known->second;
 }
 
-FunctionBody* Engine::FunctionBodies::Find(const Run& run, Routines& routines, ReadyFunction& function,
-                                           std::size_t digits) {
-  if (function.places.size() <= digits) function.places.resize(digits + 1);
-  ReadyFunction::Place& place = function.places[digits];
-  if (!place.isMade) {
-    place.isMade = true;
-    Guard([&] {
-      const std::string_view found = routines.FindFunction(function.name);
-      if (!found.empty()) place.body = FunctionBody::Make(run, function.name, found, digits);
-    });
-  }
-  return place.body.get();
+void Engine::FunctionBodies::Make(const Run& run, Routines& routines, ReadyFunction& function,
+                                  std::int32_t call) {
+  std::size_t digits = 1;
+  for (function.end = 10; function.end <= call; function.end *= 10) ++digits;
+  function.body = nullptr;
+  Guard([&] {
+    const std::string_view found = routines.FindFunction(function.name);
+    if (found.empty()) return;
+    if (auto body = FunctionBody::Make(run, function.name, found, digits))
+      function.body = function.bodies.emplace_back(std::move(body)).get();
+  });
 }
 
 namespace {
@@ -182,13 +179,8 @@ class PassedArguments {
     if (arguments.forms != nullptr && arguments.forms->Cut(run, kMostNames, false)) {
       forms_ = arguments.forms;
       count_ = forms_->parts().size();
-    } else if (const std::string text = StripParens(arguments.text);
-               !HoldsCallOf(trait::kTakesCommas, text)) {
-      isKnown_ = !Guard([&] { parts_ = SplitArguments(run, text, kMostNames); });
-      while (!parts_.empty() && parts_.back().empty()) parts_.pop_back();
-      count_ = parts_.size();
     } else {
-      isKnown_ = false;
+      Split(arguments.text);
     }
   }
 
@@ -213,6 +205,14 @@ class PassedArguments {
   }
 
  private:
+  void Split(std::string_view arguments) {
+    const std::string text = StripParens(arguments);
+    isKnown_ = !HoldsCallOf(trait::kTakesCommas, text) &&
+               !Guard([&] { parts_ = SplitArguments(run_, text, kMostNames); });
+    while (!parts_.empty() && parts_.back().empty()) parts_.pop_back();
+    count_ = parts_.size();
+  }
+
   Run& run_;
   ArgumentForms* forms_ = nullptr;
   std::vector<std::string> parts_;
@@ -222,15 +222,14 @@ class PassedArguments {
 
 }  // namespace
 
-bool Engine::RunReadyFunction(ReadyFunction& function, const ArgumentText& arguments, Value& result) {
+bool Engine::RunReadyFunction(ReadyFunction& function, const ArgumentText& arguments) {
   VariableStore& variables = run_.variables;
   // After a failure the names of its call are still there until the counter moves.
   if (run_.plain || failedAt_ == FunctionCallCounter || !variables.SymbolsTellAll()) return false;
   if (function.plainCalls > 0) return false;
-  std::array<char, kLongestNumber> digits;
-  const char* const end = std::to_chars(digits.begin(), digits.end(), FunctionCallCounter).ptr;
-  const std::string_view number(digits.data(), static_cast<std::size_t>(end - digits.data()));
-  FunctionBody* body = FunctionBodies::Find(run_, *routines_, function, number.size());
+  if (FunctionCallCounter >= function.end)
+    FunctionBodies::Make(run_, *routines_, function, FunctionCallCounter);
+  FunctionBody* const body = function.body;
   if (body == nullptr || body->isRunning) return false;
   const std::size_t count = body->parameters();
   const PassedArguments passed(run_, arguments);
@@ -238,19 +237,18 @@ bool Engine::RunReadyFunction(ReadyFunction& function, const ArgumentText& argum
 
   VariableStore::Frame& frame = body->frame();
   body->isRunning = true;
-  body->SetNumber(number);
-  const auto failure = Guard([&] {
-    for (std::size_t i = 0; i < count; ++i) variables.Enter(frame);
+  body->SetNumber(FunctionCallCounter);
+  try {
+    variables.Enter(frame, count);
     for (std::size_t i = 0; i < count; ++i) passed.Pass(i, frame[i]);
-    for (std::size_t i = count; i < frame.size(); ++i) variables.Enter(frame);
+    variables.Enter(frame, frame.size());
     StatementLoop(*this, run_, body->text()).RunFrom(0);
-  });
-  body->isRunning = false;
-  if (failure) {
+  } catch (...) {
+    body->isRunning = false;
     variables.Abandon(frame);
-    throw *failure;
+    throw;
   }
-  result = ReturnValue;
+  body->isRunning = false;
   variables.Leave(frame);
   ++FunctionCallCounter;
   return true;

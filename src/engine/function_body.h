@@ -31,7 +31,7 @@ class FunctionBody {
   const RunnableText& text() const { return *runnable_; }
 
   // Puts the number of a call into its names.
-  void SetNumber(std::string_view digits);
+  void SetNumber(std::int32_t call);
 
   bool isRunning = false;
 
@@ -43,18 +43,15 @@ class FunctionBody {
   std::shared_ptr<PreparedText> prepared_;
   std::unique_ptr<const RunnableText> runnable_;
   std::vector<Position> numbers_;  // where a call's number stands
-  std::string number_;
+  std::int32_t number_ = 0;
 };
 
 // A function of the program with its bodies, by the count of a number's digits.
 struct ReadyFunction {
-  struct Place {
-    bool isMade = false;
-    std::unique_ptr<FunctionBody> body;
-  };
-
   std::string name;
-  std::vector<Place> places;
+  std::vector<std::unique_ptr<FunctionBody>> bodies;
+  FunctionBody* body = nullptr;  // for numbers below `end`; null where there can be none
+  std::int64_t end = 0;
   int plainCalls = 0;  // calls of it that run by the rules: like calls share their names
 };
 
@@ -63,8 +60,8 @@ class Engine::FunctionBodies {
   // The function of that name, whether the program has it or not.
   ReadyFunction& Of(std::string_view name);
 
-  // The body for a call with so many digits, or none.
-  static FunctionBody* Find(const Run& run, Routines& routines, ReadyFunction& function, std::size_t digits);
+  // Makes the body for a call of that number and all that have as many digits, if there can be one.
+  static void Make(const Run& run, Routines& routines, ReadyFunction& function, std::int32_t call);
 
  private:
   std::map<std::string, ReadyFunction, std::less<>> functions_;

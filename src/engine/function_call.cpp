@@ -139,13 +139,12 @@ void RenameInBody(std::string& body, std::string_view oldName, std::string_view 
 
 // KEPT: the counter moves at the normal end alone, so that a function that calls itself shares its names with
 // its caller (programs/recursion_shares_its_names).
-Value Engine::RunFunction(std::string_view name, const ArgumentText& arguments) {
+void Engine::RunFunction(std::string_view name, const ArgumentText& arguments) {
   run_.stack.Check();
   ReadyFunction* function = arguments.forms != nullptr ? arguments.forms->function : nullptr;
   if (function == nullptr) function = &bodies_->Of(name);
   if (arguments.forms != nullptr) arguments.forms->function = function;
-  Value result;
-  if (RunReadyFunction(*function, arguments, result)) return result;
+  if (RunReadyFunction(*function, arguments)) return;
   const PlainCall running(*function);
   const std::string_view found = routines_->FindFunction(name);
   if (found.empty()) {
@@ -161,10 +160,8 @@ Value Engine::RunFunction(std::string_view name, const ArgumentText& arguments) 
   DeclareLocals(run_, body, locals);
   const RunnableText once(run_, std::make_shared<const PreparedText>(std::move(body)), true);
   StatementLoop(*this, run_, once).RunFrom(0);
-  result = ReturnValue;
   locals.Remove();
   ++FunctionCallCounter;
-  return result;
 }
 
 }  // namespace tessera

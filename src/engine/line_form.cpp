@@ -110,6 +110,8 @@ LineKind Read(Run& run, const RunnableText& text, const Line& line, LineForm& fo
       form.change = line.road == Road::Add ? 1 : -1;
       form.term = std::make_unique<const TermForm>(run, line.expression);
       return ReadTarget(run, line.variable, form, LineKind::Compound);
+    case Road::EndFunction:
+      return LineKind::End;
     case Road::Blocks:
       return line.blocks ? ReadBlocks(run, text, line, form) : ReadExecution(run, line, form);
     default:
@@ -125,8 +127,9 @@ LineForm::~LineForm() = default;
 void ReadForm(Run& run, const RunnableText& text, const Line& line) {
   LineForm& form = line.form;
   form.kind = Read(run, text, line, form);
-  if (form.kind != LineKind::Plain && form.kind != LineKind::Repeat)
-    form.next = Through(text, text.Next(line));
+  const bool leadsOn =
+      form.kind != LineKind::Plain && form.kind != LineKind::Repeat && form.kind != LineKind::End;
+  if (leadsOn) form.next = Through(text, text.Next(line));
 }
 
 }  // namespace tessera

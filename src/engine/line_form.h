@@ -29,6 +29,7 @@ struct LineForm {
     EndIf,     // FimSe
     Else,      // CasoContrario
     Return,    // Retorne
+    End,       // FimFuncao
     Sub,       // a call of a sub
     VariableOrCommand,
   };

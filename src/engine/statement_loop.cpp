@@ -75,6 +75,13 @@ const Line* StatementLoop::RunWholeNumbers(const Line& start) {
       case LineForm::Kind::Repeat:
         next = form.next;
         break;
+      case LineForm::Kind::Return:
+        if (!form.term->EvaluateWhole(store, engine_.ReturnValue)) return line;
+        next = form.next;
+        break;
+      case LineForm::Kind::End:
+        next = nullptr;
+        break;
       case LineForm::Kind::VariableOrCommand:
         if (form.assignment != nullptr ? !form.assignment->AssignWhole(engine_, store, form.target)
                                        : !IsIdle(form)) {

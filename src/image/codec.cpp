@@ -1,5 +1,7 @@
 #include "image/codec.h"
 
+#include <utility>
+
 #include "image/key_table.h"
 #include "platform/failure.h"
 #include "text/little_endian.h"
@@ -39,10 +41,9 @@ class RunningKey {
 
 }  // namespace
 
-std::string ComplementText(std::string_view text) {
-  std::string result(text);
-  for (char& character : result) character = CharacterOf(255 - ValueOf(character));
-  return result;
+std::string ComplementText(std::string text) {
+  for (char& character : text) character = CharacterOf(255 - ValueOf(character));
+  return text;
 }
 
 std::string EncodeText(std::string_view plain, Random& random) {
@@ -50,12 +51,12 @@ std::string EncodeText(std::string_view plain, Random& random) {
 }
 
 std::string EncodeTextWithKey(std::string_view plain, int key) {
-  std::string scrambled(1, static_cast<char>(key));
-  scrambled.reserve(plain.size() + 1);
+  std::string scrambled(plain.size() + 1, static_cast<char>(key));
   RunningKey running(kKeys.at(static_cast<std::size_t>(key)));
-  for (const char c : plain) scrambled.push_back(CharacterOf(ValueOf(c) + running.Next()));
-
-  return ToLittleEndian(plain.size() + 1, kCountLength) + ComplementText(scrambled);
+  for (std::size_t i = 0; i < plain.size(); ++i) {
+    scrambled[i + 1] = CharacterOf(ValueOf(plain[i]) + running.Next());
+  }
+  return ToLittleEndian(plain.size() + 1, kCountLength) + ComplementText(std::move(scrambled));
 }
 
 std::size_t EncodedCount(std::string_view encoded) {

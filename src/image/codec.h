@@ -38,6 +38,6 @@ bool IsDecodable(std::string_view encoded);
 std::size_t EncodedCount(std::string_view encoded);
 
 // Each character c as 255 - c. It inverts itself.
-std::string ComplementText(std::string_view text);
+std::string ComplementText(std::string text);
 
 }  // namespace tessera

@@ -49,30 +49,43 @@ void TextReader::LearnEncoding() {
   if (isUtf8_ && buffer_.starts_with(kByteOrderMark)) next_ = kByteOrderMark.size();
 }
 
-std::optional<std::string> TextReader::ReadLine() {
-  std::optional<std::string> line = ReadBytes();
+std::optional<std::string_view> TextReader::ReadLine() {
+  const std::optional<std::string_view> line = ReadBytes();
   if (!line || !isUtf8_) return line;
   auto text = FromUtf8(*line);
-  if (std::string* whole = std::get_if<std::string>(&text)) return std::move(*whole);
-  return std::get<Utf8Problem>(text).malformed ? std::move(line) : FromUtf8Lossy(*line);
+  if (std::string* whole = std::get_if<std::string>(&text)) {
+    line_ = std::move(*whole);
+  } else if (std::get<Utf8Problem>(text).malformed) {
+    return line;
+  } else {
+    line_ = FromUtf8Lossy(*line);
+  }
+  return line_;
 }
 
-std::optional<std::string> TextReader::ReadBytes() {
-  std::string line;
+std::optional<std::string_view> TextReader::ReadBytes() {
+  line_.clear();
   for (;;) {
     const std::string_view rest = std::string_view(buffer_).substr(next_);
     const std::size_t end = FindEither(rest, '\r', '\n');
-    line.append(rest.substr(0, end));
-    if (end != std::string_view::npos) {
-      next_ += end + 1;
-      if (rest[end] == '\r') {
-        const bool more = next_ < buffer_.size() || Fill();
-        if (more && buffer_[next_] == '\n') ++next_;
-      }
-      return line;
+    if (end == std::string_view::npos) {
+      line_.append(rest);
+      next_ = buffer_.size();
+      if (Fill()) continue;
+      return line_.empty() ? std::nullopt : std::optional<std::string_view>(line_);
     }
-    next_ = buffer_.size();
-    if (!Fill()) return line.empty() ? std::nullopt : std::optional(std::move(line));
+    const bool isReturn = rest[end] == '\r';
+    next_ += end + 1;
+    // The LF behind a CR, or the byte that shows that there is none, may still be in the file.
+    const bool endsBuffer = isReturn && next_ == buffer_.size();
+    if (line_.empty() && !endsBuffer) {
+      if (isReturn && buffer_[next_] == '\n') ++next_;
+      return rest.substr(0, end);
+    }
+    line_.append(rest.substr(0, end));
+    const bool more = !endsBuffer || Fill();
+    if (isReturn && more && buffer_[next_] == '\n') ++next_;
+    return line_;
   }
 }
 

@@ -20,8 +20,8 @@ class TextReader final : public OpenedFile {
   // The next line without its end (CR LF, LF or CR), as program text, or nothing at the end of the file. A
   // last line needs no end. OPEN: a file whose first 64 KB are UTF-8 with a character beyond ASCII is read as
   // UTF-8, its byte-order mark left out; what the code page lacks becomes "?", and a later line that is no
-  // UTF-8 stays as its bytes.
-  std::optional<std::string> ReadLine();
+  // UTF-8 stays as its bytes. The line is good until the next one is read.
+  std::optional<std::string_view> ReadLine();
 
   std::uint64_t Size() const;
 
@@ -30,12 +30,13 @@ class TextReader final : public OpenedFile {
   // False at the end of the file.
   bool Fill();
   void LearnEncoding();
-  std::optional<std::string> ReadBytes();
+  std::optional<std::string_view> ReadBytes();
 
   std::unique_ptr<StoredFile> file_;
   std::uint64_t read_ = 0;  // bytes taken from the file
   std::string buffer_;
   std::size_t next_ = 0;  // offset in the buffer
+  std::string line_;      // that does not stand in the buffer as it is read
   bool isUtf8_ = false;
 };
 

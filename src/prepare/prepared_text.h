@@ -33,8 +33,8 @@ class PreparedText {
 
   std::string_view text() const { return text_; }
 
-  // Puts other digits where digits of a call's names stand, which no search looks for.
-  void Overwrite(Position at, std::string_view digits) { text_.replace(at - 1, digits.size(), digits); }
+  // Puts another digit where one of a call's names stands, which no search looks for.
+  void Overwrite(Position at, char digit) { text_[at - 1] = digit; }
 
   // First key of that statement at or behind `from`; 0 if there is none.
   Position FindStatement(std::int32_t number, Position from) const;

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,6 +13,7 @@
 #include "platform/binary_file.h"
 #include "recorddb/sorted_list.h"
 #include "recorddb/tsa_layout.h"
+#include "values/name_form.h"
 #include "values/run.h"
 
 namespace tessera {
@@ -25,10 +27,11 @@ inline constexpr std::size_t kIndexFields = 11;
 inline constexpr std::string_view kTypeAutoInc = "AutoInc";
 
 struct DatabaseField {
-  std::string variable;       // "<Database>.<Field>"
-  std::string type;           // "String", "Inteiro", "Decimal", "AutoInc", or a word that is none of them
-  std::int16_t width = 0;     // bytes in a record
-  std::int16_t position = 1;  // in a record, from 1
+  std::string variable;          // "<Database>.<Field>"
+  std::string type;              // "String", "Inteiro", "Decimal", "AutoInc", or a word that is none of them
+  std::int16_t width = 0;        // bytes in a record
+  std::int16_t position = 1;     // in a record, from 1
+  std::optional<NameForm> form;  // of the variable's name; none where each use has to look at the name
 
   std::string_view Name() const;  // behind the first "."
   // A declared size may be negative; such a field has no slot.
@@ -78,6 +81,10 @@ struct RecordContext {
 
 // The lowest slot of that name, blind to case, or -1 behind a message.
 std::int16_t FindDatabase(RecordContext& context, std::string_view name);
+
+// The value of a field's variable, and another one for it. Failures of `VarRead` and `VarWrite`.
+Value ReadField(VariableStore& variables, const DatabaseField& field);
+void WriteField(VariableStore& variables, const DatabaseField& field, Value value);
 
 // The row of a field, blind to case, or -1.
 std::int32_t FindField(RecordContext& context, std::string_view name, std::int16_t slot);

@@ -76,6 +76,7 @@ void ReadFieldLine(RecordContext& context, Reading& reading, const std::vector<s
                                                         : kTypeDecimal;
   }
   run.variables.VarCreateScalar(field.variable, reading.variableType);
+  field.form = NameForm::Of(run.variables, field.variable);
   reading.slot.fields.push_back(std::move(field));
 }
 

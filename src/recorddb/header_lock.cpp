@@ -33,8 +33,9 @@ FileLock::~FileLock() {
 HeaderStep::HeaderStep(const FileFinder& find, EventDispatch& events) {
   for (;;) {
     lock_.emplace(find, events);
-    if (file().Size() == 0) Fail(62);
-    area_ = file().ReadBlankPadded(1, tsa::kLockAreaLength);
+    area_ = file().Read(1, tsa::kLockAreaLength);
+    if (area_.empty()) Fail(62);
+    area_.resize(tsa::kLockAreaLength, tsa::kBlank);
     const bool abandoned = SlotOf(area_, tsa::kHolderMark)[0] == tsa::kHeld;
     if (area_[0] == tsa::kFree || abandoned) return;
     const BinaryFile& waited = file();

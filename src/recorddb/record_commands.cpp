@@ -16,7 +16,8 @@ namespace {
 
 // The slot of the database that a command names, or -1 behind the message for one that is not there.
 std::int16_t SlotNamed(RecordContext& context, const ArgumentView& arguments) {
-  return FindDatabase(context, arguments.Text("banco"));
+  std::string own;
+  return FindDatabase(context, arguments.TextView("banco", own));
 }
 
 void ShowAtStatement(RecordContext& context, std::string_view text) {
@@ -52,11 +53,11 @@ std::string EncodeRecord(RecordContext& context, std::int16_t number, std::strin
     if (field.type == kTypeAutoInc) {
       plain = BytesOf(std::int32_t{autoInc()});
     } else if (field.type == kTypeInteiro) {
-      plain = BytesOf(run.variables.VarRead(field.variable).ToInteger());
+      plain = BytesOf(ReadField(run.variables, field).ToInteger());
     } else if (field.type == kTypeDecimal) {
-      plain = BytesOf(run.variables.VarRead(field.variable).ToDouble());
+      plain = BytesOf(ReadField(run.variables, field).ToDouble());
     } else if (field.type == kTypeString) {
-      plain = run.variables.VarRead(field.variable).ToText();
+      plain = ReadField(run.variables, field).ToText();
       if (plain.size() + kEncodedOverhead > static_cast<std::size_t>(field.width)) {
         ShowAtStatement(context, std::string(command)
                                      .append(": o tamanho do campo '"_w)
@@ -195,7 +196,7 @@ Value TotalRegistrosBD(RecordContext& context, const WordCall& call) {
 
 void ClearVariables(RecordContext& context, const DatabaseSlot& slot) {
   for (const DatabaseField& field : slot.fields) {
-    context.run.variables.VarWrite(field.variable, field.type == kTypeString ? Value(""_w) : Value(0), true);
+    WriteField(context.run.variables, field, field.type == kTypeString ? Value(""_w) : Value(0));
   }
 }
 
@@ -211,9 +212,8 @@ std::string DecodeRecord(RecordContext& context, const DatabaseSlot& slot, std::
   text.reserve(static_cast<std::size_t>(std::max<std::int16_t>(slot.recordLength, 0)));
   for (const DatabaseField& field : slot.fields) {
     const std::size_t end = text.size() + field.Slot().width;
-    variables.VarWrite(field.variable, FieldValue(field.type, DecodeText(SlotOf(record, field.Slot()))),
-                       true);
-    text += variables.VarRead(field.variable).ToText();
+    WriteField(variables, field, FieldValue(field.type, DecodeText(SlotOf(record, field.Slot()))));
+    text += ReadField(variables, field).ToText();
     text.resize(end, ' ');
   }
   return text;

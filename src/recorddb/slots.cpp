@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <bit>
+#include <charconv>
+#include <system_error>
+#include <utility>
 
 #include "image/codec.h"
 #include "text/little_endian.h"
@@ -30,7 +33,14 @@ std::string DecodeTrimmed(std::string_view buffer, tsa::Slot slot) {
 }
 
 std::int32_t DecodeDigits(std::string_view encoded) {
-  return Value(DecodeText(encoded)).ToInteger();
+  std::string digits = DecodeText(encoded);
+  // FAST: mere digits, as they mostly are.
+  std::int32_t number = 0;
+  const char* const end = digits.data() + digits.size();
+  if (const auto read = std::from_chars(digits.data(), end, number);
+      read.ec == std::errc() && read.ptr == end)
+    return number;
+  return Value(std::move(digits)).ToInteger();
 }
 
 std::string BytesOf(std::int32_t number) {

@@ -11,8 +11,11 @@ namespace tessera {
 
 // The lowest `width` bytes of a number.
 inline std::string ToLittleEndian(std::uint64_t number, std::size_t width) {
-  std::string bytes;
-  for (std::size_t i = 0; i < width; ++i) bytes.push_back(static_cast<char>((number >> (8 * i)) & 0xFF));
+  std::string bytes(width, '\0');
+  for (char& byte : bytes) {
+    byte = static_cast<char>(number & 0xFF);
+    number >>= 8;
+  }
   return bytes;
 }
 

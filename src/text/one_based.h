@@ -4,6 +4,8 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -39,6 +41,13 @@ constexpr std::array<char, 256> MakeLowerTable(const std::array<char, 256>& uppe
 inline constexpr std::array<char, 256> kUpper = MakeUpperTable();
 inline constexpr std::array<char, 256> kLower = MakeLowerTable(kUpper);
 
+// True if one of the eight bytes is `byte`: a byte of their difference is zero, and borrows.
+constexpr bool HoldsByte(std::uint64_t bytes, char byte) {
+  constexpr std::uint64_t kOnes = 0x0101010101010101;
+  const std::uint64_t difference = bytes ^ (kOnes * static_cast<unsigned char>(byte));
+  return ((difference - kOnes) & ~difference & (kOnes << 7)) != 0;
+}
+
 }  // namespace detail
 
 // First occurrence of `sought` in `text` at or behind `start`. The empty text is found at `start`.
@@ -60,7 +69,14 @@ bool Contains(std::string_view text, std::string_view sought);
 // The offset of the first character that is one of two, or npos: quicker on short texts than the library's
 // search for each of several.
 inline std::size_t FindEither(std::string_view text, char one, char other) {
-  for (std::size_t i = 0; i < text.size(); ++i) {
+  constexpr std::size_t kWord = sizeof(std::uint64_t);
+  std::size_t i = 0;
+  for (; i + kWord <= text.size(); i += kWord) {
+    std::uint64_t word = 0;
+    std::memcpy(&word, text.data() + i, kWord);
+    if (detail::HoldsByte(word, one) || detail::HoldsByte(word, other)) break;
+  }
+  for (; i < text.size(); ++i) {
     if (text[i] == one || text[i] == other) return i;
   }
   return std::string_view::npos;

@@ -7,20 +7,17 @@
 
 namespace tessera {
 
-bool ArgumentForms::Cut(Run& run, std::size_t places, bool splitAtEqual) {
-  if (state_ == State::Uncut) {
-    state_ = State::Never;
-    if (HoldsCallOf(trait::kTakesCommas, StripParens(text_))) return false;
-    bool numericTarget = false;
-    const auto failure =
-        Guard([&] { parts_ = SplitArguments(run, text_, places, splitAtEqual, numericTarget); });
-    if (failure) return false;
-    while (!parts_.empty() && parts_.back().empty()) parts_.pop_back();
-    parts_.shrink_to_fit();
-    terms_.resize(parts_.size());
-    state_ = State::Cut;
-  }
-  return state_ == State::Cut;
+void ArgumentForms::CutFirst(Run& run, std::size_t places, bool splitAtEqual) {
+  state_ = State::Never;
+  if (HoldsCallOf(trait::kTakesCommas, StripParens(text_))) return;
+  bool numericTarget = false;
+  const auto failure =
+      Guard([&] { parts_ = SplitArguments(run, text_, places, splitAtEqual, numericTarget); });
+  if (failure) return;
+  while (!parts_.empty() && parts_.back().empty()) parts_.pop_back();
+  parts_.shrink_to_fit();
+  terms_.resize(parts_.size());
+  state_ = State::Cut;
 }
 
 const TermForm& ArgumentForms::MakeTerm(Run& run, std::size_t place) {
@@ -28,14 +25,11 @@ const TermForm& ArgumentForms::MakeTerm(Run& run, std::size_t place) {
   return *terms_[place];
 }
 
-bool ArgumentForms::AreWithoutCalls(Run& run) {
-  if (!areWithoutCalls_) {
-    areWithoutCalls_ = true;
-    for (std::size_t i = 0; i < parts_.size(); ++i) {
-      areWithoutCalls_ = *areWithoutCalls_ && TermAt(run, i).IsWithoutCalls();
-    }
+bool ArgumentForms::FindNoCalls(Run& run) {
+  for (std::size_t i = 0; i < parts_.size(); ++i) {
+    if (!TermAt(run, i).IsWithoutCalls()) return false;
   }
-  return *areWithoutCalls_;
+  return true;
 }
 
 }  // namespace tessera

@@ -28,17 +28,29 @@ class ArgumentForms {
 
   // Cuts the text at the first call; a word always cuts alike. False for a text that has to be cut anew each
   // time: a call in it is to be replaced before, or it has more pieces than places.
-  bool Cut(Run& run, std::size_t places, bool splitAtEqual);
+  bool Cut(Run& run, std::size_t places, bool splitAtEqual) {
+    if (state_ == State::Uncut) CutFirst(run, places, splitAtEqual);
+    return state_ == State::Cut;
+  }
 
   // The pieces up to the last one that is not empty.
   const std::vector<std::string>& parts() const { return parts_; }
 
   // True if computing the pieces calls nothing.
-  bool AreWithoutCalls(Run& run);
+  bool AreWithoutCalls(Run& run) {
+    if (!areWithoutCalls_) areWithoutCalls_ = FindNoCalls(run);
+    return *areWithoutCalls_;
+  }
 
   // What `EvalNumber` and `EvalText` give for a place.
   Value Number(Run& run, std::size_t place) { return TermAt(run, place).Evaluate(run); }
   Value Text(Run& run, std::size_t place) { return TermAt(run, place).EvaluateText(run); }
+
+  // The same as `Text`, where it is a text that lies ready; else false. It is good until a variable is
+  // written.
+  bool ReadText(Run& run, std::size_t place, std::string_view& text) {
+    return TermAt(run, place).ReadText(run.variables, text);
+  }
 
   // The same as `Number`, where it is a whole number and symbols tell of it; else false.
   bool ReadWhole(Run& run, std::size_t place, std::int64_t& whole) {
@@ -53,8 +65,10 @@ class ArgumentForms {
  private:
   enum class State : std::uint8_t { Uncut, Cut, Never };
 
+  void CutFirst(Run& run, std::size_t places, bool splitAtEqual);
+  bool FindNoCalls(Run& run);
   const TermForm& TermAt(Run& run, std::size_t place) {
-    const auto& term = terms_.at(place);
+    const auto& term = terms_[place];
     return term ? *term : MakeTerm(run, place);
   }
   const TermForm& MakeTerm(Run& run, std::size_t place);

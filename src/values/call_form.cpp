@@ -43,8 +43,8 @@ std::optional<Value> CallForm::SettleText(Value& answer, bool numericTarget, boo
   if (!isString && !isQuoted) return std::nullopt;
   const std::string_view inner =
       isString ? std::string_view(text) : std::string_view(text).substr(1, text.size() - 2);
-  const auto isMark = [](char c) { return c == '"' || c == '[' || c == ']'; };
-  if (isList && std::any_of(inner.begin(), inner.end(), isMark)) return std::nullopt;
+  const auto holds = [&](char mark) { return inner.find(mark) != std::string_view::npos; };
+  if (isList && (holds('"') || holds('[') || holds(']'))) return std::nullopt;
   std::string plain;
   if (inner.starts_with('(') || inner.ends_with(')')) {
     // A parenthesis at either end goes with its quote.

@@ -89,7 +89,9 @@ std::string_view Unquote(std::string_view text) {
 }
 
 std::string Quote(std::string_view text) {
-  return std::string("\"").append(text).append("\"");
+  std::string quoted(text.size() + 2, '"');
+  std::copy(text.begin(), text.end(), quoted.begin() + 1);
+  return quoted;
 }
 
 Value EvalNumber(Run& run, std::string_view source, bool& numericTarget) {

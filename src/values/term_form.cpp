@@ -47,6 +47,7 @@ TermForm::TermForm(Run& run, std::string_view text) : text_(text) {
     return;
   }
   if (trimmed_.starts_with('"')) {
+    literal_ = Unquote(trimmed_);
     kind_ = Kind::Literal;
     return;
   }
@@ -69,7 +70,7 @@ Reading TermForm::Read(Run& run) const {
     case Kind::Float:
       return {Reading::Kind::Float, 0, number_, {}};
     case Kind::Literal:
-      return {Reading::Kind::Text, 0, 0, Unquote(trimmed_)};
+      return {Reading::Kind::Text, 0, 0, literal_};
     case Kind::Name: {
       if (name_.type() == VariableType::None) {
         if (name_.symbol->isLocal && run.variables.VarFind(trimmed_) != -1) return {};
@@ -117,7 +118,7 @@ Value TermForm::EvaluateRest(Run& run, std::string text, bool isOwn, bool numeri
 
 Value TermForm::EvaluateText(Run& run) const {
   if (!IsWithoutCalls() || !run.variables.SymbolsTellAll()) return EvalText(run, text_);
-  if (kind_ == Kind::Literal) return Unquote(trimmed_);
+  if (kind_ == Kind::Literal) return literal_;
   if (kind_ == Kind::Name && name_.type() != VariableType::None) {
     const Reading reading = Read(run);
     if (reading.kind == Reading::Kind::Text) return reading.text;

@@ -56,7 +56,34 @@ class TermForm {
   // The same, where it is a number or a text that lies ready.
   Reading Read(Run& run) const;
 
-  // The same, where it is a whole number.
+  // What `Evaluate` gives, where it is a whole number: else nothing, and false.
+  bool EvaluateWhole(VariableStore& store, Value& result) const {
+    std::int64_t whole = 0;
+    if (!ReadWhole(store, whole)) return false;
+    if (kind_ == Kind::Arithmetic) {
+      result = ExactDecimal::FromInteger(whole);
+    } else if (kind_ == Kind::Name) {
+      result = static_cast<std::int32_t>(whole);
+    } else {
+      result = number_;
+    }
+    return true;
+  }
+
+  // What `EvaluateText` gives, where it is a text that lies ready: else nothing, and false. The text is good
+  // until a variable is written.
+  bool ReadText(VariableStore& store, std::string_view& text) const {
+    if (!store.SymbolsTellAll()) return false;
+    if (kind_ == Kind::Literal) {
+      text = literal_;
+      return true;
+    }
+    const std::string* variable = kind_ == Kind::Name ? name_.Text(store) : nullptr;
+    if (variable != nullptr) text = *variable;
+    return variable != nullptr;
+  }
+
+  // The same as `Read`, where it is a whole number.
   bool ReadWhole(VariableStore& store, std::int64_t& whole) const {
     switch (kind_) {
       case Kind::Whole:
@@ -88,6 +115,7 @@ class TermForm {
   NameForm name_;
   std::string_view text_;     // as it was given
   std::string_view trimmed_;  // of a text without calls
+  std::string_view literal_;  // without its quotes
   std::unique_ptr<const ArithmeticForm> arithmetic_;
   std::unique_ptr<const CallForm> call_;
   std::unique_ptr<const CallInArithmetic> inside_;

@@ -22,6 +22,11 @@ class Value {
   Value(double number) : content_(number) {}
   Value(ExactDecimal number) : content_(number) {}
 
+  Value& operator=(ExactDecimal number) {
+    content_ = number;
+    return *this;
+  }
+
   bool IsEmpty() const { return std::holds_alternative<std::monostate>(content_); }
   bool IsText() const { return std::holds_alternative<std::string>(content_); }
   const std::string* AsText() const { return std::get_if<std::string>(&content_); }

@@ -306,21 +306,24 @@ std::string VariableStore::Frame::NameOf(std::size_t i) const {
   return function_ + number_ + variables_[i].written;
 }
 
-void VariableStore::Enter(Frame& frame) {
-  Frame::Variable& variable = frame.variables_[frame.entered_++];
-  Symbol& symbol = variable.row.symbol;
-  symbol.type = variable.type;
-  WithSlots(variable.type, [&](auto& slots) {
-    if (slots.size() >= kMaxSlots) FailMemory();
-    symbol.first = static_cast<std::int32_t>(slots.size() - 1);
-    slots.emplace_back();
-  });
-  if (frame.entered_ == 1) {
-    frame.recorded_ = false;
-    frames_.push_back(&frame);
-    ++unrecorded_;
+void VariableStore::Enter(Frame& frame, std::size_t count) {
+  for (; frame.entered_ < count; ++frame.entered_) {
+    Frame::Variable& variable = frame.variables_[frame.entered_];
+    Symbol& symbol = variable.row.symbol;
+    WithSlots(variable.type, [&](auto& slots) {
+      if (slots.size() >= kMaxSlots) FailMemory();
+      symbol.first = static_cast<std::int32_t>(slots.size() - 1);
+      slots.emplace_back();
+    });
+    symbol.type = variable.type;
+    if (frame.entered_ == 0) {
+      frame.recorded_ = false;
+      frames_.push_back(&frame);
+      ++unrecorded_;
+    } else if (frame.recorded_) {
+      RecordVariable(frame, frame.entered_);
+    }
   }
-  if (frame.recorded_) RecordVariable(frame, frame.entered_ - 1);
 }
 
 void VariableStore::RecordVariable(Frame& frame, std::size_t i) {

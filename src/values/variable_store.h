@@ -57,7 +57,8 @@ class VariableStore {
     // The names begin with `function` and a number, behind which stands what the program wrote.
     explicit Frame(std::string_view function) : function_(function) {}
     void Add(std::string_view written, VariableType type);
-    void SetNumber(std::string_view digits) { number_ = digits; }
+    // The digits of a call's number, to be written over.
+    std::string& Number() { return number_; }
 
     std::size_t size() const { return variables_.size(); }
     const Symbol& operator[](std::size_t i) const;
@@ -69,13 +70,14 @@ class VariableStore {
 
     std::string function_;
     std::string number_;
-    std::deque<Variable> variables_;  // their addresses stay
+    std::vector<Variable> variables_;  // all of them before the first one is entered
     std::size_t entered_ = 0;
     bool recorded_ = false;
   };
 
-  // Creates the frame's next variable. Frames are left in the opposite order of their first `Enter`.
-  void Enter(Frame& frame);
+  // Creates the frame's next variables, up to `count` of them in all. Frames are left in the opposite order
+  // of their first `Enter`.
+  void Enter(Frame& frame, std::size_t count);
   // Removes its variables, in the order in which they were created.
   void Leave(Frame& frame);
   // Lets them be variables like all others, which stay.
