@@ -42,7 +42,7 @@ fs::path WriteFiguresProgram(const fs::path& folder, int pictures) {
 fs::path WriteWindowProgram(const fs::path& folder, int turns) {
   fs::path program = folder / "window.tsc";
   std::ofstream(program) << "Var volta Inteiro, x Inteiro, y Inteiro\nJanela Tamanho = 25, 80\n"
-                         << "Botao Meio, 1, 1, 10, \"Aqui\"\nEnquanto volta < " << turns << "\n"
+                         << "Botao Meio, 1, 1, \"Aqui\"\nEnquanto volta < " << turns << "\n"
                          << "x = volta % 60\ny = x * 3\nSe y > 90\ny = y - 90\nFimSe\n"
                          << "LinhaReta 1, 1, 20, x, Azul\nCirculo 12, x, 2, Vermelho\n"
                          << "Botao Meio.Coluna = x\nvolta++\nRepita\nFimJanela\n";

@@ -2,13 +2,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include "engine/made_program.h"
 #include "support/core_program.h"
+#include "support/made_from.h"
 
 namespace tessera::test {
 namespace {
@@ -45,12 +45,6 @@ Seen RunMade(const std::string& text, bool plain) {
   return seen;
 }
 
-// TESSERA_MADE_PROGRAMS and TESSERA_MADE_FROM choose other programs than the usual ones.
-unsigned FromEnvironment(const char* name, unsigned usual) {
-  const char* text = std::getenv(name);
-  return text == nullptr ? usual : static_cast<unsigned>(std::strtoul(text, nullptr, 10));
-}
-
 // Where two lists part.
 std::string FirstDifference(const std::vector<std::string>& fast, const std::vector<std::string>& plain) {
   const auto at = [](const std::vector<std::string>& list, std::size_t i) {
@@ -64,9 +58,8 @@ std::string FirstDifference(const std::vector<std::string>& fast, const std::vec
 }
 
 TEST(Forms, DoWhatThePlainRulesDo) {
-  const unsigned first = FromEnvironment("TESSERA_MADE_FROM", 1);
-  const unsigned count = FromEnvironment("TESSERA_MADE_PROGRAMS", 4000);
-  for (unsigned seed = first; seed < first + count; ++seed) {
+  const MadeRange range = RangeOfMade(4000);
+  for (unsigned seed = range.first; seed < range.first + range.count; ++seed) {
     const MadeProgram made(seed);
     const Seen plain = RunMade(made.text(), true);
     const Seen fast = RunMade(made.text(), false);
