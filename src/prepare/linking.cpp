@@ -1,15 +1,29 @@
 #include "prepare/linking.h"
 
+#include <algorithm>
+
 #include "text/one_based.h"
 
 namespace tessera {
 
 namespace {
 
-// True when a statement begins at offset i: 4 characters before it stands the "#" of the editor's tag.
-// Everything that is inserted stands behind a word, so the place can be told on the text as it came.
-bool StandsAt(std::string_view text, std::size_t i, std::string_view word) {
-  return i >= 4 && text[i - 4] == '#' && text.compare(i, word.size(), word) == 0;
+// A statement begins so many characters behind the "#" of its editor's tag. Everything that is inserted
+// stands behind a word, so the place can be told on the text as it came.
+constexpr std::size_t kBehindTag = 4;
+
+// Copies the text up to the next place, from an offset on, where a statement may begin; gives that place, or
+// the text's length.
+std::size_t CopyToPlace(std::string& out, std::string_view text, std::size_t from) {
+  const std::size_t tag = text.find('#', from < kBehindTag ? 0 : from - kBehindTag);
+  const std::size_t place =
+      tag == std::string_view::npos ? text.size() : std::min(tag + kBehindTag, text.size());
+  out.append(text.substr(from, place - from));
+  return place;
+}
+
+bool StandsAt(std::string_view text, std::size_t place, std::string_view word) {
+  return text.substr(place).starts_with(word);
 }
 
 std::string Bracketed(int depth) {
@@ -36,7 +50,7 @@ std::string LinkSeBlocks(std::string_view text) {
   out.reserve(text.size() + text.size() / 16);
   int open = 0;
   int level = 0;
-  for (std::size_t i = 0; i < text.size();) {
+  for (std::size_t i = CopyToPlace(out, text, 0); i < text.size(); i = CopyToPlace(out, text, i)) {
     if (StandsAt(text, i, kElse)) {
       out.append(kElse).append(Bracketed(open - 1));
       i += kElse.size();
@@ -64,7 +78,7 @@ std::string LinkEnquantoBlocks(std::string_view text) {
   out.reserve(text.size() + text.size() / 16);
   int open = 0;
   int level = 0;
-  for (std::size_t i = 0; i < text.size();) {
+  for (std::size_t i = CopyToPlace(out, text, 0); i < text.size(); i = CopyToPlace(out, text, i)) {
     if (StandsAt(text, i, kRepeat)) {
       open -= 1;
       level = open;

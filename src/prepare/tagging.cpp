@@ -1,5 +1,7 @@
 #include "prepare/tagging.h"
 
+#include <algorithm>
+
 #include "text/literal.h"
 #include "text/one_based.h"
 
@@ -21,13 +23,26 @@ void ForEachLine(std::string_view text, Use use) {
   }
 }
 
+// Copies what stands in front of the next character that stops the copying; gives its offset, or the text's
+// length.
+template <typename Stops>
+std::size_t CopyUpTo(std::string& out, std::string_view text, std::size_t from, Stops stops) {
+  from = std::min(from, text.size());
+  std::size_t end = from;
+  while (end < text.size() && !stops(text[end])) ++end;
+  out.append(text.substr(from, end - from));
+  return end;
+}
+
 // KEPT: the string flag survives line ends, so that an unclosed string hides the comments of the lines below
 // it (Tagging.AnUnclosedStringHidesTheCommentsBelow).
 std::string RemoveComments(std::string_view text) {
   std::string out;
   out.reserve(text.size());
+  const auto stops = [](char c) { return c == '"' || c == '\''; };
   bool inString = false;
-  for (std::size_t i = 0; i < text.size(); ++i) {
+  for (std::size_t i = CopyUpTo(out, text, 0, stops); i < text.size();
+       i = CopyUpTo(out, text, i + 1, stops)) {
     if (text[i] == '"') inString = !inString;
     if (text[i] == '\'' && !inString) {
       i = text.find('\r', i);
@@ -41,8 +56,10 @@ std::string RemoveComments(std::string_view text) {
 std::string SplitAtSemicolons(std::string_view text) {
   std::string out;
   out.reserve(text.size() + text.size() / 16);
+  const auto stops = [](char c) { return c == '"' || c == '\r' || c == ';'; };
   bool inString = false;
-  for (std::size_t i = 0; i < text.size(); ++i) {
+  for (std::size_t i = CopyUpTo(out, text, 0, stops); i < text.size();
+       i = CopyUpTo(out, text, i + 1, stops)) {
     const char c = text[i];
     if (c == '"') inString = !inString;
     if (c == '\r') inString = false;
@@ -63,7 +80,9 @@ std::string SplitAtSemicolons(std::string_view text) {
 std::string SpaceOperators(std::string_view text) {
   std::string out;
   out.reserve(text.size() + text.size() / 8);
-  for (std::size_t i = 0; i < text.size(); ++i) {
+  const auto stops = [](char c) { return c == '"' || c == '<' || c == '=' || c == '>'; };
+  for (std::size_t i = CopyUpTo(out, text, 0, stops); i < text.size();
+       i = CopyUpTo(out, text, i + 1, stops)) {
     const char c = text[i];
     const std::string_view pair = text.substr(i, 2);
     if (pair == "<=" || pair == ">=" || pair == "<>") {
