@@ -73,7 +73,12 @@ void AssignmentForm::Assign(Engine& engine, Run& run, const NameForm& target, st
     if (AppendJoined(run, target)) return;
     std::string joined;
     Join(run, joined);
-    run.variables.VarWrite(name, std::move(joined), true);
+    std::string* text = target.Text(run.variables);
+    if (text != nullptr && joined.size() <= VariableStore::kMaxTextLength) {
+      *text = std::move(joined);
+    } else {
+      run.variables.VarWrite(name, std::move(joined), true);
+    }
     return;
   }
   if (kind_ == Kind::Call) {
