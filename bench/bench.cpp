@@ -183,7 +183,7 @@ class Bench {
       const Measured other =
           RunOnce({"python3", "-c",
                    "import sqlite3\nc = sqlite3.connect('" + file + "', isolation_level=None)\n" + work});
-      return "CPython " + std::to_string(other.busy);
+      return "CPython " + std::to_string(static_cast<int>(other.busy)) + " ms";
     };
     table_.Add({"10,000 records inserted", run("fill.tsc").busy, "ms", 0,
                 python("c.execute('PRAGMA synchronous = OFF')\n"
