@@ -16,8 +16,8 @@ set(rows "")
 foreach(drawing IN LISTS drawings)
   get_filename_component(name ${drawing} NAME_WE)
   literal(${drawing} svg)
-  literal(${FOLDER}/${name}.png png)
-  string(APPEND rows "    {\"${name}\", ${svg},\n     ${png}},\n")
+  literal(${FOLDER}/${name}.qoi qoi)
+  string(APPEND rows "    {\"${name}\", ${svg},\n     ${qoi}},\n")
 endforeach()
 file(WRITE ${OUTPUT}
 "#include \"windows/stock_sources.h\"

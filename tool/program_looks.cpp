@@ -7,8 +7,10 @@
 #include "platform/system_reason.h"
 #include "platform/user_folders.h"
 #include "platform/whole_file.h"
+#include "runtime/own_folder.h"
+#include "text/code_page.h"
 #include "windows/icon_picture.h"
-#include "windows/picture_file.h"
+#include "windows/picture_codec.h"
 
 namespace tessera {
 
@@ -16,12 +18,17 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::string_view kPngStart = "\x89PNG";
-
 // A drawing tells so in its first lines.
 bool IsSvg(std::string_view bytes) {
   constexpr std::size_t kFirstLines = 4096;
   return bytes.substr(0, kFirstLines).find("<svg") != std::string_view::npos;
+}
+
+// The largest picture of an icon as a PNG file; what can't be read stays as it is.
+std::string PngOfIcon(PictureCodec& codec, std::string_view icon) {
+  const std::string_view image = LargestIconImage(icon);
+  const PictureRef bitmap = image.starts_with(kPngStart) ? nullptr : DecodeIconBitmap(image);
+  return bitmap ? codec.EncodePng(bitmap->raster) : std::string(image);
 }
 
 // Where the desktop's files lie, and how they are called there.
@@ -52,12 +59,13 @@ std::variant<ProgramIcon, std::string> ReadProgramIcon(const std::string& path) 
     return path + ": o ícone não pode ser lido: " + SystemReason(error->number);
   }
   std::string bytes = std::get<std::string>(std::move(read));
-  if (IsIcon(bytes)) {
-    bytes = LargestIconImage(bytes);
-    const PictureRef bitmap = bytes.starts_with(kPngStart) ? nullptr : DecodeIconBitmap(bytes);
-    if (bitmap) bytes = EncodePng(*bitmap);
+  if (IsIcon(bytes) || bytes.starts_with(kPngStart)) {
+    const FoundCodec found = CodecOfPart(PartFolders())();
+    if (found.codec == nullptr) return path + ": o ícone não pode ser lido: " + ToUtf8(found.problem);
+    if (IsIcon(bytes)) bytes = PngOfIcon(*found.codec, bytes);
+    if (bytes.starts_with(kPngStart) && found.codec->Decode(bytes))
+      return ProgramIcon{std::move(bytes), ".png"};
   }
-  if (bytes.starts_with(kPngStart) && DecodePicture(bytes)) return ProgramIcon{std::move(bytes), ".png"};
   if (IsSvg(bytes)) return ProgramIcon{std::move(bytes), ".svg"};
   return path + ": o ícone não é uma figura PNG, ICO ou SVG que se possa ler";
 }

@@ -10,6 +10,7 @@
 #include "language/statements.h"
 #include "language/words.h"
 #include "runtime/own_folder.h"
+#include "text/one_based.h"
 
 namespace tessera {
 
@@ -22,7 +23,6 @@ constexpr std::array kAlways = {
     NeededPackage{"libqt6core6", "libQt6Core.so.6", "janelas"},
     NeededPackage{"libqt6printsupport6", "libQt6PrintSupport.so.6", "impressão"},
     NeededPackage{"libqt6svg6", "libQt6Svg.so.6", "figuras"},
-    NeededPackage{"libfreeimage3", "libfreeimage.so.3", "figuras"},
     NeededPackage{"libffi8", "libffi.so.8", "funções de bibliotecas"},
     NeededPackage{"libstdc++6", "libstdc++.so.6", "linguagem C++"},
     NeededPackage{"libgcc-s1", "libgcc_s.so.1", "linguagem C++"},
@@ -34,14 +34,27 @@ struct PartRow {
   Topic topic;
   NeededPackage needed;
 };
+constexpr NeededPackage kPictures = {"tessera-picture", "libtessera_picture.so", "arquivos de figuras"};
 constexpr std::array kParts = {
+    PartRow{Topic::Pictures, kPictures},
     PartRow{Topic::Reports, {"tessera-paper", "libtessera_paper.so", "relatórios e impressão"}},
+    PartRow{Topic::Reports, kPictures},
     PartRow{Topic::Printing, {"tessera-paper", "libtessera_paper.so", "relatórios e impressão"}},
     PartRow{Topic::Sql, {"tessera-sql", "libtessera_sql.so", "bancos de dados SQL"}},
     PartRow{Topic::Network, {"tessera-net", "libtessera_net.so", "servidores FTP"}},
     PartRow{Topic::Media, {"tessera-media", "libtessera_media.so", "som, vídeo e câmera"}},
+    PartRow{Topic::Media, kPictures},
     PartRow{Topic::Web, {"tessera-web", "libtessera_web.so", "páginas da internet"}},
 };
+
+// Whether a literal speaks of files of pictures, whatever word takes it.
+bool NamesPicture(std::string_view literal) {
+  constexpr std::array<std::string_view, 7> kExtensions = {".BMP", ".CUR",  ".GIF", ".ICO",
+                                                           ".JPG", ".JPEG", ".PNG"};
+  const std::string upper = Upper(literal);
+  return std::any_of(kExtensions.begin(), kExtensions.end(),
+                     [&](std::string_view extension) { return Contains(upper, extension); });
+}
 
 std::set<Topic> TopicsOf(const EditorTexts& editors) {
   std::set<Topic> topics;
@@ -49,8 +62,10 @@ std::set<Topic> TopicsOf(const EditorTexts& editors) {
   for (const std::string& text : editors) {
     const ScannedText scanned = ScanStatements(text, state);
     for (const Piece& piece : scanned.pieces) {
-      if (piece.kind != PieceKind::Word) continue;
-      if (const Word* word = FindWord(text.substr(piece.begin, piece.size))) topics.insert(word->topic);
+      const std::string_view written = std::string_view(text).substr(piece.begin, piece.size);
+      if (piece.kind == PieceKind::Literal && NamesPicture(written)) topics.insert(Topic::Pictures);
+      const Word* word = piece.kind == PieceKind::Word ? FindWord(written) : nullptr;
+      if (word != nullptr) topics.insert(word->topic);
     }
   }
   return topics;

@@ -543,7 +543,10 @@ void ConsoleHost::LetTimePass(std::chrono::milliseconds time) {
 
 // The script's paths are those of whoever gave it: from the process' own folder.
 std::string ConsoleHost::TakePortrait(std::string_view path) {
-  const int error = SavePng(stage_->Portrait(InHand()), files_, ToUtf8(path));
+  const FoundCodec found = options_.findCodec();
+  if (found.codec == nullptr) return found.problem;
+  const std::string portrait = found.codec->EncodePage(stage_->Portrait(InHand()));
+  const int error = WritePicture(portrait, files_, ToUtf8(path));
   return error == 0 ? std::string() : FromUtf8Lossy(SystemReason(error));
 }
 

@@ -26,6 +26,7 @@
 #include "reports/paper_part.h"
 #include "reports/report_host.h"
 #include "windows/display.h"
+#include "windows/picture_codec.h"
 #include "windows/stage.h"
 
 namespace tessera {
@@ -51,6 +52,8 @@ struct ConsoleOptions {
   // Paints texts on surfaces, loaded when the first is printed; it outlives the host. Without it they leave
   // no pixels.
   reports::PaperPart* paper = nullptr;
+  // Asked at the first portrait.
+  PictureCodecFinder findCodec = NoPictureCodec;
 };
 
 inline constexpr int kFaultyScriptStatus = 3;

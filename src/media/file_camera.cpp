@@ -24,7 +24,7 @@ bool FileCamera::Connect() {
 PictureRef FileCamera::Grab() {
   while (!pictures_.empty()) {
     next_ %= pictures_.size();
-    if (PictureRef picture = LoadPicture(files_, pictures_[next_])) {
+    if (PictureRef picture = LoadPicture(codec_, files_, pictures_[next_])) {
       ++next_;
       return picture;
     }

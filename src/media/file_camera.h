@@ -8,18 +8,26 @@
 #include "media/camera.h"
 #include "platform/file_store.h"
 
+namespace tessera {
+
+class PictureCodec;
+
+}  // namespace tessera
+
 namespace tessera::media {
 
 class FileCamera final : public Camera {
  public:
-  // By the system's path. The store outlives the camera.
-  FileCamera(FileStore& files, std::string path) : files_(files), path_(std::move(path)) {}
+  // By the system's path. The codec and the store outlive the camera.
+  FileCamera(PictureCodec& codec, FileStore& files, std::string path)
+      : codec_(codec), files_(files), path_(std::move(path)) {}
 
   bool Connect() override;
   PictureRef Grab() override;
   void Disconnect() override { pictures_.clear(); }
 
  private:
+  PictureCodec& codec_;
   FileStore& files_;
   std::string path_;
   std::vector<std::string> pictures_;  // those not found wanting; empty while it is not connected

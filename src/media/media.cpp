@@ -52,7 +52,11 @@ std::unique_ptr<Microphone> Media::NewMicrophone() {
 }
 
 std::unique_ptr<Camera> Media::NewCamera() {
-  if (!services_.camera.empty()) return std::make_unique<FileCamera>(run_.host.files, services_.camera);
+  if (!services_.camera.empty()) {
+    PictureCodec* const codec = pictures_.Codec();
+    if (codec == nullptr) return nullptr;
+    return std::make_unique<FileCamera>(*codec, run_.host.files, services_.camera);
+  }
   MediaMachine* const machine = Machine();
   return machine == nullptr ? nullptr : machine->NewCamera();
 }

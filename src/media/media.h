@@ -14,6 +14,7 @@
 #include "media/player.h"
 #include "media/sound_files.h"
 #include "values/run.h"
+#include "windows/shared_pictures.h"
 
 namespace tessera::media {
 
@@ -27,8 +28,9 @@ struct MediaServices {
 
 class Media {
  public:
-  // The run outlives it.
-  Media(Run& run, MediaServices services) : run_(run), services_(std::move(services)) {}
+  // Both outlive it.
+  Media(Run& run, SharedPictures& pictures, MediaServices services)
+      : run_(run), pictures_(pictures), services_(std::move(services)) {}
   Media(const Media&) = delete;
   Media& operator=(const Media&) = delete;
 
@@ -58,6 +60,7 @@ class Media {
   MediaMachine* Machine();
 
   Run& run_;
+  SharedPictures& pictures_;
   MediaServices services_;
   Part sounds_;
   Part machine_;

@@ -137,9 +137,12 @@ void WebCam::Tick() {
 void WebCam::SaveStill(const Picture& picture) {
   const std::string place = run_.paths.SystemPath(OutputPath_ + FiveDigits(FrameNumber_));
   FileStore& files = run_.host.files;
+  PictureCodec* const codec = windows_.pictures.Codec();
+  if (codec == nullptr) return;
   const std::string bitmap = place + ".bmp";
-  if (SaveBitmap(picture.raster, files, bitmap) != 0) return;
-  const int error = SaveJpeg(picture.raster, std::clamp<int>(JpegQuality_, 1, 100), files, place + ".jpg");
+  if (SavePicture(codec->EncodeBitmap(picture.raster), files, bitmap) != 0) return;
+  const std::string jpeg = codec->EncodeJpeg(picture.raster, std::clamp<int>(JpegQuality_, 1, 100));
+  const int error = SavePicture(jpeg, files, place + ".jpg");
   files.Remove(bitmap);
   if (error == 0) ++FrameNumber_;
 }

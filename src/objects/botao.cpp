@@ -206,8 +206,7 @@ void Botao::SetPicture(BotaoControl& button, std::string_view argument) {
   if (number != kNoStockNumber) {
     return button.SetPicture(windows().pictures.Stock(StockKind::Figure, number));
   }
-  if (PictureRef picture = windows().pictures.OfFile(run(), name))
-    return button.SetPicture(std::move(picture));
+  if (PictureRef picture = windows().pictures.OfFile(name)) return button.SetPicture(std::move(picture));
   ShowCritical(
       run(),
       std::string("Erro ao carregar figura, caminho não encontrado!\r"_w).append(SourcePositionText(run())));
@@ -241,7 +240,7 @@ Value Botao::EstiloBotao(const WordCall& call) {
 
 template <PictureRef ButtonSkin::*picture>
 void Botao::SetStylePicture(Botao& family, ButtonSkin& skin, const ArgumentView& values) {
-  skin.*picture = family.windows().pictures.OfFile(family.run(), values.Text("valor"));
+  skin.*picture = family.windows().pictures.OfFile(values.Text("valor"));
 }
 
 template <Colour ButtonSkin::*colour>

@@ -110,8 +110,8 @@ constexpr SuffixRow kSuffixes[] = {
 
 // The control
 
-GifControl::GifControl(Form& form, ControlEvents& events, int index, Kind kind)
-    : Control(form, events, index, {}), kind_(kind) {
+GifControl::GifControl(Form& form, ControlEvents& events, int index, Kind kind, SharedPictures& pictures)
+    : Control(form, events, index, {}), kind_(kind), pictures_(pictures) {
   if (LiesBehind()) SetZOrder(ZOrder::Back);
 }
 
@@ -198,9 +198,10 @@ bool GifControl::DrawOn(Raster& face) const {
     for (int y = 0; y < size.height; ++y) face.Fill({.y = y, .left = 0, .right = size.width - 1}, ground);
   }
   if (!film_) return true;
-  if (film_->Seen().size() == size) {
+  PictureCodec* const codec = film_->Seen().size() == size ? nullptr : pictures_.SilentCodec();
+  if (codec == nullptr) {
     face.Lay(film_->Seen(), 0, 0);
-  } else if (const PictureRef scaled = Rescaled({.raster = film_->Seen()}, size)) {
+  } else if (const PictureRef scaled = codec->Rescale({.raster = film_->Seen()}, size)) {
     face.Lay(scaled->raster, 0, 0);
   }
   return true;
@@ -217,7 +218,8 @@ std::string GifAnimado::ArrayFor(const Arguments& arguments) {
 
 std::shared_ptr<Control> GifAnimado::NewControl(Form& form, std::string_view array, int index) {
   return std::make_shared<GifControl>(
-      form, *this, index, array == kAniGif ? GifControl::Kind::Floating : GifControl::Kind::Placed);
+      form, *this, index, array == kAniGif ? GifControl::Kind::Floating : GifControl::Kind::Placed,
+      windows().pictures);
 }
 
 void GifAnimado::Create(Control& control, ObjectRow&, const Arguments& arguments) {
@@ -235,7 +237,7 @@ void GifAnimado::SetImage(GifControl& gif, const std::string& name) {
       return gif.SetAnimation(windows().pictures.StockAnimation(number));
     return ShowCritical(run(), "Gif inválido para tipo = 1 (flutuante)!"_w);
   }
-  if (AnimationRef animation = windows().pictures.AnimationOfFile(run(), name))
+  if (AnimationRef animation = windows().pictures.AnimationOfFile(name))
     return gif.SetAnimation(std::move(animation));
   ShowCritical(run(), std::string("Caminho do gif animado não encontrado:\r"_w).append(name));
 }

@@ -15,11 +15,14 @@
 
 namespace tessera {
 
+class SharedPictures;
+
 class GifControl final : public Control {
  public:
   enum class Kind { Placed = 0, Floating = 1 };
 
-  GifControl(Form& form, ControlEvents& events, int index, Kind kind);
+  // The pictures outlive it.
+  GifControl(Form& form, ControlEvents& events, int index, Kind kind, SharedPictures& pictures);
 
   Kind kind() const { return kind_; }
 
@@ -65,6 +68,7 @@ class GifControl final : public Control {
   bool MayBeginAnew();
 
   Kind kind_;
+  SharedPictures& pictures_;
   std::optional<Film> film_;
   bool stretch_ = false;
   std::optional<std::int32_t> loop_;

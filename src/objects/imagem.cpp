@@ -94,7 +94,7 @@ Value TamanhoPonto(const SuffixCall& call) {
 }
 
 Value MouseIcone(const SuffixCall& call) {
-  SurfaceOf(call).SetMouseIcon(call.frame.windows().pictures.OfFile(call.run, call.Text()));
+  SurfaceOf(call).SetMouseIcon(call.frame.windows().pictures.OfFile(call.Text()));
   return {};
 }
 
@@ -112,7 +112,9 @@ Value Redimensiona(const SuffixCall& call) {
   const PictureRef& picture = control.surface().Background();
   if (!picture) return {};
   const Size size{RoundToInteger(place.Width), RoundToInteger(place.Height)};
-  if (const PictureRef scaled = Rescaled(*picture, size)) control.surface().PaintPicture(scaled, {0, 0});
+  PictureCodec* const codec = call.frame.windows().pictures.Codec();
+  const PictureRef scaled = codec == nullptr ? nullptr : codec->Rescale(*picture, size);
+  if (scaled) control.surface().PaintPicture(scaled, {0, 0});
   return {};
 }
 
@@ -151,11 +153,12 @@ Value SalvaFigura(const SuffixCall& call) {
   const Raster image = SurfaceOf(call).InSight();
   const Value told = call.Nth("qualidade");
   const std::int32_t quality = told.IsNumeric() ? told.ToInteger() : 0;
-  FileStore& files = call.run.host.files;
-  const int error =
-      isJpeg ? SaveJpeg(image, quality == 0 ? kUsualQuality : std::clamp(quality, 1, 100), files, file)
-             : SaveBitmap(image, files, file);
-  if (error != 0) Fail(kDiskFailure);
+  PictureCodec* const codec = call.frame.windows().pictures.Codec();
+  if (codec == nullptr) Fail(kDiskFailure);
+  const std::string bytes =
+      isJpeg ? codec->EncodeJpeg(image, quality == 0 ? kUsualQuality : std::clamp(quality, 1, 100))
+             : codec->EncodeBitmap(image);
+  if (SavePicture(bytes, call.run.host.files, file) != 0) Fail(kDiskFailure);
   return {};
 }
 

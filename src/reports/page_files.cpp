@@ -89,9 +89,11 @@ void PageFiles::Sweep() {
 }
 
 void PageFiles::Save(int number, const Raster& page) {
+  PictureCodec* const codec = pictures_.Codec();
+  if (codec == nullptr) return;
   FileStore& files = run_.host.files;
   const std::string path = PathOf(PageName(number));
-  if (const int error = SavePng(page, files, path)) FailOpening(files, path, error);
+  if (const int error = WritePicture(codec->EncodePage(page), files, path)) FailOpening(files, path, error);
   saved_ = std::max(saved_, number);
 }
 

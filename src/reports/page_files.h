@@ -9,19 +9,22 @@
 #include "platform/file_store.h"
 #include "values/run.h"
 #include "windows/raster.h"
+#include "windows/shared_pictures.h"
 
 namespace tessera::reports {
 
 class PageFiles {
  public:
-  explicit PageFiles(Run& run) : run_(run) {}
+  // Both outlive it.
+  PageFiles(Run& run, SharedPictures& pictures) : run_(run), pictures_(pictures) {}
   ~PageFiles() { Remove(); }
   PageFiles(const PageFiles&) = delete;
   PageFiles& operator=(const PageFiles&) = delete;
 
   // Makes the folder, failures ignored, sweeps it and draws a prefix. The pages of the prefix before go.
   void Begin();
-  // Writes page `number`. Failure where the disk refuses it.
+  // Writes page `number`. Failure where the disk refuses it. OPEN: where there is no codec, behind its box,
+  // the report goes on without files of its pages.
   void Save(int number, const Raster& page);
   // Removes the pages, and the folder where nothing is left in it.
   void Remove();
@@ -33,6 +36,7 @@ class PageFiles {
   bool TakePrefix();
 
   Run& run_;
+  SharedPictures& pictures_;
   std::string folder_;
   std::string prefix_;  // empty between reports
   int saved_ = 0;

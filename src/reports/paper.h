@@ -27,12 +27,16 @@ struct PaperServices {
 
 class Paper {
  public:
-  // The run outlives it.
-  Paper(Run& run, PaperServices services);
+  // Both outlive it.
+  Paper(Run& run, SharedPictures& sharedPictures, PaperServices services);
 
   struct Tools {
-    Tools(Run& run, PagePainter& pagePainter, ReportHost& host, const std::string& given)
-        : painter(pagePainter), measures(pagePainter), printer(run, measures, pagePainter, host, given) {}
+    Tools(Run& run, SharedPictures& sharedPictures, PagePainter& pagePainter, ReportHost& host,
+          const std::string& given)
+        : painter(pagePainter),
+          measures(pagePainter),
+          printer(run, measures, pagePainter, host, given),
+          pictures(run, sharedPictures) {}
 
     PagePainter& painter;
     TextMeasures measures;
@@ -53,6 +57,7 @@ class Paper {
   Tools* Load();
 
   Run& run_;
+  SharedPictures& pictures_;
   PaperServices services_;
   PaperPart part_;
   bool isMissingTold_ = false;

@@ -76,7 +76,7 @@ void PrintCommands::Escreva(Paper::Tools& tools, const ArgumentView& arguments) 
 }
 
 void PrintCommands::Desenhe(Paper::Tools& tools, const ArgumentView& arguments) {
-  const PictureRef picture = tools.pictures.Load(run_, arguments.Text("arquivo"));
+  const PictureRef picture = tools.pictures.Load(arguments.Text("arquivo"));
   tools.printer.PaintPicture(picture, {double(PrinterColumn_), double(PrinterRow_)});
 }
 

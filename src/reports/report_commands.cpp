@@ -79,7 +79,7 @@ Value ReportCommands::TestaFimPagWord(const WordCall& call) {
 // The report in work; while its preview is open nobody else has it.
 XRelatorio& ReportCommands::Report(Paper::Tools& tools) {
   if (isPreviewOpen_) FailArgument();
-  if (!report_) report_.emplace(run_, tools.painter, tools.measures, tools.printer);
+  if (!report_) report_.emplace(run_, tools.painter, tools.measures, tools.printer, windows_.pictures);
   return *report_;
 }
 
@@ -122,7 +122,7 @@ void ReportCommands::Linha(Paper::Tools& tools, const ArgumentView& arguments) {
 }
 
 void ReportCommands::Img(Paper::Tools& tools, const ArgumentView& arguments) {
-  const PictureRef picture = tools.pictures.Load(run_, arguments.Text("arquivo"));
+  const PictureRef picture = tools.pictures.Load(arguments.Text("arquivo"));
   const std::int16_t x = arguments.Number("x").ToShort();
   const bool advances = arguments.IsEmpty("avança") || arguments.Word("avança") == "SIM";
   Report(tools).Imagem(picture, x, advances);

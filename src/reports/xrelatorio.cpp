@@ -35,13 +35,14 @@ Page PagePicture::Take() {
   return std::exchange(page_, {});
 }
 
-XRelatorio::XRelatorio(Run& run, PagePainter& painter, TextMeasures& measures, Printer& printer)
+XRelatorio::XRelatorio(Run& run, PagePainter& painter, TextMeasures& measures, Printer& printer,
+                       SharedPictures& pictures)
     : run_(run),
       painter_(painter),
       printer_(printer),
       PicXRel_(measures),
       nowhere_(measures),
-      files_(run),
+      files_(run, pictures),
       raster_(kPagePixels) {}
 
 PaperSurface& XRelatorio::Output() const {

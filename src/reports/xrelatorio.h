@@ -45,7 +45,8 @@ class PagePicture final : public PaperSurface {
 class XRelatorio {
  public:
   // All outlive it.
-  XRelatorio(Run& run, PagePainter& painter, TextMeasures& measures, Printer& printer);
+  XRelatorio(Run& run, PagePainter& painter, TextMeasures& measures, Printer& printer,
+             SharedPictures& pictures);
 
   // Begins a report; `stored` is the range of a printer pass. Failure 482 where there is no printer: then all
   // that follows is laid out and drawn nowhere, and `Finaliza` fails as well.

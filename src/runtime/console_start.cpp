@@ -27,7 +27,8 @@ int RunOnStreams(const ProgramStart& start, Stage* stage) {
   ConsoleOptions options{.programTitle = start.program.name,
                          .answerCancel = start.answerCancel,
                          .stage = stage,
-                         .paper = &paper};
+                         .paper = &paper,
+                         .findCodec = CodecOfPart(PartFolders())};
   if (isatty(STDERR_FILENO) != 0)
     options.placeOf = [&start](std::string_view text) { return FilePlace(start.files, text); };
   ConsoleHost host(streams, std::move(options));

@@ -7,6 +7,7 @@
 #include "platform/system_reason.h"
 #include "runtime/own_folder.h"
 #include "text/code_page.h"
+#include "windows/picture_codec.h"
 
 namespace tessera {
 
@@ -26,7 +27,9 @@ std::string ProblemOfCamera(const std::string& path) {
   SystemFiles files;
   int error = 0;
   if (!files.IsFolder(path) && !files.IsFile(path, error)) return SystemReason(error == 0 ? ENOENT : error);
-  media::FileCamera camera(files, path);
+  const FoundCodec found = CodecOfPart(PartFolders())();
+  if (found.codec == nullptr) return ToUtf8(found.problem);
+  media::FileCamera camera(*found.codec, files, path);
   camera.Connect();
   return camera.Grab() ? "" : "não há ali uma figura que se conheça (BMP, GIF, ICO, JPEG ou PNG)";
 }

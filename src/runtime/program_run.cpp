@@ -33,13 +33,13 @@ namespace tessera {
 
 // The rooms that stand on a display.
 struct ProgramRun::Windowed {
-  Windowed(ProgramRun& program, Display& display)
-      : janela(program.commands, program.run, program.engine, display),
+  Windowed(ProgramRun& program, Display& display, const PictureCodecFinder& findCodec)
+      : janela(program.commands, program.run, program.engine, display, findCodec),
         objects(program.commands, program.run, janela.windows(), display),
-        wallpaper(program.commands, program.run, display),
+        wallpaper(program.commands, program.run, display, janela.windows().pictures),
         transicao(program.commands, janela.windows()),
         tray(program.commands, janela.windows(), display),
-        paper(program.run, program.paperServices_),
+        paper(program.run, janela.windows().pictures, program.paperServices_),
         reports(program.commands, program.run, paper, janela.windows(), display),
         prints(program.commands, program.run, paper),
         media(program.commands, program.run, objects.frame(), program.mediaServices_),
@@ -111,7 +111,7 @@ ProgramRun::ProgramRun(const ProgramStart& start, const Services& services)
   BindFolderCommands(commands);
   BindIconCommands(commands);
   if (display_ == nullptr) return;
-  windowed_ = std::make_unique<Windowed>(*this, *display_);
+  windowed_ = std::make_unique<Windowed>(*this, *display_, services.findCodec);
   windowed_->janela.StartAs(services.startForm);
 }
 

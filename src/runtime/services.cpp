@@ -15,6 +15,7 @@ Services UserServices(const Host& host, Display* display, const Listeners& liste
           .dataFolder = SystemDataFolder(std::getenv("XDG_DATA_HOME"), std::getenv("HOME")),
           .machine = MachineCommands::UserPlaces(start.isFinished),
           .partFolders = PartFolders(),
+          .findCodec = CodecOfPart(PartFolders()),
           .reportHost = &listeners.reports,
           .printer = start.printer,
           .mediaHost = &listeners.media,

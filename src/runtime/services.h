@@ -13,6 +13,7 @@
 #include "reports/report_host.h"
 #include "runtime/program_start.h"
 #include "windows/display.h"
+#include "windows/picture_codec.h"
 
 namespace tessera {
 
@@ -32,6 +33,8 @@ struct Services {
   MachineCommands::Places machine;
   // Where the system's parts may lie (own_folder.h).
   std::vector<std::filesystem::path> partFolders = {};
+  // Asked at the first file of a picture.
+  PictureCodecFinder findCodec = NoPictureCodec;
   // What the host makes of reports; none hears of them.
   reports::ReportHost* reportHost = nullptr;
   // The printer that whoever started the program gave it (program_start.h).

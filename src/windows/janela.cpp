@@ -44,8 +44,9 @@ constexpr std::string_view kBorderlessWord = "SemBorda";
 
 }  // namespace
 
-Janela::Janela(CommandTable& table, Run& run, Engine& engine, Display& display)
-    : ProgramWindow(run, OwnedWindows::model),
+Janela::Janela(CommandTable& table, Run& run, Engine& engine, Display& display, PictureCodecFinder pictures)
+    : OwnedWindows(run, std::move(pictures)),
+      ProgramWindow(run, OwnedWindows::model),
       engine_(engine),
       display_(display),
       command_(table, run, display, windows_),

@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <string_view>
+#include <utility>
 
 #include "commands/command_table.h"
 #include "engine/engine.h"
@@ -28,13 +29,15 @@ enum class RunOutcome {
 
 // The table of windows stands before the windows that take themselves out of it when they go.
 struct OwnedWindows {
+  OwnedWindows(Run& run, PictureCodecFinder pictures) : model(run, std::move(pictures)) {}
+
   WindowModel model;
 };
 
 class Janela final : private OwnedWindows, public ProgramWindow {
  public:
   // All outlive the window, which binds its own command.
-  Janela(CommandTable& table, Run& run, Engine& engine, Display& display);
+  Janela(CommandTable& table, Run& run, Engine& engine, Display& display, PictureCodecFinder pictures);
   ~Janela() override;
 
   WindowModel& windows() { return windows_; }

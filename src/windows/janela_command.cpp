@@ -106,7 +106,7 @@ void JanelaCommand::OnTimer3() {
 }
 
 void JanelaCommand::MouseIcone(const ArgumentView& values) {
-  SetMouseIcone(run_, windows_, values.Text("arquivo"));
+  SetMouseIcone(windows_, values.Text("arquivo"));
 }
 
 void JanelaCommand::Resolucao(const ArgumentView& values) {

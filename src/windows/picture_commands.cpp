@@ -30,7 +30,7 @@ std::optional<PixelPoint> PlaceOf(const WindowModel& windows, const ArgumentView
 // False where the file is missing, behind its box.
 bool ShowFile(Run& run, WindowModel& windows, Form& window, const std::string& path,
               const std::optional<PixelPoint>& place) {
-  PictureRef picture = windows.pictures.OfFile(run, path);
+  PictureRef picture = windows.pictures.OfFile(path);
   if (!picture) {
     ShowCritical(run, std::string("Fundo - Arquivo de imagem não encontrado:"_w).append(kCrLf).append(path));
     return false;
@@ -68,7 +68,7 @@ bool TryFundo(Run& run, WindowModel& windows, Form& window, const ArgumentView& 
 
 Value Icone(WindowModel& windows, const WordCall& call) {
   const Arguments arguments(call);
-  windows.CurrentForm->SetIcon(windows.pictures.OfFile(call.run, arguments.Text("arquivo")));
+  windows.CurrentForm->SetIcon(windows.pictures.OfFile(arguments.Text("arquivo")));
   return {};
 }
 
@@ -87,7 +87,7 @@ PictureRef PictureByName(Run& run, WindowModel& windows, const std::string& name
 
 PictureRef FigureOfFile(Run& run, WindowModel& windows, const std::string& path) {
   if (path.empty()) return nullptr;
-  PictureRef picture = windows.pictures.OfFile(run, path);
+  PictureRef picture = windows.pictures.OfFile(path);
   if (!picture) ShowCritical(run, std::string("Caminho da figura não encontrado:\r"_w).append(path));
   return picture;
 }
@@ -101,8 +101,8 @@ void SetFundo(Run& run, WindowModel& windows, Form& window, const ArgumentView& 
   }
 }
 
-void SetMouseIcone(Run& run, WindowModel& windows, std::string_view path) {
-  windows.CurrentForm->SetMouseIcon(windows.pictures.OfFile(run, path));
+void SetMouseIcone(WindowModel& windows, std::string_view path) {
+  windows.CurrentForm->SetMouseIcon(windows.pictures.OfFile(path));
 }
 
 void BindPictureCommands(CommandTable& table, WindowModel& windows) {

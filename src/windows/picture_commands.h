@@ -27,7 +27,7 @@ enum class StockNames { Known, Unknown };
 void SetFundo(Run& run, WindowModel& windows, Form& window, const ArgumentView& values, StockNames stock);
 
 // The cursor of the current window from a file: "MOUSEICONE".
-void SetMouseIcone(Run& run, WindowModel& windows, std::string_view path);
+void SetMouseIcone(WindowModel& windows, std::string_view path);
 
 // `Icone`.
 void BindPictureCommands(CommandTable& table, WindowModel& windows);

@@ -23,16 +23,6 @@ std::optional<std::string> BytesOf(Run& run, std::string_view path) {
   return bytes;
 }
 
-template <typename T, typename Decode>
-std::shared_ptr<const T> Share(Shared<std::pair<std::size_t, std::size_t>, T>& shared,
-                               const std::optional<std::string>& bytes, Decode decode) {
-  if (!bytes) return nullptr;
-  auto found = shared.Find({bytes->size(), std::hash<std::string_view>{}(*bytes)},
-                           [&] { return decode(std::string_view(*bytes)); });
-  if (!found) Fail(kNoPicture);
-  return found;
-}
-
 PictureRef WithoutKey(const PictureRef& picture) {
   const Raster& from = picture->raster;
   const Size size = from.size();
@@ -48,12 +38,36 @@ PictureRef WithoutKey(const PictureRef& picture) {
 
 }  // namespace
 
-PictureRef SharedPictures::OfFile(Run& run, std::string_view path) {
-  return Share(pictures_, BytesOf(run, path), DecodePicture);
+PictureCodec* SharedPictures::SilentCodec() {
+  if (findCodec_) found_ = std::exchange(findCodec_, nullptr)();
+  return found_.codec;
 }
 
-AnimationRef SharedPictures::AnimationOfFile(Run& run, std::string_view path) {
-  return Share(animations_, BytesOf(run, path), DecodeAnimation);
+PictureCodec* SharedPictures::Codec() {
+  PictureCodec* const codec = SilentCodec();
+  if (codec == nullptr && !std::exchange(isProblemTold_, true)) ShowCritical(run_, found_.problem);
+  return codec;
+}
+
+template <typename T, typename Decode>
+std::shared_ptr<const T> SharedPictures::Share(Shared<Content, T>& shared, std::string_view path,
+                                               Decode decode) {
+  const std::optional<std::string> bytes = BytesOf(run_, path);
+  if (!bytes) return nullptr;
+  PictureCodec* const codec = Codec();
+  if (codec == nullptr) Fail(kNoPicture);
+  auto found = shared.Find({bytes->size(), std::hash<std::string_view>{}(*bytes)},
+                           [&] { return decode(*codec, *bytes); });
+  if (!found) Fail(kNoPicture);
+  return found;
+}
+
+PictureRef SharedPictures::OfFile(std::string_view path) {
+  return Share(pictures_, path, DecodePicture);
+}
+
+AnimationRef SharedPictures::AnimationOfFile(std::string_view path) {
+  return Share(animations_, path, DecodeAnimation);
 }
 
 PictureRef SharedPictures::Stock(StockKind kind, std::int32_t number) {

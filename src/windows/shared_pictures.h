@@ -14,6 +14,7 @@
 #include "values/run.h"
 #include "windows/animation.h"
 #include "windows/picture.h"
+#include "windows/picture_codec.h"
 #include "windows/stock_pictures.h"
 
 namespace tessera {
@@ -42,10 +43,18 @@ class Shared {
 
 class SharedPictures {
  public:
+  // The run outlives it.
+  SharedPictures(Run& run, PictureCodecFinder findCodec) : run_(run), findCodec_(std::move(findCodec)) {}
+
+  // The codec, sought at the first call. Null where there is none; then the run's first `Codec` tells why in
+  // a box.
+  PictureCodec* Codec();
+  PictureCodec* SilentCodec();
+
   // The picture of a file as a program names it; null where `ResolveFile` finds none. Failure 481 for a file
   // that holds no picture. FAST: a file with the bytes of a picture that lives is that picture.
-  PictureRef OfFile(Run& run, std::string_view path);
-  AnimationRef AnimationOfFile(Run& run, std::string_view path);
+  PictureRef OfFile(std::string_view path);
+  AnimationRef AnimationOfFile(std::string_view path);
 
   PictureRef Stock(StockKind kind, std::int32_t number);
   AnimationRef StockAnimation(std::int32_t number);
@@ -58,6 +67,13 @@ class SharedPictures {
   using Content = std::pair<std::size_t, std::size_t>;  // the length and the hash of a file's bytes
   using StockNumbered = std::pair<StockKind, std::int32_t>;
 
+  template <typename T, typename Decode>
+  std::shared_ptr<const T> Share(Shared<Content, T>& shared, std::string_view path, Decode decode);
+
+  Run& run_;
+  PictureCodecFinder findCodec_;  // none once it was asked
+  FoundCodec found_;
+  bool isProblemTold_ = false;
   Shared<Content, Picture> pictures_;
   Shared<Content, Animation> animations_;
   Shared<StockNumbered, Picture> stock_;

@@ -7,7 +7,7 @@
 
 #include "text/number.h"
 #include "text/one_based.h"
-#include "windows/picture_file.h"
+#include "windows/stock_pixels.h"
 #include "windows/stock_sources.h"
 
 namespace tessera {
@@ -43,9 +43,7 @@ PictureRef Load(const std::string& name) {
   const auto found =
       std::find_if(sources.begin(), sources.end(), [&](const StockSource& s) { return s.name == name; });
   if (found == sources.end()) return nullptr;
-  Picture picture = *DecodePicture(found->png);
-  picture.vector = found->svg;
-  return std::make_shared<const Picture>(std::move(picture));
+  return std::make_shared<const Picture>(Picture{.raster = StockPixels(found->qoi), .vector = found->svg});
 }
 
 }  // namespace

@@ -9,7 +9,7 @@ namespace tessera {
 struct StockSource {
   std::string_view name;
   std::string_view svg;
-  std::string_view png;  // its pixels, of which all hosts show and read the same
+  std::string_view qoi;  // its pixels (stock_pixels.h), of which all hosts show and read the same
 };
 
 std::span<const StockSource> StockSources();

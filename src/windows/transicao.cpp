@@ -65,7 +65,7 @@ Value Transicao::Do(const WordCall& call) {
 }
 
 void Transicao::Load(Run& run, const std::string& path, PictureRef& into, std::string_view which) {
-  PictureRef picture = windows_.pictures.OfFile(run, path);
+  PictureRef picture = windows_.pictures.OfFile(path);
   if (picture) {
     into = std::move(picture);
     return;

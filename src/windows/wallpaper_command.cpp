@@ -15,16 +15,16 @@ constexpr long kNoFile = 53;
 constexpr long kNoPicture = 481;
 constexpr std::size_t kExtension = 3;
 
-PictureRef PictureAt(FileStore& files, const std::string& file) {
-  PictureRef picture = LoadPicture(files, file);
+PictureRef PictureAt(PictureCodec& codec, FileStore& files, const std::string& file) {
+  PictureRef picture = LoadPicture(codec, files, file);
   if (!picture) Fail(IsFile(files, file) ? kNoPicture : kNoFile);
   return picture;
 }
 
 }  // namespace
 
-WallpaperCommand::WallpaperCommand(CommandTable& table, Run& run, Desktop& desktop)
-    : run_(run), desktop_(desktop) {
+WallpaperCommand::WallpaperCommand(CommandTable& table, Run& run, Desktop& desktop, SharedPictures& pictures)
+    : run_(run), desktop_(desktop), pictures_(pictures) {
   constexpr MemberRow<WallpaperCommand> kRows[] = {{"MudaPapel", &WallpaperCommand::MudaPapel}};
   Bind(table, kRows, *this);
 }
@@ -38,7 +38,10 @@ Value WallpaperCommand::MudaPapel(const WordCall& call) {
   }
   const std::string copy = run_.paths.SystemPath(run_.RuntimeFolderText + "Temp.bmp");
   FileStore& files = run_.host.files;
-  if (SaveBitmap(PictureAt(files, file)->raster, files, copy) != 0) return {};
+  PictureCodec* const codec = pictures_.Codec();
+  if (codec == nullptr) Fail(kNoPicture);
+  const std::string bitmap = codec->EncodeBitmap(PictureAt(*codec, files, file)->raster);
+  if (SavePicture(bitmap, files, copy) != 0) return {};
   run_.host.events.ProcessEvents();
   Change(copy);
   run_.host.events.ProcessEvents();

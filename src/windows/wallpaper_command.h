@@ -6,13 +6,14 @@
 #include "commands/command_table.h"
 #include "values/run.h"
 #include "windows/screen.h"
+#include "windows/shared_pictures.h"
 
 namespace tessera {
 
 class WallpaperCommand {
  public:
   // All outlive the command, and the command lives as long as the table is used.
-  WallpaperCommand(CommandTable& table, Run& run, Desktop& desktop);
+  WallpaperCommand(CommandTable& table, Run& run, Desktop& desktop, SharedPictures& pictures);
   WallpaperCommand(const WallpaperCommand&) = delete;
   WallpaperCommand& operator=(const WallpaperCommand&) = delete;
 
@@ -25,6 +26,7 @@ class WallpaperCommand {
 
   Run& run_;
   Desktop& desktop_;
+  SharedPictures& pictures_;
   std::string outcome_;
 };
 

@@ -35,11 +35,7 @@ void ActivationOrder::Remove(const ProgramWindow& window) {
 }
 
 void WindowModel::Reset(Form& mainWindow, ProgramWindow& owner) {
-  WindowObjects* const keptObjects = objects;
-  WindowParts* const keptTray = trayParts;
-  *this = {};
-  objects = keptObjects;
-  trayParts = keptTray;
+  static_cast<WindowTable&>(*this) = {};
   if (objects != nullptr) {
     objects->Reset();
     objects->LoadStanding(mainWindow);
@@ -49,7 +45,7 @@ void WindowModel::Reset(Form& mainWindow, ProgramWindow& owner) {
   slots[0] = {&mainWindow, CurrentWindowName, &owner};
 }
 
-Surface& WindowModel::DrawingTarget() const {
+Surface& WindowTable::DrawingTarget() const {
   const std::shared_ptr<Surface> used = usedSurface_.lock();
   return used ? *used : *CurrentForm;
 }

@@ -53,7 +53,8 @@ class WindowParts {
   virtual PersonObject* FindPart(std::string_view name) = 0;
 };
 
-struct WindowModel final : WindowDirectory {
+// What starts anew with the main window.
+struct WindowTable {
   static constexpr std::size_t kSlots = 20;  // slot 0 is the main window's
 
   std::array<WindowSlot, kSlots> slots;
@@ -64,9 +65,10 @@ struct WindowModel final : WindowDirectory {
 
   ActivationOrder activation;
   std::vector<Form*> modal;           // the modal windows, the one in hand last
-  WindowParts* trayParts = nullptr;   // the menu of the icon in the tray
   WindowParts* modalParts = nullptr;  // of the last one, where it is the system's own
 
+  static constexpr std::int16_t kTamLin = 14;
+  static constexpr std::int16_t kTamCol = 8;
   // Pixels of a line and of a column.
   std::int16_t TamLin = kTamLin;
   std::int16_t TamCol = kTamCol;
@@ -74,19 +76,26 @@ struct WindowModel final : WindowDirectory {
   std::int16_t PrintColumnPixels = 0;
   std::int16_t PrintLinePixels = 0;
 
+  EventState events;
+  bool FixedWindow = false;  // the main window may not stay maximised
+
   // The surface that drawing commands use in place of the current window, as long as it lives.
   void UseSurface(std::weak_ptr<Surface> surface) { usedSurface_ = std::move(surface); }
   // What drawing commands draw on and read.
   std::shared_ptr<Surface> UsedSurface() const { return usedSurface_.lock(); }
   Surface& DrawingTarget() const;
 
-  SharedPictures pictures;
-  EventState events;
-  WindowObjects* objects = nullptr;  // none in a run without object commands
-  bool FixedWindow = false;          // the main window may not stay maximised
+ private:
+  std::weak_ptr<Surface> usedSurface_;
+};
 
-  static constexpr std::int16_t kTamLin = 14;
-  static constexpr std::int16_t kTamCol = 8;
+struct WindowModel final : WindowTable, WindowDirectory {
+  // The run outlives it.
+  WindowModel(Run& run, PictureCodecFinder findCodec) : pictures(run, std::move(findCodec)) {}
+
+  SharedPictures pictures;
+  WindowObjects* objects = nullptr;  // none in a run without object commands
+  WindowParts* trayParts = nullptr;  // the menu of the icon in the tray
 
   // Empties the table, puts the main window into slot 0 and makes it the current one; grid, cursor and events
   // start anew.
@@ -105,9 +114,6 @@ struct WindowModel final : WindowDirectory {
   void OnLineDone() const override;
   // At each yield of the program.
   void OnYield() const;
-
- private:
-  std::weak_ptr<Surface> usedSurface_;
 };
 
 }  // namespace tessera

@@ -125,12 +125,12 @@ void Rtf(std::string_view bytes) {
 }
 
 void Pictures(std::string_view bytes) {
-  DecodePicture(bytes);
+  DecodePicture(test::TestCodec(), bytes);
 }
 
 // Each frame forwards, and back to the first one.
 void Animations(std::string_view bytes) {
-  const AnimationRef animation = DecodeAnimation(bytes);
+  const AnimationRef animation = DecodeAnimation(test::TestCodec(), bytes);
   if (animation == nullptr || animation->size.width * std::int64_t{animation->size.height} > 4'000'000)
     return;
   Film film(animation);

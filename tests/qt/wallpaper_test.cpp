@@ -70,7 +70,8 @@ class WallpaperOnDesktop : public testing::Test {
   WallpaperOnDesktop() {
     program.run.paths = PathMapping(program.run.host.files, folder.path(), folder / "dados");
     program.run.ProgramFolderText = program.run.RuntimeFolderText = folder.path().string() + "\\";
-    SaveBitmap(StockPicture(StockKind::Figure, 0)->raster, program.run.host.files, folder / "foto.bmp");
+    SavePicture(TestCodec().EncodeBitmap(StockPicture(StockKind::Figure, 0)->raster), program.run.host.files,
+                folder / "foto.bmp");
     folder.Write("foto.png", folder.Read("foto.bmp"));  // known by its bytes
   }
 

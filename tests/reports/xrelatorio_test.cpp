@@ -83,7 +83,8 @@ class XRelatorioTest : public testing::Test {
   TextMeasures measures{painter};
   ReportHost host;
   Printer printer{program.run, measures, painter, host, ""};
-  XRelatorio report{program.run, painter, measures, printer};
+  SharedPictures pictures{program.run, NoPictureCodec};
+  XRelatorio report{program.run, painter, measures, printer, pictures};
 };
 
 using Lines = std::vector<std::string>;

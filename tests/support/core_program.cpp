@@ -39,7 +39,13 @@ Services TestServices(const Host& host) {
           .dataFolder = ".",
           .machine = {.registry = RegistryFile("/dev/null/registro"),
                       .startList = StartList("/dev/null/autostart"),
-                      .ports = HardwarePorts("/dev/null/port")}};
+                      .ports = HardwarePorts("/dev/null/port")},
+          .findCodec = CodecOfPart({TESSERA_PARTS})};
+}
+
+PictureCodec& TestCodec() {
+  static PictureCodec& codec = *CodecOfPart({TESSERA_PARTS})().codec;
+  return codec;
 }
 
 namespace {

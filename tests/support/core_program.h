@@ -67,6 +67,9 @@ ProgramStart StartOf(const std::filesystem::path& folder, std::string commandLin
 // What a test gives to a run: a machine without a registry, a start list and ports, and no display.
 Services TestServices(const Host& host);
 
+// The codec of pictures that was built with the tests.
+PictureCodec& TestCodec();
+
 // From now on the program's use of a word does this instead.
 void AtWord(Run& run, std::string_view word, std::function<Value(std::string_view arguments)> act);
 

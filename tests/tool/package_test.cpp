@@ -35,6 +35,9 @@ TEST(ProgramNeeds, AreToldByTheWordsThatAProgramUses) {
   EXPECT_TRUE(Needs("Imp.Escreva 1", "tessera-paper"));
   EXPECT_TRUE(Needs("x = SQL(a.b.c)", "tessera-sql"));
   EXPECT_TRUE(Needs("ConectaFTP a, b, c", "tessera-net"));
+  for (const char* source : {"Figura F, \"\", 1, 1", "Icone \"casa.ICO\"", "Rel.Fim", "WebCam \"PARE\""})
+    EXPECT_TRUE(Needs(source, "tessera-picture")) << source;
+  EXPECT_FALSE(Needs("Botao B, 1, 1, \"Ok\", \"FigOK\"", "tessera-picture")) << "the system's own";
   EXPECT_FALSE(Needs("' SQL a.Abre\r\nEscreva \"ConectaFTP\"", "tessera-sql"));
   EXPECT_FALSE(Needs("Escreva \"ConectaFTP\"", "tessera-net"));
 }

@@ -47,7 +47,7 @@ class AnimationProgram : public ConsoleWindowTest {};
 }  // namespace
 
 TEST(Animation, FramesTellTheirTimesAndTheFileHowOftenItIsShown) {
-  const AnimationRef animation = DecodeAnimation(kFour);
+  const AnimationRef animation = DecodeAnimation(TestCodec(), kFour);
   ASSERT_NE(animation, nullptr);
   ASSERT_EQ(animation->frames.size(), 4U);
   EXPECT_EQ(animation->size, (Size{2, 2}));
@@ -59,7 +59,7 @@ TEST(Animation, FramesTellTheirTimesAndTheFileHowOftenItIsShown) {
 }
 
 TEST(Animation, WhatBecomesOfAFrameIsThatFramesOwn) {
-  Film film(DecodeAnimation(kFour));
+  Film film(DecodeAnimation(TestCodec(), kFour));
   const Pixels frames[] = {{kRed, kRed, kGreen, kGreen},
                            {kRed, kBlue, kGreen, kGreen},
                            {kRed, 0, kWhite, 0},
@@ -72,21 +72,22 @@ TEST(Animation, WhatBecomesOfAFrameIsThatFramesOwn) {
 
 TEST(Animation, ADamagedFileShowsTheFramesBeforeTheDamage) {
   const std::string whole = kScreen + kFirst + kSecond;
-  const AnimationRef cut = DecodeAnimation(whole + kThird.substr(0, 14));
+  const AnimationRef cut = DecodeAnimation(TestCodec(), whole + kThird.substr(0, 14));
   ASSERT_NE(cut, nullptr);
   EXPECT_EQ(cut->frames.size(), 2U);
-  EXPECT_EQ(DecodeAnimation(kScreen), nullptr) << "no frame";
-  EXPECT_EQ(DecodeAnimation(kScreen.substr(0, 9)), nullptr);
-  for (std::size_t length = 0; length < kFour.size(); ++length) DecodeAnimation(kFour.substr(0, length));
+  EXPECT_EQ(DecodeAnimation(TestCodec(), kScreen), nullptr) << "no frame";
+  EXPECT_EQ(DecodeAnimation(TestCodec(), kScreen.substr(0, 9)), nullptr);
+  for (std::size_t length = 0; length < kFour.size(); ++length)
+    DecodeAnimation(TestCodec(), kFour.substr(0, length));
 }
 
 TEST(Animation, AFileThatClaimsMoreThanAScreenCouldShowIsDamaged) {
   std::string large = kFour;
   large.replace(6, 4, "\xFF\xFF\xFF\xFF");
-  EXPECT_EQ(DecodeAnimation(large), nullptr) << "the screen";
+  EXPECT_EQ(DecodeAnimation(TestCodec(), large), nullptr) << "the screen";
   std::string frame = kFirst;
   frame.replace(13, 4, "\xFF\xFF\xFF\xFF");
-  EXPECT_EQ(DecodeAnimation(kScreen + frame + ";"), nullptr) << "a frame";
+  EXPECT_EQ(DecodeAnimation(TestCodec(), kScreen + frame + ";"), nullptr) << "a frame";
 }
 
 TEST(Transicao, BlendsExactlyAtBothEndsWhereTheSecondPictureReaches) {
@@ -107,17 +108,17 @@ TEST_F(AnimationProgram, TwoObjectsOfOnePictureShareItsPixels) {
   folder.Write("a.gif", kFour);
   folder.Write("copia.gif", kFour);
   SharedPictures& pictures = Windows().pictures;
-  const PictureRef one = pictures.OfFile(program.run, folder / "a.gif");
+  const PictureRef one = pictures.OfFile(folder / "a.gif");
   ASSERT_NE(one, nullptr);
-  EXPECT_EQ(pictures.OfFile(program.run, folder / "copia.gif"), one);
+  EXPECT_EQ(pictures.OfFile(folder / "copia.gif"), one);
   EXPECT_EQ(pictures.Keyed(one), pictures.Keyed(one));
-  EXPECT_EQ(pictures.AnimationOfFile(program.run, folder / "a.gif"),
-            AnimationRef(pictures.AnimationOfFile(program.run, folder / "copia.gif")));
+  EXPECT_EQ(pictures.AnimationOfFile(folder / "a.gif"),
+            AnimationRef(pictures.AnimationOfFile(folder / "copia.gif")));
   // A file that was written anew is another picture, and so is a source at an old one's address.
   folder.Write("a.gif", kScreen + kFourth + ";");
-  EXPECT_NE(pictures.OfFile(program.run, folder / "a.gif"), one);
+  EXPECT_NE(pictures.OfFile(folder / "a.gif"), one);
   folder.Write("a.gif", "nada");
-  EXPECT_TRUE(Guard([&] { pictures.OfFile(program.run, folder / "a.gif"); }).has_value());
+  EXPECT_TRUE(Guard([&] { pictures.OfFile(folder / "a.gif"); }).has_value());
 }
 
 TEST_F(AnimationProgram, ADiskThatRefusesTheSavingAbandonsTheRun) {

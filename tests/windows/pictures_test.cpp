@@ -58,7 +58,7 @@ const std::string kJpeg =
 }  // namespace
 
 TEST(PictureFile, ABitmapsPixelsStandFromTheTopDown) {
-  const PictureRef picture = DecodePicture(kBmp);
+  const PictureRef picture = DecodePicture(TestCodec(), kBmp);
   ASSERT_NE(picture, nullptr);
   EXPECT_EQ(picture->size(), (Size{2, 2}));
   EXPECT_EQ(picture->raster.At(0, 0), 0xFFFF0000U);
@@ -68,7 +68,7 @@ TEST(PictureFile, ABitmapsPixelsStandFromTheTopDown) {
 }
 
 TEST(PictureFile, ATransparentColourLetsTheGroundThrough) {
-  const PictureRef picture = DecodePicture(kGif);
+  const PictureRef picture = DecodePicture(TestCodec(), kGif);
   ASSERT_NE(picture, nullptr);
   EXPECT_EQ(picture->size(), (Size{1, 2}));
   EXPECT_EQ(picture->raster.At(0, 0), 0xFF000000U);
@@ -83,14 +83,14 @@ TEST(PictureFile, OtherContentsAreNoPictureWhateverTheyAreCalled) {
   folder.Write("vazio.png", "");
   folder.Write("gif.txt", kGif);
   for (const char* name : {"tiff.png", "texto.bmp", "vazio.png", "falta.png", ""}) {
-    EXPECT_EQ(LoadPicture(files, folder / name), nullptr) << name;
+    EXPECT_EQ(LoadPicture(TestCodec(), files, folder / name), nullptr) << name;
   }
-  EXPECT_NE(LoadPicture(files, folder / "gif.txt"), nullptr);
+  EXPECT_NE(LoadPicture(TestCodec(), files, folder / "gif.txt"), nullptr);
 }
 
 TEST(PictureFile, EachFormatHasItsPixelsAndItsTransparency) {
   for (const std::string& bytes : {kPng, kIco}) {
-    const PictureRef picture = DecodePicture(bytes);
+    const PictureRef picture = DecodePicture(TestCodec(), bytes);
     ASSERT_NE(picture, nullptr);
     ASSERT_EQ(picture->size(), (Size{2, 2}));
     EXPECT_EQ(picture->raster.At(0, 0), 0xFFFF0000U);
@@ -98,7 +98,7 @@ TEST(PictureFile, EachFormatHasItsPixelsAndItsTransparency) {
     EXPECT_EQ(picture->raster.At(0, 1), 0xFF0000FFU);
     EXPECT_EQ(picture->raster.At(1, 1), 0U);
   }
-  const PictureRef grey = DecodePicture(kJpeg);
+  const PictureRef grey = DecodePicture(TestCodec(), kJpeg);
   ASSERT_NE(grey, nullptr);
   EXPECT_EQ(grey->size(), (Size{8, 8}));
   EXPECT_EQ(grey->raster.At(3, 5), 0xFF8C8C8CU);
@@ -112,7 +112,7 @@ TEST(PictureFile, AnOldIconHasColoursAndAMask) {
       "\0\0\0\0\xFF\xFF\xFF\0"s
       "\x80\0\0\0"s
       "\x20\0\0\0"s;
-  const PictureRef picture = DecodePicture(header + image);
+  const PictureRef picture = DecodePicture(TestCodec(), header + image);
   ASSERT_NE(picture, nullptr);
   ASSERT_EQ(picture->size(), (Size{3, 1}));
   EXPECT_EQ(picture->raster.At(0, 0), 0xFFFFFFFFU);
@@ -123,16 +123,16 @@ TEST(PictureFile, AnOldIconHasColoursAndAMask) {
 TEST(PictureFile, AnIconMayHoldAPng) {
   std::string icon = kIco.substr(0, 22) + kPng;
   icon[14] = static_cast<char>(kPng.size());
-  const PictureRef picture = DecodePicture(icon);
+  const PictureRef picture = DecodePicture(TestCodec(), icon);
   ASSERT_NE(picture, nullptr);
   EXPECT_EQ(picture->raster.At(1, 0), 0xFF00FF00U);
-  EXPECT_EQ(DecodePicture(icon.substr(0, icon.size() - 30)), nullptr);
+  EXPECT_EQ(DecodePicture(TestCodec(), icon.substr(0, icon.size() - 30)), nullptr);
 }
 
 // Every cut, every single bit, and many threes of bytes.
 TEST(PictureFile, DamagedBytesGiveAPictureOrNone) {
   const auto expectSound = [](const std::string& damaged) {
-    const PictureRef picture = DecodePicture(damaged);
+    const PictureRef picture = DecodePicture(TestCodec(), damaged);
     EXPECT_TRUE(picture == nullptr || (picture->size().width > 0 && picture->size().height > 0));
   };
   std::mt19937 engine(3);
@@ -152,16 +152,16 @@ TEST(PictureFile, DamagedBytesGiveAPictureOrNone) {
 }
 
 TEST(PictureFile, APictureThatPromisesMoreThanItHoldsIsNone) {
-  EXPECT_EQ(DecodePicture(kBmp.substr(0, 20)), nullptr);
-  EXPECT_EQ(DecodePicture(kPng.substr(0, 40)), nullptr);
-  EXPECT_EQ(DecodePicture(kIco.substr(0, 30)), nullptr);
-  EXPECT_EQ(DecodePicture(kJpeg.substr(0, 80)), nullptr);
+  EXPECT_EQ(DecodePicture(TestCodec(), kBmp.substr(0, 20)), nullptr);
+  EXPECT_EQ(DecodePicture(TestCodec(), kPng.substr(0, 40)), nullptr);
+  EXPECT_EQ(DecodePicture(TestCodec(), kIco.substr(0, 30)), nullptr);
+  EXPECT_EQ(DecodePicture(TestCodec(), kJpeg.substr(0, 80)), nullptr);
   std::string endless = kBmp;
   endless.replace(18, 8, "\xFF\xFF\xFF\x7F\xFF\xFF\xFF\x7F"s);
-  EXPECT_EQ(DecodePicture(endless), nullptr);
+  EXPECT_EQ(DecodePicture(TestCodec(), endless), nullptr);
   std::string tall = kJpeg;
   tall.replace(tall.find("\xFF\xC0"s) + 5, 4, "\xFF\xFF\xFF\xFF"s);
-  EXPECT_EQ(DecodePicture(tall), nullptr);
+  EXPECT_EQ(DecodePicture(TestCodec(), tall), nullptr);
 }
 
 TEST(PictureFile, ADamagedFileOnTheDiskIsNone) {
@@ -169,9 +169,9 @@ TEST(PictureFile, ADamagedFileOnTheDiskIsNone) {
   TemporaryFolder folder;
   for (const auto& [name, bytes] : {std::pair{"a.png", kPng}, {"a.ico", kIco}, {"a.jpg", kJpeg}}) {
     folder.Write(name, bytes);
-    EXPECT_NE(LoadPicture(files, folder / name), nullptr) << name;
+    EXPECT_NE(LoadPicture(TestCodec(), files, folder / name), nullptr) << name;
     folder.Write(name, bytes.substr(0, bytes.size() / 3));
-    EXPECT_EQ(LoadPicture(files, folder / name), nullptr) << name;
+    EXPECT_EQ(LoadPicture(TestCodec(), files, folder / name), nullptr) << name;
   }
 }
 
@@ -193,6 +193,31 @@ TEST(StockPictures, HaveTheirPixelsWithoutADisplay) {
   EXPECT_EQ(figure->raster.At(0, 0), 0U);
   const PictureRef swamp = StockPicture(StockKind::Background, 0);
   EXPECT_EQ(swamp->raster.At(500, 92), 0xFFFFF8E1U) << "the sun";
+}
+
+// Its own pictures stay, a file's is a failure behind one box, and the program goes on.
+TEST(PictureCodec, ThatIsMissingIsToldOnceWithItsPackage) {
+  std::istringstream in;
+  std::ostringstream out;
+  std::ostringstream err;
+  ConsoleHost host{{in, out, err}, {.programTitle = "TESTE"}};
+  TemporaryFolder folder;
+  folder.Write("foto.bmp", kBmp);
+  HostedProgram program(host.host(), host,
+                        [&](Services& services) { services.findCodec = CodecOfPart({folder.path()}); });
+  program.run.paths = PathMapping(program.run.host.files, folder.path(), folder / "dados");
+  program.run.ProgramFolderText = folder.path().string() + "\\";
+  EditorTexts editors;
+  editors[0] = FromSource(
+      "Imagem P, \"\", 0, 0, 4, 4\nJanela Fundo = \"foto.bmp\"\nJanela Fundo = \"foto.bmp\"\n"
+      "Janela Fundo = \"ImgSobre\"\nImagem P.Img, \"FigOK\"\nEscreva \"segue\"");
+  EXPECT_EQ(program.Start(editors, ""), RunOutcome::Ended);
+  EXPECT_EQ(out.str(), "segue\n");
+  EXPECT_EQ(err.str(),
+            "[critico] Instale o pacote tessera-picture\n"
+            "[critico] Erro no comando Fundo!\n  Editor: 0 Linha: 2\n"
+            "[critico] Erro no comando Fundo!\n  Editor: 0 Linha: 3\n");
+  EXPECT_NE(program.janela.windows().MainWindow->Background(), nullptr);
 }
 
 class BackgroundTest : public ConsoleWindowTest {
@@ -262,7 +287,7 @@ TEST_F(BackgroundTest, IconAndPointerComeFromFilesAndAMissingOneTakesThemAway) {
   EXPECT_EQ(Window().Icon()->size(), (Size{2, 2}));
   program.commands.CommandCall("Icone", "\"falta.ico\"");
   EXPECT_EQ(Window().Icon(), nullptr);
-  SetMouseIcone(program.run, program.janela.windows(), "foto.png");
+  SetMouseIcone(program.janela.windows(), "foto.png");
   EXPECT_NE(Window().MouseIcon(), nullptr);
   const auto failure = Guard([&] { program.commands.CommandCall("Icone", "\"quebrada.bmp\""); });
   ASSERT_TRUE(failure);

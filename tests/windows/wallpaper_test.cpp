@@ -33,13 +33,15 @@ class WallpaperTest : public ConsoleWindowTest {
 }  // namespace
 
 TEST_F(WallpaperTest, APictureIsSavedAsABitmapOf24BitsBesideTheRuntime) {
-  ASSERT_EQ(SaveBitmap(RedAndNothing()->raster, program.run.host.files, folder / "foto.ico"), 0);
+  ASSERT_EQ(SavePicture(TestCodec().EncodeBitmap(RedAndNothing()->raster), program.run.host.files,
+                        folder / "foto.ico"),
+            0);
   EXPECT_EQ(FailureOf("\"foto.ico\""), 0);
   const std::string bitmap = folder.Read("Temp.bmp");
   ASSERT_GT(bitmap.size(), 54U);
   EXPECT_EQ(bitmap.substr(0, 2), "BM");
   EXPECT_EQ(bitmap[28], 24) << "bits of a pixel";
-  const PictureRef saved = LoadPicture(program.run.host.files, folder / "Temp.bmp");
+  const PictureRef saved = LoadPicture(TestCodec(), program.run.host.files, folder / "Temp.bmp");
   ASSERT_NE(saved, nullptr);
   EXPECT_EQ(saved->size(), (Size{2, 1}));
   EXPECT_EQ(saved->raster.At(0, 0), 0xFFFF0000U);
@@ -63,7 +65,9 @@ TEST_F(WallpaperTest, AFileThatCannotBeLoadedIsAFailure) {
 }
 
 TEST_F(WallpaperTest, ADiskThatRefusesTheBitmapLeavesTheDesktopAlone) {
-  ASSERT_EQ(SaveBitmap(RedAndNothing()->raster, program.run.host.files, folder / "foto.ico"), 0);
+  ASSERT_EQ(SavePicture(TestCodec().EncodeBitmap(RedAndNothing()->raster), program.run.host.files,
+                        folder / "foto.ico"),
+            0);
   folder.Write("Temp.bmp/fica", "uma pasta com esse nome");
   EXPECT_EQ(FailureOf("\"foto.ico\""), 0);
   EXPECT_EQ(program.wallpaper.Outcome(), "");
