@@ -92,7 +92,7 @@ TEST(EventScript, EachLineIsOneAct) {
            Row{"tecla 65 shift", "aperta[65S] solta[65] "},
            Row{"aperta 0", "aperta[0] "},
            Row{"aperta 255", "aperta[255] "},
-           Row{"linha B 2147483647", "linha[2147483647] "},
+           Row{"linha B 2147483647", "vai linha[2147483647] "},
            Row{"mouse 1,5 2", "mouse[1,5;2] "},
            Row{"pressiona 2", "pressiona[2] "},
            Row{"redim 20 60", "redim[20;60] "},
