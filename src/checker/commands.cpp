@@ -405,8 +405,9 @@ void CheckCommand(Context& context, const Word& word) {
     const bool isValue = word.role == Role::Value;
     context.Tell(
         isValue ? rule::kLostValue : rule::kCommandParens, tokens[0],
-        isValue ? "o resultado de " + Shown(word.name) + " não vai a lugar nenhum, e a linha não é entendida"
-                : "um comando não leva parênteses: " + Shown(word.name) + "( não é entendido",
+        isValue
+            ? "o resultado de " + Shown(word.name) + " não vai a lugar nenhum, e a linha não é entendida"
+            : "um comando não leva parênteses: " + Shown(std::string(word.name) + "(") + " não é entendido",
         isValue ? "guarde-o: x = " + ToUtf8(context.source.TextOf(tokens))
                 : "escreva " + Shown(std::string(word.name) + " ...") + ", com um branco e sem parênteses");
     return;

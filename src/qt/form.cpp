@@ -10,6 +10,7 @@
 #include <QMouseEvent>
 #include <QPixmap>
 #include <QRegion>
+#include <QScreen>
 #include <QThread>
 #include <QWidget>
 #include <QWindow>
@@ -163,8 +164,12 @@ void QtForm::ShowPlace() {
   widget_->FitSurface();
 }
 
+// OPEN: a window larger than any screen is known to the program in its full size, and shown as far as a large
+// desktop reaches: the window system would take memory for all of it.
 QSize QtForm::SizeOfWidget() const {
-  return {std::max(WidgetPixels(ScaleWidth()), 0), std::max(WidgetPixels(ScaleHeight()), 0)};
+  constexpr QSize kLargeDesktop(4096, 4096);
+  const QSize size(std::max(WidgetPixels(ScaleWidth()), 0), std::max(WidgetPixels(ScaleHeight()), 0));
+  return size.boundedTo(kLargeDesktop.expandedTo(widget_->screen()->virtualSize()));
 }
 
 void QtForm::FitSizable() {

@@ -99,6 +99,8 @@ TEST(FileCommands, BinaryFilesAreReadAndWrittenAtPositions) {
   program.Answer("AbreArquivo", "b, \"b.bin\", BINARIO");
   EXPECT_EQ(program.Answer("LeArquivo", "b, 2, 3"), "\"bcd\"");
   EXPECT_EQ(program.Answer("LeArquivo", "b, 5, 99"), "\"ef\"");
+  EXPECT_EQ(program.Answer("LeArquivo", "b, 6, 70000"), "\"f\"");
+  EXPECT_EQ(program.Answer("LeArquivo", "b, 7, 70000"), "\"\"");
   EXPECT_EQ(program.Answer("LeArquivo", "b, 99, 1"), "\"\"");
   EXPECT_EQ(program.Answer("GravaArquivo", "b, 3, \"XY\""), "");
   EXPECT_EQ(program.folder.Read("b.bin"), "abXYef");

@@ -148,6 +148,15 @@ TEST(Chame, StartsAProgramOfTheFolderOrOfTheSystemAndAnswersItsNumber) {
   EXPECT_EQ(program.Written("saida2"), "0\n");
 }
 
+TEST(Chame, TheProgramFindsTheLinesThatWereWrittenBefore) {
+  MachineProgram program;
+  program.Run(
+      "AbreArquivo \"S\", \"s.txt\", \"TextoGravacao\"\nGravaArquivo \"S\", \"um\"\n"
+      "Chame \"cp " +
+      program.folder / "s.txt" + " " + program.folder / "copia" + "\"\n");
+  EXPECT_EQ(program.Written("copia"), "um\r\n");
+}
+
 TEST(Chame, AProgramTakesTheFormOutOfItsEnvironment) {
   setenv("TESSERA_JANELA", "3", 1);
   EXPECT_EQ(TakeStartForm(), StartForm::Maximised);

@@ -90,7 +90,9 @@ TEST(EventScript, EachLineIsOneAct) {
            Row{"celula B 1 2 x y", "vai celula[1,2,x y] "},
            Row{"foco B", "vai "},
            Row{"tecla 65 shift", "aperta[65S] solta[65] "},
-           Row{"aperta 37", "aperta[37] "},
+           Row{"aperta 0", "aperta[0] "},
+           Row{"aperta 255", "aperta[255] "},
+           Row{"linha B 2147483647", "vai linha[2147483647] "},
            Row{"mouse 1,5 2", "mouse[1,5;2] "},
            Row{"pressiona 2", "pressiona[2] "},
            Row{"redim 20 60", "redim[20;60] "},
@@ -107,7 +109,8 @@ TEST(EventScript, EachLineIsOneAct) {
 TEST(EventScript, AFaultyLineDoesNothing) {
   for (const char* line :
        {"x", "texto Z a", "seta B", "seta B x", "escolhe B -1", "escolhe B 1,5", "linha B", "celula B 1",
-        "tecla", "tecla 1e9", "mouse 1 2 3", "espera 9999999999", "pressiona 0", "duploclique B B"}) {
+        "linha B 2147483648", "aperta 256", "pressiona 3", "tecla", "tecla 1e9", "mouse 1 2 3",
+        "espera 9999999999", "pressiona 0", "duploclique B B"}) {
     RecordedPerson person;
     EXPECT_NE(DoEventLine(line, person), "") << line;
     EXPECT_EQ(person.log, "") << line;

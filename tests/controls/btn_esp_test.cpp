@@ -21,6 +21,9 @@ TEST(BtnEsp, ShowsTheHighestOfItsStates) {
   EXPECT_EQ(button.Shown(), Picture::kBtnDisabled);
   button.SetEnabled(true);
   EXPECT_EQ(button.Shown(), Picture::kBtnFocus);
+  button.PointerDown();
+  button.SetEnabled(true);
+  EXPECT_EQ(button.Shown(), Picture::kBtnDown) << "it was enabled before";
 }
 
 TEST(BtnEsp, LeavesItsHoverAtTheTickThatMissesThePointer) {

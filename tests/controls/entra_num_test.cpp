@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+#include <vector>
+
 namespace tessera {
 namespace {
 
@@ -22,6 +25,9 @@ TEST(EntraNum, ShowsValuesInGroups) {
                           {-1234.567, 2, "-1.234,56"},
                           {1e6, 0, "1.000.000"},
                           {100, 3, "100,000"},
+                          {1.5, 6, "1,500000"},
+                          {1.5, 7, "1,500000"},
+                          {1.5, -1, "1"},
                           {123456789012345, 0, "123.456.789.012.345"}};
   for (const auto& c : kCases) {
     EntraNum entry;
@@ -55,6 +61,10 @@ TEST(EntraNum, TheFirstKeyStartsANewEntry) {
   EXPECT_EQ(entry.Value(), 98.765);
   entry.PerdeuFoco();
   EXPECT_EQ(entry.TxtAux().Text(), "98,76");
+  EXPECT_EQ(Typed(entry, "4"), "4") << "whoever comes back begins anew";
+  entry.SetCasas(3);
+  EXPECT_EQ(entry.TxtAux().Text(), "4,000");
+  EXPECT_EQ(Typed(entry, "5"), "5");
   entry.GanhouFoco();
   EXPECT_EQ(Typed(entry, "-3"), "-3");
   EXPECT_EQ(entry.Value(), -3);
@@ -98,6 +108,36 @@ TEST(EntraNum, LockedOrFullItTakesNoKey) {
   EXPECT_FALSE(entry.KeyPress('9'));
   EXPECT_FALSE(entry.KeyDown(8, false));
   EXPECT_EQ(entry.Value(), 123);
+}
+
+TEST(EntraNum, KeysMoveTheCaretAndSelect) {
+  constexpr int kEnd = 35, kHome = 36, kLeft = 37, kRight = 39;
+  struct {
+    std::vector<int> keys;
+    std::vector<int> withShift;
+    std::string_view typed;
+  } const kCases[] = {{{kHome}, {}, "91234"},
+                      {{kHome, kRight}, {}, "19234"},
+                      {{kRight}, {}, "12349"},
+                      {{kLeft, kLeft}, {}, "12934"},
+                      {{kHome, kLeft, kEnd}, {}, "12349"},
+                      {{kHome}, {kRight, kRight}, "934"},
+                      {{}, {kLeft}, "1239"},
+                      {{kRight}, {kHome}, "9"}};
+  for (const auto& c : kCases) {
+    EntraNum entry;
+    Typed(entry, "1234");
+    for (const int key : c.keys) entry.KeyDown(key, false);
+    for (const int key : c.withShift) entry.KeyDown(key, true);
+    EXPECT_EQ(Typed(entry, "9"), c.typed);
+  }
+  for (const auto& [key, typed] : {std::pair(kLeft, "19234"), std::pair(kRight, "12394")}) {
+    EntraNum entry;
+    Typed(entry, "1234");
+    entry.PlaceCaret(1, 3);
+    entry.KeyDown(key, false);
+    EXPECT_EQ(Typed(entry, "9"), typed) << "the selection ends on the key's side";
+  }
 }
 
 TEST(EntraNum, TheSelectionGivesWayToWhatIsTyped) {

@@ -343,8 +343,16 @@ TEST_F(NovoBoxTest, AScrolledPageTakesTheCursorToAnotherRow) {
   EXPECT_EQ(box.Arg(0) + box.Arg(1) + box.Arg(2) + box.Arg(-1), "r2");
   box.BarraVertical().SetValue(3);
   EXPECT_EQ(box.ListIndex(), 5);
+  EXPECT_TRUE(box.HasCursor());
   EXPECT_EQ(box.Arg(0), "r5");
   EXPECT_EQ(box.Pool()[4].attributes.back, 4);
+  for (const bool all : {false, true}) {
+    box.Selected(2);
+    all ? box.Clear() : box.ClearVet(false);
+    FillNumbers(10);
+    EXPECT_FALSE(box.HasCursor()) << "nothing of the new rows is chosen";
+    EXPECT_EQ(box.ListIndex(), -1);
+  }
 }
 
 TEST_F(NovoBoxTest, ARowWithoutAValueKeepsTheCursor) {

@@ -59,6 +59,18 @@ TEST_F(BoxTest, ItsFrameHoldsWholeRows) {
   EXPECT_EQ(Box().VerticalBarPlace().Height, rows);
 }
 
+TEST_F(BoxTest, TheBarOfALowGridSharesItsLength) {
+  Draw(
+      "Box G, 1, 1, 2\nBox G.Titulo, \"a\", 20\nBox G.Ativa\nBox H, 9, 1, 10\nBox H.Titulo, \"a\", 20\n"
+      "Box H.Ativa\n");
+  const int low = static_cast<int>(Box(0).VerticalBarPlace().Height);
+  ASSERT_LT(low, 3 * 10);
+  EXPECT_EQ(Box(0).Grid().BarraVertical().ArrowLength(), low / 3);
+  EXPECT_EQ(Box(0).Grid().BarraVertical().ThumbLength(), (low - 2 * (low / 3)) / 2);
+  EXPECT_EQ(Box(1).Grid().BarraVertical().ArrowLength(), 10);
+  EXPECT_EQ(Box(1).Grid().BarraVertical().ThumbLength(), 15);
+}
+
 TEST_F(BoxTest, AClickComesWhenTheButtonIsLetGoInside) {
   Draw(kTwoColumns);
   PressCell(4, 1);

@@ -2,6 +2,7 @@
 
 #include <random>
 
+#include "prepare/block_report.h"
 #include "prepare/linking.h"
 #include "prepare/plain_search.h"
 #include "prepare/prepare.h"
@@ -92,6 +93,33 @@ TEST(Linking, TheCheckCountsNamesAndLiterals) {
   EXPECT_EQ(check("x = base[1]"), "Comando Se sem o respectivo FimSe!");
   EXPECT_EQ(check("Se a=1;Repita"), "Comando Enquanto sem o respectivo Repita!");
   EXPECT_EQ(check("FimSe;Se a=1"), "");
+}
+
+// What the check counts is told at its line: the block that was opened last is the one that an end closes.
+TEST(Linking, TheReportFindsThePlacesOfWhatIsWrong) {
+  struct {
+    std::string_view source;
+    std::string_view lines;  // of editor 0, each with its message's last word
+  } constexpr kCases[] = {
+      {"Se a=1\nEnquanto b=1\nRepita\nFimSe", ""},
+      {"Se a=1\nSe b=1\nFimSe", "1 fechado."},
+      {"Se a=1\nEnquanto b=1\nFimSe\nEnquanto c=1\nRepita", "2 fechado."},
+      {"Se a=1\nFimSe\nFimSe", "3 FimSe."},
+      {"Enquanto a=1\nSe b=1\nRepita\nSe c=1\nFimSe", "2 fechado."},
+      {"x = base[1]\ny = \"Se[\"\nSe a=1", "1 comando.2 comando.3 fechado."},
+      {"Se a=1\nFimPrograma\nSub S()\nFimSe\nRepita\nFimSub", "5 Repita."},
+      {"Se a=1\nFimPrograma\nSub S()\nFimSub", "1 fechado."},
+  };
+  for (const auto& c : kCases) {
+    EditorTexts editors;
+    editors[0] = test::FromSource(c.source);
+    const auto prepared = PrepareProgram(editors, [](std::string_view) {});
+    std::string lines;
+    for (const PlacedProblem& problem : ReportBlocks(prepared.ProgramText->text())) {
+      lines += std::to_string(problem.place.line) + problem.message.substr(problem.message.rfind(' '));
+    }
+    EXPECT_EQ(lines, c.lines) << c.source;
+  }
 }
 
 struct Listed {

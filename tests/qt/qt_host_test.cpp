@@ -109,6 +109,15 @@ int DarkPixels(const QImage& picture, const QRect& area) {
 
 }  // namespace
 
+TEST_F(QtHostTest, AnImmenseWindowIsShownAsFarAsALargeDesktopReaches) {
+  const When when("Janela", [&](QWidget& window) {
+    EXPECT_EQ(window.size(), QSize(4096, 4096));
+    EXPECT_EQ(program.janela.form().ScaleWidth(), 6000 * 8) << "what was shown is no news to the program";
+    Close(window);
+  });
+  Run("Janela Tamanho = 3000, 6000\nAguarde 0\n");
+}
+
 TEST_F(QtHostTest, TheWindowIsPaintedBeforeTheFirstStatementAndClosingItAfterTheEndEndsTheProcess) {
   bool wasPainted = false;
   AtWord(program.run, "LePorta", [&](std::string_view) {

@@ -13,6 +13,7 @@
 #include "recorddb/slots.h"
 #include "recorddb/sorted_list.h"
 #include "recorddb/tsa_layout.h"
+#include "recorddb/tsa_reader.h"
 #include "support/process.h"
 #include "support/record_program.h"
 #include "text/code_page.h"
@@ -37,6 +38,7 @@ class RecordFile : public testing::Test {
   // Runs a program behind the descriptor and the opening of a database.
   std::string WithPeople(std::string_view source) {
     program.emplace(folder.path());
+    program->clock.now = now;
     return program->Run(std::string(kPeople).append(source));
   }
   Texts Boxes() const { return program->Boxes(); }
@@ -49,6 +51,7 @@ class RecordFile : public testing::Test {
       "Gente.Nome = \"Ana\";Gente.Idade = 7;Gente.Peso = 1.25;AdicionaRegistro Gente\n";
 
   TemporaryFolder folder;
+  LocalTime now{};
   std::optional<RecordProgram> program;
 };
 
@@ -161,11 +164,25 @@ TEST_F(RecordFile, AnotherRecordLengthIsRefused) {
 TEST_F(RecordFile, ASecondRunOfTheDescriptorChangesTheDateAlone) {
   WithPeople(kThree);
   const std::string before = ReadBytes(File());
-  std::string after;
+  now += std::chrono::hours(25);
   WithPeople("");
-  after = ReadBytes(File());
-  after.replace(79, 30, before.substr(79, 30));
-  EXPECT_EQ(after, before);
+  EXPECT_EQ(Header(tsa::kLastRun), "02/01/1970 01:00:00");
+  EXPECT_EQ(Header(tsa::kCreated), "01/01/1970 00:00:00");
+  EXPECT_EQ(ReadBytes(File()).replace(79, 30, before.substr(79, 30)), before);
+}
+
+TEST_F(RecordFile, The300thFieldIsTheLast) {
+  std::string source = "BD G, d\n";
+  for (int i = 0; i < 300; ++i) source += "C" + std::to_string(i) + ", Inteiro\n";
+  for (const std::string_view further : {"", "Mais, Inteiro\n"}) {
+    program.emplace(folder.path());
+    EXPECT_EQ(program->Run(std::string(source).append(further).append(
+                  "FimBD\nAbreBD G;G.C299 = 7;AdicionaRegistro G;G.C299 = 0;LeRegistro G, 0;Escreva G.C299")),
+              further.empty() ? "7\n" : "falha 9\n");
+  }
+  const auto header = ReadTsaHeader(*BinaryFile::Open(program->files, folder.path() / "d" / "G.Tsa"));
+  ASSERT_TRUE(std::holds_alternative<TsaHeader>(header));
+  EXPECT_EQ(std::get<TsaHeader>(header).fields.size(), 300u);
 }
 
 TEST_F(RecordFile, The21stDescriptorIsTheLast) {
@@ -277,7 +294,9 @@ TEST_F(RecordFile, AFileCutToNothingIsNotWaitedFor) {
 TEST_F(RecordFile, ACutHeaderIsMadeWholeAgain) {
   WithPeople("");
   std::filesystem::resize_file(File(), 1200);
+  now += std::chrono::seconds(1);
   WithPeople("");
+  EXPECT_EQ(Header(tsa::kLastRun), "01/01/1970 00:00:01");
   EXPECT_EQ(ReadBytes(File()).size(), 20000u);
   EXPECT_EQ(Header(tsa::kName), "Gente");
   EXPECT_EQ(ReadBytes(File()).substr(1200), std::string(18800, ' '));

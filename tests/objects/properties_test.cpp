@@ -1,0 +1,125 @@
+// What creating objects and their suffixes makes of the controls: places, looks and states, a row each.
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "support/console_window.h"
+#include "text/code_page.h"
+
+namespace tessera::test {
+
+namespace {
+
+// "left,top widthxheight back/fore font size what-is-not-usual [tip] text", and the number in the order of
+// Tab.
+std::string Told(const Control& control) {
+  std::ostringstream told;
+  const ControlPlace& place = control.Place();
+  const FontFace& font = control.Font();
+  told << place.Left << "," << place.Top << " " << place.Width << "x" << place.Height << " " << std::hex
+       << control.BackColor() << "/" << control.ForeColor() << std::dec << " " << font.name << " "
+       << font.size << (font.bold ? " bold" : "") << (font.italic ? " italic" : "")
+       << (control.Visible() ? "" : " hidden") << (control.Enabled() ? "" : " disabled") << " ["
+       << control.ToolTipText() << "] " << ToUtf8(control.PortraitText()) << " " << control.TabIndex();
+  return told.str();
+}
+
+}  // namespace
+
+TEST_F(ConsoleWindowTest, EachObjectIsWhatItsWordsMakeOfIt) {
+  struct Row {
+    const char* source;
+    const char* told;
+  };
+  for (const Row& row : {
+           Row{"Botao B, 3, 10", "80,42 80x28 8000000f/80000012 MS Sans Serif 8 [] OK 0"},
+           Row{"Botao B, 3, 10, \"Grava\"", "80,42 80x28 8000000f/80000012 MS Sans Serif 8 [] Grava 0"},
+           Row{"Botao B, 3, 10, 2, 12, \"Grava\", \"\", \"dica\"",
+               "80,42 96x28 8000000f/80000012 MS Sans Serif 8 [dica] Grava 0"},
+           Row{"Botao B, 3, 10, 2, , \"Grava\"", "80,42 80x28 8000000f/80000012 MS Sans Serif 8 [] Grava 0"},
+           Row{"Botao B, 3.5, 10.25", "82,49 80x28 8000000f/80000012 MS Sans Serif 8 [] OK 0"},
+           Row{"Botao A, 1, 1\nBotao B, 3, 10\nBotao B.CorFundo = 255\nBotao B.CorLetra = 65280",
+               "80,42 80x28 ff/ff00 MS Sans Serif 8 [] OK 1"},
+           Row{"Botao B, 3, 10\nBotao B.NomeFonte = \"Arial\"\nBotao B.TamFonte = 14\nBotao B.Negrito = "
+               "\"Sim\"\nBotao B.Italico = \"SIM\"",
+               "80,42 80x28 8000000f/80000012 Arial 14 bold italic [] OK 0"},
+           Row{"Botao B, 3, 10\nBotao B.Negrito = \"SIM\"\nBotao B.Negrito = \"NAO\"\nBotao B.Descricao = "
+               "\"ok?\"",
+               "80,42 80x28 8000000f/80000012 MS Sans Serif 8 [] ok? 0"},
+           Row{"Botao B, 3, 10\nBotao B.Ativo = \"NAO\"\nBotao B.Visivel = \"NAO\"",
+               "80,42 80x28 8000000f/80000012 MS Sans Serif 8 hidden disabled [] OK 0"},
+           Row{"Botao B, 3, 10\nBotao B.Ativo = \"NAO\"\nBotao B.Ativo = \"nao\"\nBotao B.Ativo = "
+               "\"SIM\"\nBotao B.IndiceTab = 7",
+               "80,42 80x28 8000000f/80000012 MS Sans Serif 8 [] OK 7"},
+           Row{"Texto T, 5, 2", "16,70 120x20 80000005/80000012 MS Sans Serif 8 []  0"},
+           Row{"Texto T, 5, 2, 30", "16,70 240x20 80000005/80000012 MS Sans Serif 8 []  0"},
+           Row{"Texto T, 5, 2, 30, 1", "16,70 240x20 80000005/80000012 MS Sans Serif 8 []  0"},
+           Row{"Texto T, 5, 2, 30, 2", "16,70 240x28 80000005/80000012 MS Sans Serif 8 []  0"},
+           Row{"Texto T, 5, 2, 30, 3", "16,70 240x42 80000005/80000012 MS Sans Serif 8 []  0"},
+           Row{"Texto T, 5, 2, 30\nTexto T.Txt = \"abc\"\nTexto T.Dica = \"o nome\"\nTexto T.CorFundo = "
+               "1\nTexto T.CorLetra = 2",
+               "16,70 240x20 1/2 MS Sans Serif 8 [o nome] abc 0"},
+           Row{"Texto T, 5, 2, 30\nTexto T.Maximo = 3\nTexto T.Txt = \"abcdef\"\nTexto T.Visivel = \"NAO\"",
+               "16,70 240x20 80000005/80000012 MS Sans Serif 8 hidden [] abcdef 0"},
+           Row{"Rotulo R, \"Nome\", 1, 4", "32,14 22x20 8000000f/80000012 MS Sans Serif 8 [] Nome 0"},
+           Row{"Rotulo R, \"Nome\", 1, 4, 20", "32,14 160x20 8000000f/80000012 MS Sans Serif 8 [] Nome 0"},
+           Row{"Rotulo R, \"Nome\", 1, 4, 20, 2", "32,14 160x28 8000000f/80000012 MS Sans Serif 8 [] Nome 0"},
+           Row{"Rotulo R, \"Nome\", 1, 4\nRotulo R.Txt = \"Outro nome\"\nRotulo R.TamFonte = 20\nRotulo "
+               "R.Negrito = \"SIM\"\nRotulo R.Dica = \"d\"",
+               "32,14 22x20 8000000f/80000012 MS Sans Serif 20 bold [d] Outro nome 0"},
+           Row{"Rotulo R, \"Nome\", 1, 4\nRotulo R.CorFundo = 16\nRotulo R.CorLetra = 17\nRotulo R.Visivel = "
+               "\"NAO\"",
+               "32,14 22x20 10/11 MS Sans Serif 8 hidden [] Nome 0"},
+           Row{"Mascara M, \"##/##\", 2, 3", "24,28 120x20 80000005/80000012 MS Sans Serif 8 [] __/__ 0"},
+           Row{"Mascara M, \"##/##\", 2, 3, 10", "24,28 80x20 80000005/80000012 MS Sans Serif 8 [] __/__ 0"},
+           Row{"Mascara M, \"##/##\", 2, 3, 10\nMascara M.Altura = 3\nMascara M.Txt = \"1#/2#\"",
+               "24,28 80x42 80000005/80000012 MS Sans Serif 8 [] 1_/2_ 0"},
+           Row{"Mascara M, \"##/##\", 2, 3, 10\nMascara M.Mascara = \"(##)\"\nMascara M.NomeFonte = "
+               "\"Arial\"\nMascara M.TamFonte = 9",
+               "24,28 80x20 80000005/80000012 Arial 9 [] __ 0"},
+           Row{"Moeda V, 2, 3", "24,28 120x20 80000005/80000012 MS Sans Serif 8 [] 0,00 0"},
+           Row{"Moeda V, 2, 3, 10", "24,28 80x20 80000005/80000012 MS Sans Serif 8 [] 0,00 0"},
+           Row{"Moeda V, 2, 3, 10\nMoeda V.Casas = 0\nMoeda V.Valor = 12345\nMoeda V.Altura = 2",
+               "24,28 80x28 80000005/80000012 MS Sans Serif 8 [] 12.345 0"},
+           Row{"Moeda V, 2, 3, 10\nMoeda V.Valor = 1234.5\nMoeda V.CorLetra = 255\nMoeda V.Ativo = \"NAO\"",
+               "24,28 80x20 80000005/ff MS Sans Serif 8 disabled [] 1.234,50 0"},
+           Row{"Check C, 4, 5, \"Ativo\"", "40,56 65x18 8000000f/80000012 Courier New 10 [] Ativo 0"},
+           Row{"Check C, 4, 5, \"Ativo\", 1\nCheck C.Dica = \"liga\"\nCheck C.CorFundo = 3",
+               "40,56 65x18 3/80000012 Courier New 10 [liga] Ativo 0"},
+           Row{"Opcao O, 4, 5, \"Uma longa\"\nOpcao O.CorLetra = 9",
+               "40,56 97x18 8000000f/9 Courier New 10 [] Uma longa 0"},
+           Row{"Combo L, 6, 7", "56,84 140x20 80000005/80000012 MS Sans Serif 8 []  0"},
+           Row{"Combo L, 6, 7, 12\nCombo L.Adiciona \"um\"\nCombo L.Txt = \"dois\"",
+               "56,84 96x20 80000005/80000012 MS Sans Serif 8 [] dois 0"},
+           Row{"Calendario D, 6, 7\nCalendario D.Txt = \"31/12/2020\"",
+               "56,84 110x20 80000005/80000012 MS Sans Serif 8 [] 31/12/2020 0"},
+           Row{"Calendario D, 6, 7, 14\nCalendario D.Txt = \"01/02/2003\"",
+               "56,84 112x20 80000005/80000012 MS Sans Serif 8 [] 01/02/2003 0"},
+           Row{"BarraRolagem S, 10, 2, 3, 0, 9", "24,28 17x126 8000000f/80000012 MS Sans Serif 8 []  0"},
+           Row{"BarraRolagem S, 10, 2, 3, 1, 9", "24,28 72x17 8000000f/80000012 MS Sans Serif 8 []  0"},
+           Row{"BarraRolagem S, 10, 2, 3, 2, 9\nBarraRolagem S.Visivel = \"NAO\"",
+               "24,28 72x17 8000000f/80000012 MS Sans Serif 8 hidden []  0"},
+           Row{"Moldura F, \"Dados\", 2, 3, 4, 20",
+               "24,28 160x56 8000000f/80000012 MS Sans Serif 8 [] Dados 0"},
+           Row{"Moldura F, \"Dados\", 2, 3, 4, 20\nMoldura F.Dica = \"d\"\nMoldura F.Visivel = \"NAO\"",
+               "24,28 160x56 8000000f/80000012 MS Sans Serif 8 hidden [d] Dados 0"},
+           Row{"Link K, 8, 9, \"aqui\", \"x.org\"", "72,112 32x20 8000000f/c1632a Courier New 10 [] aqui 0"},
+           Row{"Imagem I, 2, 3, 10, 30", "80,42 32x420 8000000f/80000012 MS Sans Serif 8 []  0"},
+           Row{"Imagem I, 2, 3, 10, 30\nBotao B, 1, 1\nBotao B.Pai = \"i\"",
+               "8,14 80x28 8000000f/80000012 MS Sans Serif 8 [] OK 1"},
+           Row{"Box G, 3, 4, 10", "32,42 400x238 ffffff/0 MS Sans Serif 8 []  0"},
+       }) {
+    HostedProgram fresh(host.host(), host);
+    EditorTexts editors;
+    editors[0] = FromSource(row.source);
+    ASSERT_EQ(fresh.Start(editors, ""), RunOutcome::Ended) << row.source << err.str();
+    const Control* made = nullptr;
+    for (const Control* control : fresh.janela.form().Controls().InZOrder()) {
+      if (made == nullptr || control->Number() > made->Number()) made = control;
+    }
+    ASSERT_NE(made, nullptr) << row.source;
+    EXPECT_EQ(Told(*made), row.told) << row.source;
+  }
+}
+
+}  // namespace tessera::test
