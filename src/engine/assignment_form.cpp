@@ -73,12 +73,7 @@ void AssignmentForm::Assign(Engine& engine, Run& run, const NameForm& target, st
     if (AppendJoined(run, target)) return;
     std::string joined;
     Join(run, joined);
-    std::string* text = target.Text(run.variables);
-    if (text != nullptr && joined.size() <= VariableStore::kMaxTextLength) {
-      *text = std::move(joined);
-    } else {
-      run.variables.VarWrite(name, std::move(joined), true);
-    }
+    WriteBy(run.variables, target, name, std::move(joined));
     return;
   }
   if (kind_ == Kind::Call) {
@@ -91,7 +86,7 @@ void AssignmentForm::Assign(Engine& engine, Run& run, const NameForm& target, st
   }
   engine.TextExpressionFlag = false;
   if (AssignTerm(run, target)) return;
-  run.variables.VarWrite(name, AsWritten(term_.Evaluate(run)), true);
+  WriteBy(run.variables, target, name, AsWritten(term_.Evaluate(run)));
 }
 
 void AssignmentForm::AssignCall(Engine& engine, Run& run, const NameForm& target,
@@ -108,12 +103,7 @@ void AssignmentForm::AssignCall(Engine& engine, Run& run, const NameForm& target
   auto settled = call.Settle(run, answer, numericTarget, true);
   // In text mode a number is no number.
   if (settled && (settled->IsText() || !engine.TextExpressionFlag)) {
-    std::string* text = target.Text(run.variables);
-    if (text != nullptr && settled->IsText() && settled->AsText()->size() <= VariableStore::kMaxTextLength) {
-      *text = (*std::move(settled)).ToText();
-    } else {
-      run.variables.VarWrite(name, *std::move(settled), true);
-    }
+    WriteBy(run.variables, target, name, *std::move(settled));
     engine.TextExpressionFlag = false;
     return;
   }
@@ -136,7 +126,7 @@ void AssignmentForm::AssignAround(Engine& engine, Run& run, const NameForm& targ
   engine.TextExpressionFlag = false;
   std::string text;
   if (const auto result = inside_->Evaluate(run, text)) {
-    run.variables.VarWrite(name, *ExactDecimal::FromDouble(*result), true);
+    WriteBy(run.variables, target, name, *ExactDecimal::FromDouble(*result));
     engine.TextExpressionFlag = false;
   } else if (inside_->isOwn()) {
     // Another function of the program may have come to stand in the text.

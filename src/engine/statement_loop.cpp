@@ -266,10 +266,17 @@ const Line* StatementLoop::StepVariable(const Line& line, int change) {
 }
 
 const Line* StatementLoop::Compound(const Line& line) {
-  const Value value = run_.variables.VarRead(line.variable);
-  const Value operand = EvalNumber(run_, line.expression);
-  const Value result = line.road == Road::Add ? AddValues(value, operand) : SubtractValues(value, operand);
-  run_.variables.VarWrite(line.variable, result, true);
+  const auto change = [&](const Value& value, const Value& operand) {
+    return line.road == Road::Add ? AddValues(value, operand) : SubtractValues(value, operand);
+  };
+  VariableStore& store = run_.variables;
+  if (const LineForm& form = line.form; form.kind == LineForm::Kind::Compound) {
+    const Value value = ReadBy(store, form.target, line.variable);
+    WriteBy(store, form.target, line.variable, change(value, form.term->Evaluate(run_)));
+  } else {
+    const Value value = store.VarRead(line.variable);
+    store.VarWrite(line.variable, change(value, EvalNumber(run_, line.expression)), true);
+  }
   return text_.Next(line);
 }
 

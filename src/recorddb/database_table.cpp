@@ -50,21 +50,13 @@ std::int16_t FindDatabase(RecordContext& context, std::string_view name) {
   return -1;
 }
 
-// FAST: where symbols tell of the name, nobody looks for it.
 Value ReadField(VariableStore& variables, const DatabaseField& field) {
-  if (field.form && variables.SymbolsTellAll()) {
-    if (const std::int32_t* integer = field.form->Integer(variables)) return *integer;
-    if (const double* decimal = field.form->Decimal(variables)) return *decimal;
-    if (const std::string* text = field.form->Text(variables)) return *text;
-  }
-  return variables.VarRead(field.variable);
+  return field.form ? ReadBy(variables, *field.form, field.variable) : variables.VarRead(field.variable);
 }
 
 void WriteField(VariableStore& variables, const DatabaseField& field, Value value) {
-  const bool isReady = field.form && variables.SymbolsTellAll() && !field.form->isElement &&
-                       field.form->type() != VariableType::None;
-  if (isReady) {
-    variables.WriteTo(*field.form->symbol, std::move(value));
+  if (field.form) {
+    WriteBy(variables, *field.form, field.variable, std::move(value));
   } else {
     variables.VarWrite(field.variable, std::move(value), true);
   }

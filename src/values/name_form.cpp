@@ -25,4 +25,21 @@ std::optional<NameForm> NameForm::Of(VariableStore& store, std::string_view name
   return form;
 }
 
+Value ReadBy(VariableStore& store, const NameForm& form, std::string_view name) {
+  if (store.SymbolsTellAll()) {
+    if (const std::int32_t* integer = form.Integer(store)) return *integer;
+    if (const double* decimal = form.Decimal(store)) return *decimal;
+    if (const std::string* text = form.Text(store)) return *text;
+  }
+  return store.VarRead(name);
+}
+
+void WriteBy(VariableStore& store, const NameForm& form, std::string_view name, Value value) {
+  if (store.SymbolsTellAll() && !form.isElement && form.type() != VariableType::None) {
+    store.WriteTo(*form.symbol, std::move(value));
+  } else {
+    store.VarWrite(name, std::move(value), true);
+  }
+}
+
 }  // namespace tessera
