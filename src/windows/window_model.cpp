@@ -37,7 +37,9 @@ void ActivationOrder::Remove(const ProgramWindow& window) {
 void WindowModel::Reset(Form& mainWindow, ProgramWindow& owner) {
   WindowObjects* const keptObjects = objects;
   WindowParts* const keptTray = trayParts;
+  const std::uint64_t yields = yields_;
   *this = {};
+  yields_ = yields;
   objects = keptObjects;
   trayParts = keptTray;
   if (objects != nullptr) {
@@ -71,6 +73,12 @@ Form* WindowModel::FindWindow(std::string_view name) const {
   return index == kSlots ? nullptr : slots[index].window;
 }
 
+std::string WindowModel::NameOf(const Form* form) const {
+  const auto slot = std::find_if(slots.begin(), slots.end(),
+                                 [form](const WindowSlot& s) { return !s.name.empty() && s.window == form; });
+  return slot == slots.end() ? std::string() : slot->BareName();
+}
+
 // A current window that is not shown is in nobody's hand: then the one in front is.
 Form* WindowModel::WindowInHand() const {
   if (!modal.empty()) return modal.back();
@@ -91,7 +99,8 @@ void WindowModel::OnLineDone() const {
   if (objects != nullptr) objects->CopyTexts();
 }
 
-void WindowModel::OnYield() const {
+void WindowModel::OnYield() {
+  ++yields_;
   if (objects != nullptr) objects->WakeCopying();
 }
 
