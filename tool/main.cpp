@@ -60,6 +60,7 @@ class CommandLine {
     AddBuild();
     AddCheck();
     AddTest();
+    AddRecord();
     AddOnProgram("show", "Mostra o texto preparado de um programa", ShowSubcommand);
     CLI::App* created =
         Add("new", "Cria uma pasta com um primeiro programa", [this] { return NewSubcommand(name_); });
@@ -70,7 +71,7 @@ class CommandLine {
 
   int Run(int argc, char** argv) {
     std::vector<std::string> words(argv + 1, argv + argc);
-    run_.arguments = TakeProgramArguments(words);
+    run_.arguments = record_.arguments = TakeProgramArguments(words);
     std::reverse(words.begin(), words.end());  // the parser takes them from the back
     try {
       app_.parse(words);
@@ -127,6 +128,10 @@ class CommandLine {
                   "Executa só pelas regras simples, sem as formas rápidas, para comparar");
     run->add_option("--script", run_.script, "Roteiro de eventos que conduz as janelas; - é a entrada padrão")
         ->type_name("ARQUIVO");
+    run->add_option("--record", run_.record, "Grava em um roteiro o que se faz nas janelas")
+        ->type_name("ARQUIVO")
+        ->excludes("--script")
+        ->excludes("--console");
     run->add_flag("--cancel", run_.answerCancel,
                   "No terminal e em um roteiro, responde Cancelar às caixas de OK e Cancelar");
     run->add_option("--printer", run_.printer,
@@ -176,6 +181,18 @@ class CommandLine {
     test->footer(
         "Um teste é um roteiro ao lado do programa com a saída esperada: Nome.roteiro e Nome.saida, ou\n"
         "Nome.teste com os dois. Nome é o do programa, ou começa com ele e um ponto.");
+  }
+
+  void AddRecord() {
+    CLI::App* record =
+        AddWithProgram("record", "Grava um teste: executa o programa e escreve o roteiro do que se faz",
+                       record_.program, [this] { return RecordSubcommand(record_); });
+    record->add_option("-o", record_.script, "Roteiro a gravar; sem ele, Nome.roteiro ao lado do programa")
+        ->type_name("ROTEIRO");
+    record->add_flag("--force", record_.force, "Grava por cima de um teste que já existe");
+    record->footer(
+        "O programa roda em uma cópia da sua pasta. No fim, a saída que ele deu fica em Nome.saida, e\n"
+        "tessera test a confere. O que vem depois de -- é a linha de comando do programa.");
   }
 
   void AddBuild() {
@@ -269,6 +286,7 @@ class CommandLine {
   RunCall run_;
   CheckCall check_;
   TestCall test_;
+  RecordCall record_;
   BuildCall build_;
   BdExportCall export_;
   BdImportCall import_;

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <charconv>
 #include <cstdlib>
 #include <fstream>
 
@@ -20,6 +21,8 @@ namespace tessera {
 namespace {
 
 namespace fs = std::filesystem;
+
+constexpr std::string_view kSystemLibrary = "libc6";
 
 // Letters with accents, and those that stand for them in a package's name.
 constexpr std::array<std::pair<std::string_view, char>, 26> kPlainLetters = {{
@@ -75,10 +78,26 @@ std::string Command(const std::string& name, const std::string& stem) {
          "exec \"$to/$program\" \"$@\"\n";
 }
 
+// The newest version of the C library whose parts the file asks for, as "2.36"; empty where it asks for none.
+std::string NewestGlibc(std::string_view file) {
+  constexpr std::string_view kMark = "GLIBC_2.";
+  int newest = 0;
+  for (std::size_t at = file.find(kMark); at != std::string_view::npos; at = file.find(kMark, at)) {
+    at += kMark.size();
+    int minor = 0;
+    std::from_chars(file.data() + at, file.data() + file.size(), minor);
+    newest = std::max(newest, minor);
+  }
+  return newest == 0 ? std::string() : "2." + std::to_string(newest);
+}
+
 std::string Control(const ProgramPackage& package, const std::string& name, std::uintmax_t bytes) {
   std::string depends;
-  for (const NeededPackage& needed : package.needs)
+  const std::string glibc = NewestGlibc(package.file);
+  for (const NeededPackage& needed : package.needs) {
     depends.append(depends.empty() ? "" : ", ").append(needed.package);
+    if (needed.package == kSystemLibrary && !glibc.empty()) depends += " (>= " + glibc + ")";
+  }
   return "Package: " + name + "\nVersion: " + package.version + "\nArchitecture: " + Architecture() +
          "\nMaintainer: " + Maintainer() + "\nInstalled-Size: " + std::to_string((bytes + 1023) / 1024) +
          "\nDepends: " + depends + "\nSection: misc\nPriority: optional\nDescription: " + package.stem +

@@ -89,13 +89,14 @@ int RunSubcommand(const RunCall& call) {
                            .plain = call.plain,
                            .scripted = !call.script.empty(),
                            .answerCancel = call.answerCancel,
+                           .recorded = AbsolutePath(call.record),
                            .files = std::move(program.files)};
   if (start.scripted && call.script != kStandardInput && !ReadFrom(call.script)) {
     PrintError(call.script + ": o roteiro não pode ser lido: " + SystemReason(errno));
     return kWrongCall;
   }
   if (!call.console) {
-    if (start.scripted || DisplayIsNamed()) return RunWithWindows(start);
+    if (start.scripted || !start.recorded.empty() || DisplayIsNamed()) return RunWithWindows(start);
     PrintRemark("nenhuma tela ao alcance; o programa roda no terminal");
   }
   return RunOnConsole(start);

@@ -18,6 +18,7 @@ struct RunCall {
   bool check = true;          // where a person reads along, what the check finds is shown first
   bool answerCancel = false;  // a script answers boxes of OK and Cancel with Cancel
   std::string script;         // a file with an event script; "-" is the standard input, empty for none
+  std::string record;         // where the script of what a person does is written; empty for none
 };
 int RunSubcommand(const RunCall& call);
 
@@ -54,6 +55,14 @@ struct TestCall {
   int patience = 60;     // seconds for one test
 };
 int TestSubcommand(const TestCall& call);
+
+struct RecordCall {
+  std::string program;
+  std::vector<std::string> arguments;
+  std::string script;  // where the script comes; empty: beside the program, by its name
+  bool force = false;  // also over a test that is there
+};
+int RecordSubcommand(const RecordCall& call);
 
 int ShowSubcommand(const std::string& program);
 int NewSubcommand(const std::string& folder);

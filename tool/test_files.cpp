@@ -81,6 +81,12 @@ std::variant<std::optional<std::string>, std::string> ReadIfThere(const fs::path
   return file.string() + ": não foi possível ler o arquivo: " + SystemReason(error);
 }
 
+// Writes a file whole; empty, or why it could not be written.
+std::string Written(const fs::path& file, const std::string& bytes) {
+  const int error = ReplaceFile(file.string(), bytes, NewFilePermissions());
+  return error == 0 ? std::string() : file.string() + ": não foi possível gravar: " + SystemReason(error);
+}
+
 }  // namespace
 
 std::variant<std::vector<ProgramTest>, std::string> FindTests(const std::string& path) {
@@ -106,6 +112,33 @@ std::variant<std::vector<ProgramTest>, std::string> FindTests(const std::string&
   }
   if (tests.empty()) return path + ": nenhum teste (Nome.roteiro com Nome.saida, ou Nome.teste)";
   return tests;
+}
+
+std::variant<ProgramTest, std::string> TestFor(const std::string& program, const std::string& script) {
+  auto loaded = LoadProgram(program);
+  if (LoadProblem* problem = std::get_if<LoadProblem>(&loaded)) return std::move(problem->message);
+  std::error_code error;
+  const fs::path given(program);
+  ProgramTest test;
+  test.program = given;
+  if (!script.empty()) {
+    test.stem = fs::path(script);
+    if (test.stem.extension() == kScript) test.stem.replace_extension();
+  } else if (fs::is_directory(given, error)) {
+    test.stem = given / fs::canonical(given, error).filename();
+  } else {
+    test.stem = fs::path(given).replace_extension();
+  }
+  test.name = test.stem.string();
+  return test;
+}
+
+fs::path ScriptOf(const ProgramTest& test) {
+  return With(test.stem, kScript);
+}
+
+fs::path OutputOf(const ProgramTest& test) {
+  return With(test.stem, kOutput);
 }
 
 std::variant<TestContent, std::string> ReadTest(const ProgramTest& test) {
@@ -134,6 +167,13 @@ std::variant<TestContent, std::string> ReadTest(const ProgramTest& test) {
   return content;
 }
 
+std::string WriteArguments(const ProgramTest& test, const std::vector<std::string>& arguments) {
+  if (arguments.empty()) return {};
+  std::string lines;
+  for (const std::string& argument : arguments) lines += argument + "\n";
+  return Written(With(test.stem, kArguments), lines);
+}
+
 std::string WriteExpected(const ProgramTest& test, const std::string& script, const std::string& output) {
   std::string bytes = output;
   if (test.isOneFile) {
@@ -141,9 +181,7 @@ std::string WriteExpected(const ProgramTest& test, const std::string& script, co
     if (!bytes.empty() && bytes.back() != '\n') bytes += '\n';
     bytes.append(kDivider).append(output);
   }
-  const fs::path file = With(test.stem, test.isOneFile ? kBoth : kOutput);
-  const int error = ReplaceFile(file.string(), bytes, NewFilePermissions());
-  return error == 0 ? std::string() : file.string() + ": não foi possível gravar: " + SystemReason(error);
+  return Written(With(test.stem, test.isOneFile ? kBoth : kOutput), bytes);
 }
 
 }  // namespace tessera

@@ -38,8 +38,19 @@ struct TestContent {
 // over.
 std::variant<std::vector<ProgramTest>, std::string> FindTests(const std::string& path);
 
+// The test of a program whose script lies there, or beside the program where no place is given. The answer is
+// the test, or why that is no program.
+std::variant<ProgramTest, std::string> TestFor(const std::string& program, const std::string& script);
+
+// The test's file of that kind.
+std::filesystem::path ScriptOf(const ProgramTest& test);
+std::filesystem::path OutputOf(const ProgramTest& test);
+
 // A file that can't be read is told in the user's language.
 std::variant<TestContent, std::string> ReadTest(const ProgramTest& test);
+
+// Keeps the program's arguments, where it has any. The answer is empty, or why they could not be written.
+std::string WriteArguments(const ProgramTest& test, const std::vector<std::string>& arguments);
 
 // Keeps an output as the expected one. The answer is empty, or why it could not be written.
 std::string WriteExpected(const ProgramTest& test, const std::string& script, const std::string& output);

@@ -74,17 +74,17 @@ TestRun RunTest(const ProgramTest& test, const TestContent& content, const TestS
   run.problem = CopyFolder(home.empty() ? fs::path(".") : home, copy);
   if (!run.problem.empty()) return run;
 
-  ChildCall call{
-      .words = {"/proc/self/exe", "run", "--no-check"},
-      .environment = {"QT_QPA_PLATFORM=offscreen", "XDG_DATA_HOME=" + (workshop / "dados").string(),
-                      "XDG_CONFIG_HOME=" + (workshop / "ajustes").string()},
-      .input = workshop / "roteiro",
-      .output = workshop / "saida",
-      .folder = copy};
-  if (setting.windows) {
-    call.words.insert(call.words.end(), {"--script", "-"});
+  ChildCall call{.words = {"/proc/self/exe", "run", "--no-check"},
+                 .environment = {"XDG_DATA_HOME=" + (workshop / "dados").string(),
+                                 "XDG_CONFIG_HOME=" + (workshop / "ajustes").string()},
+                 .input = workshop / "roteiro",
+                 .output = workshop / "saida",
+                 .folder = copy};
+  if (!setting.record.empty()) {
+    call.words.insert(call.words.end(), {"--record", setting.record.string()});
   } else {
-    call.words.emplace_back("--console");
+    call.environment.emplace_back("QT_QPA_PLATFORM=offscreen");
+    call.words.emplace_back(setting.windows ? "--script=-" : "--console");
   }
   call.words.push_back((isFolder ? copy : copy / test.program.filename()).string());
   call.words.emplace_back("--");

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <chrono>
+#include <filesystem>
 #include <string>
 
 #include "tool/test_files.h"
@@ -12,6 +13,8 @@ namespace tessera {
 struct TestSetting {
   bool windows = false;               // with real windows that nobody sees
   std::chrono::seconds patience{60};  // a program that takes longer is ended
+  // Where a person at its windows writes the script; empty where the test's own one is played.
+  std::filesystem::path record = {};
 };
 
 struct TestRun {

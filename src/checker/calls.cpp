@@ -84,7 +84,10 @@ std::string NearKeyword(std::string_view words, std::string_view written) {
 }  // namespace
 
 bool CheckCuts(Context& context, Tokens list, const Word* outer, bool outerIsUser, Place place) {
-  const bool isSpared = HoldsCallOf(trait::kTakesCommas, context.source.TextOf(list));
+  // A command's list that begins and ends with a literal is taken for one, and not searched for calls.
+  const bool looksLiteral = outer == nullptr && !outerIsUser && !list.empty() && list.front().IsLiteral() &&
+                            list.back().IsLiteral();
+  const bool isSpared = !looksLiteral && HoldsCallOf(trait::kTakesCommas, context.source.TextOf(list));
   std::size_t depth = 0;
   for (std::size_t i = 0; i + 1 < list.size(); ++i) {
     if (list[i].Is('(')) ++depth;

@@ -13,6 +13,11 @@ namespace tessera::check {
 
 namespace {
 
+// What other languages write behind a number for a power of ten, as far as it is a name here.
+bool IsExponent(std::string_view name) {
+  return name.starts_with('E') && name.find_first_not_of("0123456789", 1) == std::string_view::npos;
+}
+
 // Walks the tokens of one expression. Operands and operators take turns; what breaks the turn is told once.
 class ExpressionReader {
  public:
@@ -170,11 +175,22 @@ class ExpressionReader {
       const bool isDivisor = at_ > 0 && (tokens_[at_ - 1].Is('/') || tokens_[at_ - 1].Is('%'));
       if (isDivisor && token.text == "0")
         return Break(token, "uma divisão por zero", "divida por outro número");
+      CheckSize(token);
     } else {
       type = TakeName(token);
     }
     if (first == 0) type_ = type;
     operands_.push_back({&token, type, isCall_});
+  }
+
+  // A call reads its numbers from a text, and there the exponent of a very small or large one is lost.
+  void CheckSize(const Token& token) {
+    const std::string shown = NumberText(LeadingNumber(token.text));
+    if (context_.callDepth == 0 || !Contains(shown, "E")) return;
+    context_.Tell(
+        rule::kNumberSize, token,
+        "em uma chamada " + Shown(token.text) + " vale como " + Shown(shown) + ", e o expoente se perde",
+        "trabalhe com números entre 0.0001 e 999999999999999");
   }
 
   Type TakeGroup() {
@@ -239,6 +255,8 @@ class ExpressionReader {
       isBroken_ = true;
       return;
     }
+    if (before.IsNumber() && !token.blankBefore && IsExponent(folded))
+      return Break(token, "um número não leva expoente", "escreva-o por extenso, como 100000 ou 0.001");
     const bool isText = token.IsLiteral() || before.IsLiteral();
     std::string advice = "ponha um operador entre os dois";
     if (sought_.place == Place::Argument) advice = "falta uma vírgula ou um operador";

@@ -57,6 +57,7 @@ constexpr std::array kRules = std::to_array<const Rule*>({
     &kJoinInText,
     &kExpressionShape,
     &kTextIntoNumber,
+    &kNumberSize,
     &kTooFew,
     &kTooMany,
     &kWrongKind,

@@ -68,6 +68,7 @@ inline constexpr Rule kOutsideText{"T0512", kError, "Texto de fora no meio de um
 inline constexpr Rule kJoinInText{"T0513", kError, "& dentro de um texto"};
 inline constexpr Rule kExpressionShape{"T0514", kError, "Expressão malformada"};
 inline constexpr Rule kTextIntoNumber{"T0515", kError, "Texto em uma variável de números"};
+inline constexpr Rule kNumberSize{"T0516", kError, "Número pequeno ou grande demais em uma chamada"};
 
 // Commands and functions of the language.
 inline constexpr Rule kTooFew{"T0601", kError, "Faltam valores"};

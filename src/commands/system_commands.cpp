@@ -8,7 +8,6 @@ namespace tessera {
 namespace {
 
 constexpr std::string_view kYesNoWord = "OPCAOSIMNAO";
-constexpr std::string_view kCancelled = "CANCELADO";
 
 Value Mensagem(const WordCall& call) {
   const Arguments arguments(call);
@@ -37,7 +36,7 @@ Value EntraTexto(const WordCall& call) {
     case InputEnd::Confirmed:
       return Quote(answer.text);
     case InputEnd::Cancelled:
-      return Quote(kCancelled);
+      return Quote(kCancelledAnswer);
     case InputEnd::ClosedByFrame:
       break;
   }

@@ -4,20 +4,19 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
+#include <cstdlib>
 
 #include "commands/dialog_commands.h"
-#include "console/printed_texts.h"
-#include "platform/system_reason.h"
+#include "commands/system_commands.h"
+#include "console/memory_stage.h"
+#include "console/recording.h"
 #include "platform/termination.h"
 #include "text/code_page.h"
 #include "text/literal.h"
 #include "text/number.h"
 #include "text/one_based.h"
-#include "windows/event_state.h"
+#include "windows/act_line.h"
 #include "windows/form.h"
-#include "windows/picture_file.h"
-#include "windows/portrait.h"
 #include "windows/window_directory.h"
 
 namespace tessera {
@@ -45,107 +44,32 @@ std::string IndentedUtf8(std::string_view text) {
   return ToUtf8(lines);
 }
 
-// The keys of characters that have one of their own; 0 for others.
-int KeyCodeOf(char character) {
-  const char key = Upper(character);
-  if ((key >= 'A' && key <= 'Z') || (key >= '0' && key <= '9') || key == ' ') return key;
-  constexpr std::string_view kSigns = ",-./";  // their codes follow each other
-  const std::size_t sign = kSigns.find(character);
-  return sign == std::string_view::npos ? 0 : 188 + static_cast<int>(sign);
+// A script's line has no room for more.
+std::string FirstLine(const std::string& text) {
+  return text.substr(0, text.find_first_of("\r\n"));
 }
 
-// The character that a key types; nothing for a key that types none.
-std::optional<char> CharacterOf(int keyCode, KeyShift shift) {
-  constexpr int kNumpad0 = 96;
-  constexpr std::string_view kSigns = ",-./";
-  if (shift.ctrl) return std::nullopt;
-  if (keyCode == kKeyEnter || keyCode == ' ' || (keyCode >= '0' && keyCode <= '9')) {
-    return static_cast<char>(keyCode);
+// The line that answers an input form as the person did.
+std::string LineOf(const TextInputAnswer& answer, const std::string& prompt) {
+  switch (answer.end) {
+    case InputEnd::Confirmed:
+      return FirstLine(answer.text);
+    case InputEnd::Cancelled:
+      return std::string(kCancelledAnswer);
+    case InputEnd::ClosedByFrame:
+      break;
   }
-  if (keyCode >= 'A' && keyCode <= 'Z') return static_cast<char>(shift.shift ? keyCode : keyCode - 'A' + 'a');
-  if (keyCode >= kNumpad0 && keyCode < kNumpad0 + 10) return static_cast<char>('0' + keyCode - kNumpad0);
-  if (keyCode >= 188 && keyCode < 192) return kSigns[static_cast<std::size_t>(keyCode - 188)];
-  return std::nullopt;
+  return FirstLine(prompt);
 }
 
-// Nothing measures here: letters have the width of a typewriter's, or half their height.
-TextSize MeasureLetters(std::string_view text, const FontFace& font) {
-  const double pixels = font.size * 96 / 72;
-  const double width = Contains(Upper(font.name), "COURIER") ? 0.6 : 0.5;
-  return {.width = std::ceil(static_cast<double>(text.size()) * pixels * width),
-          .height = std::ceil(pixels * 1.2)};
-}
-
-PointerPlace WithinControl(const Control& control, PointerPlace at) {
-  const PointerPlace corner = control.Corner();
-  return {at.x - corner.x, at.y - corner.y};
+bool IsReadable(int descriptor) {
+  pollfd wait{.fd = descriptor, .events = POLLIN, .revents = 0};
+  return poll(&wait, 1, 0) > 0;
 }
 
 bool IsYes(std::string_view answer) {
   return EqualsIgnoringCase(Trim(answer), "s") || EqualsIgnoringCase(Trim(answer), "sim");
 }
-
-// A window in memory; what is printed on it goes to the lead, and is painted where somebody takes a look.
-class MemoryForm final : public Form {
- public:
-  MemoryForm(StageLead& lead, TextPainter& texts, const Placement& place, FormEvents& events)
-      : Form(events, place), lead_(lead), texts_(texts) {}
-  ~MemoryForm() override { UnloadControls(); }
-
-  Raster Portrait() {
-    Raster seen = InSight();
-    printed_.PaintOn(seen, texts_);
-    PaintObjects(*this, &texts_, seen);
-    return seen;
-  }
-
-  TextPainter* SurfaceTexts() override { return &texts_; }
-
-  TextSize MeasureText(std::string_view text, const FontFace& font) const override {
-    return MeasureLetters(text, font);
-  }
-
-  using Form::TakeScale;
-
- protected:
-  void ShowPrinted(std::string_view text, const TextMask&) override {
-    lead_.OnPrinted(text);
-    printed_.Add({.text = std::string(text),
-                  .font = Font,
-                  .pixel = PixelOfColour(ForeColor),
-                  .left = CurrentX,
-                  .top = CurrentY});
-  }
-  void ShowErased() override { printed_.Clear(); }
-  void ShowDrawn(const Spans& spans, Pixel) override { printed_.Cover(spans); }
-  void ShowPainted(const PlacedPictures& pictures, bool erased) override {
-    if (erased) printed_.Clear();
-    for (const PlacedPicture& placed : pictures) printed_.Cover(placed, ClientSize());
-  }
-  void ServeModal() override { lead_.ServeModal(*this); }
-
- private:
-  StageLead& lead_;
-  TextPainter& texts_;
-  PrintedTexts printed_;
-};
-
-class MemoryStage final : public Stage {
- public:
-  explicit MemoryStage(TextPainter& texts) : texts_(texts) {}
-
-  std::unique_ptr<Form> NewForm(std::string_view, const Placement& place, FormEvents& events,
-                                StageLead& lead) override {
-    return std::make_unique<MemoryForm>(lead, texts_, place, events);
-  }
-  void ResizeByPerson(Form& form, double width, double height) override {
-    static_cast<MemoryForm&>(form).TakeScale(width, height);
-  }
-  Raster Portrait(Form& form) override { return static_cast<MemoryForm&>(form).Portrait(); }
-
- private:
-  TextPainter& texts_;
-};
 
 }  // namespace
 
@@ -230,54 +154,87 @@ void ConsoleHost::TellMissingPart(std::string_view problem) {
 
 // Boxes and forms
 
+// OPEN: a script has no line for a box of OK and Cancel: whoever writes it is offered what it will answer.
 BoxAnswer ConsoleHost::ShowBox(const Box& box) {
   std::string line = "[";
   line += IconWord(box.icon);
   if (box.title != options_.programTitle) line.append(": ").append(ToUtf8(box.title));
   TellError(line.append("] ").append(IndentedUtf8(box.text)));
   TellPlace(box.text);
-  if (box.buttons == BoxButtons::Ok) return BoxAnswer::Ok;
-  if (box.buttons == BoxButtons::OkCancel) return options_.answerCancel ? BoxAnswer::Cancel : BoxAnswer::Ok;
-  const auto answer = input_.NextLine();
+  if (box.buttons == BoxButtons::YesNo) return AnswerYesNo(box);
+  if (Dialogs* person = Asked()) {
+    Box told = box;
+    told.buttons = BoxButtons::Ok;
+    person->ShowBox(told);
+  }
+  return box.buttons == BoxButtons::OkCancel && options_.answerCancel ? BoxAnswer::Cancel : BoxAnswer::Ok;
+}
+
+BoxAnswer ConsoleHost::AnswerYesNo(const Box& box) {
+  const auto answer =
+      Answer([&](Dialogs& person) { return std::string(person.ShowBox(box) == BoxAnswer::Yes ? "s" : "n"); });
   if (!answer) return box.defaultAnswer;
   return IsYes(*answer) ? BoxAnswer::Yes : BoxAnswer::No;
 }
 
 TextInputAnswer ConsoleHost::AskText(const TextInput& input) {
   TellError("[entrada] " + IndentedUtf8(input.prompt));
-  auto text = input_.NextLine();
+  auto text = Answer([&](Dialogs& person) { return LineOf(person.AskText(input), input.prompt); });
   if (!text) return {InputEnd::Cancelled, {}};
   return {InputEnd::Confirmed, std::move(*text)};
 }
 
-std::optional<std::string> ConsoleHost::AskDialog(std::string_view mode, std::string_view title) {
+// Who is asked while the script is written; null where it is there already.
+Dialogs* ConsoleHost::Asked() const {
+  return options_.recording == nullptr ? nullptr : &options_.recording->Author().Answers();
+}
+
+// The script's next line, which `ask` gets from the person who writes it.
+template <typename Ask>
+std::optional<std::string> ConsoleHost::Answer(Ask ask) {
+  Dialogs* person = Asked();
+  if (person == nullptr) return input_.NextLine();
+  std::string answer = ask(*person);
+  options_.recording->KeepAnswer(answer);
+  return answer;
+}
+
+template <typename Ask>
+std::optional<std::string> ConsoleHost::AskDialog(std::string_view mode, std::string_view title, Ask ask) {
   const std::string behind = title.empty() ? "" : " " + IndentedUtf8(title);
   TellError(std::string("[dialogo] ").append(mode).append(behind));
-  auto answer = input_.NextLine();
+  auto answer = Answer([&](Dialogs& person) { return std::optional<std::string>(ask(person)).value_or(""); });
   if (!answer || answer->empty()) return std::nullopt;
   return answer;
 }
 
 std::optional<std::string> ConsoleHost::AskFile(const FileRequest& request) {
-  return AskDialog(request.save ? "SALVAR" : "ABRIR", request.title);
+  return AskDialog(request.save ? "SALVAR" : "ABRIR", request.title,
+                   [&](Dialogs& person) { return person.AskFile(request); });
 }
 
 // A line that is no number is no colour, and Cancel.
 std::optional<std::int32_t> ConsoleHost::AskColour(std::string_view title) {
-  const auto answer = AskDialog("COR", title);
+  const auto answer = AskDialog("COR", title, [&](Dialogs& person) {
+    const auto colour = person.AskColour(title);
+    return colour ? std::optional(NumberText(*colour)) : std::nullopt;
+  });
   const auto number = answer ? WholeNumber(*answer) : std::nullopt;
   if (!number || std::abs(*number) > 0x7FFFFFFF) return std::nullopt;
   return static_cast<std::int32_t>(*number);
 }
 
 std::optional<ChosenFont> ConsoleHost::AskFont(std::string_view title) {
-  const auto answer = AskDialog("FONTE", title);
+  const auto answer = AskDialog("FONTE", title, [&](Dialogs& person) {
+    const auto font = person.AskFont(title);
+    return font ? std::optional(FontRecord(*font)) : std::nullopt;
+  });
   if (!answer) return std::nullopt;
   return FontOfRecord(*answer);
 }
 
 std::optional<std::string> ConsoleHost::AskPrinter(std::string_view title) {
-  return AskDialog("IMPRESSORA", title);
+  return AskDialog("IMPRESSORA", title, [&](Dialogs& person) { return person.AskPrinter(title); });
 }
 
 // Reports
@@ -354,10 +311,20 @@ void ConsoleHost::LetOutsideAct(std::chrono::milliseconds time, bool oneEvent) {
   }
 }
 
-bool ConsoleHost::LineWithin(std::optional<std::chrono::milliseconds> time) const {
+// What ends a rest beside a line of the script.
+std::vector<int> ConsoleHost::Wakes() const {
   std::vector<int> wakes = {posted_.WakeDescriptor()};
   if (source_ != nullptr) wakes.insert(wakes.end(), {source_->EventDescriptor(), source_->SendDescriptor()});
-  return input_.LineWithin(time, wakes);
+  return wakes;
+}
+
+// Sleeps; whoever writes the script sees the windows live on.
+void ConsoleHost::Rest(std::chrono::milliseconds time) {
+  if (options_.recording != nullptr) {
+    options_.recording->Author().Rest(time);
+  } else {
+    termination::Sleep(time);
+  }
 }
 
 // In a script the outside acts while the time goes by, and behind the script's end wherever events are waited
@@ -371,10 +338,11 @@ bool ConsoleHost::AwaitEvents(std::chrono::milliseconds sleep) {
   if (letsAct && sleep.count() > 0) {
     LetOutsideAct(sleep, false);
   } else {
-    termination::Sleep(sleep);
+    Rest(sleep);
   }
   Dispatch();
-  if (input_.IsTerminal() && !LineWithin(std::chrono::milliseconds(0))) return true;
+  if (input_.IsTerminal() && !input_.LineWithin(std::chrono::milliseconds(0), Wakes())) return true;
+  if (options_.recording != nullptr) return RecordActOrTime(sleep);
   if (DeliverNext()) return true;
   if (letsAct && sleep.count() == 0) LetOutsideAct(kRest, true);
   return false;
@@ -384,7 +352,8 @@ bool ConsoleHost::AwaitEvents(std::chrono::milliseconds sleep) {
 bool ConsoleHost::AwaitNextEvents() {
   out_.flush();
   Dispatch();
-  if (!input_.IsTerminal() || LineWithin(time_.UntilNextTick())) return DeliverNext();
+  if (options_.recording != nullptr) return RecordNext();
+  if (!input_.IsTerminal() || input_.LineWithin(time_.UntilNextTick(), Wakes())) return DeliverNext();
   Dispatch();
   return true;
 }
@@ -393,7 +362,7 @@ bool ConsoleHost::AwaitNextEvents() {
 void ConsoleHost::Pause(std::chrono::milliseconds time) {
   out_.flush();
   stage_->ShowChanges();
-  if (input_.IsTerminal()) termination::Sleep(time);
+  if (input_.IsTerminal() || options_.recording != nullptr) Rest(time);
 }
 
 std::chrono::milliseconds ConsoleHost::DispatchTime() {
@@ -422,6 +391,12 @@ void ConsoleHost::CatchUp() {
 }
 
 bool ConsoleHost::DeliverNext() {
+  if (again_.times > 0) {
+    --again_.times;
+    time_.Pass(again_.time);
+    FinishLine();
+    return true;
+  }
   const auto line = input_.NextEventLine();
   if (!line) return false;
   const std::string fault = DoEventLine(*line, *this);
@@ -429,129 +404,52 @@ bool ConsoleHost::DeliverNext() {
     TellError("[roteiro] linha " + std::to_string(input_.lineNumber()) + ": " + ToUtf8(fault));
     throw ProcessEnd{kFaultyScriptStatus};
   }
+  FinishLine();
+  return true;
+}
+
+void ConsoleHost::FinishLine() {
   windows_->OnLineDone();
   stage_->ShowChanges();
-  return true;
 }
 
-// What the script's person does
-
-Form& ConsoleHost::InHand() const {
-  return *windows_->WindowInHand();
-}
-
-// Whoever acts on a window has it in front.
-Form& ConsoleHost::BringInHand() {
-  Form& form = InHand();
-  form.Events().OnActivate();
-  return form;
-}
-
-PersonObject* ConsoleHost::FindObject(std::string_view name) {
-  return windows_->FindObject(name);
-}
-
-bool ConsoleHost::TurnTo(PersonObject& object) {
-  Form* form = object.Window();
-  if (form == nullptr) return object.IsInReach();
-  if (!object.IsInReach() || !form->Visible() || !windows_->CanBeReached(*form)) return false;
-  form->Events().OnActivate();
-  object.SetFocus();
-  return true;
-}
-
-void ConsoleHost::Click() {
-  PressButton(MouseButton::Left);
-  ReleaseButton(MouseButton::Left);
-}
-
-void ConsoleHost::DoubleClick() {
-  Click();
-  Form& form = InHand();
-  if (Control* target = form.PointerTarget(form.Pointer())) return target->DoubleClick();
-  form.PressButtonAgain(form.Pointer());
-  form.ReleaseButton(MouseButton::Left, form.Pointer());
-}
-
-// Over an object that takes the pointer a press keeps it there until the release.
-void ConsoleHost::PressButton(MouseButton button) {
-  Form& form = BringInHand();
-  Control* target = form.PointerTarget(form.Pointer());
-  if (target == nullptr) return form.PressButton(button, form.Pointer());
-  target->SetFocus();
-  pressed_ = target->weak_from_this();
-  target->OnMouseDown(button, WithinControl(*target, form.Pointer()));
-}
-
-void ConsoleHost::ReleaseButton(MouseButton button) {
-  Form& form = InHand();
-  const auto pressed = std::exchange(pressed_, {}).lock();
-  if (pressed == nullptr) return form.ReleaseButton(button, form.Pointer());
-  pressed->OnMouseUp(button, WithinControl(*pressed, form.Pointer()));
-}
-
-void ConsoleHost::MovePointer(double line, double column) {
-  Form& form = InHand();
-  const Grid grid = form.Events().PlacementGrid();
-  const PointerPlace to{.x = column * grid.TamCol, .y = line * grid.TamLin};
-  const auto pressed = pressed_.lock();
-  Control* target = pressed ? pressed.get() : form.PointerTarget(to);
-  if (target == nullptr) return form.MovePointer(to);
-  form.TakePointer(to);
-  target->OnMouseMove(WithinControl(*target, to));
-}
-
-void ConsoleHost::TypeText(std::string_view text) {
-  for (const char character : text) {
-    const int key = KeyCodeOf(character);
-    Form& form = BringInHand();
-    if (key != 0 && form.PressKey(key, {.shift = character >= 'A' && character <= 'Z'})) continue;
-    form.TypeCharacter(character);
-    if (key != 0) ReleaseKey(key, {});
+// While a script is written, its lines are taken as they come: the person's acts, the ticks of timers, and
+// what the network has. What ticks faster than a program's own timers only copies, as each line does.
+bool ConsoleHost::RecordNext() {
+  constexpr std::chrono::milliseconds kFastestOfPrograms{10};
+  stage_->ShowChanges();
+  const auto act = options_.recording->NextAct(time_.UntilNextTick(kFastestOfPrograms), Wakes());
+  if (act) {
+    PlayRecorded(*act);
+  } else if (source_ != nullptr && IsReadable(source_->EventDescriptor())) {
+    PlayRecorded({.line = "rede"});
   }
+  return !termination::IsAsked();
 }
 
-void ConsoleHost::PressKey(int keyCode, KeyShift shift) {
-  Form& form = BringInHand();
-  if (form.PressKey(keyCode, shift)) return;
-  if (const auto character = CharacterOf(keyCode, shift)) form.TypeCharacter(*character);
+// A step of a wait takes one line, whether or not the person did anything.
+bool ConsoleHost::RecordActOrTime(std::chrono::milliseconds time) {
+  while (!termination::IsAsked() && !PlayRecorded(options_.recording->ActOrTime(time))) continue;
+  return !termination::IsAsked();
 }
 
-void ConsoleHost::ReleaseKey(int keyCode, KeyShift shift) {
-  InHand().ReleaseKey(keyCode, shift);
-}
-
-// The frame of a fixed window can't be taken.
-void ConsoleHost::ResizeWindow(double lines, double columns) {
-  if (!InHand().Style().Sizable) return;
-  stage_->ResizeByPerson(InHand(), PixelsOfTwips(columns * kWindowColumnTwips),
-                         PixelsOfTwips(lines * kWindowLineTwips));
-}
-
-// What is hidden, or lies below a modal window, can't be closed.
-bool ConsoleHost::CloseWindow(std::string_view name) {
-  Form* form = name.empty() ? windows_->WindowInHand() : windows_->FindWindow(name);
-  if (form == nullptr) return false;
-  const bool isMain = form == mainForm_;
-  if ((isMain || form->Visible()) && windows_->CanBeReached(*form)) form->Events().OnClose();
+// An act on another window than the one in hand turns to that window first, by a line of its own. False for
+// an act that came too late: its object has gone in the meantime.
+bool ConsoleHost::PlayRecorded(PersonAct act) {
+  const Form* window = std::exchange(act.window, nullptr);
+  const std::string name = windows_->NameOf(window);
+  if (!name.empty() && window != windows_->WindowInHand() && windows_->CanBeReached(*window)) {
+    std::string turn = ActLine({"foco", name});
+    options_.recording->PutBack(std::move(act));
+    act.line = std::move(turn);
+  }
+  options_.recording->Keep(act.line, windows_->Yields());
+  if (!DoEventLine(act.line, *this).empty()) {
+    options_.recording->TakeBack();
+    return false;
+  }
+  FinishLine();
   return true;
-}
-
-void ConsoleHost::LetTimePass(std::chrono::milliseconds time) {
-  time_.Pass(time);
-}
-
-// The script's paths are those of whoever gave it: from the process' own folder.
-std::string ConsoleHost::TakePortrait(std::string_view path) {
-  const FoundCodec found = options_.findCodec();
-  if (found.codec == nullptr) return found.problem;
-  const std::string portrait = found.codec->EncodePage(stage_->Portrait(InHand()));
-  const int error = WritePicture(portrait, files_, ToUtf8(path));
-  return error == 0 ? std::string() : FromUtf8Lossy(SystemReason(error));
-}
-
-void ConsoleHost::LetNetworkAct(std::chrono::milliseconds time) {
-  if (source_ != nullptr) LetOutsideAct(time, true);
 }
 
 }  // namespace tessera

@@ -27,6 +27,7 @@
 #include "reports/report_host.h"
 #include "windows/display.h"
 #include "windows/picture_codec.h"
+#include "windows/script_author.h"
 #include "windows/stage.h"
 
 namespace tessera {
@@ -42,6 +43,8 @@ struct ConsoleStreams {
   bool isTerminal = false;
 };
 
+class Recording;
+
 struct ConsoleOptions {
   std::string programTitle = {};  // boxes of this title go without it
   bool answerCancel = false;      // boxes of OK and Cancel are answered Cancel
@@ -49,6 +52,8 @@ struct ConsoleOptions {
   std::function<std::string(std::string_view)> placeOf = {};
   // Where the windows stand; null for the host's own memory.
   Stage* stage = nullptr;
+  // The script is written by a person on that stage while it is played; null for one on the input.
+  Recording* recording = nullptr;
   // Paints texts on surfaces, loaded when the first is printed; it outlives the host. Without it they leave
   // no pixels.
   reports::PaperPart* paper = nullptr;
@@ -115,16 +120,26 @@ class ConsoleHost final : public Display,
   void ServeModal(Form& form) override;
 
   // A dialog's answer from the script: nothing for an empty line and at the end of input.
-  std::optional<std::string> AskDialog(std::string_view mode, std::string_view title);
+  template <typename Ask>
+  std::optional<std::string> AskDialog(std::string_view mode, std::string_view title, Ask ask);
+  BoxAnswer AnswerYesNo(const Box& box);
+  Dialogs* Asked() const;
+  template <typename Ask>
+  std::optional<std::string> Answer(Ask ask);
   void TellError(std::string_view utf8);
   void TellPlace(std::string_view text);
   void TellMissingPart(std::string_view problem);
   void CatchUp();
   void Dispatch();
   bool DeliverNext();
+  void FinishLine();
+  bool RecordNext();
+  bool RecordActOrTime(std::chrono::milliseconds time);
+  bool PlayRecorded(PersonAct act);
   EventSource::Delivered DeliverOutside();
   void LetOutsideAct(std::chrono::milliseconds time, bool oneEvent);
-  bool LineWithin(std::optional<std::chrono::milliseconds> time) const;
+  std::vector<int> Wakes() const;
+  void Rest(std::chrono::milliseconds time);
   Form& InHand() const;
   Form& BringInHand();
 
@@ -139,8 +154,9 @@ class ConsoleHost final : public Display,
   void PressKey(int keyCode, KeyShift shift) override;
   void ReleaseKey(int keyCode, KeyShift shift) override;
   void ResizeWindow(double lines, double columns) override;
+  bool TurnToWindow(std::string_view name) override;
   bool CloseWindow(std::string_view name) override;
-  void LetTimePass(std::chrono::milliseconds time) override;
+  void LetTimePass(std::chrono::milliseconds time, int times) override;
   std::string TakePortrait(std::string_view path) override;
   void LetNetworkAct(std::chrono::milliseconds time) override;
 
@@ -161,6 +177,12 @@ class ConsoleHost final : public Display,
   Stage* stage_;
   Form* mainForm_ = nullptr;
   std::weak_ptr<Control> pressed_;  // holds the pointer
+  // A time that is to pass again, in the place of a line.
+  struct TimeAgain {
+    std::chrono::milliseconds time{0};
+    int times = 0;
+  };
+  TimeAgain again_;
   const WindowDirectory* windows_ = nullptr;
 };
 

@@ -157,8 +157,33 @@ void Data(Words& words, Person& person) {
 void Linha(Words& words, Person& person) {
   PersonObject& object = ObjectOf(words, person);
   const int row = words.Index();
+  if (words.AtEnd()) return With(object, person, [row](auto& reached) { reached.ClickRow(row); });
+  const int column = words.Index();
   words.End();
-  With(object, person, [row](auto& reached) { reached.ClickRow(row); });
+  With(object, person, [=](auto& reached) { reached.ClickCell(row, column); });
+}
+
+// OPEN: what a person does with the page of a grid, the caret of an entry and the button of a list has lines
+// of its own, so that a recorded script can tell it.
+void Rola(Words& words, Person& person) {
+  PersonObject& object = ObjectOf(words, person);
+  const int row = words.Index();
+  words.End();
+  With(object, person, [row](auto& reached) { reached.ScrollTo(row); });
+}
+
+void Abre(Words& words, Person& person) {
+  PersonObject& object = ObjectOf(words, person);
+  words.End();
+  With(object, person, [](auto& reached) { reached.PressDropButton(); });
+}
+
+void Cursor(Words& words, Person& person) {
+  PersonObject& object = ObjectOf(words, person);
+  const auto anchor = static_cast<std::size_t>(words.Index());
+  const std::size_t caret = words.AtEnd() ? anchor : static_cast<std::size_t>(words.Index());
+  words.End();
+  With(object, person, [=](auto& reached) { reached.PlaceCaret(anchor, caret); });
 }
 
 void Celula(Words& words, Person& person) {
@@ -169,9 +194,13 @@ void Celula(Words& words, Person& person) {
 }
 
 void Foco(Words& words, Person& person) {
-  PersonObject& object = ObjectOf(words, person);
+  const std::string_view name = words.Name();
   words.End();
-  person.TurnTo(object);
+  if (PersonObject* object = person.FindObject(name)) {
+    person.TurnTo(*object);
+  } else if (!person.TurnToWindow(name)) {
+    throw LineFault{std::string("objeto desconhecido: "_w).append(name)};
+  }
 }
 
 struct Key {
@@ -230,8 +259,9 @@ void Redim(Words& words, Person& person) {
 
 void Espera(Words& words, Person& person) {
   const int time = words.Index();
+  const int times = words.AtEnd() ? 1 : words.Integer(1, std::numeric_limits<int>::max());
   words.End();
-  person.LetTimePass(std::chrono::milliseconds(time));
+  person.LetTimePass(std::chrono::milliseconds(time), times);
 }
 
 void Rede(Words& words, Person& person) {
@@ -271,6 +301,8 @@ constexpr std::array kWords = {
     WordRow{"libera", Libera},   WordRow{"redim", Redim},
     WordRow{"espera", Espera},   WordRow{"fecha", Fecha},
     WordRow{"rede", Rede},       WordRow{"retrato", Retrato},
+    WordRow{"abre", Abre},       WordRow{"cursor", Cursor},
+    WordRow{"rola", Rola},
 };
 
 }  // namespace

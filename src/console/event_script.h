@@ -36,9 +36,12 @@ class Person {
 
   // In the lines and columns by which windows are measured.
   virtual void ResizeWindow(double lines, double columns) = 0;
+  // Turns to the window of that name; false where there is none.
+  virtual bool TurnToWindow(std::string_view name) = 0;
   // Closes the window of that name, or the current one for an empty name; false where there is none.
   virtual bool CloseWindow(std::string_view name) = 0;
-  virtual void LetTimePass(std::chrono::milliseconds time) = 0;
+  // Lets that time pass, again and again, each time as if by a line of its own.
+  virtual void LetTimePass(std::chrono::milliseconds time, int times) = 0;
   // Writes what stands on the current window into a PNG file, by its path from the script's reader. Empty, or
   // why it can't.
   virtual std::string TakePortrait(std::string_view path) = 0;

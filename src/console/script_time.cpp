@@ -23,9 +23,9 @@ std::unique_ptr<Timer> ScriptTime::StartTimer(Milliseconds interval, std::functi
   return std::make_unique<Handle>(*this, std::prev(rows_.end()));
 }
 
-ScriptTime::Rows::const_iterator ScriptTime::NextDue() const {
+ScriptTime::Rows::const_iterator ScriptTime::NextDue(Milliseconds fastest) const {
   // Those without an interval are ticked by every dispatch, and by no time.
-  const auto isTimed = [](const auto& row) { return row->interval > Milliseconds{0}; };
+  const auto isTimed = [fastest](const auto& row) { return row->interval >= fastest; };
   auto next = std::find_if(rows_.begin(), rows_.end(), isTimed);
   for (auto row = next; row != rows_.end(); ++row) {
     if (isTimed(*row) && (*row)->due < (*next)->due) next = row;
@@ -65,8 +65,8 @@ void ScriptTime::Tick(std::shared_ptr<Row> row, Milliseconds time) {
   row->tick();
 }
 
-std::optional<ScriptTime::Milliseconds> ScriptTime::UntilNextTick() const {
-  const auto next = NextDue();
+std::optional<ScriptTime::Milliseconds> ScriptTime::UntilNextTick(Milliseconds fastest) const {
+  const auto next = NextDue(fastest);
   if (next == rows_.end()) return std::nullopt;
   return std::max(Milliseconds{0}, (*next)->due - now_);
 }

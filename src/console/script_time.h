@@ -31,8 +31,8 @@ class ScriptTime {
   // The time that has passed since the start.
   Milliseconds Now() const { return now_; }
 
-  // How long until the next tick is due; nothing without timers.
-  std::optional<Milliseconds> UntilNextTick() const;
+  // How long until the next tick is due, of timers that are no faster; nothing without such timers.
+  std::optional<Milliseconds> UntilNextTick(Milliseconds fastest = Milliseconds{1}) const;
 
  private:
   struct Row {
@@ -43,7 +43,7 @@ class ScriptTime {
   class Handle;
   using Rows = std::list<std::shared_ptr<Row>>;
 
-  Rows::const_iterator NextDue() const;
+  Rows::const_iterator NextDue(Milliseconds fastest = Milliseconds{1}) const;
   static void Tick(std::shared_ptr<Row> row, Milliseconds time);
 
   Milliseconds now_{0};

@@ -9,6 +9,7 @@
 #include "objects/list_events.h"
 #include "text/number.h"
 #include "text/one_based.h"
+#include "windows/act_line.h"
 #include "windows/form.h"
 
 namespace tessera {
@@ -238,6 +239,20 @@ void BoxControl::PointerLeave() {
   Change([](NovoBox& grid) { grid.TitleHover(std::nullopt); });
 }
 
+std::string BoxControl::PressLine(double x, double y) {
+  const Point at{x, y};
+  if (BarAt(at) != nullptr) return {};
+  if (const auto title = TitleAt(at)) {
+    return ActLine({"clique", Name(), Trim(grid_.Columns()[static_cast<std::size_t>(*title)].titulo)});
+  }
+  const auto cell = CellAt(at);
+  if (!cell) return ActLine({"clique", Name()});
+  const NovoBox::Place place = grid_.LeVetCel(*cell);
+  if (place.row >= grid_.LinVet()) return ActLine({"clique", Name()});
+  const std::string line = ActLine({"linha", Name(), std::to_string(place.row)});
+  return place.column == 0 ? line : ActLine({line, std::to_string(place.column)});
+}
+
 void BoxControl::Scroll(int rows) {
   if (grid_.LinVet() == 0) return;
   ScrollBar& bar = grid_.BarraVertical();
@@ -312,16 +327,19 @@ void BoxControl::ClickTitle(std::string_view title) {
   Change([&](NovoBox& grid) { grid.ClickTitle(static_cast<int>(column - columns.begin())); });
 }
 
-// The row's page as the bar brings it into view.
 void BoxControl::ScrollTo(int row) {
-  if (row < grid_.LinIniVet() || row >= grid_.LinIniVet() + grid_.TotalLinhas())
-    Scroll(row - grid_.LinIniVet());
+  Scroll(row - grid_.LinIniVet());
 }
 
-void BoxControl::ClickRow(int row) {
-  if (row >= grid_.LinVet() || !ShowsBars()) return;
-  ScrollTo(row);
-  Change([&](NovoBox& grid) { grid.ClickCelula((row - grid.LinIniVet()) * grid.TotalColunas()); });
+// The row's page as the bar brings it into view.
+void BoxControl::BringIntoView(int row) {
+  if (row < grid_.LinIniVet() || row >= grid_.LinIniVet() + grid_.TotalLinhas()) ScrollTo(row);
+}
+
+void BoxControl::ClickCell(int row, int column) {
+  if (row >= grid_.LinVet() || column >= grid_.TotalColunas() || !ShowsBars()) return;
+  BringIntoView(row);
+  Change([&](NovoBox& grid) { grid.ClickCelula((row - grid.LinIniVet()) * grid.TotalColunas() + column); });
   Click();
 }
 
@@ -330,7 +348,7 @@ void BoxControl::ClickRow(int row) {
 void BoxControl::EditCell(int row, int column, std::string_view text) {
   if (!grid_.AlteraCelula() || row >= grid_.LinVet() || column >= grid_.TotalColunas() || !ShowsBars())
     return;
-  ScrollTo(row);
+  BringIntoView(row);
   grid_.ClickCelula((row - grid_.LinIniVet()) * grid_.TotalColunas() + column);
   grid_.PlaceEditorCaret(0, std::string::npos);
   if (text.empty()) grid_.KeyDown(key::kDelete);

@@ -58,6 +58,9 @@ class BoxControl final : public Control {
   void PointerMove(double x, double y);
   void PointerUp(double x, double y);
   void PointerLeave();
+  bool HoldsBar() const { return heldBar_ != nullptr; }
+  // The line of a script for a press there; empty on the bars.
+  std::string PressLine(double x, double y);
   // Rows that the page moves on, or back.
   void Scroll(int rows);
   // The timer of a held bar.
@@ -67,7 +70,9 @@ class BoxControl final : public Control {
   void Click() override { Events().OnClick(*this); }
   void DoubleClick() override;
   void ClickTitle(std::string_view title) override;
-  void ClickRow(int row) override;
+  void ClickRow(int row) override { ClickCell(row, 0); }
+  void ClickCell(int row, int column) override;
+  void ScrollTo(int row) override;
   void EditCell(int row, int column, std::string_view text) override;
 
   void OnKeyDown(int keyCode, KeyShift shift) override;
@@ -98,7 +103,7 @@ class BoxControl final : public Control {
   void PressCell(Point at);
   // The place of the edited text's character there.
   std::size_t CaretAt(double x) const;
-  void ScrollTo(int row);
+  void BringIntoView(int row);
 
   NovoBox grid_;
   int titleHeight_;

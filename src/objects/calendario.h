@@ -19,6 +19,7 @@ class CalendarioControl final : public EntryControl {
 
   // The button beside the field, and the open month view: another month, a day.
   void ButtonClick();
+  void PressDropButton() override { ButtonClick(); }
   void ShowMonth(int monthsFromHere);
   void Pick(DateTime date);
 

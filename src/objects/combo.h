@@ -23,6 +23,7 @@ class ComboControl final : public EntryControl {
   // The arrow beside the field; in the open list an entry, from 0, below the pointer or clicked, and the
   // wheel.
   void ArrowClick();
+  void PressDropButton() override { ArrowClick(); }
   void ListHover(std::ptrdiff_t entry);
   void ListClick(std::ptrdiff_t entry);
   void Wheel(std::ptrdiff_t rows);

@@ -25,7 +25,7 @@ class EntryControl : public Control {
   virtual Line Shown() const = 0;
   std::string PortraitText() const override { return Shown().text; }
   // Selects what lies between the two places, the caret at the second one.
-  virtual void PlaceCaret(std::size_t anchor, std::size_t caret) = 0;
+  void PlaceCaret(std::size_t anchor, std::size_t caret) override = 0;
 
   // Puts a text, of which the first line counts, in place of the selection. Here it is typed, key by key.
   virtual void Paste(std::string_view text);

@@ -32,7 +32,7 @@ class TextoControl final : public Control {
   void SetTag(std::string_view tag) { tag_ = tag; }
 
   // The host's side: the caret's place by pointer, and the clipboard.
-  void PlaceCaret(std::size_t anchor, std::size_t caret);
+  void PlaceCaret(std::size_t anchor, std::size_t caret) override;
   void Paste(std::string_view text);
 
   void Click() override { Events().OnClick(*this); }

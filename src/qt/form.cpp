@@ -1,13 +1,10 @@
 #include "qt/form.h"
 
-#include <QCloseEvent>
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QIcon>
-#include <QKeyEvent>
-#include <QMouseEvent>
 #include <QPixmap>
 #include <QRegion>
 #include <QScreen>
@@ -22,7 +19,7 @@
 #include <vector>
 
 #include "platform/failure.h"
-#include "qt/key_codes.h"
+#include "qt/form_widget.h"
 #include "qt/looks/look.h"
 #include "qt/pictures.h"
 #include "qt/quiet_dispatch.h"
@@ -38,57 +35,13 @@ namespace {
 
 constexpr int kFirstPaintingLimit = 100;  // milliseconds
 
-std::optional<MouseButton> ButtonOf(const QMouseEvent& event) {
-  if (event.button() == Qt::LeftButton) return MouseButton::Left;
-  if (event.button() == Qt::RightButton) return MouseButton::Right;
-  return std::nullopt;
-}
-
-PointerPlace PlaceOf(const QMouseEvent& event) {
-  return {event.position().x(), event.position().y()};
-}
-
 // A program may name any number; the window system counts in 16 bits.
 int WidgetPixels(double pixels) {
   constexpr double kMost = 32767;
   return qRound(std::clamp(pixels, -kMost, kMost));
 }
 
-WindowState StateOf(const QWidget& widget) {
-  if (widget.isMinimized()) return WindowState::Minimised;
-  return widget.isMaximized() ? WindowState::Maximised : WindowState::Normal;
-}
-
 }  // namespace
-
-class FormWidget final : public QWidget {
- public:
-  FormWidget(QtForm& form, const QString& objectName);
-
-  // A finer screen's own picture is there before anything is printed.
-  void FitSurface();
-  SurfacePane& pane() { return pane_; }
-
- protected:
-  void paintEvent(QPaintEvent* event) override;
-  void focusInEvent(QFocusEvent* event) override;
-  // The logic knows the Tab order.
-  bool focusNextPrevChild(bool) override { return false; }
-  void resizeEvent(QResizeEvent* event) override;
-  void moveEvent(QMoveEvent* event) override;
-  void changeEvent(QEvent* event) override;
-  void closeEvent(QCloseEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override;
-  void keyReleaseEvent(QKeyEvent* event) override;
-  void mousePressEvent(QMouseEvent* event) override;
-  void mouseMoveEvent(QMouseEvent* event) override;
-  void mouseReleaseEvent(QMouseEvent* event) override;
-  void mouseDoubleClickEvent(QMouseEvent* event) override;
-
- private:
-  QtForm& form_;
-  SurfacePane pane_;
-};
 
 QtForm::QtForm(const QString& objectName, const Placement& place, FormEvents& events,
                const FormSurroundings& surroundings)
@@ -158,10 +111,21 @@ void QtForm::ShowCaption() {
 }
 
 void QtForm::ShowPlace() {
-  widget_->move(WidgetPixels(PixelsOfTwips(Place().Left)), WidgetPixels(PixelsOfTwips(Place().Top)));
+  widget_->move(CornerOnScreen());
   FitSizable();
   widget_->resize(SizeOfWidget());
   widget_->FitSurface();
+}
+
+// A script counts with a screen of its own: whoever writes one sees the whole window on a smaller one too.
+QPoint QtForm::CornerOnScreen() const {
+  QPoint corner(WidgetPixels(PixelsOfTwips(Place().Left)), WidgetPixels(PixelsOfTwips(Place().Top)));
+  if (!around_.entry.TellsActs()) return corner;
+  const QRect screen = widget_->screen()->availableGeometry();
+  const QSize room = screen.size() - SizeOfWidget();
+  corner.setX(std::clamp(corner.x(), screen.left(), screen.left() + std::max(room.width(), 0)));
+  corner.setY(std::clamp(corner.y(), screen.top(), screen.top() + std::max(room.height(), 0)));
+  return corner;
 }
 
 // OPEN: a window larger than any screen is known to the program in its full size, and shown as far as a large
@@ -316,91 +280,6 @@ void QtForm::TakeFront() {
 
 void QtForm::TakeSizeOfWidget() {
   if (widget_->size() != SizeOfWidget()) TakeScale(widget_->width(), widget_->height());
-}
-
-FormWidget::FormWidget(QtForm& form, const QString& objectName)
-    : form_(form), pane_(*this, form, form.raster_, form.around_.drawn) {
-  setObjectName(objectName);
-  setAttribute(Qt::WA_OpaquePaintEvent);
-  setFocusPolicy(Qt::TabFocus);
-  setMouseTracking(true);
-}
-
-void FormWidget::FitSurface() {
-  if (devicePixelRatioF() != 1) pane_.Fit();
-}
-
-void FormWidget::paintEvent(QPaintEvent* event) {
-  pane_.OnPaint(*event);
-}
-
-void FormWidget::focusInEvent(QFocusEvent*) {
-  form_.around_.entry.Enter([this] { form_.MoveFocus(nullptr); });
-}
-
-// Only a size that the program did not give is news to the logic.
-void FormWidget::resizeEvent(QResizeEvent*) {
-  // A surface too large to draw on is the failure of the drawing, not of the window.
-  Guard([this] { pane_.Fit(); });
-  form_.around_.entry.Enter([this] { form_.TakeSizeOfWidget(); });
-}
-
-void FormWidget::moveEvent(QMoveEvent*) {
-  if (isVisible() && form_.around_.lead == nullptr)
-    form_.TakePosition(TwipsOfPixels(x()), TwipsOfPixels(y()));
-}
-
-void FormWidget::changeEvent(QEvent* event) {
-  QWidget::changeEvent(event);
-  if (event->type() == QEvent::WindowStateChange && form_.around_.lead == nullptr) {
-    form_.TakeState(StateOf(*this));
-  }
-  if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
-    form_.TakeFront();
-  }
-}
-
-// The logic decides what closing means; the widget stays until then.
-void FormWidget::closeEvent(QCloseEvent* event) {
-  event->ignore();
-  form_.around_.entry.Enter([this] { form_.Events().OnClose(); });
-}
-
-void FormWidget::keyPressEvent(QKeyEvent* event) {
-  form_.around_.entry.Enter([this, code = KeyCodeOf(*event), shift = ShiftOf(*event)] {
-    if (!form_.PressKey(code, shift) && code == kKeyEnter) form_.TypeCharacter(static_cast<char>(kKeyEnter));
-  });
-}
-
-// A key that repeats itself stays down.
-void FormWidget::keyReleaseEvent(QKeyEvent* event) {
-  if (event->isAutoRepeat()) return;
-  form_.around_.entry.Enter(
-      [this, code = KeyCodeOf(*event), shift = ShiftOf(*event)] { form_.ReleaseKey(code, shift); });
-}
-
-void FormWidget::mousePressEvent(QMouseEvent* event) {
-  const auto button = ButtonOf(*event);
-  if (!button) return;
-  form_.around_.front.expected = nullptr;
-  form_.TakeFront();
-  if (button == MouseButton::Left && form_.Style().AutoDrag && form_.DragBySystem()) return;
-  form_.around_.entry.Enter([this, button, at = PlaceOf(*event)] { form_.PressButton(*button, at); });
-}
-
-void FormWidget::mouseMoveEvent(QMouseEvent* event) {
-  form_.around_.entry.Enter([this, at = PlaceOf(*event)] { form_.MovePointer(at); });
-}
-
-void FormWidget::mouseReleaseEvent(QMouseEvent* event) {
-  const auto button = ButtonOf(*event);
-  if (!button) return;
-  form_.around_.entry.Enter([this, button, at = PlaceOf(*event)] { form_.ReleaseButton(*button, at); });
-}
-
-void FormWidget::mouseDoubleClickEvent(QMouseEvent* event) {
-  if (event->button() != Qt::LeftButton) return mousePressEvent(event);
-  form_.around_.entry.Enter([this, at = PlaceOf(*event)] { form_.PressButtonAgain(at); });
 }
 
 }  // namespace tessera

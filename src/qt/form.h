@@ -86,6 +86,7 @@ class QtForm final : public Form {
   void TakeSizeOfWidget();
   void TakeFront();
   void FitSizable();
+  QPoint CornerOnScreen() const;
   QSize SizeOfWidget() const;
   bool DragBySystem();
   void WaitForFirstPainting();

@@ -8,6 +8,15 @@ void LogicEntry::Enter(std::function<void()> act) noexcept {
     held_.push_back(std::move(act));
     return;
   }
+  Run(act);
+}
+
+void LogicEntry::Glance(std::function<void()> act) noexcept {
+  if (!TellsActs()) return Enter(std::move(act));
+  if (!thrown_) Run(act);
+}
+
+void LogicEntry::Run(const std::function<void()>& act) noexcept {
   ++depth_;
   try {
     act();

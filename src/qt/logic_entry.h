@@ -7,6 +7,8 @@
 #include <utility>
 #include <vector>
 
+#include "windows/script_author.h"
+
 namespace tessera {
 
 class LogicEntry {
@@ -19,6 +21,15 @@ class LogicEntry {
 
   // From now on nothing enters: an event script leads, and no person.
   void Close() { isClosed_ = true; }
+
+  // Behind `Close`: the person writes the script. What is done comes to `author` as lines, and the program
+  // feels it when they are played.
+  void TellActs(std::function<void(PersonAct)> author) { author_ = std::move(author); }
+  bool TellsActs() const { return author_ != nullptr; }
+  void TellAct(PersonAct act) { author_(std::move(act)); }
+
+  // Runs what changes nothing but the sight of a thing, which no script need tell. Else as `Enter`.
+  void Glance(std::function<void()> act) noexcept;
 
   // True while entries are kept for later.
   bool IsHeld() const { return holds_ > 0; }
@@ -46,8 +57,10 @@ class LogicEntry {
 
  private:
   void Release() noexcept;
+  void Run(const std::function<void()>& act) noexcept;
 
   std::function<void()> leaveLoops_;
+  std::function<void(PersonAct)> author_;
   std::exception_ptr thrown_;
   bool isClosed_ = false;
   int holds_ = 0;

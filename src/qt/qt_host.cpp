@@ -141,6 +141,11 @@ std::unique_ptr<QtForm> QtHost::NewLedForm(std::string_view name, const Placemen
                                   FormSurroundings{painter_, entry_, front_, drawn_, &lead});
 }
 
+void QtHost::ServePainting() {
+  ShowDrawn();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
 void QtHost::ShowPointer(bool visible) {
   QGuiApplication::restoreOverrideCursor();
   if (!visible) QGuiApplication::setOverrideCursor(Qt::BlankCursor);

@@ -43,6 +43,11 @@ class QtHost final : public Display, public Dialogs, public EventDispatch, publi
   // A window that an event script leads. Behind the first one nothing that a person does reaches the program.
   std::unique_ptr<QtForm> NewLedForm(std::string_view name, const Placement& place, FormEvents& events,
                                      StageLead& lead);
+  // The person writes the script that leads the windows: what is done there is told, and nothing of it
+  // enters.
+  void TellActs(std::function<void(PersonAct)> author) { entry_.TellActs(std::move(author)); }
+  // Shows what has changed, and lets go what has waited for the end of an event.
+  void ServePainting();
   void ShowPointer(bool visible) override;
   PointerPlace Pointer() override;
   std::string SetVideoMode(const VideoMode& mode) override;

@@ -39,8 +39,8 @@ bool IsOfAPerson(QEvent::Type type) {
 
 }  // namespace
 
-QtStage::QtStage(QtHost& host) : host_(host) {
-  QCoreApplication::instance()->installEventFilter(this);
+QtStage::QtStage(QtHost& host, Led by) : host_(host) {
+  if (by == Led::ByScript) QCoreApplication::instance()->installEventFilter(this);
 }
 
 std::unique_ptr<Form> QtStage::NewForm(std::string_view name, const Placement& place, FormEvents& events,
@@ -59,8 +59,7 @@ Raster QtStage::Portrait(Form& form) {
 }
 
 void QtStage::ShowChanges() {
-  host_.ShowDrawn();
-  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  host_.ServePainting();
   QCoreApplication::processEvents();
 }
 

@@ -11,8 +11,11 @@ class QtHost;
 
 class QtStage final : public Stage, private QObject {
  public:
+  // By a script that is there already, or by one that a person writes at these windows.
+  enum class Led { ByScript, ByPerson };
+
   // The host outlives it.
-  explicit QtStage(QtHost& host);
+  explicit QtStage(QtHost& host, Led by = Led::ByScript);
 
   std::unique_ptr<Form> NewForm(std::string_view name, const Placement& place, FormEvents& events,
                                 StageLead& lead) override;

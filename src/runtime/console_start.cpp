@@ -1,11 +1,17 @@
 #include "runtime/console_start.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <iostream>
 #include <optional>
+#include <utility>
 
 #include "console/console_host.h"
+#include "console/recording.h"
+#include "platform/descriptor.h"
+#include "platform/system_reason.h"
 #include "platform/termination.h"
 #include "runtime/own_folder.h"
 #include "runtime/program_run.h"
@@ -14,8 +20,9 @@ namespace tessera {
 
 namespace {
 
-int RunOnStreams(const ProgramStart& start, Stage* stage) {
-  constexpr int kLostOutput = 1;
+constexpr int kLostOutput = 1;
+
+int RunOnStreams(const ProgramStart& start, Stage* stage, Recording* recording) {
   termination::Install(true);
   std::ios::sync_with_stdio(false);
   const ConsoleStreams streams{.in = std::cin,
@@ -27,6 +34,7 @@ int RunOnStreams(const ProgramStart& start, Stage* stage) {
   ConsoleOptions options{.programTitle = start.program.name,
                          .answerCancel = start.answerCancel,
                          .stage = stage,
+                         .recording = recording,
                          .paper = &paper,
                          .findCodec = CodecOfPart(PartFolders())};
   if (isatty(STDERR_FILENO) != 0)
@@ -42,11 +50,25 @@ int RunOnStreams(const ProgramStart& start, Stage* stage) {
 }  // namespace
 
 int RunOnConsole(const ProgramStart& start) {
-  return RunOnStreams(start, nullptr);
+  return RunOnStreams(start, nullptr, nullptr);
 }
 
 int RunOnStage(const ProgramStart& start, Stage& stage) {
-  return RunOnStreams(start, &stage);
+  return RunOnStreams(start, &stage, nullptr);
+}
+
+int RunRecorded(const ProgramStart& start, Stage& stage, ScriptAuthor& author) {
+  Descriptor file(open(start.recorded.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666));
+  if (!file.IsOpen()) {
+    std::cerr << "tessera: " << start.recorded << ": o roteiro não pode ser gravado: " << SystemReason(errno)
+              << '\n';
+    return kLostOutput;
+  }
+  Recording recording(author, std::move(file));
+  const int status = RunOnStreams(start, &stage, &recording);
+  if (recording.IsWhole()) return status;
+  std::cerr << "tessera: " << start.recorded << ": o roteiro não pôde ser gravado até o fim\n";
+  return kLostOutput;
 }
 
 }  // namespace tessera

@@ -23,10 +23,10 @@ namespace tessera {
 namespace {
 
 // The arguments: this word, the number of the open file, the program's folder, its command line, its printer,
-// what stands for its microphone and its camera, the words of how it runs, and the editors' files, a line
-// each.
+// what stands for its microphone and its camera, the words of how it runs, the script to write, and the
+// editors' files, a line each.
 constexpr std::string_view kHandoverWord = "--entrega";
-constexpr int kHandoverArguments = 10;
+constexpr int kHandoverArguments = 11;
 
 struct MannerRow {
   std::string_view word;
@@ -71,6 +71,7 @@ std::string BecomeRuntime(const std::string& runtime, const ProgramStart& start)
                                                        start.microphone,
                                                        start.camera,
                                                        MannersOf(start),
+                                                       start.recorded,
                                                        files};
   std::array<char*, kHandoverArguments + 1> arguments{};
   for (std::size_t i = 0; i < words.size(); ++i) arguments[i] = words[i].data();
@@ -98,7 +99,8 @@ std::optional<ProgramStart> TakeHandover(int argc, char** argv) {
                      .microphone = argv[6],
                      .camera = argv[7]};
   TakeManners(argv[8], start);
-  std::istringstream files(argv[9]);
+  start.recorded = argv[9];
+  std::istringstream files(argv[10]);
   for (std::string& path : start.files) std::getline(files, path);
   return start;
 }

@@ -24,6 +24,8 @@ struct ProgramStart {
   bool plain = false;         // every rule by the text alone, without the forms beside it
   bool scripted = false;      // an event script on the standard input leads its windows
   bool answerCancel = false;  // in a script, boxes of OK and Cancel are answered Cancel
+  // Where the script of what a person does is written, in UTF-8 and absolute; empty where none is.
+  std::string recorded = {};
   // Where each editor was read from, as a person names it, in UTF-8; empty for a finished program.
   std::array<std::string, kEditors> files = {};
 };

@@ -17,6 +17,7 @@
 #include "platform/termination.h"
 #include "qt/boxes.h"
 #include "qt/display_probe.h"
+#include "qt/qt_author.h"
 #include "qt/qt_host.h"
 #include "qt/qt_stage.h"
 #include "runtime/console_start.h"
@@ -78,10 +79,14 @@ std::string WithWindows(const Restart& restart, bool showsPages, Use use) {
   return {};
 }
 
-// Whether the program speaks of the browser at all.
-bool ShowsPages(const EditorTexts& editors) {
+// Whether the program speaks of that at all.
+bool SpeaksOf(std::string_view word, const EditorTexts& editors) {
   return std::any_of(editors.begin(), editors.end(),
-                     [](const std::string& text) { return Contains(Upper(text), "NAVEGADOR"); });
+                     [word](const std::string& text) { return Contains(Upper(text), word); });
+}
+
+bool ShowsPages(const EditorTexts& editors) {
+  return SpeaksOf("NAVEGADOR", editors);
 }
 
 int RunStart(const ProgramStart& start, const Restart& restart) {
@@ -110,6 +115,19 @@ int RunScripted(const ProgramStart& start, const Restart& restart) {
   });
   if (noDisplay.empty()) return status;
   Tell(noDisplay);
+  return kNoProgram;
+}
+
+// A person needs windows that can be seen.
+int RunForAuthor(const ProgramStart& start, const Restart& restart) {
+  int status = 0;
+  const std::string noDisplay = WithWindows(restart, ShowsPages(start.program.EditorText), [&](QtHost& host) {
+    QtStage stage(host, QtStage::Led::ByPerson);
+    QtAuthor author(host, SpeaksOf("MOUSE", start.program.EditorText));
+    status = RunRecorded(start, stage, author);
+  });
+  if (noDisplay.empty()) return status;
+  Tell(noDisplay + "; um roteiro só se grava com janelas");
   return kNoProgram;
 }
 
@@ -147,6 +165,7 @@ int StartRuntime(int argc, char** argv) {
   if (problem != ImageProblem::NoProgram) return TellDamage(problem, restart);
   if (const std::optional<ProgramStart> left = TakeHandover(argc, argv)) {
     const Restart anew = [&left] { BecomeRuntime(kOwnExecutable, *left); };
+    if (!left->recorded.empty()) return RunForAuthor(*left, anew);
     return left->scripted ? RunScripted(*left, anew) : RunStart(*left, anew);
   }
   return ShowNotice(restart);

@@ -67,6 +67,12 @@ Form* WindowModel::FindWindow(std::string_view name) const {
   return index == kSlots ? nullptr : slots[index].window;
 }
 
+std::string WindowModel::NameOf(const Form* form) const {
+  const auto slot = std::find_if(slots.begin(), slots.end(),
+                                 [form](const WindowSlot& s) { return !s.name.empty() && s.window == form; });
+  return slot == slots.end() ? std::string() : slot->BareName();
+}
+
 // A current window that is not shown is in nobody's hand: then the one in front is.
 Form* WindowModel::WindowInHand() const {
   if (!modal.empty()) return modal.back();
@@ -87,7 +93,8 @@ void WindowModel::OnLineDone() const {
   if (objects != nullptr) objects->CopyTexts();
 }
 
-void WindowModel::OnYield() const {
+void WindowModel::OnYield() {
+  ++yields_;
   if (objects != nullptr) objects->WakeCopying();
 }
 

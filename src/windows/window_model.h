@@ -109,11 +109,16 @@ struct WindowModel final : WindowTable, WindowDirectory {
 
   Form* WindowInHand() const override;
   Form* FindWindow(std::string_view name) const override;
+  std::string NameOf(const Form* form) const override;
   bool CanBeReached(const Form& form) const override;
   PersonObject* FindObject(std::string_view name) const override;
   void OnLineDone() const override;
+  std::uint64_t Yields() const override { return yields_; }
   // At each yield of the program.
-  void OnYield() const;
+  void OnYield();
+
+ private:
+  std::uint64_t yields_ = 0;
 };
 
 }  // namespace tessera

@@ -48,11 +48,23 @@ class RecordedPerson final : public Person, private PersonObject {
   void ResizeWindow(double lines, double columns) override {
     Note("redim", NumberText(lines) + ";" + NumberText(columns));
   }
+  void ClickCell(int row, int column) override { Note("celula", NumberText(row) + "," + NumberText(column)); }
+  void ScrollTo(int row) override { Note("rola", NumberText(row)); }
+  void PlaceCaret(std::size_t anchor, std::size_t caret) override {
+    Note("cursor", std::to_string(anchor) + "," + std::to_string(caret));
+  }
+  void PressDropButton() override { log += "abre "; }
+  bool TurnToWindow(std::string_view name) override {
+    Note("janela", name);
+    return name == "Janela2";
+  }
   bool CloseWindow(std::string_view name) override {
     Note("fecha", name);
     return name != "Outra";
   }
-  void LetTimePass(milliseconds time) override { Note("espera", std::to_string(time.count())); }
+  void LetTimePass(milliseconds time, int times) override {
+    Note("espera", std::to_string(time.count()) + (times == 1 ? "" : "x" + std::to_string(times)));
+  }
   void LetNetworkAct(milliseconds time) override { Note("rede", std::to_string(time.count())); }
   std::string TakePortrait(std::string_view path) override {
     Note("retrato", path);
@@ -89,6 +101,12 @@ TEST(EventScript, EachLineIsOneAct) {
            Row{"linha B 2", "vai linha[2] "},
            Row{"celula B 1 2 x y", "vai celula[1,2,x y] "},
            Row{"foco B", "vai "},
+           Row{"foco Janela2", "janela[Janela2] "},
+           Row{"linha B 2 1", "vai celula[2,1] "},
+           Row{"rola B 3", "vai rola[3] "},
+           Row{"cursor B 4", "vai cursor[4,4] "},
+           Row{"cursor B 0 4", "vai cursor[0,4] "},
+           Row{"abre B", "vai abre "},
            Row{"tecla 65 shift", "aperta[65S] solta[65] "},
            Row{"aperta 0", "aperta[0] "},
            Row{"aperta 255", "aperta[255] "},
@@ -97,6 +115,7 @@ TEST(EventScript, EachLineIsOneAct) {
            Row{"pressiona 2", "pressiona[2] "},
            Row{"redim 20 60", "redim[20;60] "},
            Row{"espera 0", "espera[0] "},
+           Row{"espera 20 3", "espera[20x3] "},
            Row{"retrato minha janela.png", "retrato[minha janela.png] "},
            Row{"fecha", "fecha[] "},
        }) {
@@ -107,10 +126,31 @@ TEST(EventScript, EachLineIsOneAct) {
 }
 
 TEST(EventScript, AFaultyLineDoesNothing) {
-  for (const char* line :
-       {"x", "texto Z a", "seta B", "seta B x", "escolhe B -1", "escolhe B 1,5", "linha B", "celula B 1",
-        "linha B 2147483648", "aperta 256", "pressiona 3", "tecla", "tecla 1e9", "mouse 1 2 3",
-        "espera 9999999999", "pressiona 0", "duploclique B B"}) {
+  for (const char* line : {"x",
+                           "texto Z a",
+                           "seta B",
+                           "seta B x",
+                           "escolhe B -1",
+                           "escolhe B 1,5",
+                           "linha B",
+                           "celula B 1",
+                           "linha B 2147483648",
+                           "aperta 256",
+                           "pressiona 3",
+                           "tecla",
+                           "tecla 1e9",
+                           "mouse 1 2 3",
+                           "espera 1 0",
+                           "espera 1 2 3",
+                           "cursor B",
+                           "rola B -1",
+                           "abre",
+                           "tecla",
+                           "tecla 1e9",
+                           "mouse 1 2 3",
+                           "espera 9999999999",
+                           "pressiona 0",
+                           "duploclique B B"}) {
     RecordedPerson person;
     EXPECT_NE(DoEventLine(line, person), "") << line;
     EXPECT_EQ(person.log, "") << line;

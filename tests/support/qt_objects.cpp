@@ -153,7 +153,7 @@ class QtEntry : public QtObject {
   void Choose(int entry) override {
     auto& combo = dynamic_cast<ComboControl&>(Target());
     if (entry >= static_cast<int>(combo.State().Entries().size())) return;
-    PressButton();
+    if (!combo.State().ListIsOpen()) PressDropButton();
     auto& list = *Widget().findChild<ListView*>();
     while (list.EntryRect(entry).top() < 0 || list.EntryRect(entry).bottom() > list.height()) {
       QTest::keyClick(&list, Qt::Key_Down);
@@ -165,10 +165,13 @@ class QtEntry : public QtObject {
   void PickDate(std::string_view date) override {
     const Calendario& calendar = dynamic_cast<CalendarioControl&>(Target()).State();
     const auto wanted = CalendarDay(*ReadDate(date));
-    PressButton();
+    if (!calendar.ViewIsOpen()) PressDropButton();
     auto& view = *Widget().findChild<MonthView*>();
     const auto monthOf = [](std::chrono::year_month_day day) { return day.year() / day.month(); };
-    while (monthOf(calendar.Marked()) != monthOf(wanted)) {
+    // A recorded act takes effect later.
+    for (auto before = wanted;
+         monthOf(calendar.Marked()) != monthOf(wanted) && before != calendar.Marked();) {
+      before = calendar.Marked();
       const QRectF button =
           monthOf(calendar.Marked()) < monthOf(wanted) ? view.NextRect() : view.PreviousRect();
       QTest::mouseClick(&view, Qt::LeftButton, {}, button.center().toPoint());
@@ -181,8 +184,7 @@ class QtEntry : public QtObject {
     }
   }
 
- private:
-  void PressButton() const { ClickAt(dynamic_cast<EntryLook&>(Widget()).ButtonRect().center()); }
+  void PressDropButton() override { ClickAt(dynamic_cast<EntryLook&>(Widget()).ButtonRect().center()); }
 };
 
 class QtCheck final : public QtObject {
@@ -215,7 +217,11 @@ class QtBar final : public QtObject {
     QTest::mousePress(TopWindow(), Qt::LeftButton, {}, InWindow(At(bar.ThumbPosition() + grip)));
     QTest::mouseMove(TopWindow(), InWindow(At(to + grip)));
     QTest::mouseRelease(TopWindow(), Qt::LeftButton, {}, InWindow(At(to + grip)));
-    while (bar.Value() != wanted) PressArrow(bar.Value() < wanted);
+    // A recorded act takes effect later.
+    for (std::int32_t before = bar.Value() - 1; bar.Value() != wanted && bar.Value() != before;) {
+      before = bar.Value();
+      PressArrow(before < wanted);
+    }
   }
 
  private:

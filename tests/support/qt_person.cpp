@@ -126,6 +126,12 @@ void QtPerson::ResizeWindow(double lines, double columns) {
                   qRound(PixelsOfTwips(lines * kWindowLineTwips)));
 }
 
+bool QtPerson::TurnToWindow(std::string_view name) {
+  Form* form = windows->FindWindow(name);
+  if (form != nullptr) static_cast<QtForm*>(form)->widget()->activateWindow();
+  return form != nullptr;
+}
+
 bool QtPerson::CloseWindow(std::string_view name) {
   Form* form = name.empty() ? windows->WindowInHand() : windows->FindWindow(name);
   if (form == nullptr) return false;
@@ -136,8 +142,8 @@ bool QtPerson::CloseWindow(std::string_view name) {
   return true;
 }
 
-void QtPerson::LetTimePass(std::chrono::milliseconds time) {
-  QTest::qWait(static_cast<int>(time.count()));
+void QtPerson::LetTimePass(std::chrono::milliseconds time, int times) {
+  QTest::qWait(static_cast<int>(time.count()) * times);
 }
 
 std::string QtPerson::TakePortrait(std::string_view path) {

@@ -36,10 +36,11 @@ class QtPerson final : public Person {
   void PressKey(int keyCode, KeyShift shift) override;
   void ReleaseKey(int keyCode, KeyShift shift) override;
   void ResizeWindow(double lines, double columns) override;
+  bool TurnToWindow(std::string_view name) override;
   bool CloseWindow(std::string_view name) override;
-  void LetTimePass(std::chrono::milliseconds time) override;
+  void LetTimePass(std::chrono::milliseconds time, int times) override;
   std::string TakePortrait(std::string_view path) override;
-  void LetNetworkAct(std::chrono::milliseconds time) override { LetTimePass(time); }
+  void LetNetworkAct(std::chrono::milliseconds time) override { LetTimePass(time, 1); }
 
  private:
   QWidget& InHand() const;

@@ -4,6 +4,8 @@
 #include <chrono>
 #include <csignal>
 #include <filesystem>
+#include <sstream>
+#include <thread>
 
 #include "support/process.h"
 #include "tool/terminal.h"
@@ -122,6 +124,60 @@ TEST_F(TestCommand, AnInterruptionEndsTheProgramsAndLeavesNothing) {
   EXPECT_NE(running.Out().find("interrompido"), std::string::npos) << running.Out();
   EXPECT_TRUE(fs::is_empty(temporary.path()));
 }
+
+#ifdef TESSERA_DESKTOP
+
+// The program closes its window by itself: nobody sits at a test's screen.
+TEST_F(TestCommand, ARecordedUseIsATestAtOnce) {
+  folder_.Write("Conta.tsc",
+                "AbreArquivo \"a\", \"conta.txt\", \"TEXTOGRAVACAO\"\nGravaArquivo \"a\", LinhaComando\n"
+                "FechaArquivo \"a\"\nEscreva \"grava \", LinhaComando\nFimJanela\n");
+  const auto record = [&](std::vector<std::string> words) {
+    words.insert(words.begin(), {TESSERA_TOOL, "record", "Conta.tsc"});
+    return RunProcess(
+        {.words = std::move(words), .environment = {"QT_QPA_PLATFORM=offscreen"}, .folder = folder_.path()});
+  };
+  ExpectSaid(record({"--", "um"}), kDone, {"gravados Conta.roteiro e Conta.saida"});
+  EXPECT_EQ(ReadBytes(folder_ / "Conta.saida"), "grava um\n");
+  EXPECT_EQ(ReadBytes(folder_ / "Conta.roteiro"), "");
+  EXPECT_FALSE(fs::exists(folder_ / "conta.txt")) << "the program runs in a copy";
+  ExpectSaid(Test({}), kDone, {"certo    Conta  "});
+
+  ExpectSaid(record({}), kWrongCall, {"Conta.roteiro: já existe", "--force"});
+  ExpectSaid(record({"-o", "Conta.dois.roteiro"}), kDone, {"gravados Conta.dois.roteiro"});
+  ExpectSaid(record({"--force", "--", "dois"}), kDone, {"gravados Conta.roteiro"});
+  ExpectSaid(Test({}), kDone, {"2 certos"});
+}
+
+TEST_F(TestCommand, ARecordingNeedsAScreenAndAProgram) {
+  folder_.Write("Ola.tsc", kProgram);
+  const auto record = [&](const std::string& program) {
+    return RunProcess({.words = {TESSERA_TOOL, "record", program},
+                       .environment = {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"},
+                       .folder = folder_.path()});
+  };
+  ExpectSaid(record("Ola.tsc"), kWrongCall, {"um roteiro só se grava com janelas"});
+  EXPECT_FALSE(fs::exists(folder_ / "Ola.roteiro"));
+  ExpectSaid(record("Nada.tsc"), kWrongCall, {"Nada.tsc"});
+}
+
+TEST_F(TestCommand, AKilledRecordingLeavesItsLinesWhole) {
+  folder_.Write("Gira.tsc", "Var n Inteiro\nEnquanto n >= 0\n  n++\n  Aguarde 1\nRepita\n");
+  RunningProcess recording({.words = {TESSERA_TOOL, "run", "--record", "gira.txt", "Gira.tsc"},
+                            .environment = {"QT_QPA_PLATFORM=offscreen"},
+                            .folder = folder_.path()});
+  for (int i = 0; i < 1000 && ReadBytes(folder_ / "gira.txt").size() < 11; ++i)
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  recording.Signal(SIGKILL);
+  recording.Wait();
+  std::istringstream lines(ReadBytes(folder_ / "gira.txt"));
+  int count = 0;
+  for (std::string line; std::getline(lines, line); ++count)
+    EXPECT_TRUE(line.starts_with("espera ") || line.empty()) << line;
+  EXPECT_GT(count, 0);
+}
+
+#endif
 
 }  // namespace
 }  // namespace tessera

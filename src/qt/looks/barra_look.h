@@ -26,8 +26,12 @@ class BarraLook final : public PaintedLook<BarraControl> {
 
  private:
   int PositionOf(const QMouseEvent& event) const;
+  std::string PressLine(const BarraControl& bar, int at);
+  std::string DragLine(const BarraControl& bar, int at);
+  std::string ValueLine(const BarraControl& bar, std::int32_t before) const;
 
   QBasicTimer Timer1_;
+  ScrollBar tried_;
   ScrollBar::Part hovered_ = ScrollBar::Part::kNone;
 };
 

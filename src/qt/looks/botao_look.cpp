@@ -101,25 +101,30 @@ void BotaoLook::PaintContent(QPainter& painter, const QColor& colour) {
 }
 
 void BotaoLook::enterEvent(QEnterEvent*) {
-  Tell([](BotaoControl& button) { button.PointerMove(true); });
+  Glance([](BotaoControl& button) { button.PointerMove(true); });
 }
 
 void BotaoLook::leaveEvent(QEvent*) {
-  Tell([](BotaoControl& button) { button.PointerMove(false); });
+  Glance([](BotaoControl& button) { button.PointerMove(false); });
 }
 
 void BotaoLook::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
-  Tell([](BotaoControl& button) { button.PointerDown(); });
+  Glance([](BotaoControl& button) { button.PointerDown(); });
 }
 
 void BotaoLook::mouseMoveEvent(QMouseEvent* event) {
-  Tell([inside = rect().contains(event->pos())](BotaoControl& button) { button.PointerMove(inside); });
+  Glance([inside = rect().contains(event->pos())](BotaoControl& button) { button.PointerMove(inside); });
 }
 
 void BotaoLook::mouseReleaseEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
-  Tell([inside = rect().contains(event->pos())](BotaoControl& button) { button.PointerUp(inside); });
+  const bool inside = rect().contains(event->pos());
+  if (!inside) return Glance([](BotaoControl& button) { button.PointerUp(false); });
+  Tell([](BotaoControl& button) { button.PointerUp(true); },
+       [](const BotaoControl& button) {
+         return ActLine({"clique", button.Name()});
+       });
 }
 
 }  // namespace tessera

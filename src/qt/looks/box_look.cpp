@@ -50,6 +50,11 @@ QFont FontOf(const CellAttributes& attributes) {
   return ToQFont({.name = attributes.font, .size = double(attributes.size), .bold = attributes.bold});
 }
 
+// The page was moved at once, for the eye; the script tells where it stands.
+std::string ScrollLine(const BoxControl& box) {
+  return ActLine({"rola", box.Name(), std::to_string(box.Grid().LinIniVet())});
+}
+
 QRectF ToQt(const ControlPlace& place) {
   return {place.Left, place.Top, place.Width, place.Height};
 }
@@ -58,7 +63,7 @@ QRectF ToQt(const ControlPlace& place) {
 
 BoxLook::BoxLook(BoxControl& control, LogicEntry& entry) : PaintedLook(control, entry) {
   timer_.setInterval(ScrollBar::kTickMs);
-  timer_.callOnTimeout(this, [this] { Tell([](BoxControl& box) { box.Tick(); }); });
+  timer_.callOnTimeout(this, [this] { Glance([](BoxControl& box) { box.Tick(); }); });
 }
 
 void BoxLook::FollowControl() {
@@ -197,21 +202,36 @@ void BoxLook::PaintBars(QPainter& painter) {
 
 void BoxLook::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
-  Tell([at = event->position()](BoxControl& box) { box.PointerDown(at.x(), at.y()); });
+  Tell([at = event->position()](BoxControl& box) { box.PointerDown(at.x(), at.y()); },
+       [at = event->position()](BoxControl& box) {
+         std::string line = box.PressLine(at.x(), at.y());
+         if (line.empty()) box.PointerDown(at.x(), at.y());
+         return line;
+       });
 }
 
 void BoxLook::mouseMoveEvent(QMouseEvent* event) {
-  Tell([at = event->position()](BoxControl& box) { box.PointerMove(at.x(), at.y()); });
+  Glance([at = event->position()](BoxControl& box) { box.PointerMove(at.x(), at.y()); });
 }
 
 void BoxLook::mouseReleaseEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
-  Tell([at = event->position()](BoxControl& box) { box.PointerUp(at.x(), at.y()); });
+  Tell([at = event->position()](BoxControl& box) { box.PointerUp(at.x(), at.y()); },
+       [at = event->position()](BoxControl& box) {
+         if (!box.HoldsBar()) return std::string();
+         box.PointerUp(at.x(), at.y());
+         return ScrollLine(box);
+       });
 }
 
 void BoxLook::mouseDoubleClickEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
-  Tell([at = event->position()](BoxControl& box) { box.PointerDownAgain(at.x(), at.y()); });
+  Tell([at = event->position()](BoxControl& box) { box.PointerDownAgain(at.x(), at.y()); },
+       [at = event->position()](BoxControl& box) {
+         const std::string line = box.PressLine(at.x(), at.y());
+         if (line.empty()) box.PointerDown(at.x(), at.y());
+         return line.empty() ? line : ActLine({"duploclique", box.Name()});
+       });
 }
 
 // A fine wheel turns less than a notch at a time.
@@ -219,11 +239,16 @@ void BoxLook::wheelEvent(QWheelEvent* event) {
   wheel_ += event->angleDelta().y() * kRowsPerNotch;
   const int rows = wheel_ / kNotch;
   wheel_ -= rows * kNotch;
-  if (rows != 0) Tell([rows](BoxControl& box) { box.Scroll(-rows); });
+  if (rows == 0) return;
+  Tell([rows](BoxControl& box) { box.Scroll(-rows); },
+       [rows](BoxControl& box) {
+         box.Scroll(-rows);
+         return ScrollLine(box);
+       });
 }
 
 void BoxLook::leaveEvent(QEvent*) {
-  Tell([](BoxControl& box) { box.PointerLeave(); });
+  Glance([](BoxControl& box) { box.PointerLeave(); });
 }
 
 // The clipboard belongs to the cell that is edited.
@@ -232,9 +257,13 @@ bool BoxLook::TakeShortcut(const QKeyEvent& event) {
 }
 
 void BoxLook::SelectAll() {
-  Tell([](BoxControl& box) {
-    box.Change([](NovoBox& edited) { edited.PlaceEditorCaret(0, edited.Editor().Text().size()); });
-  });
+  Tell(
+      [](BoxControl& box) {
+        box.Change([](NovoBox& edited) { edited.PlaceEditorCaret(0, edited.Editor().Text().size()); });
+      },
+      [](const BoxControl&) {
+        return std::vector<std::string>{KeyLine(key::kHome, {}), KeyLine(key::kEnd, {.shift = true})};
+      });
 }
 
 std::string BoxLook::Selected() const {
@@ -243,13 +272,16 @@ std::string BoxLook::Selected() const {
 }
 
 void BoxLook::DeleteSelected() {
-  Tell([](BoxControl& box) { box.OnKeyDown(key::kDelete, {}); });
+  Tell([](BoxControl& box) { box.OnKeyDown(key::kDelete, {}); },
+       [](const BoxControl&) { return KeyLine(key::kDelete, {}); });
 }
 
 void BoxLook::Paste(const std::string& text) {
-  Tell([text](BoxControl& box) {
-    for (const char character : text) box.OnKeyPress(character);
-  });
+  Tell(
+      [text](BoxControl& box) {
+        for (const char character : text) box.OnKeyPress(character);
+      },
+      [&](const BoxControl&) { return TypingLines(text.substr(0, text.find_first_of("\r\n"))); });
 }
 
 }  // namespace tessera

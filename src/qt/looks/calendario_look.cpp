@@ -4,7 +4,9 @@
 #include <QPainter>
 #include <array>
 
+#include "controls/key_code.h"
 #include "qt/looks/skin.h"
+#include "text/date.h"
 
 namespace tessera {
 
@@ -40,9 +42,11 @@ CalendarioControl& ControlOf(Control& control) {
 MonthView::MonthView(CalendarioLook& field, const Calendario& calendar, LookEntry entry)
     : DroppedView(field,
                   [entry] {
-                    entry.Tell([](Control& control) {
-                      if (ControlOf(control).State().ViewIsOpen()) ControlOf(control).ButtonClick();
-                    });
+                    entry.Tell(
+                        [](Control& control) {
+                          if (ControlOf(control).State().ViewIsOpen()) ControlOf(control).ButtonClick();
+                        },
+                        DropLine);
                   }),
       calendar_(calendar),
       entry_(entry) {}
@@ -120,14 +124,19 @@ void MonthView::mousePressEvent(QMouseEvent* event) {
   int months = 0;
   if (PreviousRect().contains(event->position())) months = -1;
   if (NextRect().contains(event->position())) months = 1;
-  if (months != 0) entry_.Tell([months](Control& control) { ControlOf(control).ShowMonth(months); });
+  if (months == 0) return;
+  entry_.Tell([months](Control& control) { ControlOf(control).ShowMonth(months); },
+              [months](const Control&) { return KeyLine(months < 0 ? key::kPageUp : key::kPageDown, {}); });
 }
 
 void MonthView::mouseReleaseEvent(QMouseEvent* event) {
   const auto day = DayAt(event->position());
   if (!day) return;
   const DateTime date = std::chrono::local_days(calendar_.View()[*day].date);
-  entry_.Tell([date](Control& control) { ControlOf(control).Pick(date); });
+  entry_.Tell([date](Control& control) { ControlOf(control).Pick(date); },
+              [date](const Control& field) {
+                return ActLine({"data", field.Name(), DateText(date)});
+              });
 }
 
 void MonthView::mouseMoveEvent(QMouseEvent* event) {
@@ -161,7 +170,7 @@ void CalendarioLook::PaintButton(QPainter& painter, const QRectF& rect) {
 }
 
 void CalendarioLook::PressButton() {
-  Tell([](EntryControl& entry) { static_cast<CalendarioControl&>(entry).ButtonClick(); });
+  Tell([](EntryControl& entry) { static_cast<CalendarioControl&>(entry).ButtonClick(); }, DropLine);
 }
 
 }  // namespace tessera

@@ -80,7 +80,11 @@ void CheckLook::mousePressEvent(QMouseEvent* event) {
 void CheckLook::mouseReleaseEvent(QMouseEvent* event) {
   const bool isClick = std::exchange(isPressed_, false) && rect().contains(event->pos());
   update();
-  if (isClick) Tell([](CheckControl& check) { check.Click(); });
+  if (!isClick) return;
+  Tell([](CheckControl& check) { check.Click(); },
+       [](const CheckControl& check) {
+         return ActLine({"clique", check.Name()});
+       });
 }
 
 }  // namespace tessera

@@ -29,9 +29,11 @@ ComboControl& ComboOf(Control& control) {
 ListView::ListView(ComboLook& field, const ComboControl& combo, LookEntry entry)
     : DroppedView(field,
                   [entry] {
-                    entry.Tell([](Control& control) {
-                      if (ComboOf(control).State().ListIsOpen()) ComboOf(control).ArrowClick();
-                    });
+                    entry.Tell(
+                        [](Control& control) {
+                          if (ComboOf(control).State().ListIsOpen()) ComboOf(control).ArrowClick();
+                        },
+                        DropLine);
                   }),
       combo_(combo),
       entry_(entry) {}
@@ -93,7 +95,10 @@ void ListView::mousePressEvent(QMouseEvent* event) {
 void ListView::mouseReleaseEvent(QMouseEvent* event) {
   const std::ptrdiff_t entry = EntryAt(event->position());
   if (entry != SpCombo::kNoEntry)
-    entry_.Tell([entry](Control& control) { ComboOf(control).ListClick(entry); });
+    entry_.Tell([entry](Control& control) { ComboOf(control).ListClick(entry); },
+                [entry](const Control& combo) {
+                  return ActLine({"escolhe", combo.Name(), std::to_string(entry)});
+                });
 }
 
 void ListView::mouseMoveEvent(QMouseEvent* event) {
@@ -104,7 +109,7 @@ void ListView::mouseMoveEvent(QMouseEvent* event) {
 
 void ListView::wheelEvent(QWheelEvent* event) {
   const int rows = -event->angleDelta().y() * kRowsPerNotch / kWheelStep;
-  entry_.Tell([rows](Control& control) { ComboOf(control).Wheel(rows); });
+  entry_.Glance([rows](Control& control) { ComboOf(control).Wheel(rows); });
 }
 
 // The field
@@ -129,7 +134,7 @@ void ComboLook::PaintButton(QPainter& painter, const QRectF& rect) {
 }
 
 void ComboLook::PressButton() {
-  Tell([](EntryControl& entry) { static_cast<ComboControl&>(entry).ArrowClick(); });
+  Tell([](EntryControl& entry) { static_cast<ComboControl&>(entry).ArrowClick(); }, DropLine);
 }
 
 }  // namespace tessera

@@ -6,8 +6,17 @@
 #include <QWidget>
 #include <functional>
 #include <optional>
+#include <string>
+
+#include "windows/act_line.h"
+#include "windows/control.h"
 
 namespace tessera {
+
+// The line of a script for the button that shows and hides what an entry drops down.
+inline std::string DropLine(const Control& entry) {
+  return ActLine({"abre", entry.Name()});
+}
 
 class DroppedView : public QWidget {
  public:

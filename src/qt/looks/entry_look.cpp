@@ -121,33 +121,44 @@ void EntryLook::mousePressEvent(QMouseEvent* event) {
   if (ButtonRect().contains(event->position())) return PressButton();
   selects_ = true;
   anchor_ = PlaceAt(event->position().x());
-  Tell([place = anchor_](EntryControl& entry) { entry.PlaceCaret(place, place); });
+  Select(anchor_, anchor_);
 }
 
 void EntryLook::mouseMoveEvent(QMouseEvent* event) {
   setCursor(ButtonRect().contains(event->position()) ? Qt::ArrowCursor : Qt::IBeamCursor);
   if (!selects_) return;
-  Tell([from = anchor_, to = PlaceAt(event->position().x())](EntryControl& entry) {
-    entry.PlaceCaret(from, to);
-  });
+  Select(anchor_, PlaceAt(event->position().x()));
 }
 
 void EntryLook::mouseReleaseEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton || !std::exchange(selects_, false)) return;
-  if (rect().contains(event->pos())) Tell([](EntryControl& entry) { entry.Click(); });
+  if (!rect().contains(event->pos())) return;
+  Tell([](EntryControl& entry) { entry.Click(); },
+       [](const EntryControl& entry) {
+         return ActLine({"clique", entry.Name()});
+       });
 }
 
 void EntryLook::mouseDoubleClickEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
   if (ButtonRect().contains(event->position())) return PressButton();
-  Tell([](EntryControl& entry) {
-    entry.PlaceCaret(0, entry.Shown().text.size());
-    entry.DoubleClick();
-  });
+  SelectAll();
+  Tell([](EntryControl& entry) { entry.DoubleClick(); },
+       [](const EntryControl& entry) {
+         return ActLine({"duploclique", entry.Name()});
+       });
+}
+
+// In an empty entry the caret has but one place.
+void EntryLook::Select(std::size_t from, std::size_t to) {
+  Tell([from, to](EntryControl& entry) { entry.PlaceCaret(from, to); },
+       [from, to](const EntryControl& entry) {
+         return entry.Shown().text.empty() ? std::string() : CaretLine(entry.Name(), from, to);
+       });
 }
 
 void EntryLook::SelectAll() {
-  Tell([](EntryControl& entry) { entry.PlaceCaret(0, entry.Shown().text.size()); });
+  Select(0, control().Shown().text.size());
 }
 
 std::string EntryLook::Selected() const {
@@ -156,11 +167,13 @@ std::string EntryLook::Selected() const {
 }
 
 void EntryLook::DeleteSelected() {
-  Tell([](EntryControl& entry) { entry.OnKeyDown(key::kDelete, {}); });
+  Tell([](EntryControl& entry) { entry.OnKeyDown(key::kDelete, {}); },
+       [](const EntryControl&) { return KeyLine(key::kDelete, {}); });
 }
 
 void EntryLook::Paste(const std::string& text) {
-  Tell([text](EntryControl& entry) { entry.Paste(text); });
+  Tell([text](EntryControl& entry) { entry.Paste(text); },
+       [&](const EntryControl&) { return TypingLines(text.substr(0, text.find_first_of("\r\n"))); });
 }
 
 }  // namespace tessera

@@ -39,6 +39,8 @@ class EntryLook : public TextLook<EntryControl> {
   virtual void PressButton() {}
 
  private:
+  void Select(std::size_t from, std::size_t to);
+
   QRectF TextRect() const;
   // Left end of the text, so that the caret is in sight.
   double TextLeft() const;

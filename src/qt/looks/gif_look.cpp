@@ -36,14 +36,21 @@ void GifLook::paintEvent(QPaintEvent*) {
 
 void GifLook::mouseReleaseEvent(QMouseEvent* event) {
   const bool isClick = event->button() == Qt::LeftButton && !std::exchange(afterDoubleClick_, false);
-  if (isClick && rect().contains(event->pos())) Tell([](GifControl& gif) { gif.Click(); });
+  if (!isClick || !rect().contains(event->pos())) return;
+  Tell([](GifControl& gif) { gif.Click(); },
+       [](const GifControl& gif) {
+         return ActLine({"clique", gif.Name()});
+       });
 }
 
 // The second release of a double click is no click of its own.
 void GifLook::mouseDoubleClickEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
   afterDoubleClick_ = true;
-  Tell([](GifControl& gif) { gif.DoubleClick(); });
+  Tell([](GifControl& gif) { gif.DoubleClick(); },
+       [](const GifControl& gif) {
+         return ActLine({"duploclique", gif.Name()});
+       });
 }
 
 }  // namespace tessera

@@ -73,7 +73,10 @@ void GuiaLook::leaveEvent(QEvent*) {
 void GuiaLook::mousePressEvent(QMouseEvent* event) {
   const std::size_t menu = TabAt(event->position());
   if (event->button() != Qt::LeftButton || menu == GuiaControl::kMenus) return;
-  Tell([menu](GuiaControl& bar) { bar.ClickItem(bar.Guia(menu)); });
+  Tell([menu](GuiaControl& bar) { bar.ClickItem(bar.Guia(menu)); },
+       [menu](const GuiaControl& bar) {
+         return ActLine({"clique", bar.Guia(menu).caption});
+       });
   DropMenu(menu);
 }
 
@@ -87,9 +90,14 @@ void GuiaLook::DropMenu(std::size_t menu) {
   for (std::size_t entry = 0; entry < entries.size(); ++entry) {
     QAction* action = dropped->addAction(ToQString(entries[entry]->caption).replace('&', "&&"));
     connect(action, &QAction::triggered, this, [this, menu, entry] {
-      Tell([menu, entry](GuiaControl& bar) {
-        if (entry < bar.MenuGuia(menu).size()) bar.ClickItem(*bar.MenuGuia(menu)[entry]);
-      });
+      Tell(
+          [menu, entry](GuiaControl& bar) {
+            if (entry < bar.MenuGuia(menu).size()) bar.ClickItem(*bar.MenuGuia(menu)[entry]);
+          },
+          [menu, entry](const GuiaControl& bar) {
+            const auto& items = bar.MenuGuia(menu);
+            return entry < items.size() ? ActLine({"clique", items[entry]->caption}) : std::string();
+          });
     });
   }
   dropped->popup(mapToGlobal(TabRect(menu).bottomLeft().toPoint()));

@@ -1,23 +1,19 @@
 #include "qt/looks/imagem_look.h"
 
-#include <QMouseEvent>
-#include <optional>
+#include <utility>
 
 #include "platform/failure.h"
 #include "qt/form.h"
+#include "qt/form_acts.h"
+#include "qt/mouse_events.h"
 
 namespace tessera {
 
 namespace {
 
-std::optional<MouseButton> ButtonOf(const QMouseEvent& event) {
-  if (event.button() == Qt::LeftButton) return MouseButton::Left;
-  if (event.button() == Qt::RightButton) return MouseButton::Right;
-  return std::nullopt;
-}
-
-PointerPlace PlaceOf(const QMouseEvent& event) {
-  return {event.position().x(), event.position().y()};
+PointerPlace InWindow(const ImagemControl& image, const QMouseEvent& event) {
+  const PointerPlace corner = image.Corner();
+  return {corner.x + event.position().x(), corner.y + event.position().y()};
 }
 
 }  // namespace
@@ -55,23 +51,34 @@ void ImagemLook::resizeEvent(QResizeEvent*) {
 void ImagemLook::mousePressEvent(QMouseEvent* event) {
   const auto button = ButtonOf(*event);
   if (!button) return;
-  Tell([button, at = PlaceOf(*event)](ImagemControl& image) { image.OnMouseDown(*button, at); });
+  Tell(
+      [button, at = PlaceOf(*event)](ImagemControl& image) { image.OnMouseDown(*button, at); },
+      [&](const ImagemControl& image) { return PressLines(image.form(), InWindow(image, *event), *button); });
 }
 
 void ImagemLook::mouseMoveEvent(QMouseEvent* event) {
-  Tell([at = PlaceOf(*event)](ImagemControl& image) { image.OnMouseMove(at); });
+  Tell([at = PlaceOf(*event)](ImagemControl& image) { image.OnMouseMove(at); },
+       [&](const ImagemControl& image) { return MoveLine(image.form(), InWindow(image, *event)); });
 }
 
 void ImagemLook::mouseReleaseEvent(QMouseEvent* event) {
   const auto button = ButtonOf(*event);
   if (!button) return;
-  Tell([button, at = PlaceOf(*event)](ImagemControl& image) { image.OnMouseUp(*button, at); });
+  const bool ofDoubleClick = std::exchange(isDoubleClick_, false);
+  Tell([button, at = PlaceOf(*event)](ImagemControl& image) { image.OnMouseUp(*button, at); },
+       [&](const ImagemControl&) { return ofDoubleClick ? std::string() : ReleaseLine(*button); });
 }
 
 // The second press of a double click.
 void ImagemLook::mouseDoubleClickEvent(QMouseEvent* event) {
-  mousePressEvent(event);
-  if (event->button() == Qt::LeftButton) Tell([](ImagemControl& image) { image.DoubleClick(); });
+  if (event->button() != Qt::LeftButton) return mousePressEvent(event);
+  isDoubleClick_ = true;
+  Tell(
+      [at = PlaceOf(*event)](ImagemControl& image) {
+        image.OnMouseDown(MouseButton::Left, at);
+        image.DoubleClick();
+      },
+      [](const ImagemControl&) { return std::string("duploclique"); });
 }
 
 }  // namespace tessera

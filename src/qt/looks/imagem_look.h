@@ -36,6 +36,7 @@ class ImagemLook final : public PaintedLook<ImagemControl>, private SurfaceView 
   void ShowPrinted(std::string_view text, const TextMask& mask) override { pane_->Print(text, mask); }
 
   std::unique_ptr<SurfacePane> pane_;
+  bool isDoubleClick_ = false;  // until the second release
 };
 
 }  // namespace tessera

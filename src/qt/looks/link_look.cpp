@@ -31,7 +31,10 @@ void LinkLook::paintEvent(QPaintEvent*) {
 
 void LinkLook::mouseReleaseEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton || !rect().contains(event->pos())) return;
-  Tell([](LinkControl& link) { link.Click(); });
+  Tell([](LinkControl& link) { link.Click(); },
+       [](const LinkControl& link) {
+         return ActLine({"clique", link.Name()});
+       });
 }
 
 }  // namespace tessera

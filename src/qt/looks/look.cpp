@@ -99,7 +99,7 @@ void LookView::TakeFocus() {
 bool LookView::eventFilter(QObject*, QEvent* event) {
   switch (event->type()) {
     case QEvent::FocusIn:
-      logic_.Tell([](Control& control) { control.form().MoveFocus(&control); });
+      TakeFocusEvent(static_cast<const QFocusEvent&>(*event));
       return false;
     case QEvent::ShortcutOverride:
       event->accept();
@@ -108,18 +108,22 @@ bool LookView::eventFilter(QObject*, QEvent* event) {
       TakeKey(static_cast<QKeyEvent&>(*event));
       return true;
     case QEvent::KeyRelease: {
+      // In a script the key is let go in the line that presses it. The window below has no part in it.
       const auto& key = static_cast<QKeyEvent&>(*event);
-      if (key.isAutoRepeat()) return false;
+      if (key.isAutoRepeat()) return true;
       logic_.Tell([code = KeyCodeOf(key), shift = ShiftOf(key)](Control& control) {
         control.form().ReleaseKey(code, shift);
       });
-      return false;
+      return true;
     }
     case QEvent::InputMethod: {
       const QString committed = static_cast<QInputMethodEvent&>(*event).commitString();
-      logic_.Tell([typed = FromQString(committed)](Control& control) {
-        for (const char character : typed) control.form().TypeCharacter(character);
-      });
+      const std::string typed = FromQString(committed);
+      logic_.Tell(
+          [typed](Control& control) {
+            for (const char character : typed) control.form().TypeCharacter(character);
+          },
+          [&](const Control&) { return TypingLines(typed); });
       return true;
     }
     default:
@@ -129,11 +133,26 @@ bool LookView::eventFilter(QObject*, QEvent* event) {
 
 void LookView::TakeKey(const QKeyEvent& event) {
   if (body_->TakeShortcut(event)) return;
-  logic_.Tell([code = KeyCodeOf(event), shift = ShiftOf(event), typed = TypedText(event)](Control& control) {
-    Form& form = control.form();
-    if (form.PressKey(code, shift)) return;
-    for (const char character : typed) form.TypeCharacter(character);
-  });
+  const int code = KeyCodeOf(event);
+  const std::string typed = TypedText(event);
+  logic_.Tell(
+      [code, shift = ShiftOf(event), typed](Control& control) {
+        Form& form = control.form();
+        if (form.PressKey(code, shift)) return;
+        for (const char character : typed) form.TypeCharacter(character);
+      },
+      [&](const Control&) {
+        return typed.empty() ? ActLines(KeyLine(code, ShiftOf(event))) : TypingLines(typed);
+      });
+}
+
+// Only the pointer brings the focus by itself; else a key or the program does.
+void LookView::TakeFocusEvent(const QFocusEvent& event) {
+  logic_.Tell(
+      [](Control& control) { control.form().MoveFocus(&control); },
+      [&](const Control& control) {
+        return event.reason() == Qt::MouseFocusReason ? ActLine({"foco", control.Name()}) : std::string();
+      });
 }
 
 }  // namespace tessera

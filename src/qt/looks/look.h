@@ -8,12 +8,16 @@
 #include <QObject>
 #include <QWidget>
 #include <memory>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "qt/logic_entry.h"
+#include "windows/act_line.h"
 #include "windows/control.h"
 
 class QEvent;
+class QFocusEvent;
 class QKeyEvent;
 
 namespace tessera {
@@ -33,6 +37,14 @@ class LookBody {
   virtual const TextLayout* Layout() const { return nullptr; }
 };
 
+// The lines of one act: one, several, or none at all, which an empty line is.
+inline std::vector<std::string> ActLines(std::vector<std::string> lines) {
+  return lines;
+}
+inline std::vector<std::string> ActLines(std::string line) {
+  return line.empty() ? std::vector<std::string>() : std::vector<std::string>{std::move(line)};
+}
+
 // Where a widget's events go into the logic. It goes with the control; what comes later is dropped.
 class LookEntry {
  public:
@@ -42,6 +54,25 @@ class LookEntry {
   template <typename T = Control, typename Act>
   void Tell(Act act) const {
     entry_.Enter([control = control_, act = std::move(act)] {
+      if (const auto held = control.lock()) act(static_cast<T&>(*held));
+    });
+  }
+
+  // The same for an act that a script can tell: where one is written, by the lines that `lines` gives.
+  template <typename T = Control, typename Act, typename Lines>
+  void Tell(Act act, Lines lines) const {
+    if (!entry_.TellsActs()) return Tell<T>(std::move(act));
+    const auto held = control_.lock();
+    if (held == nullptr) return;
+    for (std::string& line : ActLines(lines(static_cast<T&>(*held)))) {
+      entry_.TellAct({.line = std::move(line), .window = &held->form()});
+    }
+  }
+
+  // For what changes nothing but the sight of the control.
+  template <typename T = Control, typename Act>
+  void Glance(Act act) const {
+    entry_.Glance([control = control_, act = std::move(act)] {
       if (const auto held = control.lock()) act(static_cast<T&>(*held));
     });
   }
@@ -68,7 +99,7 @@ class LookView final : public QObject, public ControlView {
 
  private:
   void TakeKey(const QKeyEvent& event);
-
+  void TakeFocusEvent(const QFocusEvent& event);
   void FollowAll();
   // Puts the widget in front of its neighbours, or behind them.
   void Stack();
@@ -95,6 +126,14 @@ class PaintedLook : public QWidget, public LookBody {
   template <typename Act>
   void Tell(Act act) const {
     logic_.Tell<T>(std::move(act));
+  }
+  template <typename Act, typename Lines>
+  void Tell(Act act, Lines lines) const {
+    logic_.Tell<T>(std::move(act), std::move(lines));
+  }
+  template <typename Act>
+  void Glance(Act act) const {
+    logic_.Glance<T>(std::move(act));
   }
 
  private:

@@ -61,7 +61,7 @@ void PaginaLook::paintEvent(QPaintEvent*) {
 void PaginaLook::wheelEvent(QWheelEvent* event) {
   const double turned = event->angleDelta().y();
   if (turned == 0) return;
-  Tell([turned, zooms = event->modifiers().testFlag(Qt::ControlModifier)](reports::PaginaControl& pagina) {
+  Glance([turned, zooms = event->modifiers().testFlag(Qt::ControlModifier)](reports::PaginaControl& pagina) {
     pagina.Wheel(-turned * kWheelPixels, zooms);
   });
 }
@@ -75,7 +75,7 @@ void PaginaLook::mouseMoveEvent(QMouseEvent* event) {
   if (!event->buttons().testFlag(Qt::LeftButton)) return;
   const double moved = event->position().y() - dragged_.y();
   dragged_ = event->position();
-  Tell([moved](reports::PaginaControl& pagina) { pagina.Wheel(-moved, false); });
+  Glance([moved](reports::PaginaControl& pagina) { pagina.Wheel(-moved, false); });
 }
 
 }  // namespace tessera

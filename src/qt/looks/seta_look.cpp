@@ -49,12 +49,17 @@ void SetaLook::leaveEvent(QEvent*) {
 }
 
 void SetaLook::mousePressEvent(QMouseEvent* event) {
-  if (event->button() == Qt::LeftButton) Tell([](reports::SetaControl& arrow) { arrow.PointerDown(); });
+  if (event->button() == Qt::LeftButton) Glance([](reports::SetaControl& arrow) { arrow.PointerDown(); });
 }
 
 void SetaLook::mouseReleaseEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
-  Tell([inside = rect().contains(event->pos())](reports::SetaControl& arrow) { arrow.PointerUp(inside); });
+  const bool inside = rect().contains(event->pos());
+  Tell([inside](reports::SetaControl& arrow) { arrow.PointerUp(inside); },
+       [inside](reports::SetaControl& arrow) {
+         arrow.PointerUp(false);
+         return inside ? ActLine({"clique", arrow.Name(), std::to_string(arrow.Index())}) : std::string();
+       });
 }
 
 }  // namespace tessera

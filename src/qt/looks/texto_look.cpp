@@ -196,17 +196,20 @@ void TextoLook::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
   selects_ = true;
   anchor_ = PlaceAt(event->position());
-  Tell([place = anchor_](TextoControl& text) { text.PlaceCaret(place, place); });
+  Select(anchor_, anchor_);
 }
 
 void TextoLook::mouseMoveEvent(QMouseEvent* event) {
-  if (!selects_) return;
-  Tell([from = anchor_, to = PlaceAt(event->position())](TextoControl& text) { text.PlaceCaret(from, to); });
+  if (selects_) Select(anchor_, PlaceAt(event->position()));
 }
 
 void TextoLook::mouseReleaseEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton || !std::exchange(selects_, false)) return;
-  if (rect().contains(event->pos())) Tell([](TextoControl& text) { text.Click(); });
+  if (!rect().contains(event->pos())) return;
+  Tell([](TextoControl& text) { text.Click(); },
+       [](const TextoControl& text) {
+         return ActLine({"clique", text.Name()});
+       });
 }
 
 // A double click selects the word.
@@ -215,12 +218,19 @@ void TextoLook::mouseDoubleClickEvent(QMouseEvent* event) {
   QTextCursor word(&document_);
   word.setPosition(static_cast<int>(PlaceAt(event->position())));
   word.select(QTextCursor::WordUnderCursor);
-  const auto from = static_cast<std::size_t>(word.selectionStart());
-  const auto to = static_cast<std::size_t>(word.selectionEnd());
-  Tell([from, to](TextoControl& text) {
-    text.PlaceCaret(from, to);
-    text.DoubleClick();
-  });
+  Select(static_cast<std::size_t>(word.selectionStart()), static_cast<std::size_t>(word.selectionEnd()));
+  Tell([](TextoControl& text) { text.DoubleClick(); },
+       [](const TextoControl& text) {
+         return ActLine({"duploclique", text.Name()});
+       });
+}
+
+// In an empty text the caret has but one place.
+void TextoLook::Select(std::size_t from, std::size_t to) {
+  Tell([from, to](TextoControl& text) { text.PlaceCaret(from, to); },
+       [from, to](const TextoControl& text) {
+         return text.Text().empty() ? std::string() : CaretLine(text.Name(), from, to);
+       });
 }
 
 void TextoLook::wheelEvent(QWheelEvent* event) {
@@ -230,7 +240,7 @@ void TextoLook::wheelEvent(QWheelEvent* event) {
 }
 
 void TextoLook::SelectAll() {
-  Tell([](TextoControl& text) { text.PlaceCaret(0, text.State().Content().Text().size()); });
+  Select(0, control().State().Content().Text().size());
 }
 
 std::string TextoLook::Selected() const {
@@ -238,11 +248,13 @@ std::string TextoLook::Selected() const {
 }
 
 void TextoLook::DeleteSelected() {
-  Tell([](TextoControl& text) { text.OnKeyDown(key::kDelete, {}); });
+  Tell([](TextoControl& text) { text.OnKeyDown(key::kDelete, {}); },
+       [](const TextoControl&) { return KeyLine(key::kDelete, {}); });
 }
 
 void TextoLook::Paste(const std::string& text) {
-  Tell([text](TextoControl& entry) { entry.Paste(text); });
+  Tell([text](TextoControl& entry) { entry.Paste(text); },
+       [&](const TextoControl&) { return TypingLines(text); });
 }
 
 }  // namespace tessera

@@ -32,6 +32,8 @@ class TextoLook final : public TextLook<TextoControl>, private TextLayout {
   QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
 
  private:
+  void Select(std::size_t from, std::size_t to);
+
   QRectF TextRect() const;
   void LayOut();
   void FillDocument();
