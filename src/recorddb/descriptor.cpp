@@ -1,13 +1,11 @@
 #include "recorddb/descriptor.h"
 
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <cerrno>
 #include <chrono>
 
 #include "image/codec.h"
 #include "platform/failure.h"
+#include "platform/file_store.h"
 #include "platform/whole_file.h"
 #include "prepare/prepared_text.h"
 #include "recorddb/header_lock.h"
@@ -43,9 +41,8 @@ void ReadHeaderLine(RecordContext& context, Reading& reading, const std::vector<
   if (!reading.slot.folder.ends_with('\\')) reading.slot.folder += '\\';
   reading.password = EvalText(run, parts[2]).ToText();
   // Only the last level is made, and a failure shows itself when the file is opened.
-  constexpr mode_t kAnyone = 0777;
-  mkdir(context.run.paths.SystemPath(reading.slot.folder.substr(0, reading.slot.folder.size() - 1)).c_str(),
-        kAnyone);
+  const std::string folder = reading.slot.folder.substr(0, reading.slot.folder.size() - 1);
+  run.host.files.MakeFolder(run.paths.SystemPath(folder));
 }
 
 std::int32_t WidthOf(Run& run, const std::string& type, const std::string& size) {

@@ -1,10 +1,9 @@
 #include "recorddb/record_commands.h"
 
-#include <unistd.h>
-
 #include "commands/arguments.h"
 #include "image/codec.h"
 #include "platform/failure.h"
+#include "platform/file_store.h"
 #include "recorddb/header_lock.h"
 #include "recorddb/order_commands.h"
 #include "recorddb/slots.h"
@@ -82,7 +81,8 @@ Value AbreBD(RecordContext& context, const WordCall& call) {
   DatabaseSlot& slot = context.Slot(number);
   const std::string name = slot.folder + database + ".Tsa";
   const std::string path = context.run.paths.SystemPath(name);
-  if (access(path.c_str(), F_OK) != 0) {
+  int unseen = 0;
+  if (!run.host.files.IsFile(path, unseen) && !run.host.files.IsFolder(path)) {
     ShowCritical(run, std::string("Erro AbreBD - Arquivo não existente: "_w).append(name));
     return {};
   }

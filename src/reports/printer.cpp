@@ -1,6 +1,5 @@
 #include "reports/printer.h"
 
-#include <filesystem>
 #include <utility>
 #include <vector>
 
@@ -13,8 +12,6 @@
 namespace tessera::reports {
 
 namespace {
-
-namespace fs = std::filesystem;
 
 constexpr std::string_view kPdf = ".PDF";
 
@@ -46,7 +43,7 @@ std::optional<Printer::Destination> Printer::FindDestination() const {
     return Destination{ToUtf8(run_.PrinterName), isFile ? run_.paths.SystemPath(run_.PrinterName) : ""};
   }
   if (!given_.empty()) {
-    return Destination{given_, IsPdfPath(given_) ? fs::absolute(given_).string() : ""};
+    return Destination{given_, IsPdfPath(given_) ? given_ : ""};
   }
   PrintQueues& queues = painter_.Queues();
   if (std::string name = queues.Default(); !name.empty()) return Destination{std::move(name), {}};
