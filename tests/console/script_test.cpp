@@ -113,7 +113,7 @@ TEST(EventScript, EachLineIsOneAct) {
            Row{"pressiona 2", "pressiona[2] "},
            Row{"redim 20 60", "redim[20;60] "},
            Row{"espera 0", "espera[0] "},
-           Row{"espera 20 3", "espera[20x3] "},
+           Row{"espera 20 x3", "espera[20x3] "},
            Row{"retrato minha janela.png", "retrato[minha janela.png] "},
            Row{"fecha", "fecha[] "},
        }) {
@@ -124,10 +124,27 @@ TEST(EventScript, EachLineIsOneAct) {
 }
 
 TEST(EventScript, AFaultyLineDoesNothing) {
-  for (const char* line :
-       {"x", "texto Z a", "seta B", "seta B x", "escolhe B -1", "escolhe B 1,5", "linha B", "celula B 1",
-        "espera 1 0", "espera 1 2 3", "cursor B", "rola B -1", "abre", "tecla", "tecla 1e9", "mouse 1 2 3",
-        "espera 9999999999", "pressiona 0", "duploclique B B"}) {
+  for (const char* line : {"x",
+                           "texto Z a",
+                           "seta B",
+                           "seta B x",
+                           "escolhe B -1",
+                           "escolhe B 1,5",
+                           "linha B",
+                           "celula B 1",
+                           "espera 1 2",
+                           "espera 1 x0",
+                           "espera 1 x",
+                           "espera 1 x2 3",
+                           "cursor B",
+                           "rola B -1",
+                           "abre",
+                           "tecla",
+                           "tecla 1e9",
+                           "mouse 1 2 3",
+                           "espera 9999999999",
+                           "pressiona 0",
+                           "duploclique B B"}) {
     RecordedPerson person;
     EXPECT_NE(DoEventLine(line, person), "") << line;
     EXPECT_EQ(person.log, "") << line;
