@@ -329,7 +329,7 @@ void ConsoleHost::Rest(std::chrono::milliseconds time) {
 
 // In a script the outside acts while the time goes by, and behind the script's end wherever events are waited
 // for. OPEN: there it is waited for a moment, so that a program which polls leaves others some of the
-// machine.
+// machine. And where a line stands for many steps of the script's time, the machine's need not go by with it.
 bool ConsoleHost::AwaitEvents(std::chrono::milliseconds sleep) {
   constexpr std::chrono::milliseconds kRest{10};
   out_.flush();
@@ -337,7 +337,7 @@ bool ConsoleHost::AwaitEvents(std::chrono::milliseconds sleep) {
   const bool letsAct = source_ != nullptr && source_->IsOpen() && !input_.IsTerminal();
   if (letsAct && sleep.count() > 0) {
     LetOutsideAct(sleep, false);
-  } else {
+  } else if (again_.times == 0) {
     Rest(sleep);
   }
   Dispatch();

@@ -55,6 +55,13 @@ class Words {
     return static_cast<int>(number);
   }
 
+  // How often, as "x20".
+  int Times() {
+    if (!rest_.starts_with('x')) End();
+    rest_.remove_prefix(1);
+    return Integer(1, std::numeric_limits<int>::max());
+  }
+
   int Index() { return Integer(0, std::numeric_limits<int>::max()); }
 
   // All that stands behind the one blank after the last word, blanks included.
@@ -259,7 +266,7 @@ void Redim(Words& words, Person& person) {
 
 void Espera(Words& words, Person& person) {
   const int time = words.Index();
-  const int times = words.AtEnd() ? 1 : words.Integer(1, std::numeric_limits<int>::max());
+  const int times = words.AtEnd() ? 1 : words.Times();
   words.End();
   person.LetTimePass(std::chrono::milliseconds(time), times);
 }

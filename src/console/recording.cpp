@@ -92,9 +92,9 @@ bool WaitsOn(std::vector<std::string>& lines, std::string_view line) {
   const std::string_view before = BehindFirst(lines.back());
   if (FirstWord(before) != BehindFirst(line)) return false;
   int times = 1;
-  const std::string_view counted = BehindFirst(before);
-  std::from_chars(counted.data(), counted.data() + counted.size(), times);
-  lines.back() = ActLine({line, std::to_string(times + 1)});
+  const std::string_view counted = BehindFirst(before);  // as "x20"
+  if (!counted.empty()) std::from_chars(counted.data() + 1, counted.data() + counted.size(), times);
+  lines.back() = ActLine({line, "x" + std::to_string(times + 1)});
   return true;
 }
 
