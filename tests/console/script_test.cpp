@@ -147,9 +147,6 @@ TEST(EventScript, AFaultyLineDoesNothing) {
                            "cursor B",
                            "rola B -1",
                            "abre",
-                           "tecla",
-                           "tecla 1e9",
-                           "mouse 1 2 3",
                            "espera 9999999999",
                            "pressiona 0",
                            "duploclique B B"}) {
