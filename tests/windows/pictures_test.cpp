@@ -162,6 +162,11 @@ TEST(PictureFile, APictureThatPromisesMoreThanItHoldsIsNone) {
   std::string tall = kJpeg;
   tall.replace(tall.find("\xFF\xC0"s) + 5, 4, "\xFF\xFF\xFF\xFF"s);
   EXPECT_EQ(DecodePicture(TestCodec(), tall), nullptr);
+  // Of a short file so many pixels are taken, and not one row more.
+  tall.replace(tall.find("\xFF\xC0"s) + 5, 4, "\x0F\xA0\x0F\xA0"s);
+  EXPECT_NE(DecodePicture(TestCodec(), tall), nullptr);
+  tall.replace(tall.find("\xFF\xC0"s) + 5, 4, "\x0F\xA1\x0F\xA0"s);
+  EXPECT_EQ(DecodePicture(TestCodec(), tall), nullptr);
 }
 
 TEST(PictureFile, ADamagedFileOnTheDiskIsNone) {
