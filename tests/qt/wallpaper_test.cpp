@@ -10,6 +10,7 @@
 #include <string>
 
 #include "qt/qt_host.h"
+#include "support/core_program.h"
 #include "support/hosted_program.h"
 #include "support/temporary_folder.h"
 #include "windows/picture_file.h"
