@@ -19,12 +19,36 @@ if(MOLD)
   target_link_options(tessera_options INTERFACE -fuse-ld=mold)
 endif()
 
+# A room's headers as whoever includes them sees them: they, and those of the rooms that they show. They are found
+# through a link of the room's own, so that an include of a room that is not named finds no file.
+function(tessera_headers name)
+  file(CREATE_LINK ${CMAKE_CURRENT_SOURCE_DIR} ${CMAKE_CURRENT_BINARY_DIR}/${name} SYMBOLIC)
+  list(TRANSFORM ARGN REPLACE "(.+)" "tessera_\\1_headers" OUTPUT_VARIABLE shown)
+  add_library(tessera_${name}_headers INTERFACE)
+  target_include_directories(tessera_${name}_headers INTERFACE ${CMAKE_CURRENT_BINARY_DIR})
+  target_link_libraries(tessera_${name}_headers INTERFACE ${shown})
+  set_property(GLOBAL APPEND PROPERTY TESSERA_HEADERS tessera_${name}_headers)
+endfunction()
+
 # tessera_room(NAME FILES... SHOWS rooms that its headers include USES rooms that its other files include)
 function(tessera_room name)
   cmake_parse_arguments(ROOM "" "" "SHOWS;USES" ${ARGN})
+  tessera_headers(${name} ${ROOM_SHOWS})
   add_library(tessera_${name} STATIC ${ROOM_UNPARSED_ARGUMENTS})
-  target_include_directories(tessera_${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)
   list(TRANSFORM ROOM_SHOWS PREPEND tessera_)
   list(TRANSFORM ROOM_USES PREPEND tessera_)
-  target_link_libraries(tessera_${name} PUBLIC ${ROOM_SHOWS} PRIVATE ${ROOM_USES} tessera_options)
+  target_link_libraries(tessera_${name}
+    PUBLIC tessera_${name}_headers ${ROOM_SHOWS} PRIVATE ${ROOM_USES} tessera_options)
+endfunction()
+
+# tessera_part(NAME FILES... OUTPUT name of its library INCLUDES rooms LINKS libraries): what is loaded at first use, so
+# that programs that never need it load neither it nor the libraries below it. It links no room, since they are built for
+# executables; the few files of theirs that it needs are built anew.
+function(tessera_part name)
+  cmake_parse_arguments(PART "" "OUTPUT" "INCLUDES;LINKS" ${ARGN})
+  tessera_headers(${name} ${PART_INCLUDES})
+  add_library(tessera_${name} MODULE ${PART_UNPARSED_ARGUMENTS})
+  set_target_properties(tessera_${name} PROPERTIES
+    OUTPUT_NAME tessera_${PART_OUTPUT} LIBRARY_OUTPUT_DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
+  target_link_libraries(tessera_${name} PRIVATE tessera_${name}_headers tessera_options ${PART_LINKS})
 endfunction()

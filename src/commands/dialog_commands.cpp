@@ -41,7 +41,8 @@ std::optional<Answer> AskPath(Run& run, const ArgumentView& arguments, bool save
   return Answer{"Retorno", std::move(*path)};
 }
 
-std::optional<Answer> Ask(Run& run, const ArgumentView& arguments, std::string_view mode) {
+std::optional<Answer> Ask(ChosenPrinter& chosen, Run& run, const ArgumentView& arguments,
+                          std::string_view mode) {
   Dialogs& dialogs = run.host.dialogs;
   if (mode == "ABRIR" || mode == "SALVAR") return AskPath(run, arguments, mode == "SALVAR");
   const std::string title = arguments.Number("título").ToText();
@@ -58,17 +59,17 @@ std::optional<Answer> Ask(Run& run, const ArgumentView& arguments, std::string_v
   run.variables.VarWrite("Retorno", std::string(), true);
   auto printer = dialogs.AskPrinter(title);
   if (!printer) return std::nullopt;
-  run.PrinterName = std::move(*printer);
+  chosen.name = std::move(*printer);
   return Answer{"Retorno", std::string("OK")};
 }
 
-Value CaixaDialogo(const WordCall& call) {
+Value CaixaDialogo(ChosenPrinter& chosen, const WordCall& call) {
   const Arguments arguments(call);
   const std::string mode = Upper(arguments.Number("modo").ToText());
   const bool isMode =
       mode == "ABRIR" || mode == "SALVAR" || mode == "COR" || mode == "FONTE" || mode == "IMPRESSORA";
   if (!isMode) return {};
-  const auto answer = Ask(call.run, arguments, mode);
+  const auto answer = Ask(chosen, call.run, arguments, mode);
   if (answer) {
     call.run.variables.VarWrite(answer->variable, answer->value, true);
   } else {
@@ -77,7 +78,7 @@ Value CaixaDialogo(const WordCall& call) {
   return {};
 }
 
-constexpr PlainRow kRows[] = {{"CaixaDialogo", CaixaDialogo}};
+constexpr RowOn<ChosenPrinter> kRows[] = {{"CaixaDialogo", CaixaDialogo}};
 
 }  // namespace
 
@@ -98,8 +99,8 @@ ChosenFont FontOfRecord(std::string_view record) {
           .italic = isOn(kItalicAt)};
 }
 
-void BindDialogCommands(CommandTable& table) {
-  Bind(table, kRows);
+void BindDialogCommands(CommandTable& table, ChosenPrinter& printer) {
+  Bind(table, kRows, printer);
 }
 
 }  // namespace tessera

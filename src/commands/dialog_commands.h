@@ -15,6 +15,12 @@ std::string FontRecord(const ChosenFont& font);
 // The font of such a record; what a short text lacks is empty.
 ChosenFont FontOfRecord(std::string_view record);
 
-void BindDialogCommands(CommandTable& table);
+// The printer that the person chose in a dialog; empty for the system's own choice.
+struct ChosenPrinter {
+  std::string name;
+};
+
+// The choice outlives the table.
+void BindDialogCommands(CommandTable& table, ChosenPrinter& printer);
 
 }  // namespace tessera

@@ -2,9 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
-#include <filesystem>
-#include <system_error>
 
 #include "commands/arguments.h"
 #include "platform/child_process.h"
@@ -54,12 +51,6 @@ std::uint16_t PortOf(const ArgumentView& arguments) {
 
 }  // namespace
 
-MachineCommands::Places MachineCommands::UserPlaces(bool isFinished) {
-  return {.registry = RegistryFile(RegistryPath(std::getenv)),
-          .startList = StartList(UserConfigurationFolder(std::getenv) + "/autostart"),
-          .isFinished = isFinished};
-}
-
 Value MachineCommands::LeRegWin(const WordCall& call) {
   const Arguments arguments(call);
   const std::string root = arguments.Text("raiz");
@@ -89,9 +80,7 @@ Value MachineCommands::AdicioneSistema(const WordCall& call) {
                            .append(SourcePositionText(run_)));
     return {};
   }
-  std::error_code ignored;
-  places_.startList.Add(arguments.Number("entrada").ToText(), OwnCommand(),
-                        std::filesystem::current_path(ignored).string());
+  places_.startList.Add(arguments.Number("entrada").ToText(), places_.ownStart());
   return {};
 }
 

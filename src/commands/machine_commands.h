@@ -1,6 +1,7 @@
 // The commands that reach the machine: the registry, the start list, outside programs and hardware ports.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -14,14 +15,14 @@ namespace tessera {
 
 class MachineCommands {
  public:
-  // Where they keep things. By default the places of the user who runs the program.
+  // What they reach.
   struct Places {
     RegistryFile registry;
     StartList startList;
     HardwarePorts ports = HardwarePorts();
     bool isFinished = true;  // the program has an executable of its own
+    std::function<ProcessStart()> ownStart = OwnStart;
   };
-  static Places UserPlaces(bool isFinished);
 
   // The run and the group live as long as the table.
   MachineCommands(CommandTable& table, Run& run, Places places);

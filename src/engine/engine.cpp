@@ -48,9 +48,9 @@ void Engine::RunSub(const RunnableText& body) {
 }
 
 Value Engine::CallFunction(std::string_view name, const ArgumentText& arguments) {
-  ++run_.FunctionsInProgress;
+  ++functionsInProgress_;
   const auto failure = Guard([&] { RunFunction(name, arguments); });
-  --run_.FunctionsInProgress;
+  --functionsInProgress_;
   if (!failure) return ReturnValue;
   failedAt_ = FunctionCallCounter;
   const std::string text = SourcePositionText(run_).append("\r").append(

@@ -64,6 +64,10 @@ class Engine {
 
   int mostLevels = 10'000;
 
+  // Calls of the program's functions on the stack. Some expression waits for each, and with it a command that
+  // may hold a window.
+  int FunctionsInProgress() const { return functionsInProgress_; }
+
  private:
   class Routines;
   class FunctionBodies;
@@ -75,6 +79,7 @@ class Engine {
 
   Run& run_;
   int levels_ = 0;
+  int functionsInProgress_ = 0;
   std::unique_ptr<Routines> routines_;
   std::unique_ptr<FunctionBodies> bodies_;
   // The call counter at the last failure of a function, whose names are still there.

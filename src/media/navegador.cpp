@@ -108,7 +108,7 @@ Value Navegador::Do(const WordCall& call) {
 }
 
 NavegadorControl& Navegador::Current() {
-  Form& form = *windows_.CurrentForm;
+  Form& form = windows_.CurrentForm();
   if (!form.Controls().Element(kNavegador, 0)) {
     form.LoadControl(kNavegador, std::make_shared<NavegadorControl>(form, *this));
     form.Controls().Element(kNavegador, 0)->SetName(kNavegador);

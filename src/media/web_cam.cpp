@@ -74,7 +74,7 @@ Value WebCam::Do(const WordCall& call) {
 }
 
 CameraControl& WebCam::PicOutPut() {
-  Form& form = *windows_.MainWindow;
+  Form& form = windows_.MainWindow();
   if (!form.Controls().Element(kPicOutPut, 0)) {
     form.LoadControl(kPicOutPut, std::make_shared<CameraControl>(form, *this));
     form.Controls().Element(kPicOutPut, 0)->SetName(kPicOutPut);

@@ -93,7 +93,7 @@ Value Figura::DesenheFiguras(const WordCall& call) {
                        .part = {Part(figure.Place().Width), Part(figure.Place().Height)}});
     }
   }
-  windows().CurrentForm->PaintPictures(drawn, !preserves);
+  windows().CurrentForm().PaintPictures(drawn, !preserves);
   return {};
 }
 

@@ -125,7 +125,7 @@ Value Escreva(const SuffixCall& call) {
       LineOf(call.run, values, [&](std::size_t place) { return EvalNumber(call.run, values[place]); });
   WindowModel& windows = call.frame.windows();
   if (isTitle) {
-    windows.CurrentForm->SetCaption(text);
+    windows.CurrentForm().SetCaption(text);
   } else {
     ImagemSurface& surface = SurfaceOf(call);
     surface.Print(text);

@@ -116,7 +116,7 @@ GuiaControl& MenuSistema::Bar() {
   if (!windows.CurrentOwner().Carries(kGuia)) {
     throw RunFailure(438, "A janela não tem esta família de objetos"_w);
   }
-  Form& form = *windows.CurrentForm;
+  Form& form = windows.CurrentForm();
   if (!form.Controls().Element(kGuia, 0)) {
     form.LoadControl(kGuia, std::make_shared<GuiaControl>(form, *this));
     form.Controls().Element(kGuia, 0)->SetVisible(true);

@@ -102,7 +102,7 @@ Form& ObjectFamily::FormCarrying(std::string_view array) const {
   if (!windows().CurrentOwner().Carries(array)) {
     throw RunFailure(438, "A janela não tem esta família de objetos"_w);
   }
-  return *windows().CurrentForm;
+  return windows().CurrentForm();
 }
 
 void ObjectFamily::CreateObject(const Arguments& arguments) {
@@ -122,7 +122,7 @@ void ObjectFamily::CreateObject(const Arguments& arguments) {
     form.LoadControl(array, control);
   }
   if (free == rows_.end()) rows_.emplace_back();
-  rows_[index] = {name, windows().CurrentWindowName, array, control};
+  rows_[index] = {name, windows().CurrentWindowName(), array, control};
   control->SetName(name);
   CreateCompanions(rows_[index]);
   Create(*control, rows_[index], arguments);

@@ -67,6 +67,8 @@ class FileStore {
   virtual int Create(const std::string& path, std::string_view bytes) = 0;
   // Puts a file with these bytes in the place of the old one, whole.
   virtual int Replace(const std::string& path, std::string_view bytes) = 0;
+  // The same with a file that its owner alone may read.
+  virtual int ReplacePrivately(const std::string& path, std::string_view bytes) = 0;
   // Copies bytes and permissions. A target that exists is replaced only when the whole copy has been written.
   // EEXIST when both are one file. Where it fails `at` is the path that the system refused.
   virtual int Copy(const std::string& source, const std::string& target, std::string& at) = 0;

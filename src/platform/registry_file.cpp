@@ -1,15 +1,11 @@
 #include "platform/registry_file.h"
 
-#include <fcntl.h>
-#include <sys/file.h>
-
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <variant>
+#include <filesystem>
+#include <memory>
 
-#include "platform/descriptor.h"
-#include "platform/whole_file.h"
 #include "text/code_page.h"
 #include "text/one_based.h"
 
@@ -72,13 +68,15 @@ std::vector<std::string> Pieces(std::string_view text, char end) {
 
 // A line that is no value, as a person's editing may leave it, is passed over.
 std::optional<std::vector<RegistryFile::Entry>> RegistryFile::Load() const {
-  const auto read = ReadWholeFile(path_);
-  if (const auto* error = std::get_if<SystemError>(&read)) {
-    if (error->number == ENOENT) return std::vector<Entry>();
+  const auto [file, error] = files_->Open(path_, OpenAs::Read);
+  if (error == ENOENT) return std::vector<Entry>();
+  std::uint64_t length = 0;
+  std::string text;
+  if (error != 0 || file->Size(length) != 0 ||
+      ReadAllAt(*file, 0, static_cast<std::size_t>(length), text) != 0)
     return std::nullopt;
-  }
   std::vector<Entry> entries;
-  for (const std::string& line : Pieces(FromUtf8Lossy(std::get<std::string>(read)), '\n')) {
+  for (const std::string& line : Pieces(FromUtf8Lossy(text), '\n')) {
     const auto pieces = Pieces(line, '\t');
     if (pieces.size() != 4) continue;
     entries.push_back(
@@ -101,10 +99,13 @@ std::string RegistryFile::Read(std::string_view root, std::string_view key, std:
 
 bool RegistryFile::Write(std::string_view root, std::string_view key, std::string_view name,
                          std::string_view value) const {
-  MakeFoldersFor(path_);
+  files_->MakeFolders(std::filesystem::path(path_).parent_path());
   // The file itself is replaced by each write, so the lock stands on a file beside it.
-  const Descriptor lock(open((path_ + ".lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
-  if (!lock.IsOpen() || flock(lock.number(), LOCK_EX) != 0) return false;
+  const std::unique_ptr<StoredFile> lock = files_->Open(path_ + ".lock", OpenAs::Update).file;
+  if (lock == nullptr) return false;
+  int error = lock->TryLock();
+  for (; error == EAGAIN; error = lock->TryLock()) lock->AwaitOthers();
+  if (error != 0) return false;
   auto entries = Load();
   if (!entries) return false;
   std::erase_if(*entries, [&](const Entry& entry) {
@@ -117,7 +118,7 @@ bool RegistryFile::Write(std::string_view root, std::string_view key, std::strin
     text += Escaped(entry.root) + '\t' + Escaped(entry.key) + '\t' + Escaped(entry.name) + '\t' +
             Escaped(entry.value) + '\n';
   }
-  return ReplaceFile(path_, ToUtf8(text)) == 0;
+  return files_->ReplacePrivately(path_, ToUtf8(text)) == 0;
 }
 
 std::string RegistryPath(const EnvironmentReader& environment) {

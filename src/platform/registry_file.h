@@ -9,14 +9,15 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/file_store.h"
 #include "platform/user_folders.h"
 
 namespace tessera {
 
 class RegistryFile {
  public:
-  // Where the values are kept; the file and its folder are made by the first write.
-  explicit RegistryFile(std::string path) : path_(std::move(path)) {}
+  // Where the values are kept; the file and its folder are made by the first write. The store outlives it.
+  RegistryFile(FileStore& files, std::string path) : files_(&files), path_(std::move(path)) {}
 
   // The value, or the empty text where there is none.
   std::string Read(std::string_view root, std::string_view key, std::string_view name) const;
@@ -34,6 +35,7 @@ class RegistryFile {
   // Nothing where the file is there and can't be read.
   std::optional<std::vector<Entry>> Load() const;
 
+  FileStore* files_;
   std::string path_;
 };
 

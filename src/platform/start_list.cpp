@@ -1,11 +1,11 @@
 #include "platform/start_list.h"
 
-#include <unistd.h>
-
 #include <filesystem>
 #include <system_error>
+#include <utility>
 
 #include "platform/desktop_entry.h"
+#include "platform/file_store.h"
 #include "platform/whole_file.h"
 #include "text/code_page.h"
 #include "text/one_based.h"
@@ -16,18 +16,17 @@ std::string StartList::FileOf(std::string_view name) const {
   return folder_ + "/" + ToUtf8(Replace(name, '/', '_')) + ".desktop";
 }
 
-bool StartList::Add(std::string_view name, const std::vector<std::string>& command,
-                    const std::string& workingFolder) const {
-  MakeFoldersFor(FileOf(name));
-  const DesktopEntry entry{.name = ToUtf8(name), .command = command, .folder = workingFolder};
-  return ReplaceFile(FileOf(name), DesktopEntryText(entry)) == 0;
+bool StartList::Add(std::string_view name, const ProcessStart& start) const {
+  files_->MakeFolders(folder_);
+  const DesktopEntry entry{.name = ToUtf8(name), .command = start.command, .folder = start.folder};
+  return files_->ReplacePrivately(FileOf(name), DesktopEntryText(entry)) == 0;
 }
 
 void StartList::Remove(std::string_view name) const {
-  unlink(FileOf(name).c_str());
+  files_->Remove(FileOf(name));
 }
 
-std::vector<std::string> OwnCommand() {
+ProcessStart OwnStart() {
   std::error_code ignored;
   std::vector<std::string> words = {std::filesystem::read_symlink("/proc/self/exe", ignored).string()};
   const auto read = ReadWholeFile("/proc/self/cmdline");
@@ -37,7 +36,7 @@ std::vector<std::string> OwnCommand() {
     words.push_back(line.substr(at + 1, end - at - 1));
     at = end;
   }
-  return words;
+  return {.command = std::move(words), .folder = std::filesystem::current_path(ignored).string()};
 }
 
 }  // namespace tessera

@@ -7,24 +7,32 @@
 
 namespace tessera {
 
+class FileStore;
+
+// How a process was started, in UTF-8: its words, the executable's full path in front, and its folder.
+struct ProcessStart {
+  std::vector<std::string> command;
+  std::string folder;
+};
+
 class StartList {
  public:
-  // The desktop's folder; it is made by the first entry.
-  explicit StartList(std::string folder) : folder_(std::move(folder)) {}
+  // The desktop's folder; it is made by the first entry. The store outlives it.
+  StartList(FileStore& files, std::string folder) : files_(&files), folder_(std::move(folder)) {}
 
-  // An entry of that name (program text) that starts `command` in `workingFolder`, both in UTF-8. One of the
-  // same name is replaced. False where the disk refuses.
-  bool Add(std::string_view name, const std::vector<std::string>& command,
-           const std::string& workingFolder) const;
+  // An entry of that name (program text) that starts a process so. One of the same name is replaced. False
+  // where the disk refuses.
+  bool Add(std::string_view name, const ProcessStart& start) const;
   void Remove(std::string_view name) const;
 
  private:
   std::string FileOf(std::string_view name) const;
 
+  FileStore* files_;
   std::string folder_;
 };
 
-// The words by which this process was started, the executable's full path in front.
-std::vector<std::string> OwnCommand();
+// That of this process.
+ProcessStart OwnStart();
 
 }  // namespace tessera

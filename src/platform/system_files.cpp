@@ -145,6 +145,10 @@ int SystemFiles::Replace(const std::string& path, std::string_view bytes) {
   return ReplaceFile(path, bytes, NewFilePermissions(kAnyone));
 }
 
+int SystemFiles::ReplacePrivately(const std::string& path, std::string_view bytes) {
+  return ReplaceFile(path, bytes, kOwnerOnly);
+}
+
 int SystemFiles::Copy(const std::string& source, const std::string& target, std::string& at) {
   at = source;
   const Descriptor from(open(source.c_str(), O_RDONLY | O_CLOEXEC));

@@ -10,6 +10,7 @@ class SystemFiles : public FileStore {
   Opened Open(const std::string& path, OpenAs how) override;
   int Create(const std::string& path, std::string_view bytes) override;
   int Replace(const std::string& path, std::string_view bytes) override;
+  int ReplacePrivately(const std::string& path, std::string_view bytes) override;
   int Copy(const std::string& source, const std::string& target, std::string& at) override;
   int TakePlace(const std::string& fresh, const std::string& place) override;
   int Remove(const std::string& path) override;

@@ -11,6 +11,7 @@
 #include "text/literal.h"
 #include "text/number.h"
 #include "text/one_based.h"
+#include "windows/display.h"
 #include "windows/form.h"
 #include "windows/program_window.h"
 #include "windows/stock_pictures.h"
@@ -69,14 +70,14 @@ std::int32_t BarSteps(double pixels) {
 }  // namespace
 
 FrmXRel::FrmXRel(Run& run, WindowModel& windows, Display& display, PagePainter& painter, ReportHost& host,
-                 XRelatorio& report)
-    : run_(run), windows_(windows), painter_(painter), host_(host), report_(report) {
+                 XRelatorio& report, ChosenPrinter& chosen)
+    : run_(run), windows_(windows), painter_(painter), host_(host), report_(report), chosen_(chosen) {
   const ScreenSize screen = display.ScreenExtent();
   const WindowSize size{std::min(kPreviewSize.width, PixelsOfTwips(screen.Width) * kScreenShare),
                         std::min(kPreviewSize.height, PixelsOfTwips(screen.Height) * kScreenShare)};
   form_ = display.NewForm("FrmXRel", Centred(size, screen), *this);
   form_->SetCaption("Relatório"_w);
-  form_->SetIcon(windows_.MainWindow->Icon());
+  form_->SetIcon(windows_.MainWindow().Icon());
   form_->KeyPreview = true;
   LoadParts();
   Arrange();
@@ -84,7 +85,7 @@ FrmXRel::FrmXRel(Run& run, WindowModel& windows, Display& display, PagePainter& 
 }
 
 FrmXRel::~FrmXRel() {
-  std::erase(windows_.modal, form_.get());
+  windows_.modal.Close(*form_);
   if (windows_.modalParts == this) windows_.modalParts = nullptr;
   form_->UnloadControls();
 }
@@ -153,7 +154,7 @@ void FrmXRel::LoadParts() {
 
 bool FrmXRel::ShowModal() {
   ProgramWindow& opener = windows_.CurrentOwner();
-  windows_.modal.push_back(form_.get());
+  windows_.modal.Open(*form_);
   WindowParts* const before = std::exchange(windows_.modalParts, static_cast<WindowParts*>(this));
   host_.TellPage(report_.LblPagina());
   form_->ShowModal(opener.form());
@@ -163,7 +164,7 @@ bool FrmXRel::ShowModal() {
 }
 
 void FrmXRel::Close() {
-  std::erase(windows_.modal, form_.get());
+  windows_.modal.Close(*form_);
   form_->SetVisible(false);
 }
 
@@ -353,7 +354,7 @@ bool FrmXRel::SelecionaImpressora() {
     ShowCritical(run_, "Cancelado pelo usuário!"_w);
     return false;
   }
-  run_.PrinterName = std::move(*printer);
+  chosen_.name = std::move(*printer);
   return true;
 }
 

@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "commands/dialog_commands.h"
 #include "objects/barra_rolagem.h"
 #include "objects/botao.h"
 #include "objects/combo.h"
@@ -17,9 +18,14 @@
 #include "reports/report_host.h"
 #include "reports/xrelatorio.h"
 #include "values/run.h"
-#include "windows/display.h"
 #include "windows/form_events.h"
 #include "windows/window_model.h"
+
+namespace tessera {
+
+class Display;
+
+}  // namespace tessera
 
 namespace tessera::reports {
 
@@ -27,7 +33,7 @@ class FrmXRel final : private FormEvents, private ControlEvents, private WindowP
  public:
   // All outlive it.
   FrmXRel(Run& run, WindowModel& windows, Display& display, PagePainter& painter, ReportHost& host,
-          XRelatorio& report);
+          XRelatorio& report, ChosenPrinter& chosen);
   ~FrmXRel() override;
 
   // Comes back when the form is closed. True where the person wants to print.
@@ -66,6 +72,7 @@ class FrmXRel final : private FormEvents, private ControlEvents, private WindowP
   PagePainter& painter_;
   ReportHost& host_;
   XRelatorio& report_;
+  ChosenPrinter& chosen_;
   std::unique_ptr<Form> form_;
   bool wantsPrint_ = false;
   int loaded_ = 0;

@@ -9,13 +9,12 @@
 namespace tessera::reports {
 
 Paper::Paper(Run& run, SharedPictures& sharedPictures, PaperServices services)
-    : run_(run), pictures_(sharedPictures), services_(std::move(services)), part_(services_.partFolders) {}
+    : run_(run), pictures_(sharedPictures), services_(std::move(services)), part_(services_.findPainter) {}
 
 Paper::Tools* Paper::Load() {
   if (tools_) return &*tools_;
   PagePainter* painter = part_.Painter();
-  if (painter != nullptr)
-    return &tools_.emplace(run_, pictures_, *painter, services_.host, services_.printer);
+  if (painter != nullptr) return &tools_.emplace(run_, pictures_, *painter, services_);
   if (!std::exchange(isMissingTold_, true)) ShowCritical(run_, part_.problem());
   return nullptr;
 }

@@ -2,13 +2,12 @@
 // texts, and the one printer.
 #pragma once
 
-#include <filesystem>
 #include <functional>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "commands/command_table.h"
+#include "commands/dialog_commands.h"
 #include "reports/paper_part.h"
 #include "reports/paper_surface.h"
 #include "reports/picture_shelf.h"
@@ -21,7 +20,8 @@ namespace tessera::reports {
 // What a run on paper needs beside its host.
 struct PaperServices {
   ReportHost& host;
-  std::vector<std::filesystem::path> partFolders;
+  ChosenPrinter& chosen;
+  PagePainterFinder findPainter;
   std::string printer;  // UTF-8, given by whoever started the program; or empty
 };
 
@@ -31,11 +31,10 @@ class Paper {
   Paper(Run& run, SharedPictures& sharedPictures, PaperServices services);
 
   struct Tools {
-    Tools(Run& run, SharedPictures& sharedPictures, PagePainter& pagePainter, ReportHost& host,
-          const std::string& given)
+    Tools(Run& run, SharedPictures& sharedPictures, PagePainter& pagePainter, const PaperServices& services)
         : painter(pagePainter),
           measures(pagePainter),
-          printer(run, measures, pagePainter, host, given),
+          printer(run, measures, pagePainter, services.host, services.chosen, services.printer),
           pictures(run, sharedPictures) {}
 
     PagePainter& painter;
@@ -52,6 +51,7 @@ class Paper {
   void EndDocument();
 
   ReportHost& host() const { return services_.host; }
+  ChosenPrinter& chosen() const { return services_.chosen; }
 
  private:
   Tools* Load();

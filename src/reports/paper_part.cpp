@@ -4,13 +4,17 @@
 
 namespace tessera::reports {
 
+PagePainterFinder PainterOfPart(std::vector<std::filesystem::path> folders) {
+  return [folders = std::move(folders)]() -> FoundPainter {
+    PartEntry part = LoadPart(folders, "paper", kPainterEntry, "libqt6gui6");
+    if (part.entry == nullptr) return {.problem = std::move(part.problem)};
+    return {.painter = reinterpret_cast<PainterEntry>(part.entry)()};
+  };
+}
+
 PagePainter* PaperPart::Painter() {
-  if (painter_ == nullptr && problem_.empty()) {
-    PartEntry part = LoadPart(folders_, "paper", kPainterEntry, "libqt6gui6");
-    problem_ = std::move(part.problem);
-    if (part.entry != nullptr) painter_ = reinterpret_cast<PainterEntry>(part.entry)();
-  }
-  return painter_;
+  if (find_) found_ = std::exchange(find_, nullptr)();
+  return found_.painter;
 }
 
 }  // namespace tessera::reports

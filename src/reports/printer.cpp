@@ -33,14 +33,20 @@ bool IsPdfPath(std::string_view name) {
   return Upper(name).ends_with(kPdf);
 }
 
-Printer::Printer(Run& run, TextMeasures& measures, PagePainter& painter, ReportHost& host, std::string given)
-    : PaperSurface(measures), run_(run), painter_(painter), host_(host), given_(std::move(given)) {}
+Printer::Printer(Run& run, TextMeasures& measures, PagePainter& painter, ReportHost& host,
+                 const ChosenPrinter& chosen, std::string given)
+    : PaperSurface(measures),
+      run_(run),
+      painter_(painter),
+      host_(host),
+      chosen_(chosen),
+      given_(std::move(given)) {}
 
 // The one chosen last in a dialog, else the system's own.
 std::optional<Printer::Destination> Printer::FindDestination() const {
-  if (!run_.PrinterName.empty()) {
-    const bool isFile = IsPdfPath(run_.PrinterName);
-    return Destination{ToUtf8(run_.PrinterName), isFile ? run_.paths.SystemPath(run_.PrinterName) : ""};
+  if (!chosen_.name.empty()) {
+    const bool isFile = IsPdfPath(chosen_.name);
+    return Destination{ToUtf8(chosen_.name), isFile ? run_.paths.SystemPath(chosen_.name) : ""};
   }
   if (!given_.empty()) {
     return Destination{given_, IsPdfPath(given_) ? given_ : ""};

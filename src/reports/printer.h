@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 
+#include "commands/dialog_commands.h"
 #include "reports/page_painter.h"
 #include "reports/paper_surface.h"
 #include "reports/report_host.h"
@@ -20,7 +21,8 @@ bool IsPdfPath(std::string_view name);
 class Printer final : public PaperSurface {
  public:
   // `given` is the printer that whoever started the program gave it (UTF-8), or empty. All outlive it.
-  Printer(Run& run, TextMeasures& measures, PagePainter& painter, ReportHost& host, std::string given);
+  Printer(Run& run, TextMeasures& measures, PagePainter& painter, ReportHost& host,
+          const ChosenPrinter& chosen, std::string given);
   // An open document is lost; `EndDoc` sends it.
   ~Printer() override = default;
 
@@ -48,6 +50,7 @@ class Printer final : public PaperSurface {
   Run& run_;
   PagePainter& painter_;
   ReportHost& host_;
+  const ChosenPrinter& chosen_;
   std::string given_;
   std::unique_ptr<PdfDocument> document_;
   Destination destination_;

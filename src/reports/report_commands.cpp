@@ -171,7 +171,7 @@ void ReportCommands::Preview(Paper::Tools& tools) {
   bool wantsPrint = false;
   {
     const Open open(isPreviewOpen_);
-    FrmXRel form(run_, windows_, display_, tools.painter, paper_.host(), *report_);
+    FrmXRel form(run_, windows_, display_, tools.painter, paper_.host(), *report_, paper_.chosen());
     wantsPrint = form.ShowModal();
   }
   ReportTarget_ = wantsPrint ? kPrinterWord : "";

@@ -10,9 +10,14 @@
 #include "reports/paper.h"
 #include "reports/xrelatorio.h"
 #include "values/run.h"
-#include "windows/display.h"
 #include "windows/picture.h"
 #include "windows/window_model.h"
+
+namespace tessera {
+
+class Display;
+
+}  // namespace tessera
 
 namespace tessera::reports {
 

@@ -30,7 +30,7 @@ int RunOnStreams(const ProgramStart& start, Stage* stage, Recording* recording) 
                                .err = std::cerr,
                                .descriptor = STDIN_FILENO,
                                .isTerminal = stage == nullptr && isatty(STDIN_FILENO) != 0};
-  reports::PaperPart paper(PartFolders());
+  reports::PaperPart paper(reports::PainterOfPart(PartFolders()));
   ConsoleOptions options{.programTitle = start.program.name,
                          .answerCancel = start.answerCancel,
                          .stage = stage,

@@ -21,6 +21,7 @@
 #include "system/icon_commands.h"
 #include "text/literal.h"
 #include "values/builtin_variables.h"
+#include "windows/display.h"
 #include "windows/drawing_commands.h"
 #include "windows/event_commands.h"
 #include "windows/font_commands.h"
@@ -73,7 +74,6 @@ void TellProgram(Run& run, const ProgramStart& start, const Services& services) 
   run.ProgramFileName = start.program.name + ".TSC";
   run.ProgramFolderText = FolderText(start.folder) + "\\";
   run.RuntimeFolderText = run.ProgramFolderText;
-  run.CommandLineText = start.commandLine;
   run.plain = start.plain;
   run.paths = PathMapping(run.host.files, start.folder.string(), services.dataFolder);
 }
@@ -81,13 +81,15 @@ void TellProgram(Run& run, const ProgramStart& start, const Services& services) 
 }  // namespace
 
 ProgramRun::ProgramRun(const ProgramStart& start, const Services& services)
-    : run(services.host),
+    : run(services.host, services.stack),
       commands(run),
       engine(run),
       folders_(services.folders),
+      commandLine_(start.commandLine),
       display_(services.display),
       paperServices_{.host = services.reportHost == nullptr ? silent_ : *services.reportHost,
-                     .partFolders = services.partFolders,
+                     .chosen = chosenPrinter,
+                     .findPainter = services.findPainter,
                      .printer = services.printer},
       mediaServices_{.host = services.mediaHost == nullptr ? silentMedia_ : *services.mediaHost,
                      .partFolders = services.partFolders,
@@ -99,14 +101,14 @@ ProgramRun::ProgramRun(const ProgramStart& start, const Services& services)
       sqlProvider_(services.partFolders),
       sql_(commands, run, [this]() -> sql::SqlProvider& { return sqlProvider_.Provider(); }),
       p2p_(commands, run),
-      ftp_(commands, run, services.partFolders) {
+      ftp_(commands, run, services.partFolders, services.tellProgress) {
   TellProgram(run, start, services);
   run.functionTable.Fill(WordNames());
   BindTextCommands(commands);
   BindNumberCommands(commands);
   BindDateCommands(commands);
   BindValidationCommands(commands);
-  BindDialogCommands(commands);
+  BindDialogCommands(commands, chosenPrinter);
   BindSystemCommands(commands);
   BindFolderCommands(commands);
   BindIconCommands(commands);
@@ -141,7 +143,8 @@ RunOutcome ProgramRun::Start(const EditorTexts& editors, std::string_view projec
 
 void ProgramRun::DeclareBuiltins() {
   const std::size_t fonts = display_ == nullptr ? 0 : display_->FontNames().size();
-  DeclareBuiltinVariables(run, {.folders = folders_, .fontCount = static_cast<std::int32_t>(fonts)});
+  DeclareBuiltinVariables(
+      run, {.folders = folders_, .fontCount = static_cast<std::int32_t>(fonts), .commandLine = commandLine_});
 }
 
 RunOutcome ProgramRun::StartWithoutWindows(const EditorTexts& editors) {

@@ -5,9 +5,11 @@
 #pragma once
 
 #include <memory>
+#include <string>
 #include <string_view>
 
 #include "commands/command_table.h"
+#include "commands/dialog_commands.h"
 #include "commands/file_commands.h"
 #include "commands/machine_commands.h"
 #include "engine/engine.h"
@@ -51,6 +53,7 @@ class ProgramRun {
   const WallpaperCommand& wallpaper() const;
 
   tessera::Run run;
+  ChosenPrinter chosenPrinter;
   CommandTable commands;
   Engine engine;
 
@@ -61,6 +64,7 @@ class ProgramRun {
   RunOutcome StartWithoutWindows(const EditorTexts& editors);
 
   UserFolders folders_;
+  std::string commandLine_;
   Display* display_;
   reports::ReportHost silent_;  // of a host that makes nothing of reports
   reports::PaperServices paperServices_;

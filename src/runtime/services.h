@@ -2,20 +2,25 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "commands/machine_commands.h"
 #include "media/media_host.h"
 #include "platform/host.h"
+#include "platform/stack_limit.h"
 #include "platform/start_form.h"
 #include "platform/user_folders.h"
+#include "reports/paper_part.h"
 #include "reports/report_host.h"
 #include "runtime/program_start.h"
-#include "windows/display.h"
 #include "windows/picture_codec.h"
 
 namespace tessera {
+
+class Display;
 
 // What a host hears of beside its windows. Both outlive the run.
 struct Listeners {
@@ -35,6 +40,8 @@ struct Services {
   std::vector<std::filesystem::path> partFolders = {};
   // Asked at the first file of a picture.
   PictureCodecFinder findCodec = NoPictureCodec;
+  // Asked at the first report or print.
+  reports::PagePainterFinder findPainter = reports::PainterOfPart({});
   // What the host makes of reports; none hears of them.
   reports::ReportHost* reportHost = nullptr;
   // The printer that whoever started the program gave it (program_start.h).
@@ -46,6 +53,10 @@ struct Services {
   std::string camera = {};
   // The window form that whoever started the program asked for.
   StartForm startForm = StartForm::Normal;
+  // Writes on the terminal of the person who reads along; none where nobody does.
+  std::function<void(std::string_view text)> tellProgress = {};
+  // How deep the run may nest.
+  StackLimit stack = StackLimit();
   // Tests turn it off to compare the ordering of records with its plain form.
   bool quickOrders = true;
 };

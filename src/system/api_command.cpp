@@ -56,7 +56,7 @@ void ApiCommand::Execute(const ArgumentView& arguments) {
 std::string ApiCommand::ArgumentText(std::string_view argument) {
   std::string text = EvalNumber(run_, argument).ToText();
   const std::string word = Upper(text);
-  if (word == "HWND") return std::to_string(windows_.CurrentForm->hWnd());
+  if (word == "HWND") return std::to_string(windows_.CurrentForm().hWnd());
   if (word == "HDC") return "0";
   return text;
 }

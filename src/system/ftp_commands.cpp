@@ -10,7 +10,6 @@
 #include "platform/part_library.h"
 #include "platform/system_reason.h"
 #include "system/device_failure.h"
-#include "system/transfer_progress.h"
 #include "text/code_page.h"
 #include "text/literal.h"
 #include "text/one_based.h"
@@ -47,8 +46,9 @@ class Flag {
 
 }  // namespace
 
-FtpCommands::FtpCommands(CommandTable& table, Run& run, std::vector<std::filesystem::path> partFolders)
-    : run_(run), partFolders_(std::move(partFolders)) {
+FtpCommands::FtpCommands(CommandTable& table, Run& run, std::vector<std::filesystem::path> partFolders,
+                         TransferProgress::Teller tellProgress)
+    : run_(run), partFolders_(std::move(partFolders)), tellProgress_(std::move(tellProgress)) {
   constexpr MemberRow<FtpCommands> kRows[] = {
       {"ConectaFTP", &FtpCommands::ConectaFTP},
       {"BaixaArquivoFTP", &FtpCommands::BaixaArquivoFTP},
@@ -123,7 +123,7 @@ std::optional<std::string> FtpCommands::Execute(FtpOrder order, const std::strin
   if (client == nullptr) return std::nullopt;
   const Flag executing(isExecuting_);
   const std::string host = ShownHost(order.server);
-  TransferProgress progress(ToUtf8(shownName));
+  TransferProgress progress(ToUtf8(shownName), tellProgress_);
   const std::unique_ptr<FtpTransfer> transfer = client->Start(std::move(order));
   while (transfer->Step()) {
     progress.Show(transfer->Progress());

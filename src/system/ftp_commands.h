@@ -10,13 +10,15 @@
 
 #include "commands/command_table.h"
 #include "system/ftp_client.h"
+#include "system/transfer_progress.h"
 
 namespace tessera {
 
 class FtpCommands {
  public:
   // The run and the group live as long as the table. `partFolders`: where the system's parts may lie.
-  FtpCommands(CommandTable& table, Run& run, std::vector<std::filesystem::path> partFolders);
+  FtpCommands(CommandTable& table, Run& run, std::vector<std::filesystem::path> partFolders,
+              TransferProgress::Teller tellProgress);
   FtpCommands(const FtpCommands&) = delete;
   FtpCommands& operator=(const FtpCommands&) = delete;
 
@@ -33,6 +35,7 @@ class FtpCommands {
 
   Run& run_;
   std::vector<std::filesystem::path> partFolders_;
+  TransferProgress::Teller tellProgress_;
   std::optional<FtpServer> server_;  // of `ConectaFTP`
   std::unique_ptr<FtpClient> client_;
   bool isExecuting_ = false;

@@ -1,8 +1,10 @@
-// The line that tells a person at a terminal how far a long transfer is. Elsewhere nothing is written.
+// The line that tells a person at a terminal how far a long transfer is.
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <string>
+#include <string_view>
 
 #include "system/ftp_client.h"
 
@@ -10,8 +12,10 @@ namespace tessera {
 
 class TransferProgress {
  public:
-  // `name` is the file's, in UTF-8.
-  explicit TransferProgress(std::string name);
+  using Teller = std::function<void(std::string_view text)>;
+
+  // `name` is the file's, in UTF-8. No teller, nobody reads along.
+  TransferProgress(std::string name, Teller tell);
   // The line vanishes.
   ~TransferProgress();
   TransferProgress(const TransferProgress&) = delete;
@@ -23,7 +27,7 @@ class TransferProgress {
   using Clock = std::chrono::steady_clock;
 
   std::string name_;
-  bool isTerminal_;
+  Teller tell_;
   bool isShown_ = false;
   Clock::time_point next_;
 };

@@ -49,7 +49,7 @@ void DeclareBuiltinVariables(Run& run, const BuiltinValues& values) {
   run.ProgramFolderText = Trim(run.ProgramFolderText);
   write("PastaPrograma", WithoutFinalSeparator(run.ProgramFolderText));
   write("PastaTS", WithoutFinalSeparator(run.RuntimeFolderText));
-  write("LinhaComando", run.CommandLineText);
+  write("LinhaComando", values.commandLine);
   write("PastaWindows", values.folders.configuration);
   write("AreaTrabalho", values.folders.desktop);
   write("MenuProgramas", values.folders.applications);

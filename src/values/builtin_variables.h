@@ -2,16 +2,18 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "platform/user_folders.h"
 #include "values/run.h"
 
 namespace tessera {
 
-// What the outside tells of them; program folder, runtime folder and command line stand in the run.
+// What the outside tells of them; program folder and runtime folder stand in the run.
 struct BuiltinValues {
   UserFolders folders;
   std::int32_t fontCount = 0;
+  std::string commandLine = {};
 };
 
 // Declares and fills them. The run's `ProgramFolderText` is trimmed on the way.

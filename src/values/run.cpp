@@ -4,8 +4,9 @@
 
 namespace tessera {
 
-Run::Run(const Host& runHost)
+Run::Run(const Host& runHost, const StackLimit& stackLimit)
     : host(runHost),
+      stack(stackLimit),
       paths(host.files),
       variables([this](std::string_view text) { ShowCritical(*this, text); }) {}
 

@@ -51,7 +51,7 @@ struct SourcePosition {
 };
 
 struct Run {
-  explicit Run(const Host& host);
+  explicit Run(const Host& host, const StackLimit& stack = StackLimit());
   Run(const Run&) = delete;
   Run& operator=(const Run&) = delete;
 
@@ -64,14 +64,10 @@ struct Run {
   bool StopFlag = false;
   bool WindowCodeStopFlag = false;
 
-  // Name of the program with ".TSC", its folder and the runtime's with a final backslash, its command line.
+  // Name of the program with ".TSC", its folder and the runtime's with a final backslash.
   std::string ProgramFileName;
   std::string ProgramFolderText;
   std::string RuntimeFolderText;
-  std::string CommandLineText;
-
-  // The printer that the person chose in `CaixaDialogo`; empty for the system's own choice.
-  std::string PrinterName;
 
   // Where the program's file names lead.
   PathMapping paths;
@@ -88,9 +84,6 @@ struct Run {
   FunctionTable programFunctions;  // names of the program's functions
 
   SourcePosition sourcePosition;
-  // Calls of the program's functions on the stack. Some expression waits for each, and with it a command that
-  // may hold a window.
-  std::int32_t FunctionsInProgress = 0;
 };
 
 // Makes a prepared program the one that runs.

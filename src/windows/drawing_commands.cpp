@@ -60,7 +60,7 @@ Value Ponto(WindowModel& windows, const WordCall& call) {
   const Arguments arguments(call);
   const PixelPoint at = PointAt(windows, arguments, "linha", "coluna");
   const Colour colour = ColourAt(arguments, "cor");
-  if (windows.MainWindow->DrawWidth == 1) {
+  if (windows.MainWindow().DrawWidth == 1) {
     windows.DrawingTarget().SetPixel(at, colour);
   } else {
     windows.DrawingTarget().PSet(at, colour);
@@ -91,7 +91,7 @@ Value Pinte(WindowModel& windows, const WordCall& call) {
 
 Value PaintGradiente(WindowModel& windows, const WordCall& call) {
   const Arguments arguments(call);
-  Form& window = *windows.CurrentForm;
+  Form& window = windows.CurrentForm();
   if (!arguments.IsEmpty("inicial")) {
     const Colour first = ColourAt(arguments, "inicial");
     window.Grd.CorFinal = ColourAt(arguments, "final");

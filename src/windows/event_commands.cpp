@@ -54,7 +54,7 @@ constexpr PendingText kPendingTexts[] = {
 };
 
 Value Evento(WindowModel& windows, const WordCall& call) {
-  windows.CurrentForm->MoveFocus(nullptr);
+  windows.CurrentForm().MoveFocus(nullptr);
   const std::string word = Upper(EvalText(call.run, Trim(call.text)).ToText());
   for (const PendingText& pending : kPendingTexts) {
     if (pending.word == word) return Quote(std::exchange(windows.events.*pending.text, {}));
@@ -64,7 +64,7 @@ Value Evento(WindowModel& windows, const WordCall& call) {
 }
 
 Value TestaTecla(WindowModel& windows, const WordCall& call) {
-  windows.CurrentForm->MoveFocus(nullptr);
+  windows.CurrentForm().MoveFocus(nullptr);
   const Value argument = EvalNumber(call.run, call.text);
   const std::string key = Upper(argument.ToText());
   if (key == "?") return std::exchange(windows.events.LastKeyText, {});

@@ -99,7 +99,7 @@ RunOutcome Janela::Start(const EditorTexts& editors, std::string_view projectSty
 
 RunOutcome Janela::FirstActivation(const EditorTexts& editors, std::string_view projectStyleWord) {
   form_->SetVisible(false);
-  windows_.Reset(*form_, *this);
+  windows_.Reset(*this);
   form_->SetCaption(kMainWindowName);
   SetLooks();
   if (projectStyleWord == kTransparentWord) {

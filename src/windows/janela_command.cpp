@@ -57,24 +57,24 @@ Value JanelaCommand::Do(const WordCall& call) {
 }
 
 void JanelaCommand::TamanhoPonto(const ArgumentView& values) {
-  windows_.MainWindow->DrawWidth = values.Number("pixels").ToInteger();
+  windows_.MainWindow().DrawWidth = values.Number("pixels").ToInteger();
 }
 
 void JanelaCommand::Fixa(const ArgumentView& values) {
   windows_.FixedWindow = values.Word("valor") == kYes;
-  WindowStyle style = windows_.MainWindow->Style();
+  WindowStyle style = windows_.MainWindow().Style();
   style.MinButton = style.MaxButton = !windows_.FixedWindow;
-  windows_.MainWindow->SetStyle(style);
+  windows_.MainWindow().SetStyle(style);
 }
 
 void JanelaCommand::Box(const ArgumentView& values) {
-  WindowStyle style = windows_.MainWindow->Style();
+  WindowStyle style = windows_.MainWindow().Style();
   style.ControlBox = values.Word("valor") != kNo;
-  windows_.MainWindow->SetStyle(style);
+  windows_.MainWindow().SetStyle(style);
 }
 
 void JanelaCommand::AtivaEnter(const ArgumentView& values) {
-  windows_.MainWindow->KeyPreview = values.Word("valor") == kYes;
+  windows_.MainWindow().KeyPreview = values.Word("valor") == kYes;
 }
 
 void JanelaCommand::AtivaCursor(const ArgumentView& values) {
@@ -82,7 +82,7 @@ void JanelaCommand::AtivaCursor(const ArgumentView& values) {
 }
 
 void JanelaCommand::Visivel(const ArgumentView& values) {
-  ProgramWindow& main = *windows_.slots[0].owner;
+  ProgramWindow& main = windows_.Main();
   if (values.Word("valor") == kYes) {
     main.Show();
   } else {
@@ -110,19 +110,19 @@ void JanelaCommand::MouseIcone(const ArgumentView& values) {
 }
 
 void JanelaCommand::Resolucao(const ArgumentView& values) {
-  SetResolution(run_, windows_, screen_.ScreenExtent(), *windows_.MainWindow, values);
+  SetResolution(run_, windows_, screen_.ScreenExtent(), windows_.MainWindow(), values);
 }
 
 void JanelaCommand::Tamanho(const ArgumentView& values) {
-  SetSize(*windows_.MainWindow, screen_.ScreenExtent(), values);
+  SetSize(windows_.MainWindow(), screen_.ScreenExtent(), values);
 }
 
 void JanelaCommand::Posicao(const ArgumentView& values) {
-  SetPosition(*windows_.MainWindow, screen_.ScreenExtent(), values, PositionNumbers::Literal);
+  SetPosition(windows_.MainWindow(), screen_.ScreenExtent(), values, PositionNumbers::Literal);
 }
 
 void JanelaCommand::Fundo(const ArgumentView& values) {
-  SetFundo(run_, windows_, *windows_.CurrentForm, values, StockNames::Known);
+  SetFundo(run_, windows_, windows_.CurrentForm(), values, StockNames::Known);
 }
 
 void JanelaCommand::ResVideo(const ArgumentView& values) {
@@ -141,7 +141,7 @@ void JanelaCommand::ResVideo(const ArgumentView& values) {
 }
 
 void JanelaCommand::Borda(const ArgumentView& values) {
-  SetBorder(*windows_.MainWindow, values.Word("valor") != kNo);
+  SetBorder(windows_.MainWindow(), values.Word("valor") != kNo);
 }
 
 void SetBorder(Form& form, bool border) {

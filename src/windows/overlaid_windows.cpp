@@ -115,41 +115,39 @@ void OverlaidWindows::Define(const Arguments& arguments) {
   DropRetired();
   const std::string& name = arguments.Raw("nome");
   if (name.empty()) return;
-  const auto slot = std::find_if(windows_.slots.begin() + 1, windows_.slots.end(),
-                                 [](const WindowSlot& s) { return s.name.empty(); });
-  if (slot == windows_.slots.end()) {
+  WindowSlot* const slot = windows_.FreeSlot();
+  if (slot == nullptr) {
     return ShowCritical(run_, "Não foi possível definir janela: mais de 20 janelas definidas"_w);
   }
   slot->name = name;
   all_.push_back(std::make_unique<OverlaidWindow>(run_, windows_, display_, KindOf(arguments.Word("tipo")),
                                                   slot->BareName()));
   slot->owner = all_.back().get();
-  slot->window = &slot->owner->form();
 }
 
 void OverlaidWindows::TamanhoPonto(WindowSlot& slot, const ArgumentView& values) {
-  slot.window->DrawWidth = values.Number("pixels").ToInteger();
+  slot.window().DrawWidth = values.Number("pixels").ToInteger();
 }
 
 void OverlaidWindows::Resolucao(WindowSlot& slot, const ArgumentView& values) {
-  SetResolution(run_, windows_, display_.ScreenExtent(), *slot.window, values);
+  SetResolution(run_, windows_, display_.ScreenExtent(), slot.window(), values);
 }
 
 void OverlaidWindows::Tamanho(WindowSlot& slot, const ArgumentView& values) {
-  SetSize(*slot.window, display_.ScreenExtent(), values);
+  SetSize(slot.window(), display_.ScreenExtent(), values);
 }
 
 // OPEN: the suffix computes its numbers; only the keyword of `Janela` takes them as they are written.
 void OverlaidWindows::Posicao(WindowSlot& slot, const ArgumentView& values) {
-  SetPosition(*slot.window, display_.ScreenExtent(), values, PositionNumbers::Computed);
+  SetPosition(slot.window(), display_.ScreenExtent(), values, PositionNumbers::Computed);
 }
 
 void OverlaidWindows::Fundo(WindowSlot& slot, const ArgumentView& values) {
-  SetFundo(run_, windows_, *slot.window, values, StockNames::Unknown);
+  SetFundo(run_, windows_, slot.window(), values, StockNames::Unknown);
 }
 
 void OverlaidWindows::Borda(WindowSlot& slot, const ArgumentView& values) {
-  SetBorder(*slot.window, values.Word("valor") != "NAO");
+  SetBorder(slot.window(), values.Word("valor") != "NAO");
 }
 
 void OverlaidWindows::Visivel(WindowSlot& slot, const ArgumentView& values) {
@@ -167,14 +165,11 @@ void OverlaidWindows::Deactivate(WindowSlot& slot, const ArgumentView&) {
 }
 
 void OverlaidWindows::DropRetired() {
-  if (run_.FunctionsInProgress > 0) return;
+  if (engine_.FunctionsInProgress() > 0) return;
   std::erase_if(all_, [this](const std::unique_ptr<OverlaidWindow>& window) {
-    const Form* form = &window->form();
-    const bool isDefined =
-        std::any_of(windows_.slots.begin(), windows_.slots.end(),
-                    [&](const WindowSlot& slot) { return slot.owner == window.get() && !slot.name.empty(); });
-    const bool isStacked = std::find(WindowStack_.begin(), WindowStack_.end(), form) != WindowStack_.end();
-    return !isDefined && !isStacked && !window->InUse() && windows_.CurrentForm != form &&
+    const bool isStacked =
+        std::find(WindowStack_.begin(), WindowStack_.end(), window.get()) != WindowStack_.end();
+    return !windows_.IsDefined(*window) && !isStacked && !window->InUse() && !windows_.IsCurrent(*window) &&
            codeWindow_ != window.get();
   });
 }
@@ -189,7 +184,7 @@ void OverlaidWindows::Use(WindowSlot& slot, const ArgumentView&) {
 
 // Failure 401 while a modal window is up.
 void OverlaidWindows::ShowModeless(WindowSlot& slot) {
-  if (!windows_.modal.empty()) {
+  if (windows_.modal.InHand() != nullptr) {
     throw RunFailure(401, "Uma janela dinâmica não pode ser aberta sobre uma janela estática"_w);
   }
   slot.owner->Show();
@@ -204,12 +199,12 @@ void OverlaidWindows::Activate(WindowSlot& slot, const ArgumentView& values) {
 void OverlaidWindows::ActivateDynamic(WindowSlot& slot) {
   const std::string name = slot.BareName();
   slot.owner->BecomeCurrent(name);
-  slot.window->SetCaption(name);
+  slot.window().SetCaption(name);
   ShowModeless(slot);
   WindowCodeName_ = name + "_Codigo";
   codeWindow_ = slot.owner;
   RunWindowCode();
-  windows_.slots[0].owner->BecomeCurrent(kMainWindowName);
+  windows_.Main().BecomeCurrent(kMainWindowName);
 }
 
 // KEPT: the limit is on the slot, not on how many windows are open, and the timer is enabled before it is
@@ -221,11 +216,11 @@ void OverlaidWindows::ActivateStatic(WindowSlot& slot) {
   WindowCodeName_ = name + "_Codigo";
   codeWindow_ = slot.owner;
   EnableTimer();
-  if (static_cast<std::size_t>(&slot - windows_.slots.data()) >= kStaticSlots) {
+  if (windows_.NumberOf(slot) >= kStaticSlots) {
     return ShowCritical(run_, "Não pode abrir janela estática, máximo de janelas sobrepostas = 5!"_w);
   }
-  slot.window->SetCaption(name);
-  slot.owner->ShowModal(&opener == slot.owner ? *windows_.slots[0].owner : opener);
+  slot.window().SetCaption(name);
+  slot.owner->ShowModal(&opener == slot.owner ? windows_.Main() : opener);
 }
 
 void OverlaidWindows::EnableTimer() {
@@ -241,16 +236,15 @@ void OverlaidWindows::EnableTimer() {
 // next one, but ticks no more.
 void OverlaidWindows::OnWindowCodeTimer(std::size_t index) {
   TimerJanela_[index].timer.reset();
-  WindowStack_[index] = windows_.CurrentForm;
+  WindowStack_[index] = &windows_.Current();
   RunWindowCode();
   if (index == 0 || WindowStack_[index - 1] == nullptr) {
-    windows_.slots[0].owner->BecomeCurrent(kMainWindowName);
+    windows_.Main().BecomeCurrent(kMainWindowName);
   } else {
     // KEPT: the name is that of the slot by the timer's number, whatever window stands there
     // (WindowsTest.BehindANestedRoutineTheNameIsThatOfASlot).
     windows_.UseSurface({});
-    windows_.CurrentForm = WindowStack_[index - 1];
-    windows_.CurrentWindowName = Upper(windows_.slots[index - 1].BareName());
+    windows_.MakeCurrent(*WindowStack_[index - 1], Upper(windows_.NameOfSlot(index - 1)));
   }
   WindowStack_[index] = nullptr;
   TimerJanela_[index].enabled = false;

@@ -99,7 +99,7 @@ class OverlaidWindows {
   // The windows that are defined, and those given up that something may still hold.
   std::vector<std::unique_ptr<OverlaidWindow>> all_;
   std::array<WindowTimer, kTimers> TimerJanela_;
-  std::array<Form*, kTimers> WindowStack_{};
+  std::array<ProgramWindow*, kTimers> WindowStack_{};
   // The routine that the last activation started, and its window.
   std::string WindowCodeName_;
   ProgramWindow* codeWindow_ = nullptr;

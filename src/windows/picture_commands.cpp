@@ -68,7 +68,7 @@ bool TryFundo(Run& run, WindowModel& windows, Form& window, const ArgumentView& 
 
 Value Icone(WindowModel& windows, const WordCall& call) {
   const Arguments arguments(call);
-  windows.CurrentForm->SetIcon(windows.pictures.OfFile(arguments.Text("arquivo")));
+  windows.CurrentForm().SetIcon(windows.pictures.OfFile(arguments.Text("arquivo")));
   return {};
 }
 
@@ -102,7 +102,7 @@ void SetFundo(Run& run, WindowModel& windows, Form& window, const ArgumentView& 
 }
 
 void SetMouseIcone(WindowModel& windows, std::string_view path) {
-  windows.CurrentForm->SetMouseIcon(windows.pictures.OfFile(path));
+  windows.CurrentForm().SetMouseIcon(windows.pictures.OfFile(path));
 }
 
 void BindPictureCommands(CommandTable& table, WindowModel& windows) {

@@ -16,9 +16,7 @@ ProgramWindow::~ProgramWindow() {
 }
 
 void ProgramWindow::BecomeCurrent(std::string_view name) {
-  if (windows_.CurrentForm != form_.get()) windows_.UseSurface({});
-  windows_.CurrentForm = form_.get();
-  windows_.CurrentWindowName = name;
+  windows_.MakeCurrent(*this, name);
 }
 
 void ProgramWindow::Show() {
@@ -31,14 +29,14 @@ void ProgramWindow::ShowModal(ProgramWindow& opener) {
     throw RunFailure(400, "A janela já está aberta e não pode ser aberta como estática"_w);
   if (opener.form_->Visible()) windows_.activation.BringToFront(opener);
   windows_.activation.BringToFront(*this);
-  windows_.modal.push_back(form_.get());
+  windows_.modal.Open(*form_);
   ++modalShowings_;
   form_->ShowModal(*opener.form_);
   --modalShowings_;
 }
 
 void ProgramWindow::Hide() {
-  std::erase(windows_.modal, form_.get());
+  windows_.modal.Close(*form_);
   const bool wasActive = windows_.activation.Active() == this;
   windows_.activation.Remove(*this);
   form_->SetVisible(false);

@@ -79,7 +79,7 @@ void Transicao::Load(Run& run, const std::string& path, PictureRef& into, std::s
 
 void Transicao::Draw(std::int32_t opacity) {
   if (!PicAux_ || !PicAlphaBlend_) return;
-  windows_.CurrentForm->PaintPicture(AlphaBlend(*PicAux_, *PicAlphaBlend_, opacity), at_);
+  windows_.CurrentForm().PaintPicture(AlphaBlend(*PicAux_, *PicAlphaBlend_, opacity), at_);
 }
 
 }  // namespace tessera

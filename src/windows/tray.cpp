@@ -1,7 +1,5 @@
 #include "windows/tray.h"
 
-#include <algorithm>
-
 #include "text/one_based.h"
 #include "windows/form.h"
 #include "windows/program_window.h"
@@ -21,7 +19,7 @@ Tray::~Tray() {
 }
 
 Value Tray::AdicioneIconeBarra(const WordCall&) {
-  const Form& form = *windows_.CurrentForm;
+  const Form& form = windows_.CurrentForm();
   if (!stands_) stands_ = desktop_.ShowTrayIcon(form.Icon(), form.Caption(), *this);
   return {};
 }
@@ -30,8 +28,7 @@ Value Tray::AdicioneIconeBarra(const WordCall&) {
 // window is minimised.
 Value Tray::MinimizeBarra(const WordCall&) {
   ProgramWindow& window = windows_.CurrentOwner();
-  const auto& modal = windows_.modal;
-  if (!stands_ || std::find(modal.begin(), modal.end(), &window.form()) != modal.end()) {
+  if (!stands_ || windows_.modal.Holds(window.form())) {
     window.form().SetState(WindowState::Minimised);
   } else if (window.form().Visible()) {
     hidden_.push_back(&window);
@@ -44,10 +41,7 @@ bool Tray::ShowLast() {
   while (!hidden_.empty()) {
     ProgramWindow* const last = hidden_.back();
     hidden_.pop_back();
-    const bool isThere =
-        std::any_of(windows_.slots.begin(), windows_.slots.end(),
-                    [&](const WindowSlot& slot) { return !slot.name.empty() && slot.owner == last; });
-    if (!isThere || last->form().Visible()) continue;
+    if (!windows_.IsDefined(*last) || last->form().Visible()) continue;
     last->OnActivate();
     last->Show();
     return true;
@@ -61,7 +55,7 @@ void Tray::OnMenuAtivo() {
 }
 
 void Tray::OnMenuSair() {
-  windows_.slots[0].owner->Unload();
+  windows_.Main().Unload();
 }
 
 void Tray::OnTrayGone() {

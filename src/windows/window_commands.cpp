@@ -27,7 +27,7 @@ Value Escreva(WindowModel& windows, const WordCall& call) {
   const Arguments arguments(call);
   const auto [text, isTitle] =
       LineOf(call.run, arguments.List("valor"), [&](std::size_t place) { return arguments.NumberAt(place); });
-  Form& form = *windows.CurrentForm;
+  Form& form = windows.CurrentForm();
   if (isTitle) {
     form.SetCaption(text);
   } else {
@@ -44,7 +44,7 @@ Value Escreva(WindowModel& windows, const WordCall& call) {
 
 Value Posicione(WindowModel& windows, const WordCall& call) {
   const Arguments arguments(call);
-  Form& form = *windows.CurrentForm;
+  Form& form = windows.CurrentForm();
   form.CurrentY = arguments.Number("linha").ToDouble() * windows.TamLin;
   form.CurrentX = arguments.Number("coluna").ToDouble() * windows.TamCol;
   windows.PrintLinePixels = CursorInteger(form.CurrentY);
@@ -55,7 +55,7 @@ Value Posicione(WindowModel& windows, const WordCall& call) {
 // OPEN: clearing leaves the print position where it is, on the window as in the cursor's integers, so that
 // the next line stands where it would have stood.
 Value Cls(WindowModel& windows, const WordCall&) {
-  windows.CurrentForm->Cls();
+  windows.CurrentForm().Cls();
   return {};
 }
 
@@ -94,11 +94,11 @@ Value GridCount(double scale, std::int16_t pixels) {
 }
 
 Value AlturaJanela(WindowModel& windows, const WordCall&) {
-  return GridCount(windows.CurrentForm->ScaleHeight(), windows.TamLin);
+  return GridCount(windows.CurrentForm().ScaleHeight(), windows.TamLin);
 }
 
 Value LarguraJanela(WindowModel& windows, const WordCall&) {
-  return GridCount(windows.CurrentForm->ScaleWidth(), windows.TamCol);
+  return GridCount(windows.CurrentForm().ScaleWidth(), windows.TamCol);
 }
 
 constexpr RowOn<WindowModel> kRows[] = {

@@ -8,21 +8,14 @@
 
 namespace tessera {
 
-namespace {
-
-std::size_t SlotIndex(const std::array<WindowSlot, WindowModel::kSlots>& slots, std::string_view name) {
-  const auto sameName = [&](const WindowSlot& slot) {
-    return !slot.name.empty() && EqualsIgnoringCase(slot.BareName(), name);
-  };
-  return static_cast<std::size_t>(std::find_if(slots.begin(), slots.end(), sameName) - slots.begin());
-}
-
-}  // namespace
-
 std::string WindowSlot::BareName() const {
   std::string bare = name;
   std::erase(bare, '"');
   return bare;
+}
+
+Form& WindowSlot::window() const {
+  return owner->form();
 }
 
 void ActivationOrder::BringToFront(ProgramWindow& window) {
@@ -34,50 +27,83 @@ void ActivationOrder::Remove(const ProgramWindow& window) {
   std::erase(order_, &window);
 }
 
-void WindowModel::Reset(Form& mainWindow, ProgramWindow& owner) {
-  static_cast<WindowTable&>(*this) = {};
-  if (objects != nullptr) {
-    objects->Reset();
-    objects->LoadStanding(mainWindow);
-  }
-  MainWindow = CurrentForm = &mainWindow;
-  CurrentWindowName = kMainWindowName;
-  slots[0] = {&mainWindow, CurrentWindowName, &owner};
+bool ModalWindows::Holds(const Form& window) const {
+  return std::find(open_.begin(), open_.end(), &window) != open_.end();
+}
+
+void WindowTable::Begin(ProgramWindow& main) {
+  *this = {};
+  slots_[0] = {.name = std::string(kMainWindowName), .owner = &main};
+  MakeCurrent(main, kMainWindowName);
+}
+
+const WindowSlot* WindowTable::SlotOf(std::string_view name) const {
+  const auto found = std::find_if(slots_.begin(), slots_.end(), [&](const WindowSlot& slot) {
+    return !slot.name.empty() && EqualsIgnoringCase(slot.BareName(), name);
+  });
+  return found == slots_.end() ? nullptr : &*found;
+}
+
+const WindowSlot* WindowTable::SlotOf(const Form* window) const {
+  const auto found = std::find_if(slots_.begin(), slots_.end(), [&](const WindowSlot& slot) {
+    return !slot.name.empty() && &slot.window() == window;
+  });
+  return found == slots_.end() ? nullptr : &*found;
+}
+
+WindowSlot* WindowTable::FindSlot(std::string_view name) {
+  const WindowSlot* const slot = SlotOf(name);
+  return slot == nullptr ? nullptr : &slots_[NumberOf(*slot)];
+}
+
+WindowSlot* WindowTable::FreeSlot() {
+  const auto found =
+      std::find_if(slots_.begin(), slots_.end(), [](const WindowSlot& slot) { return slot.name.empty(); });
+  return found == slots_.end() ? nullptr : &*found;
+}
+
+bool WindowTable::IsDefined(const ProgramWindow& window) const {
+  return std::any_of(slots_.begin(), slots_.end(),
+                     [&](const WindowSlot& slot) { return slot.owner == &window && !slot.name.empty(); });
+}
+
+Form& WindowTable::CurrentForm() const {
+  return current_->form();
+}
+
+void WindowTable::MakeCurrent(ProgramWindow& window, std::string_view name) {
+  if (current_ != &window) UseSurface({});
+  current_ = &window;
+  currentName_ = name;
 }
 
 Surface& WindowTable::DrawingTarget() const {
   const std::shared_ptr<Surface> used = usedSurface_.lock();
-  return used ? *used : *CurrentForm;
+  return used ? *used : CurrentForm();
 }
 
-WindowSlot* WindowModel::FindSlot(std::string_view name) {
-  const std::size_t index = SlotIndex(slots, name);
-  return index == kSlots ? nullptr : &slots[index];
-}
-
-ProgramWindow& WindowModel::CurrentOwner() const {
-  const auto slot = std::find_if(slots.begin(), slots.end(), [this](const WindowSlot& s) {
-    return !s.name.empty() && s.window == CurrentForm;
-  });
-  return slot == slots.end() ? *slots[0].owner : *slot->owner;
+void WindowModel::Reset(ProgramWindow& main) {
+  Begin(main);
+  if (objects == nullptr) return;
+  objects->Reset();
+  objects->LoadStanding(main.form());
 }
 
 Form* WindowModel::FindWindow(std::string_view name) const {
-  const std::size_t index = SlotIndex(slots, name);
-  return index == kSlots ? nullptr : slots[index].window;
+  const WindowSlot* const slot = SlotOf(name);
+  return slot == nullptr ? nullptr : &slot->window();
 }
 
 std::string WindowModel::NameOf(const Form* form) const {
-  const auto slot = std::find_if(slots.begin(), slots.end(),
-                                 [form](const WindowSlot& s) { return !s.name.empty() && s.window == form; });
-  return slot == slots.end() ? std::string() : slot->BareName();
+  const WindowSlot* const slot = SlotOf(form);
+  return slot == nullptr ? std::string() : slot->BareName();
 }
 
 // A current window that is not shown is in nobody's hand: then the one in front is.
 Form* WindowModel::WindowInHand() const {
-  if (!modal.empty()) return modal.back();
+  if (modal.InHand() != nullptr) return modal.InHand();
   const ProgramWindow* active = activation.Active();
-  if (CurrentForm->Visible() || active == nullptr) return CurrentForm;
+  if (CurrentForm().Visible() || active == nullptr) return &CurrentForm();
   return &active->form();
 }
 
@@ -99,7 +125,7 @@ void WindowModel::OnYield() {
 }
 
 bool WindowModel::CanBeReached(const Form& form) const {
-  return modal.empty() || modal.back() == &form;
+  return modal.InHand() == nullptr || modal.InHand() == &form;
 }
 
 }  // namespace tessera

@@ -24,12 +24,13 @@ class Surface;
 inline constexpr std::string_view kMainWindowName = "Pai";
 
 struct WindowSlot {
-  Form* window = nullptr;
   std::string name;  // as the program wrote it; an empty name is a free slot
   ProgramWindow* owner = nullptr;
 
   // The name without quotes.
   std::string BareName() const;
+  // Of a slot in use.
+  Form& window() const;
 };
 
 // The shown windows in the order in which they came to the front.
@@ -44,6 +45,19 @@ class ActivationOrder {
   std::vector<ProgramWindow*> order_;
 };
 
+// The modal windows, the one in hand last.
+class ModalWindows {
+ public:
+  // None while no window is modal.
+  Form* InHand() const { return open_.empty() ? nullptr : open_.back(); }
+  bool Holds(const Form& window) const;
+  void Open(Form& window) { open_.push_back(&window); }
+  void Close(const Form& window) { std::erase(open_, &window); }
+
+ private:
+  std::vector<Form*> open_;
+};
+
 // What a person finds beside the objects of the program: the parts of a modal window of the system's own, and
 // those of its menus.
 class WindowParts {
@@ -54,18 +68,38 @@ class WindowParts {
 };
 
 // What starts anew with the main window.
-struct WindowTable {
+class WindowTable {
+ public:
   static constexpr std::size_t kSlots = 20;  // slot 0 is the main window's
 
-  std::array<WindowSlot, kSlots> slots;
-  Form* MainWindow = nullptr;
+  // By name, blind to case, from slot 0 on; nothing where the table lacks it.
+  WindowSlot* FindSlot(std::string_view name);
+  // Nothing where all are in use.
+  WindowSlot* FreeSlot();
+  std::size_t NumberOf(const WindowSlot& slot) const {
+    return static_cast<std::size_t>(&slot - slots_.data());
+  }
+  // Empty for one that is free.
+  std::string NameOfSlot(std::size_t number) const { return slots_[number].BareName(); }
+
+  ProgramWindow& Main() const { return *slots_[0].owner; }
+  Form& MainWindow() const { return slots_[0].window(); }
+  // Whether the window stands in the table, and is not given up.
+  bool IsDefined(const ProgramWindow& window) const;
+
   // The window on which objects are made and prints go, and its name.
-  Form* CurrentForm = nullptr;
-  std::string CurrentWindowName;
+  Form& CurrentForm() const;
+  ProgramWindow& Current() const { return *current_; }
+  bool IsCurrent(const ProgramWindow& window) const { return current_ == &window; }
+  const std::string& CurrentWindowName() const { return currentName_; }
+  // The window itself; the main window where that is given up.
+  ProgramWindow& CurrentOwner() const { return IsDefined(*current_) ? *current_ : Main(); }
+  // Another window than the current one takes drawing commands back from their surface.
+  void MakeCurrent(ProgramWindow& window, std::string_view name);
 
   ActivationOrder activation;
-  std::vector<Form*> modal;           // the modal windows, the one in hand last
-  WindowParts* modalParts = nullptr;  // of the last one, where it is the system's own
+  ModalWindows modal;
+  WindowParts* modalParts = nullptr;  // of the one in hand, where it is the system's own
 
   static constexpr std::int16_t kTamLin = 14;
   static constexpr std::int16_t kTamCol = 8;
@@ -85,7 +119,16 @@ struct WindowTable {
   std::shared_ptr<Surface> UsedSurface() const { return usedSurface_.lock(); }
   Surface& DrawingTarget() const;
 
+ protected:
+  // Puts the main window into slot 0 and makes it the current one.
+  void Begin(ProgramWindow& main);
+  const WindowSlot* SlotOf(std::string_view name) const;
+  const WindowSlot* SlotOf(const Form* window) const;
+
  private:
+  std::array<WindowSlot, kSlots> slots_;
+  ProgramWindow* current_ = nullptr;
+  std::string currentName_;
   std::weak_ptr<Surface> usedSurface_;
 };
 
@@ -99,13 +142,7 @@ struct WindowModel final : WindowTable, WindowDirectory {
 
   // Empties the table, puts the main window into slot 0 and makes it the current one; grid, cursor and events
   // start anew.
-  void Reset(Form& mainWindow, ProgramWindow& owner);
-
-  // By name, blind to case, from slot 0 on; nothing where the table lacks it.
-  WindowSlot* FindSlot(std::string_view name);
-
-  // The window that the current form belongs to; the main window where that is given up.
-  ProgramWindow& CurrentOwner() const;
+  void Reset(ProgramWindow& main);
 
   Form* WindowInHand() const override;
   Form* FindWindow(std::string_view name) const override;

@@ -45,7 +45,8 @@ TEST(Registry, KeepsTextsByRootKeyAndNameBlindToCase) {
 
 TEST(Registry, AnyTextComesBackAndADamagedLineIsPassedOver) {
   TemporaryFolder folder;
-  const RegistryFile registry(folder / "a/b/registro");
+  SystemFiles files;
+  const RegistryFile registry(files, folder / "a/b/registro");
   const std::string odd = "tab\tlinha\r\n\\n \xE7\x81 fim";
   ASSERT_TRUE(registry.Write("HKEY_USERS", odd, odd, odd));
   EXPECT_EQ(registry.Read("HKEY_USERS", odd, odd), odd);
@@ -57,7 +58,8 @@ TEST(Registry, AnyTextComesBackAndADamagedLineIsPassedOver) {
 
 TEST(Registry, NoProcessLosesWhatAnotherWrites) {
   TemporaryFolder folder;
-  const RegistryFile registry(folder / "registro");
+  SystemFiles files;
+  const RegistryFile registry(files, folder / "registro");
   constexpr int kProcesses = 4;
   constexpr int kValues = 25;
   for (int process = 0; process < kProcesses; ++process) {
@@ -93,7 +95,8 @@ TEST(Registry, AFolderThatCanNotBeWrittenGivesNoMessage) {
 // A file that is there and can't be read is no empty one.
 TEST(Registry, WhatCanNotBeReadIsNotReplaced) {
   TemporaryFolder folder;
-  const RegistryFile registry(folder / "registro");
+  SystemFiles files;
+  const RegistryFile registry(files, folder / "registro");
   ASSERT_TRUE(registry.Write("HKEY_USERS", "k", "n", "v"));
   std::filesystem::rename(folder / "registro", folder / "guardado");
   std::filesystem::create_directory(folder / "registro");
@@ -105,7 +108,7 @@ TEST(Registry, WhatCanNotBeReadIsNotReplaced) {
   std::filesystem::create_symlink(folder / "guardado", folder / "registro");
   EXPECT_TRUE(registry.Write("HKEY_USERS", "k", "outro", "w"));
   EXPECT_TRUE(std::filesystem::is_symlink(folder / "registro"));
-  EXPECT_EQ(RegistryFile(folder / "guardado").Read("HKEY_USERS", "k", "n"), "v");
+  EXPECT_EQ(RegistryFile(files, folder / "guardado").Read("HKEY_USERS", "k", "n"), "v");
 }
 
 TEST(StartList, AProgramThatIsNotBuiltIsRefused) {
@@ -130,7 +133,8 @@ TEST(StartList, AnEntryStartsThisProgramAndIsTakenAwayAgain) {
 
 TEST(StartList, OddWordsOfACommandAreQuotedForTheDesktop) {
   TemporaryFolder folder;
-  ASSERT_TRUE(StartList(folder.path()).Add("x", {"/bin/a b", "50%", "\"$x`\\"}, "/"));
+  SystemFiles files;
+  ASSERT_TRUE(StartList(files, folder.path()).Add("x", {{"/bin/a b", "50%", "\"$x`\\"}, "/"}));
   EXPECT_NE(folder.Read("x.desktop").find(R"(Exec="/bin/a b" "50%%" "\\"\\$x\\`\\\\")"), std::string::npos)
       << folder.Read("x.desktop");
 }

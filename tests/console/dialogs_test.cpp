@@ -20,7 +20,7 @@ TEST_F(DialogTest, EachDialogTakesALineAndWritesItsVariable) {
   EXPECT_EQ(Printed(),
             "/tmp/a b.txt\nCANCELADO\nnovo.txt\n255\n"
             "Arial                         12 VerdadeiroFalso     \nOK\nCANCELADO\nCANCELADO\n");
-  EXPECT_EQ(program.run.PrinterName, "Laser");
+  EXPECT_EQ(program.chosenPrinter.name, "Laser");
   EXPECT_EQ(err.str(),
             "[dialogo] ABRIR Abra\n[dialogo] ABRIR Abra\n[dialogo] SALVAR Salve\n[dialogo] COR Cores\n"
             "[dialogo] FONTE Letra\n[dialogo] IMPRESSORA Folha\n[dialogo] COR Cores\n");
@@ -32,7 +32,7 @@ TEST_F(DialogTest, ACancelledPrinterDialogKeepsThePrinterChosenBefore) {
       "CaixaDialogo \"Folha\", \"\", \"\", \"IMPRESSORA\", \"\"\n"
       "CaixaDialogo \"Folha\", \"\", \"\", \"IMPRESSORA\", \"\"\nEscreva Retorno\n");
   EXPECT_EQ(Printed(), "CANCELADO\n");
-  EXPECT_EQ(program.run.PrinterName, "Laser");
+  EXPECT_EQ(program.chosenPrinter.name, "Laser");
 }
 
 TEST_F(DialogTest, FontsAreListedByIndex) {

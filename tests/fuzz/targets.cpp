@@ -142,7 +142,8 @@ void Animations(std::string_view bytes) {
 
 void Registry(std::string_view bytes) {
   const OneFile file(bytes);
-  const RegistryFile registry(file.path());
+  SystemFiles files;
+  const RegistryFile registry(files, file.path());
   registry.Read("HKEY_USERS", "k", "n");
   Require(registry.Write("HKEY_USERS", "k", "n", "v") && registry.Read("HKEY_USERS", "k", "n") == "v");
 }

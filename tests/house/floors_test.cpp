@@ -6,6 +6,7 @@
 #include <fstream>
 #include <iterator>
 #include <map>
+#include <regex>
 #include <set>
 #include <string>
 #include <vector>
@@ -100,44 +101,6 @@ TEST(Floors, TheRuleRefusesWhatStandsAbove) {
   EXPECT_FALSE(IsAllowed("prepare", "image"));
 }
 
-// The rooms that a room's CMakeLists.txt names, behind `SHOWS` for its headers and `USES` for its other
-// files.
-std::set<std::string> NamedRooms(const std::string& room, const std::string& list) {
-  std::ifstream file(fs::path(TESSERA_SOURCE_DIR) / "src" / room / "CMakeLists.txt");
-  std::set<std::string> named;
-  bool isInside = false;
-  for (std::string word; file >> word;) {
-    const bool isLast = word.ends_with(')');
-    if (isLast) word.pop_back();
-    if (isInside && kFloors.contains(word)) named.insert(word);
-    if (word == "SHOWS" || word == "USES") isInside = word == list;
-    if (isLast && !named.empty()) break;
-  }
-  return named;
-}
-
-// What a file sees that may include those rooms: they, and what their headers show.
-std::set<std::string> Seen(const std::set<std::string>& named) {
-  std::set<std::string> seen = named;
-  for (const std::string& room : named) seen.merge(Seen(NamedRooms(room, "SHOWS")));
-  return seen;
-}
-
-// The tool is no room; the parts that are loaded at first use link none; and the runtime beside its room
-// links the host.
-TEST(Floors, ARoomNamesWhatItIncludes) {
-  for (const Include& include : AllIncludes()) {
-    const bool isRoom = include.room != "tool" && include.room != "qtsql" && include.room != "qtpaper" &&
-                        include.room != "curlnet" && include.room != "freeimage" &&
-                        include.room != "sndsound" && include.room != "qtmedia" && include.room != "qtweb";
-    const bool isRuntime = include.room == "runtime" && include.target == "qt";
-    if (!isRoom || isRuntime || include.room == include.target) continue;
-    std::set<std::string> named = NamedRooms(include.room, "SHOWS");
-    if (!include.file.ends_with(".h")) named.merge(NamedRooms(include.room, "USES"));
-    EXPECT_TRUE(Seen(named).contains(include.target)) << include.file << " includes " << include.target;
-  }
-}
-
 // What hosts stand on stays near the ground: the interfaces, and the headers of their own room by which they
 // are told.
 TEST(Floors, TheHostInterfacesKnowTheGroundAlone) {
@@ -169,6 +132,52 @@ TEST(Floors, WindowToolkitHeadersStayInTheirRoom) {
       EXPECT_TRUE(allowed.contains(relative.begin()->string())) << entry.path() << ": " << line;
     }
   }
+}
+
+// Files whose whole purpose is a piece of the system that no service stands for.
+const std::set<std::string> kOfTheSystem = {
+    "image/elf_file.cpp",     // the format's numbers alone
+    "image/mapped_file.cpp",  // the running executable
+    "image/mapped_file.h",
+    "system/crash_watch.cpp",  // a program's last words in a signal
+    "system/func_call.cpp",    // libraries that a program calls
+    "system/library_search.cpp",
+    "system/name_lookup.cpp",  // the line to another program
+    "system/name_lookup.h",      "system/winsock.cpp",
+};
+
+// What a line of code asks of the system by itself; empty for nothing.
+std::string AskedOfTheSystem(const std::string& line) {
+  static const std::regex header("^#include <([a-z_/0-9]+\\.h|fstream|cstdio)>");
+  static const std::regex call(
+      "getenv|setenv|isatty|sleep_for|sleep_until|\"/proc|\"/"
+      "dev|current_path\\(|fs::absolute|filesystem::absolute|"
+      "(^|[^A-Za-z_.>])(::)?(open|fcntl|flock|link|rename|unlink|mkdir|access|poll|nanosleep|usleep)\\([^)]*"
+      "c_str");
+  std::smatch found;
+  const std::string code = line.substr(0, line.find("//"));
+  if (std::regex_search(code, found, header) || std::regex_search(code, found, call)) return found.str();
+  return {};
+}
+
+TEST(Floors, TheLogicAsksItsServicesAndNotTheSystem) {
+  EXPECT_EQ(AskedOfTheSystem("#include <unistd.h>"), "#include <unistd.h>");
+  EXPECT_EQ(AskedOfTheSystem("  const char* home = std::getenv(\"HOME\");"), "getenv");
+  EXPECT_NE(AskedOfTheSystem("  if (rename(from.c_str(), to.c_str()) != 0) return;"), "");
+  EXPECT_EQ(AskedOfTheSystem("  files.Open(path.c_str());  // no getenv"), "");
+  constexpr int kHosts = 11;
+  const fs::path root = fs::path(TESSERA_SOURCE_DIR) / "src";
+  int files = 0;
+  for (const auto& entry : fs::recursive_directory_iterator(root)) {
+    const std::string name = fs::relative(entry.path(), root).string();
+    if (!IsSource(entry.path()) || name.starts_with("platform/") || kOfTheSystem.contains(name)) continue;
+    if (kFloors.at(RoomOf(name)) >= kHosts) continue;
+    std::ifstream file(entry.path());
+    for (std::string line; std::getline(file, line);)
+      EXPECT_EQ(AskedOfTheSystem(line), "") << name << ": " << line;
+    ++files;
+  }
+  EXPECT_GT(files, 200);
 }
 
 // docs/open-rules.md tells the choices by the files that make them.

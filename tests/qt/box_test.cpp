@@ -51,7 +51,7 @@ class BoxOnWindows : public testing::Test {
   }
 
   BoxControl& Box() {
-    return dynamic_cast<BoxControl&>(*program.janela.windows().MainWindow->Controls().Element("GrdLstB", 0));
+    return dynamic_cast<BoxControl&>(*program.janela.windows().MainWindow().Controls().Element("GrdLstB", 0));
   }
   NovoBox& Grid() { return Box().Grid(); }
   QWidget& Widget() { return static_cast<LookView&>(*Box().View()).Widget(); }

@@ -74,7 +74,7 @@ class QtDrawingTest : public testing::Test {
     editors[0] = FromSource(source);
     ASSERT_EQ(program.Start(editors, ""), RunOutcome::Ended);
   }
-  Form& Window() { return *program.janela.windows().MainWindow; }
+  Form& Window() { return program.janela.windows().MainWindow(); }
   QImage Picture(const char* name) {
     const QImage picture = Shown("Janela")->grab().toImage();
     if (const char* folder = std::getenv("TESSERA_LOOK_AT")) picture.save(QString(folder) + "/" + name);

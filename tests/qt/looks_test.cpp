@@ -34,7 +34,7 @@ class LooksOnWindows : public testing::Test {
     qt.ProcessEvents();
   }
 
-  Form& Main() { return *program.janela.windows().MainWindow; }
+  Form& Main() { return program.janela.windows().MainWindow(); }
   Control& Element(std::string_view array, int index) { return *Main().Controls().Element(array, index); }
   QWidget& WidgetOf(Control& control) { return static_cast<LookView&>(*control.View()).Widget(); }
   QWindow* Top() { return WidgetOf(Element("BtnNovo", 0)).window()->windowHandle(); }
@@ -57,7 +57,7 @@ TEST_F(LooksOnWindows, AButtonShowsEachOfItsStates) {
     editors[0] = FromSource(form);
     ASSERT_EQ(fresh.Start(editors, ""), RunOutcome::Ended);
     qt.ProcessEvents();
-    Control& button = *fresh.janela.windows().MainWindow->Controls().Element("BtnNovo", 0);
+    Control& button = *fresh.janela.windows().MainWindow().Controls().Element("BtnNovo", 0);
     QWidget& widget = WidgetOf(button);
     const auto shown = [&] { return widget.grab().toImage().convertToFormat(QImage::Format_RGB32); };
     QTest::mouseMove(widget.window()->windowHandle(), {400, 300});

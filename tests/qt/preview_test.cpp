@@ -49,7 +49,7 @@ class PreviewOnWindows : public testing::Test {
   }
   std::function<void(Services&)> WithPaper() {
     return [this](Services& services) {
-      services.partFolders = {TESSERA_PARTS};
+      services.findPainter = reports::PainterOfPart({TESSERA_PARTS});
       services.reportHost = &reports;
       services.printer = (folder.path() / "papel.pdf").string();
     };

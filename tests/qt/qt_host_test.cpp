@@ -271,7 +271,7 @@ TEST_F(QtHostTest, PrintsStandAtTheTextCursorAndSurviveASmallerWindow) {
 TEST_F(QtHostTest, ClsErasesAndANewGroundKeepsThePrints) {
   QImage picture;
   const auto look = [&](QWidget& janela) {
-    program.janela.windows().MainWindow->SetBackColor(0x00FFFF);
+    program.janela.windows().MainWindow().SetBackColor(0x00FFFF);
     QTest::qWait(50);
     picture = janela.grab().toImage();
     janela.close();
@@ -385,7 +385,7 @@ TEST_F(QtHostTest, ThePointerTellsItsLineAndColumnAndItsClicks) {
 
 TEST_F(QtHostTest, TheFrameFollowsTheStyle) {
   When shown("Janela", [&](QWidget& janela) {
-    Form& form = *program.janela.windows().MainWindow;
+    Form& form = program.janela.windows().MainWindow();
     form.SetStyle({.Titlebar = false, .Sizable = false, .ToolWindow = true, .TopMost = true});
     EXPECT_TRUE(janela.windowFlags().testFlag(Qt::FramelessWindowHint));
     EXPECT_TRUE(janela.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
@@ -472,7 +472,7 @@ TEST_F(QtHostTest, AStyleChangesWithoutTheWindowsGoing) {
   When shown("Janela", [&](QWidget& janela) {
     Hides hides;
     janela.installEventFilter(&hides);
-    Form& form = *program.janela.windows().MainWindow;
+    Form& form = program.janela.windows().MainWindow();
     const QPoint place = janela.pos();
     const QWindow* window = janela.windowHandle();
     form.SetStyle({.Sizable = false});
@@ -490,7 +490,7 @@ TEST_F(QtHostTest, AStyleChangesWithoutTheWindowsGoing) {
 
 TEST_F(QtHostTest, AHelpButtonStandsInATitleWithoutSizeButtons) {
   When shown("Janela", [&](QWidget& janela) {
-    Form& form = *program.janela.windows().MainWindow;
+    Form& form = program.janela.windows().MainWindow();
     const auto hasHelp = [&] { return janela.windowFlags().testFlag(Qt::WindowContextHelpButtonHint); };
     form.SetStyle({.WhatsThisButton = true});
     EXPECT_FALSE(hasHelp());
@@ -516,7 +516,7 @@ TEST_F(QtHostTest, TheSystemMenuActsOnItsWindow) {
     FAIL() << "no entry " << label;
   };
   When shown("Janela", [&](QWidget& janela) {
-    Form& form = *program.janela.windows().MainWindow;
+    Form& form = program.janela.windows().MainWindow();
     form.ShowSysMenu();
     if (const char* folder = std::getenv("TESSERA_LOOK_AT")) {
       QApplication::activePopupWidget()->grab().save(QString(folder) + "/menu.png");
@@ -540,7 +540,7 @@ TEST_F(QtHostTest, TheSystemMenuActsOnItsWindow) {
 
 TEST_F(QtHostTest, AWindowIsDraggedByItsClientArea) {
   When shown("Janela", [&](QWidget& janela) {
-    Form& form = *program.janela.windows().MainWindow;
+    Form& form = program.janela.windows().MainWindow();
     form.SetStyle({.AutoDrag = true});
     const QPoint before = janela.pos();
     QTest::mousePress(janela.windowHandle(), Qt::LeftButton, {}, QPoint(50, 40));
@@ -557,7 +557,7 @@ TEST_F(QtHostTest, AWindowIsDraggedByItsClientArea) {
 
 TEST_F(QtHostTest, AWindowIsShapedByTheColourThatIsCutOut) {
   const auto look = [&](QWidget& janela) {
-    Form& form = *program.janela.windows().MainWindow;
+    Form& form = program.janela.windows().MainWindow();
     form.ShapeMe(0x00FF00);
     EXPECT_EQ(janela.windowTitle(), "");
     EXPECT_FALSE(janela.mask().contains(QPoint(5, 5)));

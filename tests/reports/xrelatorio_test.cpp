@@ -82,7 +82,8 @@ class XRelatorioTest : public testing::Test {
   Typewriter painter;
   TextMeasures measures{painter};
   ReportHost host;
-  Printer printer{program.run, measures, painter, host, ""};
+  ChosenPrinter chosen;
+  Printer printer{program.run, measures, painter, host, chosen, ""};
   SharedPictures pictures{program.run, NoPictureCodec};
   XRelatorio report{program.run, painter, measures, printer, pictures};
 };

@@ -15,7 +15,7 @@ namespace tessera::test {
 
 class ConsoleWindowTest : public testing::Test {
  protected:
-  Form& Window() { return *program.janela.windows().MainWindow; }
+  Form& Window() { return program.janela.windows().MainWindow(); }
   WindowModel& Windows() { return program.janela.windows(); }
   std::string Printed() const { return out.str(); }
 

@@ -37,8 +37,8 @@ Services TestServices(const Host& host) {
   return {.host = host,
           .folders = FindUserFolders(std::getenv),
           .dataFolder = ".",
-          .machine = {.registry = RegistryFile("/dev/null/registro"),
-                      .startList = StartList("/dev/null/autostart"),
+          .machine = {.registry = RegistryFile(host.files, "/dev/null/registro"),
+                      .startList = StartList(host.files, "/dev/null/autostart"),
                       .ports = HardwarePorts("/dev/null/port")},
           .findCodec = CodecOfPart({TESSERA_PARTS})};
 }

@@ -16,10 +16,11 @@ class FileProgram : public OwnFolder, public LibraryProgram {
  public:
   explicit FileProgram(const std::string& ports = "/dev/null/port", bool isFinished = true)
       : LibraryProgram([this, &ports, isFinished](Services& services) {
-          services.machine = {.registry = RegistryFile(folder / "config/tessera/registro"),
-                              .startList = StartList(folder / "config/autostart"),
-                              .ports = HardwarePorts(ports),
-                              .isFinished = isFinished};
+          services.machine = {
+              .registry = RegistryFile(services.host.files, folder / "config/tessera/registro"),
+              .startList = StartList(services.host.files, folder / "config/autostart"),
+              .ports = HardwarePorts(ports),
+              .isFinished = isFinished};
         }) {
     run.ProgramFolderText = FromUtf8Lossy(folder.path().string()) + "\\";
     run.RuntimeFolderText = run.ProgramFolderText;

@@ -6,7 +6,6 @@
 
 #include "platform/host.h"
 #include "runtime/program_run.h"
-#include "windows/display.h"
 #include "windows/form.h"
 #include "windows/picture_commands.h"
 #include "windows/window_model.h"
@@ -34,6 +33,7 @@ class HostedProgram {
 
  public:
   tessera::Run& run = program_.run;
+  ChosenPrinter& chosenPrinter = program_.chosenPrinter;
   CommandTable& commands = program_.commands;
   Janela& janela = program_.janela();
   const WallpaperCommand& wallpaper = program_.wallpaper();

@@ -25,7 +25,7 @@ TEST_F(JanelaTest, StandsCentredInItsLooksAndIsShownBeforeTheFirstStatement) {
   EXPECT_EQ(Window().Place().Left, (1920 * 15 - 9600) / 2);
   EXPECT_EQ(Window().Place().Top, (1080 * 15 - 6900) / 2);
   EXPECT_EQ(Window().Font.name, "Courier New");
-  EXPECT_EQ(Windows().CurrentWindowName, "Pai");
+  EXPECT_EQ(Windows().CurrentWindowName(), "Pai");
   EXPECT_EQ(Windows().FindWindow("pAI"), &Window());
   EXPECT_EQ(Windows().FindWindow(""), nullptr);
 }

@@ -12,6 +12,7 @@
 #include "console/console_host.h"
 #include "support/core_program.h"
 #include "support/hosted_program.h"
+#include "windows/display.h"
 
 namespace tessera::test {
 

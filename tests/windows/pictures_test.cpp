@@ -222,7 +222,7 @@ TEST(PictureCodec, ThatIsMissingIsToldOnceWithItsPackage) {
             "[critico] Instale o pacote tessera-picture\n"
             "[critico] Erro no comando Fundo!\n  Editor: 0 Linha: 2\n"
             "[critico] Erro no comando Fundo!\n  Editor: 0 Linha: 3\n");
-  EXPECT_NE(program.janela.windows().MainWindow->Background(), nullptr);
+  EXPECT_NE(program.janela.windows().MainWindow().Background(), nullptr);
 }
 
 class BackgroundTest : public ConsoleWindowTest {

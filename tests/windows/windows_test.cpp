@@ -59,7 +59,7 @@ TEST(EventState, ShiftAndCtrlAreToldWhenTheyAreHeldAlone) {
 
 TEST_F(WindowsTest, SizeIsSetBeforeTheCentreOnOneLine) {
   AtLePorta([&] {
-    const Placement& place = Windows().MainWindow->Place();
+    const Placement& place = Windows().MainWindow().Place();
     EXPECT_EQ(place.Height, 10 * 220 + 600 + 5) << "on whole pixels";
     EXPECT_EQ(place.Width, 40 * 120);
     EXPECT_NEAR(place.Top, (1080 * 15 - place.Height) / 2, 15);
@@ -79,18 +79,18 @@ TEST(JanelaCommand, ThePositionTakesALiteralNumberAlone) {
     HostedProgram program(host.host(), host);
     EXPECT_EQ(program.Run("Var n Inteiro\nn = 3\n" + std::string(line)), fails ? 1 : 0) << line;
     if (!fails) {
-      EXPECT_EQ(program.janela.windows().MainWindow->Place().Top, 3 * 220) << line;
+      EXPECT_EQ(program.janela.windows().MainWindow().Place().Top, 3 * 220) << line;
     }
   }
 }
 
 TEST_F(WindowsTest, KeywordsSetTheFrameOfTheMainWindow) {
   AtLePorta([&] {
-    const WindowStyle& style = Windows().MainWindow->Style();
+    const WindowStyle& style = Windows().MainWindow().Style();
     EXPECT_FALSE(style.MinButton || style.MaxButton || style.ControlBox || style.Titlebar || style.Sizable);
     EXPECT_TRUE(Windows().FixedWindow);
-    EXPECT_TRUE(Windows().MainWindow->KeyPreview);
-    EXPECT_EQ(Windows().MainWindow->DrawWidth, 3);
+    EXPECT_TRUE(Windows().MainWindow().KeyPreview);
+    EXPECT_EQ(Windows().MainWindow().DrawWidth, 3);
   });
   program.Run("Janela Fixa = Sim, Box = Nao, Borda = Nao, AtivaEnter = \"sim\", TamanhoPonto = 3\nLePorta\n");
 }
@@ -98,7 +98,7 @@ TEST_F(WindowsTest, KeywordsSetTheFrameOfTheMainWindow) {
 TEST_F(WindowsTest, BehindANestedRoutineTheNameIsThatOfASlot) {
   in.str("tecla 65\nespera 10\nfecha\nfecha\n");
   std::vector<std::string> names;
-  AtLePorta([&] { names.push_back(Windows().CurrentWindowName); });
+  AtLePorta([&] { names.push_back(Windows().CurrentWindowName()); });
   program.Run("NovaJanela Define, Um\nNovaJanela Define, Dois\nNovaJanela Um.Ativa, \"ESTATICA\"\nLePorta\n",
               "Sub Um_Codigo()\nLePorta\nNovaJanela Dois.Ativa, \"ESTATICA\"\nLePorta\nFimSub\n"
               "Sub Dois_Codigo()\nLePorta\nAguarde 0\nFimSub\nSub Temporizador_n(1)\nLePorta\nFimSub\n");
