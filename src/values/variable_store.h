@@ -55,12 +55,12 @@ class VariableStore {
   class Frame {
    public:
     // The names begin with `function` and a number, behind which stands what the program wrote.
-    explicit Frame(std::string_view function) : function_(function) {}
+    explicit Frame(std::string_view function);
     void Add(std::string_view written, VariableType type);
     // The digits of a call's number, to be written over.
     std::string& Number() { return number_; }
 
-    std::size_t size() const { return variables_.size(); }
+    std::size_t size() const;
     const Symbol& operator[](std::size_t i) const;
     std::string NameOf(std::size_t i) const;
 
@@ -199,6 +199,12 @@ struct VariableStore::Frame::Variable {
   VariableType type;
   Row row;
 };
+
+inline VariableStore::Frame::Frame(std::string_view function) : function_(function) {}
+
+inline std::size_t VariableStore::Frame::size() const {
+  return variables_.size();
+}
 
 inline const Symbol& VariableStore::Frame::operator[](std::size_t i) const {
   return variables_[i].row.symbol;
