@@ -1,5 +1,6 @@
 #include "work.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>

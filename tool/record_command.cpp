@@ -26,11 +26,37 @@ constexpr std::chrono::seconds kNoHurry{2'000'000};
 // The file that is in the way, or none.
 fs::path InTheWay(const ProgramTest& test) {
   std::error_code error;
-  for (const fs::path& file : {ScriptOf(test), OutputOf(test)}) {
+  for (const fs::path& file : {ScriptOf(test), OutputOf(test), ArgumentsOf(test)}) {
     if (fs::exists(file, error)) return file;
   }
   return {};
 }
+
+// The script of an older test, out of the way while the new one is recorded; it comes back where none was.
+class OlderScript {
+ public:
+  explicit OlderScript(fs::path script) : script_(std::move(script)), aside_(script_.string() + "~") {
+    std::error_code error;
+    fs::rename(script_, aside_, error);
+    isAside_ = !error;
+  }
+  OlderScript(const OlderScript&) = delete;
+  OlderScript& operator=(const OlderScript&) = delete;
+  ~OlderScript() {
+    std::error_code error;
+    if (!isAside_) return;
+    if (fs::exists(script_, error)) {
+      fs::remove(aside_, error);
+    } else {
+      fs::rename(aside_, script_, error);
+    }
+  }
+
+ private:
+  fs::path script_;
+  fs::path aside_;
+  bool isAside_ = false;
+};
 
 int KeepOutput(const ProgramTest& test, const TestContent& content, const TestRun& run) {
   if (const std::string problem = WriteExpected(test, content.script, run.output); !problem.empty()) {
@@ -66,16 +92,16 @@ int RecordSubcommand(const RecordCall& call) {
   }
   termination::Install(false);
   std::error_code error;
-  fs::remove(ScriptOf(test), error);
-  if (const std::string problem = WriteArguments(test, call.arguments); !problem.empty()) {
-    PrintError(problem);
-    return kWrongCall;
-  }
+  const OlderScript older(ScriptOf(test));
   PrintRemark("grava o que se faz com o programa, até que ele termine; os arquivos dele ficam como estão");
   const TestRun run = RunTest(test, {.script = {}, .expected = {}, .arguments = call.arguments},
                               {.patience = kNoHurry, .record = fs::absolute(ScriptOf(test), error)});
   if (!fs::exists(ScriptOf(test), error)) {
     PrintError(run.problem.empty() ? run.output : run.problem);
+    return kWrongCall;
+  }
+  if (const std::string problem = WriteArguments(test, call.arguments); !problem.empty()) {
+    PrintError(problem);
     return kWrongCall;
   }
   const auto read = ReadTest(test);

@@ -141,11 +141,15 @@ fs::path OutputOf(const ProgramTest& test) {
   return With(test.stem, kOutput);
 }
 
+fs::path ArgumentsOf(const ProgramTest& test) {
+  return With(test.stem, kArguments);
+}
+
 std::variant<TestContent, std::string> ReadTest(const ProgramTest& test) {
   TestContent content;
   std::array<std::optional<std::string>, 3> texts;
-  const std::array<fs::path, 3> files = {With(test.stem, test.isOneFile ? kBoth : kScript),
-                                         With(test.stem, kOutput), With(test.stem, kArguments)};
+  const std::array<fs::path, 3> files = {With(test.stem, test.isOneFile ? kBoth : kScript), OutputOf(test),
+                                         ArgumentsOf(test)};
   for (std::size_t i = 0; i < files.size(); ++i) {
     auto read = ReadIfThere(files[i]);
     if (std::string* problem = std::get_if<std::string>(&read)) return std::move(*problem);
@@ -168,10 +172,15 @@ std::variant<TestContent, std::string> ReadTest(const ProgramTest& test) {
 }
 
 std::string WriteArguments(const ProgramTest& test, const std::vector<std::string>& arguments) {
-  if (arguments.empty()) return {};
+  if (arguments.empty()) {
+    std::error_code error;
+    fs::remove(ArgumentsOf(test), error);
+    return error ? ArgumentsOf(test).string() + ": não foi possível apagar: " + SystemReason(error.value())
+                 : std::string();
+  }
   std::string lines;
   for (const std::string& argument : arguments) lines += argument + "\n";
-  return Written(With(test.stem, kArguments), lines);
+  return Written(ArgumentsOf(test), lines);
 }
 
 std::string WriteExpected(const ProgramTest& test, const std::string& script, const std::string& output) {

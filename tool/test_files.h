@@ -45,11 +45,13 @@ std::variant<ProgramTest, std::string> TestFor(const std::string& program, const
 // The test's file of that kind.
 std::filesystem::path ScriptOf(const ProgramTest& test);
 std::filesystem::path OutputOf(const ProgramTest& test);
+std::filesystem::path ArgumentsOf(const ProgramTest& test);
 
 // A file that can't be read is told in the user's language.
 std::variant<TestContent, std::string> ReadTest(const ProgramTest& test);
 
-// Keeps the program's arguments, where it has any. The answer is empty, or why they could not be written.
+// Keeps the program's arguments, and no file where it has none. The answer is empty, or why they could not be
+// written.
 std::string WriteArguments(const ProgramTest& test, const std::vector<std::string>& arguments);
 
 // Keeps an output as the expected one. The answer is empty, or why it could not be written.

@@ -13,7 +13,8 @@ namespace tessera::check {
 
 // A piece of the program's text as messages show it: in UTF-8, in double quotes, which a literal has already.
 inline std::string Shown(std::string_view text) {
-  return text.starts_with('"') && text.ends_with('"') ? ToUtf8(text) : "\"" + ToUtf8(text) + "\"";
+  return text.size() > 1 && text.starts_with('"') && text.ends_with('"') ? ToUtf8(text)
+                                                                         : "\"" + ToUtf8(text) + "\"";
 }
 
 // A text of ours, which is UTF-8 already, in double quotes.

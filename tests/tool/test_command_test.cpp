@@ -147,6 +147,9 @@ TEST_F(TestCommand, ARecordedUseIsATestAtOnce) {
   ExpectSaid(record({"-o", "Conta.dois.roteiro"}), kDone, {"gravados Conta.dois.roteiro"});
   ExpectSaid(record({"--force", "--", "dois"}), kDone, {"gravados Conta.roteiro"});
   ExpectSaid(Test({}), kDone, {"2 certos"});
+  ExpectSaid(record({"--force"}), kDone, {"gravados Conta.roteiro"});
+  EXPECT_EQ(ReadBytes(folder_ / "Conta.saida"), "grava \n");
+  ExpectSaid(Test({}), kDone, {"2 certos"});
 }
 
 TEST_F(TestCommand, ARecordingNeedsAScreenAndAProgram) {
@@ -159,6 +162,21 @@ TEST_F(TestCommand, ARecordingNeedsAScreenAndAProgram) {
   ExpectSaid(record("Ola.tsc"), kWrongCall, {"um roteiro só se grava com janelas"});
   EXPECT_FALSE(fs::exists(folder_ / "Ola.roteiro"));
   ExpectSaid(record("Nada.tsc"), kWrongCall, {"Nada.tsc"});
+}
+
+TEST_F(TestCommand, ARecordingThatDoesNotBeginLeavesTheOlderTestAsItIs) {
+  folder_.Write("Ola.tsc", kProgram);
+  folder_.Write("Ola.roteiro", "Maria\n");
+  folder_.Write("Ola.saida", kOutput);
+  folder_.Write("Ola.argumentos", "um\n");
+  ExpectSaid(RunProcess({.words = {TESSERA_TOOL, "record", "--force", "Ola.tsc"},
+                         .environment = {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"},
+                         .folder = folder_.path()}),
+             kWrongCall, {"um roteiro só se grava com janelas"});
+  EXPECT_EQ(ReadBytes(folder_ / "Ola.roteiro"), "Maria\n");
+  EXPECT_EQ(ReadBytes(folder_ / "Ola.saida"), kOutput);
+  EXPECT_EQ(ReadBytes(folder_ / "Ola.argumentos"), "um\n");
+  EXPECT_FALSE(fs::exists(folder_ / "Ola.roteiro~"));
 }
 
 TEST_F(TestCommand, AKilledRecordingLeavesItsLinesWhole) {
