@@ -30,16 +30,21 @@ const std::array<unsigned char, 256> kFolding = MakeFolding();
 
 }  // namespace
 
-int CompareComparable(std::string_view a, std::string_view b) {
-  a = Left(Trim(a), kComparedLength);
-  b = Left(Trim(b), kComparedLength);
+unsigned char Folded(char character) {
+  return kFolding[static_cast<unsigned char>(character)];
+}
+
+int CompareFolded(std::string_view a, std::string_view b) {
   const std::size_t shared = std::min(a.size(), b.size());
   for (std::size_t i = 0; i < shared; ++i) {
-    const int difference =
-        kFolding[static_cast<unsigned char>(a[i])] - kFolding[static_cast<unsigned char>(b[i])];
+    const int difference = Folded(a[i]) - Folded(b[i]);
     if (difference != 0) return difference;
   }
   return a.size() < b.size() ? -1 : a.size() > b.size() ? 1 : 0;
+}
+
+int CompareComparable(std::string_view a, std::string_view b) {
+  return CompareFolded(Left(Trim(a), kComparedLength), Left(Trim(b), kComparedLength));
 }
 
 }  // namespace tessera

@@ -6,7 +6,13 @@
 
 namespace tessera {
 
-// Order of two texts in that form, by bytes: negative, 0 or positive.
+// A character in upper case and without the accents that the table names.
+unsigned char Folded(char character);
+
+// Order of two texts by the bytes of their folded characters: negative, 0 or positive.
+int CompareFolded(std::string_view a, std::string_view b);
+
+// The same for two texts in the form of `Procure`.
 int CompareComparable(std::string_view a, std::string_view b);
 
 }  // namespace tessera

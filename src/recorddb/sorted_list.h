@@ -1,6 +1,6 @@
 // `LstOrdem`: a list that keeps its entries in ascending order. An entry is a key and a physical position in
-// six digits; keys compare by the codes of their upper-cased characters, then the digits decide. So a deleted
-// record, whose key is empty, stands before all others. Entries may hold zero bytes.
+// six digits; keys compare letter by letter as `Procure` does, so that it finds each of them, then the digits
+// decide. A deleted record, whose key is empty, stands before all others. Entries may hold zero bytes.
 #pragma once
 
 #include <cstddef>
