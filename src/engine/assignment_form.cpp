@@ -6,6 +6,7 @@
 
 #include "engine/assignment.h"
 #include "language/words.h"
+#include "platform/failure.h"
 #include "text/one_based.h"
 #include "values/call_form.h"
 #include "values/calls.h"
@@ -50,15 +51,21 @@ void AssignmentForm::ReadTerm(Run& run) {
 
 void AssignmentForm::ReadJoined(Run& run) {
   for (const std::string_view text : right_.joined) {
-    Part part{text, text.starts_with('"'), {}};
+    Part part{text, text.starts_with('"'), {}, {}};
     if (part.isLiteral) {
       part.text = Unquote(text);
     } else {
       const auto name = NameForm::Of(run.variables, text);
       if (!name) return;
       part.name = *name;
+      // A name without its parentheses fails, each time that it is read.
+      Guard([&] {
+        if (run.variables.MayHoldLocal(text)) return;
+        if (auto call = FindFunction(run, text))
+          part.call = std::make_unique<const CallForm>(WholeCall{*std::move(call), false});
+      });
     }
-    parts_.push_back(part);
+    parts_.push_back(std::move(part));
   }
   kind_ = Kind::Joined;
 }
@@ -210,6 +217,8 @@ void AssignmentForm::Join(Run& run, std::string& joined) const {
       joined.append(*text);
     } else if (IsReady(run, part)) {
       joined.append(ReadyText(run, part));
+    } else if (part.call && run.variables.VarFind(part.text) == -1) {
+      joined.append(Unquote(part.call->Run(run).ToText()));
     } else {
       joined.append(JoinedTerm(run, part.text));
     }

@@ -1,6 +1,7 @@
 // FAST: the right side of an assignment whose line never changes.
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -41,6 +42,7 @@ class AssignmentForm {
     std::string_view text;
     bool isLiteral = false;
     NameForm name;
+    std::unique_ptr<const CallForm> call;  // where the text has one: its answer is all that counts
   };
 
   void ReadTerm(Run& run);

@@ -104,6 +104,20 @@ Value TermForm::EvaluateCall(Run& run) const {
   return EvaluateRest(run, call_->TextOf(answer, numericTarget), call_->isOwn(), numericTarget);
 }
 
+// The same for `EvalText`, to which a number is a text.
+Value TermForm::EvaluateCallText(Run& run) const {
+  bool numericTarget = call_->isNumericFunction();
+  Value answer = call_->Run(run);
+  if (answer.IsText()) {
+    if (auto settled = call_->Settle(run, answer, numericTarget, false)) return *std::move(settled);
+  }
+  std::string text = call_->TextOf(answer, numericTarget);
+  if (!call_->isOwn()) ReplaceFunctions(run, text, numericTarget, 1);
+  ReplaceUserFunctions(run, text, call_->isOwn() ? 1 : 0);
+  if (run.variables.VarFind(text) == -1) return Unquote(text);
+  return run.variables.VarRead(text);
+}
+
 Value TermForm::EvaluateAround(Run& run) const {
   std::string text;
   if (const auto result = inside_->Evaluate(run, text)) return *ExactDecimal::FromDouble(*result);
@@ -117,6 +131,7 @@ Value TermForm::EvaluateRest(Run& run, std::string text, bool isOwn, bool numeri
 }
 
 Value TermForm::EvaluateText(Run& run) const {
+  if (kind_ == Kind::Call && text_ == trimmed_) return EvaluateCallText(run);
   if (!IsWithoutCalls() || !run.variables.SymbolsTellAll()) return EvalText(run, text_);
   if (kind_ == Kind::Literal) return literal_;
   if (kind_ == Kind::Name && name_.type() != VariableType::None) {

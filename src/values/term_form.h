@@ -104,6 +104,7 @@ class TermForm {
 
  private:
   Value EvaluateCall(Run& run) const;
+  Value EvaluateCallText(Run& run) const;
   Value EvaluateAround(Run& run) const;
   static Value EvaluateRest(Run& run, std::string text, bool isOwn, bool numericTarget);
 

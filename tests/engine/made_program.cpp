@@ -61,9 +61,9 @@ std::string MadeProgram::NumericCall(int depth) {
     case 2:
       return "RaizQuadrada(" + Name() + ")";
     case 3:
-      return "Comprimento(" + (OneIn(2) ? Literal() : Name()) + ")";
+      return "Comprimento(" + (OneIn(3) ? TextCall() : OneIn(2) ? Literal() : Name()) + ")";
     case 4:
-      return "Asc(" + Literal() + ")";
+      return "Asc(" + (OneIn(3) ? TextCall() : Literal()) + ")";
     default:
       return "Arredonda(" + Name() + ")";
   }
@@ -74,7 +74,7 @@ std::string MadeProgram::TextCall() {
     case 0:
       return "Maiuscula(" + (OneIn(2) ? Literal() : Name()) + ")";
     case 1:
-      return "Apara(" + Name() + ")";
+      return "Apara(" + (OneIn(4) ? TextCall() : OneIn(6) ? Arithmetic(1) : Name()) + ")";
     case 2:
       return "Unir(" + Name() + ", " + Literal() + ")";
     case 3:
@@ -153,7 +153,9 @@ std::string MadeProgram::Joined(const std::string& target) {
   for (std::size_t terms = 1 + Below(3); terms > 0; --terms) {
     // No text that grows goes here, or a loop would double it until nothing holds it.
     text += " & " + (OneIn(3)   ? Literal()
-                     : OneIn(6) ? "Maiuscula(s3)"
+                     : OneIn(6) ? AnyOf({"Apara(s3)", "ConvStr(d1)", "Formata(i1, \"0,00\")",
+                                         "Comprimento(s3)", "Car(40)", "Separe(s3, 1, 2)", "Separe(s3, 0)",
+                                         "Apara(Car(32))", "Apara(p0)", "Maiuscula(s3)", "Seno(d1) 1"})
                                 : AnyOf({"i1", "d1", "s3", "vi(" + Index() + ")", "vd(1)", "falta"}));
   }
   return text;
@@ -263,7 +265,8 @@ void MadeProgram::Sub(int number) {
 }
 
 void MadeProgram::Make() {
-  Put("Var rodada Inteiro, nivel Inteiro, k Inteiro, vi(10) Inteiro, i1 Inteiro, i2 Inteiro, i3 Inteiro");
+  Put("Var rodada Inteiro, nivel Inteiro, k Inteiro, vizinha Inteiro, vi(10) Inteiro, i1 Inteiro, i2 "
+      "Inteiro, i3 Inteiro");
   Put("Var d1 Decimal, d2 Decimal, d3 Decimal, s1, s2, s3, vd(3) Decimal, vs(3) String");
   Put("k = 2");
   const std::vector<std::string> names = {"i1", "i2", "i3", "d1",    "d2",    "d3",
