@@ -62,6 +62,18 @@ TEST(ProgramNeeds, AreThoseOfTheRuntimesFile) {
   EXPECT_FALSE(IsOnThisMachine({"tessera-nada", "libtessera_nada.so", ""}));
 }
 
+// The newest version of the C library that the file's symbols ask for, as the system's reader of executables
+// tells it.
+std::string NewestGlibcOf(const std::string& file) {
+  const std::string told = RunProcess({.words = {"/usr/bin/readelf", "--version-info", file}}).out;
+  const std::regex version("Name: GLIBC_2\\.([0-9]+)");
+  int newest = 0;
+  for (std::sregex_iterator found(told.begin(), told.end(), version), end; found != end; ++found)
+    newest = std::max(newest, std::stoi((*found)[1]));
+  EXPECT_GT(newest, 0) << told;
+  return "2." + std::to_string(newest);
+}
+
 class Package : public testing::Test {
  protected:
   ProcessResult Build(std::vector<std::string> words) {
@@ -83,6 +95,10 @@ TEST_F(Package, KeepsEachUsersRecordsAndRenewsTheProgram) {
   ASSERT_EQ(Build({"--deb", "--deb-version", "2.1", "--include", "conta.txt", "fotos/"}).status, kDone);
   const std::string deb = folder_ / "loja-acao_2.1_amd64.deb";
   ASSERT_TRUE(fs::exists(deb)) << "on another machine than this one's kind the name tells it";
+  const std::string depends = RunProcess({.words = {"/usr/bin/dpkg-deb", "-f", deb, "Depends"}}).out;
+  const std::string runtime = fs::path(TESSERA_TOOL).parent_path() / "tessera-runtime";
+  EXPECT_NE(depends.find("libc6 (>= " + NewestGlibcOf(runtime) + ")"), std::string::npos) << depends;
+  EXPECT_NE(depends.find("libqt6widgets6"), std::string::npos) << depends;
   ASSERT_EQ(RunProcess({.words = {"/usr/bin/dpkg-deb", "-x", deb, folder_ / "raiz"}}).status, 0);
   EXPECT_TRUE(fs::exists(Unpacked("usr/lib/loja-acao/fotos/uma.txt")));
   EXPECT_NE(
