@@ -62,7 +62,7 @@ std::string WithoutWindows(const ProgramStart& start) {
   std::string command = "env";
   for (const std::string_view variable : NamedDisplays()) command.append(" -u ").append(variable);
   std::error_code unreadable;
-  return command + " " + std::filesystem::read_symlink(kOwnExecutable, unreadable).string();
+  return command + " \"" + std::filesystem::read_symlink(kOwnExecutable, unreadable).string() + "\"";
 }
 
 // The person may have no terminal, so a box tells it as well.

@@ -241,7 +241,7 @@ TEST_F(WithoutLibraries, TheWindowsTellWhatTheyLackAndTheTerminalNeedsNone) {
   const ProcessResult packed = FromTheDesktop({folder_ / "jogo"});
   EXPECT_EQ(packed.status, 1);
   EXPECT_EQ(packed.out, "");
-  const std::string words = missing + "env -u QT_QPA_PLATFORM " + (folder_ / "jogo");
+  const std::string words = missing + "env -u QT_QPA_PLATFORM \"" + (folder_ / "jogo") + "\"";
   EXPECT_EQ(packed.err, "tessera-runtime: " + words + "\n");
   EXPECT_EQ(Box(), "--error\n--no-markup\n--title=Tessera\n--text=" + words + "\n");
   EXPECT_EQ(WithoutDisplay({folder_ / "jogo"}).out, "1\n");
