@@ -81,6 +81,8 @@ int RunStart(const ProgramStart& start, std::string_view file, const Restart& re
   termination::Install(false);
   const LoadedWindows loaded = LoadWindows(file, {.restart = restart, .showsPages = ShowsPages(start)});
   if (loaded.found.windows) return loaded.found.windows->Run(start);
+  // OPEN: with a display and without the libraries of the windows a program does not run. The person may have
+  // no terminal, where it would wait unseen.
   if (!loaded.lacking.empty())
     return TellLack(loaded.lacking + "; ou execute sem janelas: " + WithoutWindows(start));
   Tell(loaded.found.problem + "; o programa roda no terminal");
