@@ -72,4 +72,6 @@ function(tessera_part name)
   set_target_properties(tessera_${name} PROPERTIES
     OUTPUT_NAME tessera_${PART_OUTPUT} LIBRARY_OUTPUT_DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
   target_link_libraries(tessera_${name} PRIVATE tessera_${name}_headers tessera_options ${PART_LINKS})
+  # What it has of its own it calls itself, and not what the runtime shows under the same name to the part inside it.
+  target_link_options(tessera_${name} PRIVATE LINKER:-Bsymbolic-functions)
 endfunction()

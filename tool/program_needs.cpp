@@ -6,6 +6,8 @@
 #include <array>
 #include <filesystem>
 #include <set>
+#include <string>
+#include <string_view>
 
 #include "language/statements.h"
 #include "language/words.h"
@@ -16,13 +18,8 @@ namespace tessera {
 
 namespace {
 
-// What every program stands on, as its file names the libraries.
+// What every program stands on, besides the libraries of its windows.
 constexpr std::array kAlways = {
-    NeededPackage{"libqt6widgets6", "libQt6Widgets.so.6", "janelas"},
-    NeededPackage{"libqt6gui6", "libQt6Gui.so.6", "desenho"},
-    NeededPackage{"libqt6core6", "libQt6Core.so.6", "janelas"},
-    NeededPackage{"libqt6printsupport6", "libQt6PrintSupport.so.6", "impressão"},
-    NeededPackage{"libqt6svg6", "libQt6Svg.so.6", "figuras"},
     NeededPackage{"libffi8", "libffi.so.8", "funções de bibliotecas"},
     NeededPackage{"libstdc++6", "libstdc++.so.6", "linguagem C++"},
     NeededPackage{"libgcc-s1", "libgcc_s.so.1", "linguagem C++"},
@@ -74,7 +71,8 @@ std::set<Topic> TopicsOf(const EditorTexts& editors) {
 }  // namespace
 
 std::vector<NeededPackage> NeedsOf(const PackedProgram& program) {
-  std::vector<NeededPackage> needs(kAlways.begin(), kAlways.end());
+  std::vector<NeededPackage> needs(kWindowsLibraries.begin(), kWindowsLibraries.end());
+  needs.insert(needs.end(), kAlways.begin(), kAlways.end());
   const std::set<Topic> topics = TopicsOf(program.EditorText);
   for (const PartRow& part : kParts) {
     const bool isThere = std::any_of(needs.begin(), needs.end(), [&](const NeededPackage& other) {

@@ -2,19 +2,12 @@
 // that the program uses.
 #pragma once
 
-#include <string>
-#include <string_view>
 #include <vector>
 
 #include "image/packed_program.h"
+#include "runtime/windows_libraries.h"
 
 namespace tessera {
-
-struct NeededPackage {
-  std::string_view package;
-  std::string_view library;  // by which a machine is seen to have it
-  std::string_view purpose;  // for a person, in Portuguese
-};
 
 // In the order in which a program meets them.
 std::vector<NeededPackage> NeedsOf(const PackedProgram& program);

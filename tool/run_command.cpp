@@ -2,16 +2,14 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <algorithm>
-#include <array>
 #include <cerrno>
-#include <cstdlib>
 #include <filesystem>
 #include <iostream>
 #include <string_view>
 
 #include "platform/system_reason.h"
 #include "runtime/console_start.h"
+#include "runtime/display_names.h"
 #include "runtime/given_devices.h"
 #include "runtime/handover.h"
 #include "runtime/own_folder.h"
@@ -24,16 +22,6 @@
 namespace tessera {
 
 namespace {
-
-// True if the environment speaks of a display at all. Whether one answers is the runtime's to find out, which
-// links the window toolkit and runs the program on the terminal where none does.
-bool DisplayIsNamed() {
-  constexpr std::array kVariables = {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"};
-  return std::any_of(kVariables.begin(), kVariables.end(), [](const char* variable) {
-    const char* value = std::getenv(variable);
-    return value != nullptr && *value != '\0';
-  });
-}
 
 // What stands for a device lies where the tool was called.
 std::string AbsolutePath(const std::string& path) {
@@ -96,7 +84,7 @@ int RunSubcommand(const RunCall& call) {
     return kWrongCall;
   }
   if (!call.console) {
-    if (start.scripted || !start.recorded.empty() || DisplayIsNamed()) return RunWithWindows(start);
+    if (start.scripted || !start.recorded.empty() || !NamedDisplays().empty()) return RunWithWindows(start);
     PrintRemark("nenhuma tela ao alcance; o programa roda no terminal");
   }
   return RunOnConsole(start);

@@ -58,7 +58,8 @@ std::uint32_t SumAround(std::string_view file, std::size_t numbers) {
   return ~AddToSum(before, file.substr(numbers + kSealNumbers));
 }
 
-// The sum of what makes the program: all that the system loads of the file but the numbers, then the package.
+// The sum of what makes the program: all that the system loads of the file but the numbers, then what the
+// file keeps in sections of its own.
 std::uint32_t SumOfParts(std::string_view file, std::size_t numbers, std::string_view package) {
   std::uint32_t sum = ~std::uint32_t{0};
   for (const std::string_view part : elf::LoadedBytes(file)) {
@@ -70,6 +71,7 @@ std::uint32_t SumOfParts(std::string_view file, std::size_t numbers, std::string
       sum = AddToSum(sum, part);
     }
   }
+  sum = AddToSum(sum, elf::FindSection(file, kWindowsSection).value_or(std::string_view()));
   return ~AddToSum(sum, package);
 }
 

@@ -8,8 +8,8 @@
 //                        the length of the file; 0 in a bare runtime
 //   offset 24   4 bytes  CRC-32 (ISO 3309), lowest byte first: of the segments that the system loads, without
 //   the
-//                        file's header and these 12 bytes, and of the package; in older programs of the whole
-//                        file without these 12 bytes
+//                        file's header and these 12 bytes, of the part with the windows, where there is one,
+//                        and of the package; in older programs of the whole file without these 12 bytes
 #pragma once
 
 #include <array>
@@ -44,6 +44,9 @@ SealState CheckSeal(std::string_view file);
 
 // The section in which the program's image stands.
 inline constexpr std::string_view kPackageSection = ".tessera";
+
+// The section in which the runtime carries the library that shows windows.
+inline constexpr std::string_view kWindowsSection = ".tessera.windows";
 
 // The runtime's bytes with the program's image in a section of its own, and their seal filled in where the
 // runtime has the place for one. What is no executable gets the image behind its last byte.

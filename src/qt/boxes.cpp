@@ -143,19 +143,19 @@ TextInputAnswer ShowEntraTxt(const TextInput& input, QWidget* parent) {
   return dialog.Answer();
 }
 
-void ShowMsgExec() {
+void ShowMsgExec(const std::string& sentence) {
   constexpr int kNoticeWidth = 380;
   QDialog dialog;
   dialog.setObjectName("MsgExec");
   dialog.setWindowTitle("Tessera");
 
-  auto* sentence = new QLabel(QString::fromUtf8(kRuntimeNotice), &dialog);
-  sentence->setObjectName("LblAviso");
-  sentence->setWordWrap(true);
-  sentence->setMinimumWidth(kNoticeWidth);
-  QFont large = sentence->font();
+  auto* notice = new QLabel(QString::fromStdString(sentence), &dialog);
+  notice->setObjectName("LblAviso");
+  notice->setWordWrap(true);
+  notice->setMinimumWidth(kNoticeWidth);
+  QFont large = notice->font();
   large.setPointSizeF(large.pointSizeF() * 1.2);
-  sentence->setFont(large);
+  notice->setFont(large);
   auto* name = new QLabel("Compilador do Tessera", &dialog);
   name->setObjectName("LblNome");
   auto* purpose = new QLabel(QStringLiteral("Utilitário para compilar programas do Tessera"), &dialog);
@@ -169,7 +169,7 @@ void ShowMsgExec() {
   auto* column = new QVBoxLayout(&dialog);
   column->setContentsMargins(28, 24, 28, 20);
   column->setSpacing(10);
-  column->addWidget(sentence);
+  column->addWidget(notice);
   column->addSpacing(8);
   column->addWidget(name);
   column->addWidget(purpose);

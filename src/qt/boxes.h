@@ -1,6 +1,8 @@
 // The modal boxes: messages, the input form of `EntraTexto`, the notice of a bare runtime.
 #pragma once
 
+#include <string>
+
 #include "platform/host.h"
 
 class QWidget;
@@ -11,9 +13,7 @@ namespace tessera {
 BoxAnswer ShowMessageBox(const Box& box, QWidget* parent);
 TextInputAnswer ShowEntraTxt(const TextInput& input, QWidget* parent);
 
-// The notice `MsgExec`: this file is the runtime alone and holds no program.
-inline constexpr const char* kRuntimeNotice =
-    "Este arquivo é o executor do Tessera e não tem um programa dentro. Grave um programa com tessera build.";
-void ShowMsgExec();
+// The notice `MsgExec` of a file that is the runtime alone and holds no program; the sentence is UTF-8.
+void ShowMsgExec(const std::string& sentence);
 
 }  // namespace tessera

@@ -24,6 +24,11 @@ std::string CommandLineOf(const std::vector<std::string>& arguments) {
   return enclosed ? std::string(Unquote(line)) : line;
 }
 
+bool SpeaksOf(std::string_view word, const EditorTexts& editors) {
+  return std::any_of(editors.begin(), editors.end(),
+                     [word](const std::string& text) { return Contains(Upper(text), word); });
+}
+
 std::string FolderText(const std::filesystem::path& folder) {
   return FromUtf8Lossy(folder.string());
 }

@@ -38,6 +38,9 @@ std::string CommandLineOf(const std::vector<std::string>& arguments);
 // known.
 std::string FilePlace(const std::array<std::string, kEditors>& files, std::string_view text);
 
+// Whether a text speaks of the word (in upper case) at all, be it in a comment.
+bool SpeaksOf(std::string_view word, const EditorTexts& editors);
+
 // A folder's path as program text, without a final separator.
 std::string FolderText(const std::filesystem::path& folder);
 

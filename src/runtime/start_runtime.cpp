@@ -1,12 +1,11 @@
 #include "runtime/start_runtime.h"
 
+#include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
-#include <cstdlib>
+#include <filesystem>
 #include <functional>
 #include <iostream>
-#include <memory>
 #include <optional>
 #include <string>
 #include <variant>
@@ -15,24 +14,23 @@
 #include "image/image_reader.h"
 #include "image/mapped_file.h"
 #include "platform/termination.h"
-#include "qt/boxes.h"
-#include "qt/display_probe.h"
-#include "qt/qt_author.h"
-#include "qt/qt_host.h"
-#include "qt/qt_stage.h"
 #include "runtime/console_start.h"
+#include "runtime/display_names.h"
 #include "runtime/handover.h"
 #include "runtime/own_folder.h"
-#include "runtime/program_run.h"
 #include "runtime/program_start.h"
-#include "text/code_page.h"
-#include "text/one_based.h"
+#include "runtime/windows_loader.h"
 
 namespace tessera {
 
 namespace {
 
 constexpr int kNoProgram = 1;
+
+constexpr const char* kNotice =
+    "Este arquivo é o executor do Tessera e não tem um programa dentro. Grave um programa com tessera build.";
+
+using Restart = std::function<void()>;
 
 void Tell(const std::string& message) {
   std::cerr << "tessera-runtime: " << message << '\n';
@@ -58,92 +56,88 @@ std::string Describe(ImageProblem problem) {
   return "o programa dentro deste arquivo está incompleto; grave-o de novo com tessera build";
 }
 
-// Starts this process anew, from its own file and with its own arguments. It does not return, unless the
-// system has no room for it.
-using Restart = std::function<void()>;
-
-// Calls `use` with a host with windows, or answers why there is none. A display that is lost between the
-// asking and the start is met anew by a process that knows of it.
-template <typename Use>
-std::string WithWindows(const Restart& restart, bool showsPages, Use use) {
-  auto probe = std::make_unique<DisplayProbe>();
-  if (!probe->problem().empty()) return probe->problem();
-  QtHost host(
-      [&] {
-        setenv(kNoDisplayVariable, "1", 1);
-        restart();
-      },
-      showsPages);
-  probe.reset();
-  use(host);
-  return {};
+// How a program whose windows can't be shown is run without them, as a person types it.
+std::string WithoutWindows(const ProgramStart& start) {
+  if (!start.isFinished) return "tessera run --console";
+  std::string command = "env";
+  for (const std::string_view variable : NamedDisplays()) command.append(" -u ").append(variable);
+  std::error_code unreadable;
+  return command + " \"" + std::filesystem::read_symlink(kOwnExecutable, unreadable).string() + "\"";
 }
 
-// Whether the program speaks of that at all.
-bool SpeaksOf(std::string_view word, const EditorTexts& editors) {
-  return std::any_of(editors.begin(), editors.end(),
-                     [word](const std::string& text) { return Contains(Upper(text), word); });
+// The person may have no terminal, so a box tells it as well.
+int TellLack(const std::string& lacking) {
+  Tell(lacking);
+  if (isatty(STDERR_FILENO) == 0) ShowByDesktop(lacking);
+  return kNoProgram;
 }
 
-bool ShowsPages(const EditorTexts& editors) {
-  return SpeaksOf("NAVEGADOR", editors);
+// Whether the program speaks of pages of the net at all.
+bool ShowsPages(const ProgramStart& start) {
+  return SpeaksOf("NAVEGADOR", start.program.EditorText);
 }
 
-int RunStart(const ProgramStart& start, const Restart& restart) {
+int RunStart(const ProgramStart& start, std::string_view file, const Restart& restart) {
   termination::Install(false);
-  int status = 0;
-  const std::string noDisplay = WithWindows(restart, ShowsPages(start.program.EditorText), [&](QtHost& host) {
-    // A finished program is silent; a program that is being written tells where it failed.
-    if (!start.isFinished)
-      host.TellPlaces([&](std::string_view text) { return FilePlace(start.files, text); },
-                      isatty(STDERR_FILENO) != 0);
-    reports::ReportHost silent;  // its windows show all that there is to tell
-    status = RunProgram(start, host.host(), host, {.reports = silent, .media = host});
-  });
-  if (noDisplay.empty()) return status;
-  Tell(noDisplay + "; o programa roda no terminal");
+  const LoadedWindows loaded = LoadWindows(file, {.restart = restart, .showsPages = ShowsPages(start)});
+  if (loaded.found.windows) return loaded.found.windows->Run(start);
+  // OPEN: with a display and without the libraries of the windows a program does not run. The person may have
+  // no terminal, where it would wait unseen.
+  if (!loaded.lacking.empty())
+    return TellLack(loaded.lacking + "; ou execute sem janelas: " + WithoutWindows(start));
+  Tell(loaded.found.problem + "; o programa roda no terminal");
   return RunOnConsole(start);
 }
 
-// Where there is no display, the windows stand on one that nobody sees.
-int RunScripted(const ProgramStart& start, const Restart& restart) {
-  if (!DisplayProbe().problem().empty()) setenv("QT_QPA_PLATFORM", "offscreen", 1);
-  int status = 0;
-  const std::string noDisplay = WithWindows(restart, false, [&](QtHost& host) {
-    QtStage stage(host);
-    status = RunOnStage(start, stage);
-  });
-  if (noDisplay.empty()) return status;
-  Tell(noDisplay);
-  return kNoProgram;
+int RunScripted(const ProgramStart& start, std::string_view file, const Restart& restart) {
+  const LoadedWindows loaded = LoadWindows(file, {.restart = restart, .mayStandUnseen = true});
+  if (loaded.found.windows) return loaded.found.windows->RunScripted(start);
+  return TellLack(loaded.lacking + "; ou execute sem janelas: " + WithoutWindows(start));
 }
 
 // A person needs windows that can be seen.
-int RunForAuthor(const ProgramStart& start, const Restart& restart) {
-  int status = 0;
-  const std::string noDisplay = WithWindows(restart, ShowsPages(start.program.EditorText), [&](QtHost& host) {
-    QtStage stage(host, QtStage::Led::ByPerson);
-    QtAuthor author(host, SpeaksOf("MOUSE", start.program.EditorText));
-    status = RunRecorded(start, stage, author);
-  });
-  if (noDisplay.empty()) return status;
-  Tell(noDisplay + "; um roteiro só se grava com janelas");
+int RunForAuthor(const ProgramStart& start, std::string_view file, const Restart& restart) {
+  const LoadedWindows loaded = LoadWindows(file, {.restart = restart, .showsPages = ShowsPages(start)});
+  if (loaded.found.windows) return loaded.found.windows->RunForAuthor(start);
+  if (!loaded.lacking.empty()) return TellLack(loaded.lacking);
+  Tell(loaded.found.problem + "; um roteiro só se grava com janelas");
   return kNoProgram;
 }
 
-// A file whose program cannot be read: the person may have no terminal, so a box tells it as well.
-int TellDamage(ImageProblem problem, const Restart& restart) {
+// Shows a box of the runtime itself, if that can be; whether it was. A display that refuses the start calls
+// `refused`, which must not return.
+bool ShowInWindow(std::string_view file, const std::function<void()>& refused,
+                  const std::function<void(Windows&)>& show) {
+  const LoadedWindows loaded = LoadWindows(file, {.restart = refused});
+  if (loaded.found.windows) show(*loaded.found.windows);
+  return loaded.found.windows != nullptr;
+}
+
+// A file whose program cannot be read: the person may have no terminal, so a box tells it as well. What is
+// damaged may be the windows themselves, so they are opened by a process that may fail.
+int TellDamage(ImageProblem problem, std::string_view file) {
   const std::string message = Describe(problem);
-  const std::string noDisplay = WithWindows(restart, false, [&](QtHost& host) {
-    Tell(message);
-    host.ShowBox({.text = FromUtf8Lossy(message), .title = "Tessera", .icon = BoxIcon::Critical});
-  });
-  if (!noDisplay.empty()) Tell(message);
+  Tell(message);
+  if (NamedDisplays().empty()) return kNoProgram;
+  const pid_t child = fork();
+  if (child == 0) {
+    const bool isShown = ShowInWindow(
+        file, [] { _exit(kNoProgram); }, [&](Windows& windows) { windows.TellTrouble(message); });
+    _exit(isShown ? 0 : kNoProgram);
+  }
+  int status = kNoProgram;
+  if ((child < 0 || waitpid(child, &status, 0) < 0 || status != 0) && isatty(STDERR_FILENO) == 0)
+    ShowByDesktop(message);
   return kNoProgram;
 }
 
-int ShowNotice(const Restart& restart) {
-  if (!WithWindows(restart, false, [](QtHost&) { ShowMsgExec(); }).empty()) Tell(kRuntimeNotice);
+int ShowNotice(std::string_view file) {
+  const auto tellOnTerminal = [] {
+    Tell(kNotice);
+    _exit(kNoProgram);
+  };
+  if (!ShowInWindow(file, tellOnTerminal, [](Windows& windows) { windows.TellNotice(kNotice); }))
+    tellOnTerminal();
   return kNoProgram;
 }
 
@@ -155,20 +149,20 @@ int StartRuntime(int argc, char** argv) {
     Tell("o próprio arquivo não pode ser lido");
     return kNoProgram;
   }
-  const Restart restart = [argv] { execv(kOwnExecutable, argv); };
-  auto read = ReadProgram(image->bytes());
+  const std::string_view file = image->bytes();
+  auto read = ReadProgram(file);
   if (PackedProgram* program = std::get_if<PackedProgram>(&read)) {
-    return RunStart({std::move(*program), OwnFolder(), CommandLineOf({argv + 1, argv + argc}), true},
-                    restart);
+    return RunStart({std::move(*program), OwnFolder(), CommandLineOf({argv + 1, argv + argc}), true}, file,
+                    [argv] { execv(kOwnExecutable, argv); });
   }
   const ImageProblem problem = std::get<ImageProblem>(read);
-  if (problem != ImageProblem::NoProgram) return TellDamage(problem, restart);
+  if (problem != ImageProblem::NoProgram) return TellDamage(problem, file);
   if (const std::optional<ProgramStart> left = TakeHandover(argc, argv)) {
     const Restart anew = [&left] { BecomeRuntime(kOwnExecutable, *left); };
-    if (!left->recorded.empty()) return RunForAuthor(*left, anew);
-    return left->scripted ? RunScripted(*left, anew) : RunStart(*left, anew);
+    if (!left->recorded.empty()) return RunForAuthor(*left, file, anew);
+    return left->scripted ? RunScripted(*left, file, anew) : RunStart(*left, file, anew);
   }
-  return ShowNotice(restart);
+  return ShowNotice(file);
 }
 
 }  // namespace tessera

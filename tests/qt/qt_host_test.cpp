@@ -580,13 +580,14 @@ TEST_F(QtHostTest, AWindowIsShapedByTheColourThatIsCutOut) {
 TEST_F(QtHostTest, TheNoticeOfABareRuntimeTellsWhatItIs) {
   When shown("MsgExec", [](QWidget& notice) {
     EXPECT_EQ(notice.windowTitle(), "Tessera");
+    EXPECT_EQ(notice.findChild<QLabel*>("LblAviso")->text(), QStringLiteral("Não há programa."));
     EXPECT_EQ(notice.findChild<QLabel*>("LblNome")->text(), "Compilador do Tessera");
     EXPECT_EQ(notice.findChild<QLabel*>("LblDescricao")->text(),
               QStringLiteral("Utilitário para compilar programas do Tessera"));
     EXPECT_EQ(notice.findChild<QLabel*>("LblVersao")->text(), QStringLiteral("VERSÃO 1.0.71"));
     QTest::mouseClick(notice.findChild<QPushButton*>("BtnOK"), Qt::LeftButton);
   });
-  ShowMsgExec();
+  ShowMsgExec("Não há programa.");
 }
 
 }  // namespace tessera::test

@@ -121,8 +121,10 @@ TEST_F(Runtime, TellsADamagedCopy) {
   flipped[image + 3] = static_cast<char>(flipped[image + 3] ^ 4);
   std::string otherSource = whole;
   otherSource[image + 40] = static_cast<char>(otherSource[image + 40] ^ 1);
-  std::string otherText = whole;
-  otherText[whole.find("Compilador do Tessera")] = 'c';
+  const auto without = [&](const std::string& text) {
+    std::string other = whole;
+    return other.replace(other.find(text), 1, "?");
+  };
   struct Case {
     const char* what;
     std::string bytes;
@@ -135,7 +137,8 @@ TEST_F(Runtime, TellsADamagedCopy) {
       {"within the runtime's tables", whole.substr(0, image - 100), "cortado"},
       {"marker", flipped, "danificado"},
       {"source", otherSource, "danificado"},
-      {"texts of the runtime", otherText, "danificado"},
+      {"texts of the runtime", without("a saída do programa"), "danificado"},
+      {"texts of its windows", without("Compilador do Tessera"), "danificado"},
   };
   for (const Case& c : cases) {
     const std::string file = folder_.Write("damaged", c.bytes);
@@ -156,19 +159,138 @@ TEST_F(Runtime, AToolOfPackagesLeavesTheProgramWhole) {
       {"/usr/bin/objcopy", "--remove-section=.gnu.version_d"},
   };
   for (std::vector<std::string> call : tools) {
-    const std::string file = Build("jogo", "Escreva 1");
+    const std::string file = Build("jogo", "Escreva 1\nFimJanela");
     call.push_back(file);
     for (int times = 0; times < 2; ++times) {
       ASSERT_EQ(RunProcess({.words = call}).status, 0) << call[0];
       const ProcessResult result = WithoutDisplay({file});
       EXPECT_EQ(result.out, "1\n") << call[0] << " " << result.err;
+      const ProcessResult inWindows = Offscreen({file});
+      EXPECT_EQ(inWindows.status, 0) << call[0] << " " << inWindows.err;
+      EXPECT_EQ(inWindows.out + inWindows.err, "") << call[0];
     }
   }
-  const std::string file = Build("jogo", "Escreva 1");
-  ASSERT_EQ(RunProcess({.words = {"/usr/bin/objcopy", "--remove-section=.tessera", file}}).status, 0);
-  const ProcessResult taken = WithoutDisplay({file});
-  EXPECT_EQ(taken.status, 1);
-  EXPECT_NE(taken.err.find("falta o seu fim"), std::string::npos) << taken.err;
+  const std::pair<const char*, const char*> taken[] = {{".tessera", "falta o seu fim"},
+                                                       {".tessera.windows", "danificado"}};
+  for (const auto& [section, says] : taken) {
+    const std::string file = Build("jogo", "Escreva 1");
+    const std::string remove = std::string("--remove-section=") + section;
+    ASSERT_EQ(RunProcess({.words = {"/usr/bin/objcopy", remove, file}}).status, 0);
+    const ProcessResult result = WithoutDisplay({file});
+    EXPECT_EQ(result.status, 1) << section;
+    EXPECT_NE(result.err.find(says), std::string::npos) << section << ": " << result.err;
+  }
+}
+
+// A machine without the libraries of the windows, which a runtime is told to find under names that no machine
+// has.
+class WithoutLibraries : public Runtime {
+ protected:
+  // The bytes with each of these names turned into one that nobody has.
+  static std::string Without(const std::vector<std::string>& libraries, std::string bytes) {
+    for (const std::string& library : libraries) {
+      std::size_t found = 0;
+      for (std::size_t at = bytes.find(library); at != std::string::npos; at = bytes.find(library, at)) {
+        bytes[at + 3] = 'q';  // "libqt6..."
+        ++found;
+      }
+      EXPECT_GT(found, 0U) << library;
+    }
+    return bytes;
+  }
+  // Where the part with the windows begins.
+  static std::size_t PartOf(const std::string& file) {
+    return file.find(
+        "\x7F"
+        "ELF\x02\x01\x01",
+        4);
+  }
+  std::string Executable(const std::string& name, const std::string& bytes) {
+    const std::string file = folder_.Write(name, bytes);
+    std::filesystem::permissions(file, std::filesystem::perms::owner_all);
+    return file;
+  }
+  // As a person starts it who has no terminal, on a desktop with a program for boxes.
+  ProcessResult FromTheDesktop(std::vector<std::string> words) {
+    std::filesystem::remove(folder_ / "caixa");
+    Executable("mesa/zenity", "#!/bin/sh\nprintf '%s\\n' \"$@\" > '" + (folder_ / "caixa.novo") + "'\nmv '" +
+                                  (folder_ / "caixa.novo") + "' '" + (folder_ / "caixa") + "'\n");
+    return RunProcess({.words = std::move(words),
+                       .environment = {"QT_QPA_PLATFORM=offscreen", "DISPLAY", "WAYLAND_DISPLAY",
+                                       "PATH=" + (folder_ / "mesa") + ":/usr/bin:/bin"}});
+  }
+  // What the box said, which comes when it comes; empty where none was shown.
+  std::string Box() {
+    for (int i = 0; i < 500 && !std::filesystem::exists(folder_ / "caixa"); ++i)
+      std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    return ReadBytes(folder_ / "caixa");
+  }
+};
+
+TEST_F(WithoutLibraries, TheWindowsTellWhatTheyLackAndTheTerminalNeedsNone) {
+  const std::string runtime = Executable(
+      "tessera-runtime", Without({"libQt6Widgets.so.6", "libQt6Svg.so.6"}, ReadBytes(TESSERA_RUNTIME)));
+  const std::string source = folder_.Write("jogo.tsc", "Escreva 1\nFimJanela");
+  const ProcessResult built = RunProcess({.words = {TESSERA_TOOL, "build", source, "--runtime", runtime}});
+  ASSERT_EQ(built.status, 0) << built.err;
+  const std::string missing =
+      "as janelas precisam de bibliotecas que faltam nesta máquina: "
+      "libqt6Widgets.so.6 (pacote libqt6widgets6), libqt6Svg.so.6 (pacote libqt6svg6); instale com: sudo apt "
+      "install libqt6widgets6 libqt6svg6; ou execute sem janelas: ";
+
+  const ProcessResult packed = FromTheDesktop({folder_ / "jogo"});
+  EXPECT_EQ(packed.status, 1);
+  EXPECT_EQ(packed.out, "");
+  const std::string words = missing + "env -u QT_QPA_PLATFORM \"" + (folder_ / "jogo") + "\"";
+  EXPECT_EQ(packed.err, "tessera-runtime: " + words + "\n");
+  EXPECT_EQ(Box(), "--error\n--no-markup\n--title=Tessera\n--text=" + words + "\n");
+  EXPECT_EQ(WithoutDisplay({folder_ / "jogo"}).out, "1\n");
+
+  const std::string tool = Executable("tessera", ReadBytes(TESSERA_TOOL));
+  for (const std::vector<std::string>& more : {std::vector<std::string>{}, {"--script", "/dev/null"}}) {
+    std::vector<std::string> call = {tool, "run", source};
+    call.insert(call.end(), more.begin(), more.end());
+    const ProcessResult run = FromTheDesktop(call);
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.err, "tessera-runtime: " + missing + "tessera run --console\n");
+  }
+  EXPECT_EQ(RunProcess({.words = {tool, "run", "--console", source}}).out, "1\n");
+}
+
+// A library that no list of ours has, and a part that is none.
+TEST_F(WithoutLibraries, WhatTheLoaderSaysIsToldWhereItIsNoneOfTheKnownOnes) {
+  const std::string whole = ReadBytes(TESSERA_RUNTIME);
+  const std::size_t part = PartOf(whole);
+  ASSERT_NE(part, std::string::npos);
+  const std::string every = "libqt6widgets6 libqt6gui6 libqt6core6 libqt6printsupport6 libqt6svg6";
+  const std::string source = folder_.Write("jogo.tsc", "Escreva 1\nFimJanela");
+  const auto run = [&](const std::string& runtime) {
+    RunProcess({.words = {TESSERA_TOOL, "build", source, "--runtime", runtime}});
+    return FromTheDesktop({folder_ / "jogo"}).err;
+  };
+  std::string said = run(
+      Executable("tessera-runtime", whole.substr(0, part) + Without({"libQt6Svg.so.6"}, whole.substr(part))));
+  EXPECT_NE(said.find("faltam nesta máquina: libqt6Svg.so.6; instale com: sudo apt install " + every),
+            std::string::npos)
+      << said;
+  std::string noPart = whole;
+  noPart.replace(part, 4, "nada");
+  said = run(Executable("tessera-runtime", noPart));
+  EXPECT_NE(said.find("não puderam ser carregadas ("), std::string::npos) << said;
+  EXPECT_NE(said.find("invalid ELF header); instale com: sudo apt install " + every), std::string::npos)
+      << said;
+}
+
+// Windows that are damaged themselves can't say so.
+TEST_F(WithoutLibraries, DamageOfTheWindowsIsToldByTheDesktop) {
+  std::string bytes = ReadBytes(Build("jogo", "Escreva 1"));
+  const std::size_t part = PartOf(bytes);
+  ASSERT_NE(part, std::string::npos);
+  bytes.replace(part, 40, std::string(40, '\0'));
+  const ProcessResult result = FromTheDesktop({Executable("danificado", bytes)});
+  EXPECT_EQ(result.status, 1);
+  EXPECT_NE(result.err.find("este arquivo está danificado"), std::string::npos) << result.err;
+  EXPECT_NE(Box().find("--text=este arquivo está danificado"), std::string::npos);
 }
 
 // Older copies, which have no seal, tell what their package tells.
@@ -204,7 +326,9 @@ TEST_F(Runtime, ADisplayThatRefusesTheStartLeavesTheTerminal) {
     const ProcessResult left = run({TESSERA_TOOL, "run", folder_ / "jogo.tsc", "--", "dois"});
     EXPECT_EQ(left.status, 0) << platform << left.err;
     EXPECT_EQ(left.out, "dois\n") << platform;
-    EXPECT_EQ(run({TESSERA_RUNTIME}).status, 1) << platform;
+    const ProcessResult bare = run({TESSERA_RUNTIME});
+    EXPECT_EQ(bare.status, 1) << platform;
+    EXPECT_NE(bare.err.find("não tem um programa dentro"), std::string::npos) << platform << bare.err;
   }
 }
 

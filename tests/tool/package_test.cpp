@@ -43,23 +43,64 @@ TEST(ProgramNeeds, AreToldByTheWordsThatAProgramUses) {
 }
 
 #ifdef TESSERA_DESKTOP
-// What the runtime's file names is what every program is said to need.
-TEST(ProgramNeeds, AreThoseOfTheRuntimesFile) {
-  const std::string runtime = fs::path(TESSERA_TOOL).parent_path() / "tessera-runtime";
-  const std::string said = RunProcess({.words = {"/usr/bin/readelf", "-d", runtime}}).out;
+std::string Runtime() {
+  return fs::path(TESSERA_TOOL).parent_path() / "tessera-runtime";
+}
+
+// The library inside the runtime's file that shows windows.
+std::string Windows(const TemporaryFolder& folder) {
+  std::string file = folder / "janelas.so";
+  EXPECT_EQ(RunProcess({.words = {"/usr/bin/objcopy", "--dump-section", ".tessera.windows=" + file, Runtime(),
+                                  "/dev/null"}})
+                .status,
+            0);
+  return file;
+}
+
+std::vector<std::string> LibrariesOf(const std::string& file) {
+  const std::string said = RunProcess({.words = {"/usr/bin/readelf", "-d", file}}).out;
   const std::regex needed("\\(NEEDED\\).*\\[(.*)\\]");
+  std::vector<std::string> libraries;
+  for (std::sregex_iterator line(said.begin(), said.end(), needed), end; line != end; ++line)
+    libraries.push_back((*line)[1]);
+  return libraries;
+}
+
+// What the runtime's file and its windows name is what every program is said to need; without windows none of
+// theirs is loaded.
+TEST(ProgramNeeds, AreThoseOfTheRuntimesFile) {
+  const TemporaryFolder folder;
+  std::vector<std::string> libraries = LibrariesOf(Runtime());
+  for (const std::string& library : libraries) EXPECT_FALSE(library.starts_with("libQt6")) << library;
+  const std::vector<std::string> ofWindows = LibrariesOf(Windows(folder));
+  EXPECT_EQ(std::count(ofWindows.begin(), ofWindows.end(), "libQt6Widgets.so.6"), 1);
+  libraries.insert(libraries.end(), ofWindows.begin(), ofWindows.end());
   const std::vector<NeededPackage> always = NeedsOf({});
-  int found = 0;
-  for (std::sregex_iterator line(said.begin(), said.end(), needed), end; line != end; ++line, ++found) {
-    const std::string library = (*line)[1];
+  for (const std::string& library : libraries) {
     if (library == "libm.so.6" || library.starts_with("libasan") || library.starts_with("libubsan")) continue;
     EXPECT_TRUE(std::any_of(always.begin(), always.end(), [&](const auto& row) {
       return row.library == library;
     })) << library;
   }
-  EXPECT_GT(found, 5);
-  for (const NeededPackage& row : always) EXPECT_TRUE(IsOnThisMachine(row)) << row.library;
+  for (const NeededPackage& row : always) {
+    EXPECT_EQ(std::count(libraries.begin(), libraries.end(), row.library) > 0, true) << row.library;
+    EXPECT_TRUE(IsOnThisMachine(row)) << row.library;
+  }
   EXPECT_FALSE(IsOnThisMachine({"tessera-nada", "libtessera_nada.so", ""}));
+}
+
+// The newest version of the C library that the files' symbols ask for, as the system's reader of executables
+// tells it.
+std::string NewestGlibcOf(const std::vector<std::string>& files) {
+  const std::regex version("Name: GLIBC_2\\.([0-9]+)");
+  int newest = 0;
+  for (const std::string& file : files) {
+    const std::string told = RunProcess({.words = {"/usr/bin/readelf", "--version-info", file}}).out;
+    for (std::sregex_iterator found(told.begin(), told.end(), version), end; found != end; ++found)
+      newest = std::max(newest, std::stoi((*found)[1]));
+  }
+  EXPECT_GT(newest, 0);
+  return "2." + std::to_string(newest);
 }
 
 class Package : public testing::Test {
@@ -83,6 +124,11 @@ TEST_F(Package, KeepsEachUsersRecordsAndRenewsTheProgram) {
   ASSERT_EQ(Build({"--deb", "--deb-version", "2.1", "--include", "conta.txt", "fotos/"}).status, kDone);
   const std::string deb = folder_ / "loja-acao_2.1_amd64.deb";
   ASSERT_TRUE(fs::exists(deb)) << "on another machine than this one's kind the name tells it";
+  const std::string depends = RunProcess({.words = {"/usr/bin/dpkg-deb", "-f", deb, "Depends"}}).out;
+  EXPECT_NE(depends.find("libc6 (>= " + NewestGlibcOf({Runtime(), Windows(folder_)}) + ")"),
+            std::string::npos)
+      << depends;
+  EXPECT_NE(depends.find("libqt6widgets6"), std::string::npos) << depends;
   ASSERT_EQ(RunProcess({.words = {"/usr/bin/dpkg-deb", "-x", deb, folder_ / "raiz"}}).status, 0);
   EXPECT_TRUE(fs::exists(Unpacked("usr/lib/loja-acao/fotos/uma.txt")));
   EXPECT_NE(
