@@ -1,6 +1,7 @@
 #include "checker/commands.h"
 
 #include <algorithm>
+#include <array>
 
 #include "checker/calls.h"
 #include "checker/near.h"
@@ -94,6 +95,7 @@ void CheckSuffix(Context& context, const Word& word, const Token& name, Tokens b
     return;
   }
   CheckObject(context, word, name, object);
+  if (CheckCuts(context, behind, nullptr, false, Place::Argument)) return;
   CheckValues(context, word, *form, behind, name);
 }
 
@@ -301,6 +303,7 @@ void CheckPrefixed(Context& context, const Word& word, Tokens tokens) {
                  NearForm(word.more.keywords, written));
     return;
   }
+  if (CheckCuts(context, tokens.subspan(1), nullptr, false, Place::Argument)) return;
   CheckArguments(context, word, form->arguments, ValuesBehind(tokens.subspan(1)), tokens[0]);
 }
 
@@ -365,6 +368,9 @@ bool CheckValueOfObject(Context& context, const Word& word, const Token& name, T
   return true;
 }
 
+// Letters that hardly stand twice in a row but for a part of a date.
+constexpr std::array<std::string_view, 6> kDateParts = {"DD", "MM", "YY", "HH", "NN", "SS"};
+
 void CheckFormat(Context& context, Tokens format) {
   if (format.size() != 1 || !format[0].IsLiteral()) return;
   const std::string_view pattern = Bare(format[0]);
@@ -392,6 +398,15 @@ void CheckFormat(Context& context, Tokens format) {
   const bool isDate = !Contains(folded, "AA") && folded.find_first_of("DMYHNS") != std::string::npos &&
                       folded.find_first_not_of("DMYHNSAP/:-. ,") == std::string::npos;
   if (isDate) return;
+  const bool holdsDate = std::any_of(kDateParts.begin(), kDateParts.end(),
+                                     [&](std::string_view part) { return Contains(folded, part); });
+  if (holdsDate && !Contains(folded, "AA")) {
+    context.Tell(rule::kFormat, format[0],
+                 "em um formato de data as letras d, m, y, h, n e s são sempre trocadas, também dentro de " +
+                     Shown(pattern),
+                 "junte os pedaços: x = Formata(data, \"dd\") & \" de \" & Formata(data, \"mmmm\")");
+    return;
+  }
   context.Tell(rule::kFormat, format[0],
                "o formato " + Shown(pattern) + " não tem lugar para um número nem para uma data",
                folded.find('A') != std::string::npos && folded.find('D') != std::string::npos
