@@ -82,8 +82,9 @@ bool IsNothing(Tokens right) {
 void CheckCompanion(Context& context, const Token& name, Tokens behind) {
   const Variable* variable = context.names.FindVariable(name.upper);
   if (variable == nullptr || variable->origin != Origin::Companion) return;
-  const std::size_t point = name.text.find('.');
+  const std::size_t point = name.text.rfind('.');
   const std::span<const ObjectRef> made = context.names.FindObjects(Upper(Left(name.text, point)));
+  if (made.empty()) return;
   const std::string_view family = made[0].object->family;
   const bool isOne = std::all_of(made.begin(), made.end(),
                                  [&](const ObjectRef& other) { return other.object->family == family; });

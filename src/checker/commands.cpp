@@ -7,6 +7,7 @@
 #include "checker/near.h"
 #include "checker/reading.h"
 #include "language/families.h"
+#include "language/spelling.h"
 #include "language/words.h"
 #include "text/one_based.h"
 
@@ -38,10 +39,10 @@ const WordForm* FindFormAnyCase(std::span<const WordForm> forms, std::string_vie
 
 std::string NearForm(std::span<const WordForm> forms, std::string_view written) {
   Nearest nearest(written);
-  for (const WordForm& form : forms) nearest.Show(form.word);
+  for (const WordForm& form : forms) nearest.Show(Spelled(form.word));
   if (!nearest.found().empty()) return "você quis dizer " + Shown(nearest.found()) + "?";
   std::string list;
-  for (const WordForm& form : forms) list += (list.empty() ? "" : ", ") + std::string(form.word);
+  for (const WordForm& form : forms) list += (list.empty() ? "" : ", ") + Spelled(form.word);
   return "as palavras são " + list;
 }
 
@@ -282,7 +283,7 @@ void CheckSqlPath(Context& context, const Word& word, const Token& path, Tokens 
     Nearest nearest(last);
     for (const WordForm& known : word.more.keywords) {
       const bool isSame = std::count(known.word.begin(), known.word.end(), '.') == points;
-      if (isSame) nearest.Show(known.word.substr(known.word.rfind('.') + 1));
+      if (isSame) nearest.Show(Spelled(known.word.substr(known.word.rfind('.') + 1)));
     }
     context.Tell(rule::kUnknownKeyword, path, "SQL não tem a palavra " + Shown(last),
                  nearest.found().empty() ? "um campo se muda com \"=\": SQL Base.Tabela.Campo = valor"
