@@ -33,13 +33,22 @@ class Tool : public testing::Test {
 };
 
 TEST_F(Tool, HelpIsInPortuguese) {
-  for (const std::vector<std::string>& call : std::vector<std::vector<std::string>>{
-           {"--help"}, {"run", "--help"}, {"build", "-h"}, {"check", "-h"}, {"show", "-h"}, {"new", "-h"}}) {
+  for (const std::vector<std::string>& call : std::vector<std::vector<std::string>>{{"--help"},
+                                                                                    {"run", "--help"},
+                                                                                    {"build", "-h"},
+                                                                                    {"check", "-h"},
+                                                                                    {"show", "-h"},
+                                                                                    {"new", "-h"},
+                                                                                    {"test", "-h"},
+                                                                                    {"record", "-h"},
+                                                                                    {"bd", "-h"},
+                                                                                    {"bd", "export", "-h"},
+                                                                                    {"bd", "import", "-h"}}) {
     const ProcessResult help = Call(call);
     EXPECT_EQ(help.status, kDone);
     EXPECT_NE(help.out.find("Uso: tessera"), std::string::npos) << help.out;
-    for (const char* english :
-         {"Usage", "Options", "Positionals", "Subcommands", "OPTIONS", "REQUIRED", "TEXT"}) {
+    for (const char* english : {"Usage", "Options", "Positionals", "Subcommands", "OPTIONS", "REQUIRED",
+                                "Excludes", "{", " in [", "... ..."}) {
       EXPECT_EQ(help.out.find(english), std::string::npos) << help.out;
     }
   }
