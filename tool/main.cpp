@@ -134,6 +134,7 @@ class CommandLine {
         "--no-check", [this] { run_.check = false; }, "Não verifica o programa antes");
     run->add_flag("--plain", run_.plain,
                   "Executa só pelas regras simples, sem as formas rápidas, para comparar");
+    run->add_flag("--failures", run_.failures, "Conta também as falhas que terminam uma rotina em silêncio");
     run->add_option("--script", run_.script, "Roteiro de eventos que conduz as janelas; - é a entrada padrão")
         ->type_name("ARQUIVO");
     run->add_option("--record", run_.record,

@@ -98,7 +98,12 @@ int RunStart(const ProgramStart& start, const Restart& restart) {
       host.TellPlaces([&](std::string_view text) { return FilePlace(start.files, text); },
                       isatty(STDERR_FILENO) != 0);
     reports::ReportHost silent;  // its windows show all that there is to tell
-    status = RunProgram(start, host.host(), host, {.reports = silent, .media = host});
+    const auto tellFailure = [&host](std::string_view what, std::string_view position,
+                                     std::string_view description) {
+      host.TellFailure(what, position, description);
+    };
+    status = RunProgram(start, host.host(), host,
+                        {.reports = silent, .media = host, .hiddenFailures = tellFailure});
   });
   if (noDisplay.empty()) return status;
   Tell(noDisplay + "; o programa roda no terminal");
