@@ -18,6 +18,8 @@ namespace tessera {
 
 namespace {
 
+constexpr std::string_view kStandardOutput = "-";
+
 // Calls `use` with each live record; the number of damaged ones, whose readable fields are used all the same.
 std::int32_t ForEachLive(const BdFile& bd, const std::function<void(const TsaRecord&)>& use) {
   std::int32_t damaged = 0;
@@ -41,8 +43,8 @@ std::string CsvField(const std::string& utf8) {
   return quoted + "\"";
 }
 
-std::variant<std::int32_t, std::string> ExportCsv(const BdFile& bd, const std::string& path) {
-  std::ofstream out(path, std::ios::binary);
+// Returns the number of damaged records.
+std::int32_t WriteCsv(const BdFile& bd, std::ostream& out) {
   const auto line = [&](const std::vector<std::string>& fields) {
     for (std::size_t i = 0; i < fields.size(); ++i) out << (i == 0 ? "" : ";") << CsvField(fields[i]);
     out << "\r\n";
@@ -50,12 +52,19 @@ std::variant<std::int32_t, std::string> ExportCsv(const BdFile& bd, const std::s
   std::vector<std::string> fields;
   for (const TsaField& field : bd.header.fields) fields.push_back(ToUtf8(field.name));
   line(fields);
-  const std::int32_t damaged = ForEachLive(bd, [&](const TsaRecord& record) {
+  return ForEachLive(bd, [&](const TsaRecord& record) {
     for (std::size_t i = 0; i < fields.size(); ++i) {
       fields[i] = record.values[i] ? ToUtf8(record.values[i]->ToText()) : "";
     }
     line(fields);
   });
+}
+
+// What the standard output refuses is told when the tool ends.
+std::variant<std::int32_t, std::string> ExportCsv(const BdFile& bd, const std::string& path) {
+  if (path == kStandardOutput) return WriteCsv(bd, std::cout);
+  std::ofstream out(path, std::ios::binary);
+  const std::int32_t damaged = WriteCsv(bd, out);
   out.close();
   if (!out) return path + ": não pode ser gravado";
   return damaged;
@@ -152,13 +161,15 @@ int Refuse(const std::string& message) {
 int BdExportSubcommand(const BdExportCall& call) {
   if (call.csv.empty() == call.sqlite.empty()) return Refuse("diga uma saída: --csv SAÍDA ou --sqlite SAÍDA");
   const std::string& path = call.csv.empty() ? call.sqlite : call.csv;
+  if (call.sqlite == kStandardOutput)
+    return Refuse("um banco SQLite não vai à saída padrão; dê o nome de um arquivo");
   const auto opened = OpenBdFile(call.file);
   if (const auto* message = std::get_if<std::string>(&opened)) return Refuse(*message);
   const BdFile& bd = std::get<BdFile>(opened);
   if (ToUtf8(bd.header.password) != call.password) {
     return Refuse(call.file + ": o banco de dados pede senha; dê a senha certa com --senha");
   }
-  if (access(path.c_str(), F_OK) == 0)
+  if (path != kStandardOutput && access(path.c_str(), F_OK) == 0)
     return Refuse(path + ": já existe; apague o arquivo ou escolha outro nome");
   std::variant<std::int32_t, std::string> result;
   if (const auto failure =

@@ -19,9 +19,18 @@ namespace {
 
 constexpr const char* kProgramHelp = "Arquivo Nome.tsc, ou pasta com os editores do programa";
 
+// Behind an option stands the name of its value alone; what values it takes, its sentence says.
+class PlainFormatter : public CLI::Formatter {
+ public:
+  std::string make_option_opts(const CLI::Option* option) const override {
+    const std::string value = option->get_type_name();
+    return value.empty() ? "" : " " + value.substr(0, value.find(':'));
+  }
+};
+
 // Help in Portuguese.
 std::shared_ptr<CLI::Formatter> PortugueseHelp() {
-  auto formatter = std::make_shared<CLI::Formatter>();
+  auto formatter = std::make_shared<PlainFormatter>();
   formatter->label("Usage", "Uso");
   formatter->label("OPTIONS", "OPÇÕES");
   formatter->label("Positionals", "Argumentos");
@@ -29,8 +38,6 @@ std::shared_ptr<CLI::Formatter> PortugueseHelp() {
   formatter->label("SUBCOMMAND", "COMANDO");
   formatter->label("SUBCOMMANDS", "COMANDO");
   formatter->label("Subcommands", "Comandos");
-  formatter->label("TEXT", "TEXTO");
-  formatter->label("REQUIRED", "");
   formatter->column_width(34);
   return formatter;
 }
@@ -123,12 +130,15 @@ class CommandLine {
     CLI::App* run =
         AddWithProgram("run", "Executa um programa", run_.program, [this] { return RunSubcommand(run_); });
     run->add_flag("--console", run_.console, "Executa no terminal, sem janelas");
-    run->add_flag("!--no-check", run_.check, "Não verifica o programa antes");
+    run->add_flag_callback(
+        "--no-check", [this] { run_.check = false; }, "Não verifica o programa antes");
     run->add_flag("--plain", run_.plain,
                   "Executa só pelas regras simples, sem as formas rápidas, para comparar");
+    run->add_flag("--failures", run_.failures, "Conta também as falhas que terminam uma rotina em silêncio");
     run->add_option("--script", run_.script, "Roteiro de eventos que conduz as janelas; - é a entrada padrão")
         ->type_name("ARQUIVO");
-    run->add_option("--record", run_.record, "Grava em um roteiro o que se faz nas janelas")
+    run->add_option("--record", run_.record,
+                    "Grava em um roteiro o que se faz nas janelas; não com --script nem --console")
         ->type_name("ARQUIVO")
         ->excludes("--script")
         ->excludes("--console");
@@ -172,10 +182,12 @@ class CommandLine {
     test->add_flag("--windows", test_.windows, "Com janelas de verdade, que ninguém vê");
     test->add_option("--junit", test_.junit, "Grava os resultados em XML, para serviços")
         ->type_name("ARQUIVO");
-    test->add_option("--jobs", test_.jobs, "Quantos testes ao mesmo tempo; sem ele, um por núcleo")
+    test->add_option("--jobs", test_.jobs,
+                     "Quantos testes ao mesmo tempo, de 1 a 256; sem ele, um por núcleo")
         ->type_name("N")
         ->check(CLI::Range(1, 256));
-    test->add_option("--timeout", test_.patience, "Segundos que um teste pode durar; sem ele, 60")
+    test->add_option("--timeout", test_.patience,
+                     "Segundos que um teste pode durar, de 1 a 3600; sem ele, 60")
         ->type_name("N")
         ->check(CLI::Range(1, 3600));
     test->footer(
@@ -239,7 +251,8 @@ class CommandLine {
         [this] { return BdRepairSubcommand(name_); });
     CLI::App* exported = add("export", "Grava os registros em outro formato", export_.file,
                              [this] { return BdExportSubcommand(export_); });
-    exported->add_option("--csv", export_.csv, "Texto com ponto e vírgula entre os campos")
+    exported
+        ->add_option("--csv", export_.csv, "Texto com ponto e vírgula entre os campos; - é a saída padrão")
         ->type_name("SAÍDA");
     exported->add_option("--sqlite", export_.sqlite, "Banco de dados SQLite")->type_name("SAÍDA");
     exported->add_option("--senha", export_.password, "Senha do banco de dados")->type_name("SENHA");

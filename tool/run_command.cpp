@@ -76,6 +76,7 @@ int RunSubcommand(const RunCall& call) {
                            .camera = AbsolutePath(call.camera),
                            .plain = call.plain,
                            .scripted = !call.script.empty(),
+                           .tellsHidden = call.failures,
                            .answerCancel = call.answerCancel,
                            .recorded = AbsolutePath(call.record),
                            .files = std::move(program.files)};

@@ -17,6 +17,7 @@ struct RunCall {
   bool plain = false;         // by the plain rules alone
   bool check = true;          // where a person reads along, what the check finds is shown first
   bool answerCancel = false;  // a script answers boxes of OK and Cancel with Cancel
+  bool failures = false;      // failures that end a routine in silence are told as well
   std::string script;         // a file with an event script; "-" is the standard input, empty for none
   std::string record;         // where the script of what a person does is written; empty for none
 };

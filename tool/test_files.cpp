@@ -44,6 +44,15 @@ bool IsProgramFolder(const fs::path& folder) {
          HasProgramFile(folder, "Principal");
 }
 
+// True if the file is the main editor of that folder's program.
+bool IsMainEditor(const fs::path& file, const fs::path& folder) {
+  std::error_code error;
+  if (!fs::is_directory(folder, error)) return false;
+  const fs::path name = fs::canonical(folder, error).filename();
+  const fs::path main = HasProgramFile(folder, name.string()) ? name : fs::path("Principal");
+  return fs::equivalent(file, folder / (main.string() + ".tsc"), error);
+}
+
 // The program that a test stands beside; empty where there is none.
 fs::path ProgramOf(const fs::path& stem) {
   fs::path folder = stem.parent_path();
@@ -102,7 +111,7 @@ std::variant<std::vector<ProgramTest>, std::string> FindTests(const std::string&
   std::vector<ProgramTest> tests;
   for (const fs::path& stem : stems) {
     fs::path program = ProgramOf(stem);
-    const bool isMeant = isFolder || fs::equivalent(program, given, error) ||
+    const bool isMeant = isFolder || fs::equivalent(program, given, error) || IsMainEditor(given, program) ||
                          (IsTestFile(given) && stem.filename() == given.stem());
     if (!isMeant) continue;
     tests.push_back({.name = stem.lexically_proximate(base.empty() ? fs::path(".") : base).string(),

@@ -67,6 +67,44 @@ bool CheckTarget(Context& context, const Token& name, Tokens index) {
   return false;
 }
 
+// The choices of a person, which a program may well forget so as to notice the next one.
+bool IsChoice(std::string_view family) {
+  constexpr std::array<std::string_view, 5> kChoices = {"Check", "Opcao", "Combo", "Calendario",
+                                                        "BarraRolagem"};
+  return std::find(kChoices.begin(), kChoices.end(), family) != kChoices.end();
+}
+
+bool IsNothing(Tokens right) {
+  return right.size() == 1 && (Bare(right[0]).empty() || IntegerOf(right[0]) == 0);
+}
+
+// The variable beside an object changes, and its window doesn't show it.
+void CheckCompanion(Context& context, const Token& name, Tokens behind) {
+  const Variable* variable = context.names.FindVariable(name.upper);
+  if (variable == nullptr || variable->origin != Origin::Companion) return;
+  const std::size_t point = name.text.rfind('.');
+  const std::span<const ObjectRef> made = context.names.FindObjects(Upper(Left(name.text, point)));
+  if (made.empty()) return;
+  const std::string_view family = made[0].object->family;
+  const bool isOne = std::all_of(made.begin(), made.end(),
+                                 [&](const ObjectRef& other) { return other.object->family == family; });
+  const std::span<const WordForm> suffixes = FindWord(family)->more.suffixes;
+  const bool isShown = std::any_of(suffixes.begin(), suffixes.end(), [&](const WordForm& form) {
+    return EqualsIgnoringCase(form.word, name.text.substr(point));
+  });
+  if (!isOne || !isShown) return;
+  const bool isAssigned = behind[0].Is('=');
+  if (isAssigned && IsChoice(family) && IsNothing(behind.subspan(1))) return;
+  const std::string object(made[0].object->name);
+  context.Tell(
+      rule::kWithoutCommand, name,
+      "só a variável " + Shown(name.text) + " muda: o objeto continua a mostrar o que mostrava",
+      "escreva o comando na frente: " + std::string(family) + " " +
+          ToUtf8(object + std::string(name.text.substr(point))) + " = " +
+          (isAssigned && behind.size() > 1 ? ToUtf8(context.source.TextOf(behind.subspan(1))) : "..."),
+      {{context.names.PlaceOf(made[0].editor, *made[0].object->token), "o objeto é este"}});
+}
+
 std::string_view TypeWordOf(const Context& context, const Token& name) {
   if (const Local* local = context.FindLocal(name.text)) return local->type;
   const Variable* variable = context.names.FindVariable(name.upper);
@@ -214,6 +252,7 @@ void CheckAssignment(Context& context) {
     next = close + 1;
   }
   const bool isTarget = CheckTarget(context, name, index);
+  CheckCompanion(context, name, tokens.subspan(next));
   if (tokens[next].Is('=')) {
     const Tokens right = tokens.subspan(next + 1);
     if (right.empty()) {
@@ -230,6 +269,12 @@ void CheckAssignment(Context& context) {
   const bool isStep = tokens[next + 1].text == tokens[next].text;
   if (isStep) {
     if (tokens[next].blankBefore || tokens[next + 1].blankBefore || next + 2 < tokens.size()) {
+      if (context.FindLocal(name.text) != nullptr) {
+        context.Tell(rule::kExpressionShape, tokens[next],
+                     "uma variável da função não se conta com " + Shown(std::string(2, tokens[next].text[0])),
+                     StepAdvice(name, tokens[next].text[0]));
+        return;
+      }
       context.Tell(rule::kExpressionShape, tokens[next],
                    Shown(std::string(tokens[next].text) + std::string(tokens[next].text)) +
                        " encosta no nome da variável e termina a linha",

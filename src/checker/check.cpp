@@ -11,6 +11,7 @@
 #include "checker/routine_rules.h"
 #include "checker/silence.h"
 #include "checker/statement_rules.h"
+#include "checker/straight_rules.h"
 #include "checker/texts.h"
 #include "checker/uses.h"
 #include "prepare/block_report.h"
@@ -54,7 +55,8 @@ bool ComesBefore(const Finding& a, const Finding& b) {
 
 // A mistake that is made again and again is told at its first place.
 bool IsToldOnce(const Rule* rule) {
-  return rule == &rule::kUndeclared || rule == &rule::kUnknownDatabase || rule == &rule::kNeverOpened;
+  return rule == &rule::kUndeclared || rule == &rule::kUnknownDatabase || rule == &rule::kNeverOpened ||
+         rule == &rule::kAliasIsVariable;
 }
 
 void Tidy(std::vector<Finding>& findings) {
@@ -164,7 +166,8 @@ std::vector<Finding> Program::Look(const std::vector<std::size_t>& sought) {
     CheckRecursion(context, blocks);
     CheckNames(context, uses);
     CheckOrder(context, blocks);
-    CheckFiles(context);
+    CheckFiles(context, uses);
+    CheckStraightRuns(context);
     CheckDatabases(context);
   }
   Tidy(findings);

@@ -1,11 +1,13 @@
 #include "checker/commands.h"
 
 #include <algorithm>
+#include <array>
 
 #include "checker/calls.h"
 #include "checker/near.h"
 #include "checker/reading.h"
 #include "language/families.h"
+#include "language/spelling.h"
 #include "language/words.h"
 #include "text/one_based.h"
 
@@ -37,10 +39,10 @@ const WordForm* FindFormAnyCase(std::span<const WordForm> forms, std::string_vie
 
 std::string NearForm(std::span<const WordForm> forms, std::string_view written) {
   Nearest nearest(written);
-  for (const WordForm& form : forms) nearest.Show(form.word);
+  for (const WordForm& form : forms) nearest.Show(Spelled(form.word));
   if (!nearest.found().empty()) return "você quis dizer " + Shown(nearest.found()) + "?";
   std::string list;
-  for (const WordForm& form : forms) list += (list.empty() ? "" : ", ") + std::string(form.word);
+  for (const WordForm& form : forms) list += (list.empty() ? "" : ", ") + Spelled(form.word);
   return "as palavras são " + list;
 }
 
@@ -94,6 +96,7 @@ void CheckSuffix(Context& context, const Word& word, const Token& name, Tokens b
     return;
   }
   CheckObject(context, word, name, object);
+  if (CheckCuts(context, behind, nullptr, false, Place::Argument)) return;
   CheckValues(context, word, *form, behind, name);
 }
 
@@ -280,7 +283,7 @@ void CheckSqlPath(Context& context, const Word& word, const Token& path, Tokens 
     Nearest nearest(last);
     for (const WordForm& known : word.more.keywords) {
       const bool isSame = std::count(known.word.begin(), known.word.end(), '.') == points;
-      if (isSame) nearest.Show(known.word.substr(known.word.rfind('.') + 1));
+      if (isSame) nearest.Show(Spelled(known.word.substr(known.word.rfind('.') + 1)));
     }
     context.Tell(rule::kUnknownKeyword, path, "SQL não tem a palavra " + Shown(last),
                  nearest.found().empty() ? "um campo se muda com \"=\": SQL Base.Tabela.Campo = valor"
@@ -301,6 +304,7 @@ void CheckPrefixed(Context& context, const Word& word, Tokens tokens) {
                  NearForm(word.more.keywords, written));
     return;
   }
+  if (CheckCuts(context, tokens.subspan(1), nullptr, false, Place::Argument)) return;
   CheckArguments(context, word, form->arguments, ValuesBehind(tokens.subspan(1)), tokens[0]);
 }
 
@@ -365,6 +369,9 @@ bool CheckValueOfObject(Context& context, const Word& word, const Token& name, T
   return true;
 }
 
+// Letters that hardly stand twice in a row but for a part of a date.
+constexpr std::array<std::string_view, 6> kDateParts = {"DD", "MM", "YY", "HH", "NN", "SS"};
+
 void CheckFormat(Context& context, Tokens format) {
   if (format.size() != 1 || !format[0].IsLiteral()) return;
   const std::string_view pattern = Bare(format[0]);
@@ -392,6 +399,15 @@ void CheckFormat(Context& context, Tokens format) {
   const bool isDate = !Contains(folded, "AA") && folded.find_first_of("DMYHNS") != std::string::npos &&
                       folded.find_first_not_of("DMYHNSAP/:-. ,") == std::string::npos;
   if (isDate) return;
+  const bool holdsDate = std::any_of(kDateParts.begin(), kDateParts.end(),
+                                     [&](std::string_view part) { return Contains(folded, part); });
+  if (holdsDate && !Contains(folded, "AA")) {
+    context.Tell(rule::kFormat, format[0],
+                 "em um formato de data as letras d, m, y, h, n e s são sempre trocadas, também dentro de " +
+                     Shown(pattern),
+                 "junte os pedaços: x = Formata(data, \"dd\") & \" de \" & Formata(data, \"mmmm\")");
+    return;
+  }
   context.Tell(rule::kFormat, format[0],
                "o formato " + Shown(pattern) + " não tem lugar para um número nem para uma data",
                folded.find('A') != std::string::npos && folded.find('D') != std::string::npos

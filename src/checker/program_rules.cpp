@@ -6,6 +6,7 @@
 #include <set>
 
 #include "checker/near.h"
+#include "checker/summaries.h"
 #include "language/types.h"
 #include "language/words.h"
 #include "text/one_based.h"
@@ -58,10 +59,8 @@ void CheckHiding(Context& context, const Variable& variable) {
                    " passa a ser da variável");
 }
 
-void CheckRead(Context& context, const Variable& variable, const std::vector<const Uses*>& uses) {
-  if (variable.type != kTypeString && variable.type != kTypeInteiro && variable.type != kTypeDecimal)
-    return;  // told there
-  const std::string upper = Upper(variable.name);
+// All uses of a name in upper case.
+Use SumOf(const std::vector<const Uses*>& uses, const std::string& upper) {
   Use sum;
   for (const Uses* editor : uses) {
     const auto found = editor->find(upper);
@@ -70,12 +69,74 @@ void CheckRead(Context& context, const Variable& variable, const std::vector<con
     sum.writes += found->second.writes;
     sum.writesOfCalls += found->second.writesOfCalls;
   }
+  return sum;
+}
+
+void CheckRead(Context& context, const Variable& variable, const std::vector<const Uses*>& uses) {
+  if (variable.type != kTypeString && variable.type != kTypeInteiro && variable.type != kTypeDecimal)
+    return;  // told there
+  const Use sum = SumOf(uses, Upper(variable.name));
   if (sum.reads > 0 || (sum.writes > 0 && sum.writes == sum.writesOfCalls)) return;
   context.Tell(rule::kNeverRead, *variable.token,
                sum.writes == 0 ? "a variável " + Shown(variable.name) + " nunca é usada"
                                : "a variável " + Shown(variable.name) + " recebe valores, mas ninguém os lê",
                sum.writes == 0 ? "tire-a da declaração, ou veja se um nome parecido foi escrito no lugar dela"
                                : "mostre o seu valor, ou tire-a do programa");
+}
+
+// Whether a name in the program is one that `holds(tokens of its statement, name)`.
+template <typename Predicate>
+bool AnyName(const Names& names, Predicate holds) {
+  for (const Editor& editor : names.editors()) {
+    for (const Statement& statement : editor.source->statements()) {
+      const Tokens tokens = editor.source->TokensOf(statement);
+      const bool found = std::any_of(tokens.begin(), tokens.end(), [&](const Token& token) {
+        return token.IsName() && holds(tokens, token);
+      });
+      if (found) return true;
+    }
+  }
+  return false;
+}
+
+// Whether the program puts texts into the variable, so that it may well hold a name.
+bool MayHoldName(const Context& context, const Variable& variable, const std::vector<const Uses*>& uses) {
+  if (variable.type != kTypeString) return false;
+  const std::string upper = Upper(variable.name);
+  return SumOf(uses, upper).writes > 0 || AnyName(context.names, [&](Tokens tokens, const Token& token) {
+           return token.upper == upper && std::any_of(tokens.begin(), tokens.end(), [](const Token& word) {
+                    return word.IsName() && WritesVariables(word.upper.substr(0, word.upper.find('.')));
+                  });
+         });
+}
+
+// The variable whose value stands for a name that is written without quotes; null for none, or where a
+// function's own variable has that name too.
+const Variable* TakenFor(const Context& context, const Token& name, std::size_t statement) {
+  const Variable* variable = name.IsName() ? context.names.FindVariable(name.upper) : nullptr;
+  if (variable == nullptr || variable->origin != Origin::Declared || variable->isArray) return nullptr;
+  const std::size_t routine = context.outline.routineOf[statement];
+  if (routine == kNone) return variable;
+  const std::vector<Local>& locals = context.outline.routines[routine].locals;
+  const bool isHidden = std::any_of(locals.begin(), locals.end(), [&](const Local& local) {
+    return EqualsIgnoringCase(local.name, name.text);
+  });
+  return isHidden ? nullptr : variable;
+}
+
+// A text that the program assigns may well be meant as the name; but whoever writes `Nome.Txt` means the
+// object's own.
+void CheckObjectName(Context& context, const MadeObject& object, const std::vector<const Uses*>& uses) {
+  const Variable* variable = TakenFor(context, *object.token, object.statement);
+  if (variable == nullptr) return;
+  const std::string prefix = Upper(object.name) + ".";
+  const bool isSpokenOf =
+      AnyName(context.names, [&](Tokens, const Token& token) { return token.upper.starts_with(prefix); });
+  if (!isSpokenOf && MayHoldName(context, *variable, uses)) return;
+  context.Tell(rule::kObjectIsVariable, *object.token,
+               "há uma variável " + Shown(variable->name) + ": o objeto toma por nome o que ela contém",
+               "dê outro nome ao objeto ou à variável; maiúsculas e minúsculas não os distinguem",
+               {{context.names.PlaceOf(variable->editor, *variable->token), "a variável é esta"}});
 }
 
 // Aliases of files, by their name in upper case.
@@ -88,37 +149,50 @@ struct Alias {
 
 struct FileUse {
   std::size_t editor;
+  std::size_t statement;
   const Token* word;
   const Token* alias;
   std::string mode;
 };
 
-// Every use of a file command with its alias; `isKnown` turns false where an alias is not written out.
-std::vector<FileUse> FileUses(const Names& names, bool& isKnown) {
+// Every use of a file command with its alias.
+std::vector<FileUse> FileUses(const Names& names) {
   constexpr std::array kCommands = {"ABREARQUIVO", "FECHAARQUIVO", "LEARQUIVO", "GRAVAARQUIVO",
                                     "TAMANHOARQUIVO"};
   std::vector<FileUse> uses;
   for (std::size_t e = 0; e < names.editors().size(); ++e) {
     const Editor& editor = names.editors()[e];
-    for (const Statement& statement : editor.source->statements()) {
-      const Tokens tokens = editor.source->TokensOf(statement);
+    const std::vector<Statement>& statements = editor.source->statements();
+    for (std::size_t s = 0; s < statements.size(); ++s) {
+      const Tokens tokens = editor.source->TokensOf(statements[s]);
       for (std::size_t i = 0; i + 1 < tokens.size(); ++i) {
         const bool isFile = tokens[i].IsName() && tokens[i].upper.ends_with("ARQUIVO") &&
                             std::find(kCommands.begin(), kCommands.end(), tokens[i].upper) != kCommands.end();
         if (!isFile) continue;
         const std::size_t at = tokens[i + 1].Is('(') ? i + 2 : i + 1;
         if (at >= tokens.size()) continue;
-        const Token& alias = tokens[at];
-        const bool isPlain =
-            alias.IsLiteral() || (alias.IsName() && names.FindVariable(alias.upper) == nullptr);
-        if (!isPlain) isKnown = false;
         std::string mode;
         if (tokens[i].upper == "ABREARQUIVO") mode = Upper(Bare(tokens.back()));
-        if (isPlain) uses.push_back({e, &tokens[i], &alias, mode});
+        uses.push_back({e, s, &tokens[i], &tokens[at], mode});
       }
     }
   }
   return uses;
+}
+
+// An alias that a program puts into a variable is its own affair.
+void CheckAliasName(Context& context, const FileUse& use, const std::vector<const Uses*>& uses) {
+  const Variable* variable = TakenFor(context, *use.alias, use.statement);
+  if (variable == nullptr || MayHoldName(context, *variable, uses)) return;
+  context.Tell(rule::kAliasIsVariable, *use.alias,
+               "há uma variável " + Shown(variable->name) + ": vale por apelido o que ela contém",
+               "dê outro nome ao apelido ou à variável; maiúsculas e minúsculas não os distinguem",
+               {{context.names.PlaceOf(variable->editor, *variable->token), "a variável é esta"}});
+}
+
+// Whether the alias is written out, and not what a variable holds.
+bool IsPlain(const Names& names, const Token& alias) {
+  return alias.IsLiteral() || (alias.IsName() && names.FindVariable(alias.upper) == nullptr);
 }
 
 constexpr std::size_t kLongestStoredName = 20;  // the file's place of 25 bytes, less the codec's 5
@@ -188,6 +262,7 @@ void CheckNames(Context& context, const std::vector<const Uses*>& uses) {
     CheckHiding(context, variable);
     CheckRead(context, variable, uses);
   }
+  for (const MadeObject& object : context.outline.objects) CheckObjectName(context, object, uses);
 }
 
 void CheckOrder(Context& context, const BlockMap& blocks) {
@@ -216,12 +291,16 @@ void CheckOrder(Context& context, const BlockMap& blocks) {
   }
 }
 
-void CheckFiles(Context& context) {
-  bool isKnown = true;
-  const std::vector<FileUse> uses = FileUses(context.names, isKnown);
-  if (!isKnown) return;
+void CheckFiles(Context& context, const std::vector<const Uses*>& uses) {
+  const std::vector<FileUse> files = FileUses(context.names);
+  for (const FileUse& use : files) {
+    if (use.editor == context.source.editor()) CheckAliasName(context, use, uses);
+  }
+  const bool areKnown = std::all_of(files.begin(), files.end(),
+                                    [&](const FileUse& use) { return IsPlain(context.names, *use.alias); });
+  if (!areKnown) return;
   std::map<std::string, Alias> aliases;
-  for (const FileUse& use : uses) {
+  for (const FileUse& use : files) {
     Alias& alias = aliases[Upper(Bare(*use.alias))];
     if (use.word->upper == "ABREARQUIVO") {
       if (!alias.isOpened) alias.opened = context.names.PlaceOf(use.editor, *use.alias);
@@ -230,7 +309,7 @@ void CheckFiles(Context& context) {
     }
     if (use.word->upper == "FECHAARQUIVO") alias.isClosed = true;
   }
-  for (const FileUse& use : uses) {
+  for (const FileUse& use : files) {
     if (use.editor != context.source.editor()) continue;
     const Alias& alias = aliases[Upper(Bare(*use.alias))];
     const std::string name = Shown(Bare(*use.alias));

@@ -13,7 +13,7 @@ namespace tessera::check {
 // What concerns the editor of `context`; `uses` has a row for each editor.
 void CheckNames(Context& context, const std::vector<const Uses*>& uses);
 void CheckOrder(Context& context, const BlockMap& blocks);
-void CheckFiles(Context& context);
+void CheckFiles(Context& context, const std::vector<const Uses*>& uses);
 void CheckDatabases(Context& context);
 
 }  // namespace tessera::check

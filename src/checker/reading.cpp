@@ -106,14 +106,19 @@ Type TypeOfName(const Context& context, const Token& name) {
   return variable == nullptr ? Type::Unknown : TypeOf(variable->type);
 }
 
+std::string StepAdvice(const Token& name, char sign) {
+  return "escreva " + Shown(std::string(name.text) + " " + sign + "= 1");
+}
+
 void CheckLocalName(Context& context, const Token& name) {
   const Local* local = context.FindLocalAnyCase(name.upper);
   if (local == nullptr || context.routine == nullptr || !context.routine->isFunction) return;
   const char* const what = local->isParameter ? "o parâmetro " : "a variável da função ";
+  const char* const unknown = local->isParameter ? "não é reconhecido" : "não é reconhecida";
   const Note declared{context.source.SpanOf(*local->token), "declarado aqui"};
   if (local->name != name.text) {
     context.Tell(rule::kParameterName, name,
-                 what + Shown(local->name) + " está escrito em outra caixa aqui, e não é reconhecido",
+                 what + Shown(local->name) + " vem em outra caixa aqui, e " + unknown,
                  "escreva " + Shown(local->name) + ", exatamente como na declaração", {declared});
     return;
   }
@@ -132,12 +137,14 @@ void CheckLocalName(Context& context, const Token& name) {
                             behind == '\'';
   if (beforeIsWell && behindIsWell) return;
   const std::string sign = std::string(1, beforeIsWell ? behind : before);
-  context.Tell(
-      rule::kParameterName, name,
-      what + Shown(name.text) + " encosta em " + Shown(sign) + ", e assim não é reconhecido",
-      "deixe um branco de cada lado: os nomes de uma função só são reconhecidos entre brancos, vírgulas "
-      "ou parênteses",
-      {declared});
+  const std::string_view rest = text.substr(std::min(name.End(), text.size()));
+  const bool isStep = isFirst && (rest.starts_with("++") || rest.starts_with("--"));
+  context.Tell(rule::kParameterName, name,
+               what + Shown(name.text) + " encosta em " + Shown(sign) + ", e assim " + unknown,
+               isStep ? StepAdvice(name, behind)
+                      : "deixe um branco de cada lado: os nomes de uma função só são reconhecidos entre "
+                        "brancos, vírgulas ou parênteses",
+               {declared});
 }
 
 Type ReadName(Context& context, const Token& name, const Sought& sought, bool isAlone, bool inSum) {

@@ -19,6 +19,9 @@ bool IsSpokenWord(const Sought& sought, std::string_view upper);
 // Tells a parameter or local that the language doesn't recognise as it is written here.
 void CheckLocalName(Context& context, const Token& name);
 
+// What does the same as "k++" or "k--", which the language doesn't know for a function's own variable.
+std::string StepAdvice(const Token& name, char sign);
+
 // "; você quis dizer ...?" with the nearest name that can be read, or nothing.
 std::string NearVariable(const Context& context, std::string_view written);
 

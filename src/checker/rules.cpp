@@ -72,6 +72,8 @@ constexpr std::array kRules = std::to_array<const Rule*>({
     &kCutAtComma,
     &kUnknownObject,
     &kStateCase,
+    &kObjectIsVariable,
+    &kWithoutCommand,
     &kUnclosedRoutine,
     &kRoutineHead,
     &kRoutineInTheWay,
@@ -102,6 +104,7 @@ constexpr std::array kRules = std::to_array<const Rule*>({
     &kFieldIsVariable,
     &kFieldTooLong,
     &kUnknownDatabase,
+    &kAliasIsVariable,
 });
 
 }  // namespace

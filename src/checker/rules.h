@@ -85,6 +85,8 @@ inline constexpr Rule kFormat{"T0611", kError, "Formato desconhecido"};
 inline constexpr Rule kCutAtComma{"T0612", kError, "Chamada cortada na vírgula"};
 inline constexpr Rule kUnknownObject{"T0613", kError, "Objeto desconhecido"};
 inline constexpr Rule kStateCase{"T0614", kError, "SIM e NAO em minúsculas"};
+inline constexpr Rule kObjectIsVariable{"T0615", kWarning, "Objeto com o nome de uma variável"};
+inline constexpr Rule kWithoutCommand{"T0616", kWarning, "Propriedade mudada sem o comando"};
 
 // Routines of the program.
 inline constexpr Rule kUnclosedRoutine{"T0701", kError, "Rotina sem fim"};
@@ -121,6 +123,7 @@ inline constexpr Rule kDatabaseBlock{"T0904", kError, "Descrição de banco de d
 inline constexpr Rule kFieldIsVariable{"T0905", kError, "Campo com o nome de uma variável"};
 inline constexpr Rule kFieldTooLong{"T0906", kError, "Texto maior que o campo"};
 inline constexpr Rule kUnknownDatabase{"T0907", kError, "Banco de dados ou campo desconhecido"};
+inline constexpr Rule kAliasIsVariable{"T0908", kWarning, "Apelido com o nome de uma variável"};
 
 }  // namespace rule
 

@@ -24,6 +24,10 @@ bool Holds(const List& list, std::string_view word) {
 
 }  // namespace
 
+bool WritesVariables(std::string_view word) {
+  return Holds(kWriting, word);
+}
+
 Summary Summaries::Of(std::size_t editor, std::size_t begin, std::size_t end) {
   Summary summary;
   for (std::size_t i = begin; i < end; ++i) Take(summary, editor, i);
@@ -45,7 +49,7 @@ void Summaries::TakeCalls(Summary& summary, Tokens tokens) {
     if (!token.IsName()) continue;
     const std::string_view word = token.upper.substr(0, token.upper.find('.'));
     if (Holds(kYielding, word) || word == "REL" || word == "IMP") summary.yields = true;
-    if (Holds(kWriting, word)) summary.writesAnything = true;
+    if (WritesVariables(word)) summary.writesAnything = true;
     if (i + 1 >= tokens.size() || !tokens[i + 1].Is('(')) continue;
     const RoutineRef* routine = names_.FindSub(token.text);
     if (routine == nullptr) routine = names_.FindFunction(token.text);

@@ -5,6 +5,7 @@
 #include <map>
 #include <set>
 #include <string>
+#include <string_view>
 
 #include "checker/names.h"
 
@@ -16,6 +17,9 @@ struct Summary {
   bool writesAnything = false;                // a command writes variables that the text doesn't name
   bool leaves = false;                        // jumps or ends the program
 };
+
+// Whether a command by that word, in upper case, writes variables without an assignment.
+bool WritesVariables(std::string_view word);
 
 class Summaries {
  public:

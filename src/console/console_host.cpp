@@ -126,7 +126,13 @@ std::vector<std::string> ConsoleHost::FontNames() {
 }
 
 void ConsoleHost::TellAbandonedRun(std::string_view position, std::string_view description) {
-  TellError(std::string("[falha] ").append(position).append(": ").append(IndentedUtf8(description)));
+  TellFailure("falha", position, description);
+}
+
+void ConsoleHost::TellFailure(std::string_view what, std::string_view position,
+                              std::string_view description) {
+  TellError(std::string("[").append(what).append("] ").append(position).append(": ").append(
+      IndentedUtf8(description)));
   TellPlace(position);
 }
 

@@ -89,6 +89,8 @@ class ConsoleHost final : public Display,
   ScreenSize ScreenExtent() override;
   std::vector<std::string> FontNames() override;
   void TellAbandonedRun(std::string_view position, std::string_view description) override;
+  // Tells a failure; `what`, in UTF-8, says what it ended.
+  void TellFailure(std::string_view what, std::string_view position, std::string_view description);
   void ServeEvents() override;
 
   BoxAnswer ShowBox(const Box& box) override;

@@ -8,6 +8,13 @@
 
 namespace tessera {
 
+namespace {
+
+constexpr std::string_view kInSub = "falha na rotina";
+constexpr std::string_view kInFunction = "falha na função";
+
+}  // namespace
+
 Engine::Engine(Run& run)
     : run_(run), routines_(std::make_unique<Routines>(run)), bodies_(std::make_unique<FunctionBodies>()) {
   run_.doors.CallFunction = [this](std::string_view name, const ArgumentText& arguments) {
@@ -29,10 +36,14 @@ void Engine::RunStatements(const std::shared_ptr<const PreparedText>& text, std:
   StatementLoop(*this, run_, runnable).RunFrom(startStatement);
 }
 
+template <typename Body>
+void Engine::GuardSub(Body&& body) {
+  if (const auto failure = Guard(body)) TellHidden(kInSub, *failure);
+}
+
 const RunnableText* Engine::CallSub(std::string_view name) {
   const RunnableText* body = nullptr;
-  // The guard of a sub is silence: a failure ends the sub, and the calling statement counts as done.
-  Guard([&] {
+  GuardSub([&] {
     body = routines_->Sub(name);
     if (body == nullptr) {
       ShowCritical(run_, std::string("Sub-rotina não encontrada: "_w).append(name));
@@ -44,7 +55,7 @@ const RunnableText* Engine::CallSub(std::string_view name) {
 }
 
 void Engine::RunSub(const RunnableText& body) {
-  Guard([&] { StatementLoop(*this, run_, body).RunFrom(0); });
+  GuardSub([&] { StatementLoop(*this, run_, body).RunFrom(0); });
 }
 
 Value Engine::CallFunction(std::string_view name, const ArgumentText& arguments) {
@@ -52,6 +63,7 @@ Value Engine::CallFunction(std::string_view name, const ArgumentText& arguments)
   const auto failure = Guard([&] { RunFunction(name, arguments); });
   --functionsInProgress_;
   if (!failure) return ReturnValue;
+  TellHidden(kInFunction, *failure);
   failedAt_ = FunctionCallCounter;
   const std::string text = SourcePositionText(run_).append("\r").append(
       "Erro ao executar a função, certifique-se de ter definido os tipos de argumentos e o tipo de retorno da função!"_w);

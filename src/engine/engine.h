@@ -3,12 +3,14 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "platform/failure.h"
 #include "prepare/prepared_text.h"
 #include "values/argument_text.h"
 #include "values/run.h"
@@ -64,11 +66,23 @@ class Engine {
 
   int mostLevels = 10'000;
 
+  // Hears of each failure that ends a routine and that the routine's guard keeps to itself; `what` says in
+  // UTF-8 which kind of routine ended. Empty where nobody asks.
+  std::function<void(std::string_view what, const RunFailure& failure)> onHiddenFailure;
+
   // Calls of the program's functions on the stack. Some expression waits for each, and with it a command that
   // may hold a window.
   int FunctionsInProgress() const { return functionsInProgress_; }
 
  private:
+  // Runs a sub's body or what finds it. The guard of a sub is silence: a failure ends the sub, and the
+  // calling statement counts as done.
+  template <typename Body>
+  void GuardSub(Body&& body);
+  void TellHidden(std::string_view what, const RunFailure& failure) const {
+    if (onHiddenFailure) onHiddenFailure(what, failure);
+  }
+
   class Routines;
   class FunctionBodies;
 

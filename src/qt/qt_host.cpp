@@ -191,8 +191,12 @@ void QtHost::TellPlaces(std::function<std::string(std::string_view)> placeOf, bo
 
 // With windows an abandoned run is silent, unless somebody wants to know its place.
 void QtHost::TellAbandonedRun(std::string_view position, std::string_view description) {
+  TellFailure("falha", position, description);
+}
+
+void QtHost::TellFailure(std::string_view what, std::string_view position, std::string_view description) {
   if (!placeOf_) return;
-  std::cerr << "[falha] " << placeOf_(position) << ": " << ToUtf8(description) << std::endl;
+  std::cerr << "[" << what << "] " << placeOf_(position) << ": " << ToUtf8(description) << std::endl;
 }
 
 // An entry that was held until now may have thrown already.

@@ -57,6 +57,8 @@ class QtHost final : public Display, public Dialogs, public EventDispatch, publi
   ScreenSize ScreenExtent() override;
   std::vector<std::string> FontNames() override;
   void TellAbandonedRun(std::string_view position, std::string_view description) override;
+  // Tells a failure on stderr, behind its place; `what`, in UTF-8, says what it ended.
+  void TellFailure(std::string_view what, std::string_view position, std::string_view description);
   void ServeEvents() override;
 
   // Tells places of the program on stderr: `placeOf` gives the "file:line" that a text speaks of. An

@@ -34,7 +34,12 @@ class QtWindows final : public Windows {
       host_.TellPlaces([&](std::string_view text) { return FilePlace(start.files, text); },
                        isatty(STDERR_FILENO) != 0);
     reports::ReportHost silent;  // its windows show all that there is to tell
-    return RunProgram(start, host_.host(), host_, {.reports = silent, .media = host_});
+    const auto tellFailure = [this](std::string_view what, std::string_view position,
+                                    std::string_view description) {
+      host_.TellFailure(what, position, description);
+    };
+    return RunProgram(start, host_.host(), host_,
+                      {.reports = silent, .media = host_, .hiddenFailures = tellFailure});
   }
 
   int RunScripted(const ProgramStart& start) override {

@@ -22,6 +22,12 @@ namespace {
 
 constexpr int kLostOutput = 1;
 
+FailureListener TellerOf(ConsoleHost& host) {
+  return [&host](std::string_view what, std::string_view position, std::string_view description) {
+    host.TellFailure(what, position, description);
+  };
+}
+
 int RunOnStreams(const ProgramStart& start, Stage* stage, Recording* recording) {
   termination::Install(true);
   std::ios::sync_with_stdio(false);
@@ -40,7 +46,8 @@ int RunOnStreams(const ProgramStart& start, Stage* stage, Recording* recording) 
   if (isatty(STDERR_FILENO) != 0)
     options.placeOf = [&start](std::string_view text) { return FilePlace(start.files, text); };
   ConsoleHost host(streams, std::move(options));
-  const int status = RunProgram(start, host.host(), host, {.reports = host, .media = host});
+  const int status = RunProgram(start, host.host(), host,
+                                {.reports = host, .media = host, .hiddenFailures = TellerOf(host)});
   std::cout.flush();
   if (std::cout) return status;
   std::cerr << "tessera: a saída do programa não pôde ser gravada\n";

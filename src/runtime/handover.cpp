@@ -32,9 +32,9 @@ struct MannerRow {
   std::string_view word;
   bool ProgramStart::*flag;
 };
-constexpr std::array kManners = {MannerRow{"simples", &ProgramStart::plain},
-                                 MannerRow{"roteiro", &ProgramStart::scripted},
-                                 MannerRow{"cancela", &ProgramStart::answerCancel}};
+constexpr std::array kManners = {
+    MannerRow{"simples", &ProgramStart::plain}, MannerRow{"roteiro", &ProgramStart::scripted},
+    MannerRow{"falhas", &ProgramStart::tellsHidden}, MannerRow{"cancela", &ProgramStart::answerCancel}};
 
 std::string MannersOf(const ProgramStart& start) {
   std::string words;

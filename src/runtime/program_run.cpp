@@ -103,6 +103,12 @@ ProgramRun::ProgramRun(const ProgramStart& start, const Services& services)
       p2p_(commands, run),
       ftp_(commands, run, services.partFolders, services.tellProgress) {
   TellProgram(run, start, services);
+  if (services.hiddenFailures) {
+    engine.onHiddenFailure = [this, tell = services.hiddenFailures](std::string_view what,
+                                                                    const RunFailure& failure) {
+      tell(what, SourcePositionText(run), failure.description());
+    };
+  }
   run.functionTable.Fill(WordNames());
   BindTextCommands(commands);
   BindNumberCommands(commands);

@@ -23,6 +23,7 @@ struct ProgramStart {
   std::string camera = {};
   bool plain = false;         // every rule by the text alone, without the forms beside it
   bool scripted = false;      // an event script on the standard input leads its windows
+  bool tellsHidden = false;   // failures that end a routine in silence are told as well
   bool answerCancel = false;  // in a script, boxes of OK and Cancel are answered Cancel
   // Where the script of what a person does is written, in UTF-8 and absolute; empty where none is.
   std::string recorded = {};

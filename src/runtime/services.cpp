@@ -37,7 +37,8 @@ Services UserServices(const Host& host, Display* display, const Listeners& liste
           .microphone = start.microphone,
           .camera = start.camera,
           .startForm = TakeStartForm(),
-          .tellProgress = ProgressTeller()};
+          .tellProgress = ProgressTeller(),
+          .hiddenFailures = start.tellsHidden ? listeners.hiddenFailures : FailureListener()};
 }
 
 }  // namespace tessera

@@ -22,10 +22,15 @@ namespace tessera {
 
 class Display;
 
-// What a host hears of beside its windows. Both outlive the run.
+// Hears that a failure ended what `what` says, in UTF-8; "Editor: n Linha: m" and the failure's description.
+using FailureListener =
+    std::function<void(std::string_view what, std::string_view position, std::string_view description)>;
+
+// What a host hears of beside its windows. They outlive the run.
 struct Listeners {
   reports::ReportHost& reports;
   media::MediaHost& media;
+  FailureListener hiddenFailures = {};
 };
 
 struct Services {
@@ -55,6 +60,8 @@ struct Services {
   StartForm startForm = StartForm::Normal;
   // Writes on the terminal of the person who reads along; none where nobody does.
   std::function<void(std::string_view text)> tellProgress = {};
+  // Hears of failures that end a routine in silence; none where nobody asked for them.
+  FailureListener hiddenFailures = {};
   // How deep the run may nest.
   StackLimit stack = StackLimit();
   // Tests turn it off to compare the ordering of records with its plain form.

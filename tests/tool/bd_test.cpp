@@ -57,6 +57,16 @@ TEST_F(ToolBd, ExportWritesTheLiveRecords) {
   EXPECT_EQ(ReadBytes(csv), "Nome;Idade;Peso\r\n\"Ana; a \"\"boa\"\"\";30;60,5\r\nJosé;30;60,5\r\n");
   EXPECT_EQ(Call({"bd", "export", file_, "--csv", csv, "--senha", "segredo"}).status, kWrongCall)
       << "an output is not overwritten";
+  const ProcessResult shown = Call({"bd", "export", file_, "--csv", "-", "--senha", "segredo"});
+  EXPECT_EQ(shown.status, kDone) << shown.err;
+  EXPECT_EQ(shown.out, ReadBytes(csv));
+  EXPECT_EQ(shown.err, "");
+  EXPECT_NE(Call({"bd", "export", file_, "--sqlite", "-", "--senha", "segredo"}).err.find("saída padrão"),
+            std::string::npos);
+  const std::string full = " bd export " + file_ + " --csv - --senha segredo > /dev/full";
+  const ProcessResult lost = RunProcess({.words = {"/bin/sh", "-c", std::string(TESSERA_TOOL) + full}});
+  EXPECT_EQ(lost.status, kRefused);
+  EXPECT_NE(lost.err.find("não pôde ser gravada"), std::string::npos) << lost.err;
 
   const std::string database = folder_ / "gente.db";
   EXPECT_EQ(Call({"bd", "export", file_, "--sqlite", database, "--senha", "segredo"}).status, kDone);

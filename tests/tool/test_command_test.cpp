@@ -89,6 +89,25 @@ TEST_F(TestCommand, AFolderOfEditorsIsOneProgram) {
   ExpectSaid(Test({}), kDone, {"certo    Loja  ", "certo    Loja/Outros  "});
 }
 
+TEST_F(TestCommand, AMainEditorMeansTheTestsOfItsFolder) {
+  RunProcess({.words = {TESSERA_TOOL, "new", folder_ / "Ola"}});
+  folder_.Write("Ola/Outro.tsc", "Funcao Dobro(n Inteiro) Numero\nRetorne n * 2\nFimFuncao\n");
+  folder_.Write("Solto.tsc", "Escreva 1\n");
+  folder_.Write("Solto.saida", "1\n");
+  ExpectSaid(Test({"Ola/Ola.tsc"}), kWrongCall, {"Ola/Ola.tsc: nenhum teste"});
+  folder_.Write("Ola/Ola.roteiro", "Ana\n");
+  folder_.Write("Ola/Ola.outra.roteiro", "Rui\n");
+  ExpectSaid(Test({"Ola/Ola.tsc"}), kRefused, {"2 testes", "falta a saída esperada", "--update"});
+  ExpectSaid(Test({"--update", "Ola/Ola.tsc"}), kDone, {"2 gravados"});
+  const auto inside = [&](const std::string& file) {
+    return RunProcess({.words = {TESSERA_TOOL, "test", file}, .folder = folder_ / "Ola"});
+  };
+  ExpectSaid(inside("Ola.tsc"), kDone, {"certo    Ola  ", "certo    Ola.outra  ", "2 testes: 2 certos"});
+  ExpectSaid(inside("Outro.tsc"), kWrongCall, {"nenhum teste"});
+  fs::rename(folder_ / "Ola/Ola.tsc", folder_ / "Ola/Principal.tsc");
+  ExpectSaid(inside("Principal.tsc"), kDone, {"2 testes: 2 certos"});
+}
+
 TEST_F(TestCommand, WhatGoesWrongIsOneTestsOwn) {
   folder_.Write("Ola.tsc", kProgram);
   folder_.Write("Ola.saida", "[entrada] <Nome>?\n");

@@ -33,13 +33,22 @@ class Tool : public testing::Test {
 };
 
 TEST_F(Tool, HelpIsInPortuguese) {
-  for (const std::vector<std::string>& call : std::vector<std::vector<std::string>>{
-           {"--help"}, {"run", "--help"}, {"build", "-h"}, {"check", "-h"}, {"show", "-h"}, {"new", "-h"}}) {
+  for (const std::vector<std::string>& call : std::vector<std::vector<std::string>>{{"--help"},
+                                                                                    {"run", "--help"},
+                                                                                    {"build", "-h"},
+                                                                                    {"check", "-h"},
+                                                                                    {"show", "-h"},
+                                                                                    {"new", "-h"},
+                                                                                    {"test", "-h"},
+                                                                                    {"record", "-h"},
+                                                                                    {"bd", "-h"},
+                                                                                    {"bd", "export", "-h"},
+                                                                                    {"bd", "import", "-h"}}) {
     const ProcessResult help = Call(call);
     EXPECT_EQ(help.status, kDone);
     EXPECT_NE(help.out.find("Uso: tessera"), std::string::npos) << help.out;
-    for (const char* english :
-         {"Usage", "Options", "Positionals", "Subcommands", "OPTIONS", "REQUIRED", "TEXT"}) {
+    for (const char* english : {"Usage", "Options", "Positionals", "Subcommands", "OPTIONS", "REQUIRED",
+                                "Excludes", "{", " in [", "... ..."}) {
       EXPECT_EQ(help.out.find(english), std::string::npos) << help.out;
     }
   }
@@ -89,6 +98,25 @@ TEST_F(Tool, ExitStatusTellsRefusedAndAbandonedPrograms) {
   EXPECT_EQ(abandoned.status, kRefused);
   EXPECT_EQ(abandoned.out, "1\n");
   EXPECT_EQ(abandoned.err, "[falha] Editor: 0 Linha: 3: Subscrito fora do intervalo\n");
+}
+
+// By whichever form the routines run, and nothing else of the run changes.
+TEST_F(Tool, FailuresThatRoutinesHideAreToldWhereSomebodyAsks) {
+  const std::string program = folder_.Write(
+      "a.tsc",
+      "Var n Inteiro, i Inteiro, f String\nEnquanto i < 2\nPoe()\ni++\nRepita\nf = Um(3)\nEscreva \"fim\"\n"
+      "FimPrograma\nSub Poe()\nn = \"dez\"\nEscreva \"nem isto\"\nFimSub\n"
+      "Funcao Um(a Inteiro) Inteiro\nAbreArquivo X, \"falta.txt\", TEXTOLEITURA\nRetorne a\nFimFuncao\n");
+  for (const char* form : {"--no-check", "--plain"}) {
+    const ProcessResult silent = Call({"run", "--console", form, program});
+    const ProcessResult told = Call({"run", "--console", "--failures", form, program});
+    EXPECT_EQ(told.out, silent.out);
+    EXPECT_EQ(told.status, silent.status);
+    const std::string inSub = "[falha na rotina] Editor: 0 Linha: 10: Tipos incompatíveis\n";
+    const std::string inFunction = "[falha na função] Editor: 0 Linha: 14: Arquivo não encontrado\n";
+    EXPECT_EQ(told.err, inSub + inSub + inFunction + silent.err);
+    EXPECT_EQ(silent.err.find("[falha"), std::string::npos) << silent.err;
+  }
 }
 
 TEST_F(Tool, ShowsAFindingWithItsLineCaretsAndASecondPlace) {

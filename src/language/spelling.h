@@ -1,0 +1,13 @@
+// Keywords and suffixes as programs write them: the tables have them in capitals, since case doesn't count
+// there.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace tessera {
+
+// ".MOVEFOCO" as ".MoveFoco", "TAMANHO" as "Tamanho". A word that is not in capitals counts as it stands.
+std::string Spelled(std::string_view word);
+
+}  // namespace tessera
