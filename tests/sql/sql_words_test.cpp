@@ -104,6 +104,32 @@ TEST_F(SqlWords, EachMoveTellsWhereItStands) {
   EXPECT_EQ(program.Boxes(), Lines(3, none)) << "a field is read at both ends, and behind what was not found";
 }
 
+// From the first record on.
+TEST_F(SqlWords, ASearchFindsTheFirstThatFits) {
+  std::string source =
+      "Var s String\nSQL B.Abre \"um.db\"\nSQL B.T.Abre \"SELECT x\", \"ESTATICO\", \"OTIMISTA\"\n";
+  std::string found;
+  for (const auto& [criteria, name] :
+       std::initializer_list<std::pair<std::string, std::string>>{{"id = 2", "Bia"},
+                                                                  {"id <> 1", "Bia"},
+                                                                  {"id < 2", "Ana"},
+                                                                  {"id <= 1", "Ana"},
+                                                                  {"id < 1", "EOF"},
+                                                                  {"id > 2", "Caio"},
+                                                                  {"id >= 3", "Caio"},
+                                                                  {"id >= 2", "Bia"},
+                                                                  {"id > 3", "EOF"},
+                                                                  {"nome = 'bia'", "EOF"},
+                                                                  {"nome > 'Ana'", "Bia"},
+                                                                  {"nome LIKE 'C*'", "Caio"},
+                                                                  {"nome LIKE '*i*'", "Bia"}}) {
+    source += "SQL B.T.MovePrimeiro\nSQL B.T.Procure \"" + criteria + "\"\ns = PonteiroSQL\n" +
+              "Se s = \"OK\"\ns = SQL(B.T.nome)\nFimSe\nEscreva \"" + criteria + ": \", s\n";
+    found += criteria + ": " + name + "\n";
+  }
+  EXPECT_EQ(program.Run(source), found);
+}
+
 TEST_F(SqlWords, WhatIsWrittenReachesTheConnection) {
   EXPECT_EQ(
       program.Run("Var s String, n Inteiro\nn = 4\nSQL B.Abre \"um.db\", \"USESERVIDOR\"\n"
