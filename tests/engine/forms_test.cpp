@@ -7,6 +7,7 @@
 #include <tuple>
 #include <vector>
 
+#include "engine/function_body.h"
 #include "engine/made_program.h"
 #include "support/core_program.h"
 #include "support/made_from.h"
@@ -249,6 +250,44 @@ TEST(Forms, AreReadyForWhatTheyAreMadeFor) {
     if (row.ready.find(' ') == std::string_view::npos || row.ready.starts_with("call")) continue;
     EXPECT_EQ(EvalNumber(program.run, row.text).ToText(), row.ready.substr(row.ready.find(' ') + 1))
         << row.text;
+  }
+}
+
+// The functions that stand ready for their next call, and those whose names the plain way alone can follow.
+TEST(Forms, FunctionsStandReadyWhereTheirListsArePlain) {
+  const std::string most =
+      "p1 Inteiro, p2 Inteiro, p3 Inteiro, p4 Inteiro, p5 Inteiro, p6 Inteiro, p7 Inteiro, "
+      "p8 Inteiro, p9 Inteiro, q0 Inteiro, q1 Inteiro, q2 Inteiro, q3 Inteiro, q4 Inteiro, "
+      "q5 Inteiro, q6 Inteiro, q7 Inteiro, q8 Inteiro, q9 Inteiro, r0 Inteiro";
+  const std::string forty(40, 'n');
+  for (const auto& [list, body, ready] : std::initializer_list<std::tuple<std::string, std::string, int>>{
+           {"", "Retorne 1", 0},
+           {"a Inteiro", "Retorne a", 1},
+           {"a Inteiro, b String", "Retorne a", 2},
+           {"a Inteiro", "Var b Decimal\nb = a\nRetorne b", 1},
+           {"a Inteiro", "Var b Decimal, c String\nb = a\nRetorne b", 1},
+           {"a9_Z Inteiro", "Retorne a9_Z", 1},
+           {"_a Inteiro", "Retorne _a", 1},
+           {"a", "Retorne a", -1},
+           {"a Texto", "Retorne a", -1},
+           {"9a Inteiro", "Retorne 9a", -1},
+           {"0a Inteiro", "Retorne 0a", -1},
+           {"a.b Inteiro", "Retorne a.b", -1},
+           {"a Inteiro, A Inteiro", "Retorne a", -1},
+           {"a Inteiro", "Var a Decimal\nRetorne a", -1},
+           {"a Inteiro", "Var v(3) Inteiro\nRetorne a", -1},
+           {"a Inteiro", "Var b\nRetorne a", -1},
+           {"a Inteiro", "a + = 1 + = 2\nRetorne a", -1},
+           {most, "Retorne p1", 20},
+           {most + ", r1 Inteiro", "Retorne p1", -1},
+           {forty + "12345678 Inteiro", "Retorne 1", 1},
+           {forty + "123456789 Inteiro", "Retorne 1", -1}}) {
+    CoreProgram program;
+    program.Run("FimPrograma\nFuncao F(" + list + ") Inteiro\n" + body + "\nFimFuncao\n");
+    const std::string_view text = program.run.program.ProgramText->text();
+    const std::string_view found = text.substr(text.find("Funcao F("));
+    const auto made = FunctionBody::Make(program.run, "F", found.substr(0, found.find("FimFuncao") + 11), 1);
+    EXPECT_EQ(made ? static_cast<int>(made->parameters()) : -1, ready) << list << "\n" << body;
   }
 }
 
