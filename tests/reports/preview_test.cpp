@@ -3,11 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <filesystem>
+#include <functional>
 #include <sstream>
+#include <streambuf>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "console/console_host.h"
 #include "objects/barra_rolagem.h"
 #include "objects/botao.h"
 #include "objects/combo.h"
@@ -19,8 +23,6 @@
 #include "support/typewriter.h"
 #include "text/code_page.h"
 #include "windows/form.h"
-
-#include "console/console_host.h"
 
 namespace tessera::test {
 
