@@ -58,14 +58,9 @@ foreach(script windows pages)
   set_tests_properties(media.${script} PROPERTIES TIMEOUT 240 SKIP_RETURN_CODE 77)
 endforeach()
 
-# The manual: its examples run, each word has its page, and its pages are free of broken links.
-add_test(NAME manual.examples COMMAND /usr/bin/python3 ${CMAKE_CURRENT_SOURCE_DIR}/manual/run_examples.py
-  $<TARGET_FILE:tessera> ${CMAKE_SOURCE_DIR}/docs/manual)
-add_test(NAME manual.every_word COMMAND /usr/bin/python3 ${CMAKE_CURRENT_SOURCE_DIR}/manual/every_word.py
-  $<TARGET_FILE:tessera> ${CMAKE_SOURCE_DIR}/docs/manual)
+# The manual's pages are free of broken links.
 add_test(NAME manual.site COMMAND ${CMAKE_SOURCE_DIR}/docs/manual/make --no-pictures --no-pdf
   ${CMAKE_RUNTIME_OUTPUT_DIRECTORY} ${CMAKE_CURRENT_BINARY_DIR}/manual)
-set_tests_properties(manual.examples manual.every_word PROPERTIES TIMEOUT 120)
 set_tests_properties(manual.site PROPERTIES TIMEOUT 300)
 
 add_custom_target(manual COMMAND ${CMAKE_SOURCE_DIR}/docs/manual/make ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}

@@ -36,3 +36,13 @@ endfunction()
 tessera_programs(programs ${CMAKE_SOURCE_DIR}/tests/programs ${CMAKE_SOURCE_DIR}/tests/programs)
 tessera_programs(media ${CMAKE_SOURCE_DIR}/tests/media/programs ${CMAKE_SOURCE_DIR}/tests/media/programs)
 tessera_programs(examples ${CMAKE_SOURCE_DIR}/examples ${CMAKE_SOURCE_DIR}/tests/examples)
+
+# The manual: its examples run, and each word has its page.
+if(NOT TESSERA_DESKTOP)
+  set(without --without=Imagem,Imp,Rel,Rel.TestaFimPag,SQL,relatorios,sql)
+endif()
+add_test(NAME manual.examples COMMAND /usr/bin/python3 ${CMAKE_CURRENT_SOURCE_DIR}/manual/run_examples.py ${without}
+  $<TARGET_FILE:tessera> ${CMAKE_SOURCE_DIR}/docs/manual)
+add_test(NAME manual.every_word COMMAND /usr/bin/python3 ${CMAKE_CURRENT_SOURCE_DIR}/manual/every_word.py
+  $<TARGET_FILE:tessera> ${CMAKE_SOURCE_DIR}/docs/manual)
+set_tests_properties(manual.examples manual.every_word PROPERTIES TIMEOUT 120)

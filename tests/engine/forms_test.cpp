@@ -4,11 +4,17 @@
 #include <algorithm>
 #include <sstream>
 #include <string>
+#include <tuple>
 #include <vector>
 
+#include "engine/function_body.h"
 #include "engine/made_program.h"
 #include "support/core_program.h"
 #include "support/made_from.h"
+#include "text/number.h"
+#include "values/call_in_arithmetic.h"
+#include "values/eval.h"
+#include "values/term_form.h"
 
 namespace tessera::test {
 namespace {
@@ -69,6 +75,219 @@ TEST(Forms, DoWhatThePlainRulesDo) {
                                << "records: " << FirstDifference(fast.records, plain.records)
                                << "calls: " << fast.calls << ", " << plain.calls << "\n"
                                << made.text();
+  }
+}
+
+struct TermRow {
+  std::string_view text;
+  std::string_view ready;
+};
+
+constexpr TermRow kTerms[] = {
+    {"1 + 2", "whole 3"},
+    {"i + 1", "whole 4"},
+    {"i * 2 + 1", "whole 7"},
+    {"i*2+1", "whole 7"},
+    {"1 - i", "whole -2"},
+    {"i % 2", "whole 1"},
+    {"m % 2", "whole 1"},
+    {"2147483648 % 2", "-"},
+    {"7 % m", "whole 7"},
+    {"7 % 2147483648", "-"},
+    {"i % z", "-"},
+    {"z % i", "whole 0"},
+    {"i / 2", "float 1,5"},
+    {"i / z", "-"},
+    {"2 ^ i", "float 8"},
+    {"z ^ 0", "float 1"},
+    {"d + 1", "float 3,5"},
+    {"d * 2", "float 5"},
+    {"d % 2", "float 0"},
+    {"d - d", "float 0"},
+    {"1,5 + 1", "float 2,5"},
+    {"1.5 + 1.5", "float 3"},
+    {"1.5.5 + 1", "-"},
+    {"n + 1", "whole -3"},
+    {" n + 1", "whole -3"},
+    {"1 + n", "whole -3"},
+    {"1 +n", "whole -3"},
+    {"1 - n", "-"},
+    {"2 * n", "-"},
+    {"n * 2", "whole -8"},
+    {"n - 1", "whole -5"},
+    {"n % 3", "whole -1"},
+    {"n ^ 2", "-"},
+    {"n + 2 ^ 2", "float 0"},
+    {"1 + n ^ 2", "-"},
+    {"e + 1", "float 0,5"},
+    {"1 + e * 3", "float -0,5"},
+    {"e * 3", "float -1,5"},
+    {"1 - e", "-"},
+    {"(n) + 1", "-"},
+    {"(i) + 1", "whole 4"},
+    {"2 * (i + 1)", "whole 8"},
+    {"(i + 1) * 2", "whole 8"},
+    {"(1) i + 1", "-"},
+    {"5 (3) + 1", "-"},
+    {"i (3) + 1", "-"},
+    {"(2 + 1) 3 + 1", "-"},
+    {"1 + (2 * (3 + i))", "whole 13"},
+    {"1+(1+(1+(1+(1+(1+(1+(1)))))))", "whole 8"},
+    {"1+(1+(1+(1+(1+(1+(1+(1+1)))))))", "whole 9"},
+    {"1+(1+(1+(1+(1+(1+(1+(1+(1+1))))))))", "-"},
+    {"1+(1+(1+(1+(1+(1+(1+(1+(1+(1+1)))))))))", "-"},
+    {"1 & 2", "text 1 & 2"},
+    {"1 @ 2", "text 1 @ 2"},
+    {"i i + 1", "-"},
+    {"2i + 1", "-"},
+    {"i 2 + 1", "-"},
+    {"1 2 + 1", "whole 13"},
+    {"1 +", "-"},
+    {"1 + a b", "-"},
+    {"1 + nada", "-"},
+    {"1 + t", "-"},
+    {"t + 1", "-"},
+    {"v(2) + 1", "whole 9"},
+    {"v(i) + 1", "whole 1"},
+    {"v(9) + 1", "-"},
+    {"999999999999999 + 0", "whole 999999999999999"},
+    {"999999999999999 + 1", "whole 1000000000000000"},
+    {"1000000000000000 + 1", "-"},
+    {"0 - 999999999999999 - 1", "whole -1000000000000000"},
+    {"0 - 999999999999999 - 2", "-"},
+    {"m * m", "-"},
+    {"m * m * m", "-"},
+    {"999999999999999 * 999999999999999 * 999999", "-"},
+    {"0.00000001 * 1", "float 0,00000001"},
+    {"0.000000009 * 1", "-"},
+    {"999999999999999.4 * 1", "float 999999999999999"},
+    {"999999999999999.9 * 1", "-"},
+    {"10 ^ 400", "-"},
+    {"k + 0", "float 0,0001"},
+    {"l + 0", "-"},
+    {"g + 0", "-"},
+    {"g - g", "-"},
+    {"\"abc\"", "text abc"},
+    {"\"1 + 2\"", "text 1 + 2"},
+    {"abc", "text abc"},
+    {"t", "text abc"},
+    {"i", "whole 3"},
+    {"n", "whole -4"},
+    {"d", "float 2,5"},
+    {"g", "float 1E+15"},
+    {"v(2)", "whole 8"},
+    {"v(i)", "whole 0"},
+    {"7", "whole 7"},
+    {"-7", "whole -7"},
+    {"2.5", "float 2,5"},
+    {"1,5", "whole 1"},
+    {"999999999999999", "whole 999999999999999"},
+    {"1000000000000000", "float 1E+15"},
+    {"-999999999999999", "whole -999999999999999"},
+    {"-1000000000000000", "float -1E+15"},
+    {"[1]", "-"},
+    {"Comprimento(t)", "call"},
+    {"Comprimento(t) + 1", "call inside"},
+    {"1 + Comprimento(t)", "call inside"},
+    {"Comprimento", "text Comprimento"},
+    {"Apara(t)", "call"},
+    {"Seno(Comprimento(t))", "-"},
+    {"Comprimento(t) * 2 + Comprimento(t)", "-"},
+    {"Comprimento(t) + i", "call inside"},
+    {"i - Comprimento(t)", "call inside"},
+    {"Comprimento(t) + t", "call inside"},
+    {"Comprimento(t) + 1,5", "call inside"},
+    {"Comprimento(t)1 + 1", "-"},
+    {"RaizQuadrada(i) + 1", "call inside"},
+    {"RaizQuadrada(4)+1", "-"},
+};
+
+// What a form has read of a text, and its value; "-" is left to the text.
+std::string Ready(Run& run, std::string_view text) {
+  const TermForm form(run, text);
+  if (form.call() != nullptr) return "call";
+  if (!form.IsWithoutCalls()) return CallInArithmetic::Of(run, text) ? "call inside" : "-";
+  const Reading reading = form.Read(run);
+  Value whole;
+  const bool isWhole = form.EvaluateWhole(run.variables, whole);
+  if (reading.kind == Reading::Kind::Nothing) return "-";
+  const std::string value = " " + form.Evaluate(run).ToText();
+  switch (reading.kind) {
+    case Reading::Kind::Whole:
+      return (isWhole ? "whole" : "whole, not at once:") + value;
+    case Reading::Kind::Float:
+      return (isWhole ? "float and whole" : "float") + value;
+    case Reading::Kind::Text:
+      return "text" + value;
+    default:
+      return "-";
+  }
+}
+
+// A form that is not ready costs time alone, so that no program tells: these are, and these are not.
+TEST(Forms, AreReadyForWhatTheyAreMadeFor) {
+  CoreProgram program;
+  VariableStore& store = program.run.variables;
+  for (const auto& [name, type, value] :
+       std::initializer_list<std::tuple<std::string_view, std::string_view, Value>>{
+           {"i", kTypeInteiro, 3},
+           {"n", kTypeInteiro, -4},
+           {"z", kTypeInteiro, 0},
+           {"m", kTypeInteiro, 2147483647},
+           {"d", kTypeDecimal, 2.5},
+           {"e", kTypeDecimal, -0.5},
+           {"k", kTypeDecimal, 0.0001},
+           {"l", kTypeDecimal, 0.00009},
+           {"g", kTypeDecimal, 1e15},
+           {"t", kTypeString, std::string("abc")}}) {
+    store.VarCreateScalar(name, type);
+    store.VarWrite(name, value, true);
+  }
+  store.VarCreateArray("v(3)", kTypeInteiro);
+  store.VarWrite("v(2)", 8, true);
+  for (const TermRow& row : kTerms) {
+    EXPECT_EQ(Ready(program.run, row.text), row.ready) << row.text;
+    if (row.ready.find(' ') == std::string_view::npos || row.ready.starts_with("call")) continue;
+    EXPECT_EQ(EvalNumber(program.run, row.text).ToText(), row.ready.substr(row.ready.find(' ') + 1))
+        << row.text;
+  }
+}
+
+// The functions that stand ready for their next call, and those whose names the plain way alone can follow.
+TEST(Forms, FunctionsStandReadyWhereTheirListsArePlain) {
+  const std::string most =
+      "p1 Inteiro, p2 Inteiro, p3 Inteiro, p4 Inteiro, p5 Inteiro, p6 Inteiro, p7 Inteiro, "
+      "p8 Inteiro, p9 Inteiro, q0 Inteiro, q1 Inteiro, q2 Inteiro, q3 Inteiro, q4 Inteiro, "
+      "q5 Inteiro, q6 Inteiro, q7 Inteiro, q8 Inteiro, q9 Inteiro, r0 Inteiro";
+  const std::string forty(40, 'n');
+  for (const auto& [list, body, ready] : std::initializer_list<std::tuple<std::string, std::string, int>>{
+           {"", "Retorne 1", 0},
+           {"a Inteiro", "Retorne a", 1},
+           {"a Inteiro, b String", "Retorne a", 2},
+           {"a Inteiro", "Var b Decimal\nb = a\nRetorne b", 1},
+           {"a Inteiro", "Var b Decimal, c String\nb = a\nRetorne b", 1},
+           {"a9_Z Inteiro", "Retorne a9_Z", 1},
+           {"_a Inteiro", "Retorne _a", 1},
+           {"a", "Retorne a", -1},
+           {"a Texto", "Retorne a", -1},
+           {"9a Inteiro", "Retorne 9a", -1},
+           {"0a Inteiro", "Retorne 0a", -1},
+           {"a.b Inteiro", "Retorne a.b", -1},
+           {"a Inteiro, A Inteiro", "Retorne a", -1},
+           {"a Inteiro", "Var a Decimal\nRetorne a", -1},
+           {"a Inteiro", "Var v(3) Inteiro\nRetorne a", -1},
+           {"a Inteiro", "Var b\nRetorne a", -1},
+           {"a Inteiro", "a + = 1 + = 2\nRetorne a", -1},
+           {most, "Retorne p1", 20},
+           {most + ", r1 Inteiro", "Retorne p1", -1},
+           {forty + "12345678 Inteiro", "Retorne 1", 1},
+           {forty + "123456789 Inteiro", "Retorne 1", -1}}) {
+    CoreProgram program;
+    program.Run("FimPrograma\nFuncao F(" + list + ") Inteiro\n" + body + "\nFimFuncao\n");
+    const std::string_view text = program.run.program.ProgramText->text();
+    const std::string_view found = text.substr(text.find("Funcao F("));
+    const auto made = FunctionBody::Make(program.run, "F", found.substr(0, found.find("FimFuncao") + 11), 1);
+    EXPECT_EQ(made ? static_cast<int>(made->parameters()) : -1, ready) << list << "\n" << body;
   }
 }
 

@@ -1,11 +1,12 @@
 #!/usr/bin/env python3
 """Runs every example of the manual on the console host and compares what it shows with its page.
 
-  run_examples.py [--update] TESSERA MANUAL [PAGE...]
+  run_examples.py [--update] [--without=PAGE,...] TESSERA MANUAL [PAGE...]
 
 An example is free of the checker's findings, ends with status 0 unless its boxes tell why not, prints its block
 "saida" and shows the boxes of its block "caixas". With --update the blocks are written from what came out: read the
-difference before you keep it. PAGE is a part of a page's path.
+difference before you keep it. PAGE is a part of a page's path, and behind --without the name of a page whose examples
+need more than was built.
 """
 import concurrent.futures
 import difflib
@@ -79,12 +80,14 @@ def update(examples, results):
 
 def main(words):
     rewrite = "--update" in words
-    words = [word for word in words if word != "--update"]
+    without = [name for word in words if word.startswith("--without=") for name in word[len("--without="):].split(",")]
+    words = [word for word in words if not word.startswith("--")]
     if len(words) < 2:
         raise SystemExit(__doc__)
     tessera, manual, wanted = words[0], pathlib.Path(words[1]), words[2:]
     examples = [example for example in all_examples(manual)
-                if not wanted or any(part in str(example.page) for part in wanted)]
+                if example.page.stem not in without
+                and (not wanted or any(part in str(example.page) for part in wanted))]
     if not examples:
         raise SystemExit("no example found")
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:

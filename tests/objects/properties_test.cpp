@@ -3,6 +3,7 @@
 
 #include <sstream>
 
+#include "objects/botao.h"
 #include "support/console_window.h"
 #include "text/code_page.h"
 
@@ -21,6 +22,8 @@ std::string Told(const Control& control) {
        << font.size << (font.bold ? " bold" : "") << (font.italic ? " italic" : "")
        << (control.Visible() ? "" : " hidden") << (control.Enabled() ? "" : " disabled") << " ["
        << control.ToolTipText() << "] " << ToUtf8(control.PortraitText()) << " " << control.TabIndex();
+  const auto* button = dynamic_cast<const BotaoControl*>(&control);
+  if (button != nullptr && button->Picture()) told << " picture";
   return told.str();
 }
 
@@ -51,6 +54,46 @@ TEST_F(ConsoleWindowTest, EachObjectIsWhatItsWordsMakeOfIt) {
            Row{"Botao B, 3, 10\nBotao B.Ativo = \"NAO\"\nBotao B.Ativo = \"nao\"\nBotao B.Ativo = "
                "\"SIM\"\nBotao B.IndiceTab = 7",
                "80,42 80x28 8000000f/80000012 MS Sans Serif 8 [] OK 7"},
+           Row{"Botao B, 3, 10, 2, 12, \"x\", \"FigSair\", \"dica\"",
+               "80,42 96x28 8000000f/80000012 MS Sans Serif 8 [dica] x 0 picture"},
+           Row{"Botao B, 3, 10, 2, 12, \"x\", \"FigSair\", \"dica\"\nBotao B.Remove\nBotao C, 5, 10",
+               "80,70 96x28 8000000f/80000012 MS Sans Serif 8 [] OK 1"},
+           Row{"Botao B, 3, 10, 2, 12, \"x\", \"FigSair\", \"dica\"\nBotao B.Remove\nBotao C, 5, 10, 3, 5, "
+               "\"y\"",
+               "80,70 40x42 8000000f/80000012 MS Sans Serif 8 [] y 1"},
+           Row{"Botao B, 3, 10\nBotao B.Figura = \"FigSair\"",
+               "80,42 80x28 8000000f/80000012 MS Sans Serif 8 [] OK 0 picture"},
+           Row{"Botao B, 3, 10\nBotao B.Figura = \"FigSair\"\nBotao B.Figura = \"\"",
+               "80,42 80x28 8000000f/80000012 MS Sans Serif 8 [] OK 0"},
+           Row{"Botao B, 3, 10, 2, 12, \"x\", , , \"SKIN1\"",
+               "80,42 96x28 8000000f/80000012 MS Sans Serif 8 [] x 0"},
+           Row{"Texto T, 5, 2\nTexto T.Remove\nTexto U, 6, 3, 10, 4",
+               "24,84 80x56 80000005/80000012 MS Sans Serif 8 []  1"},
+           Row{"Texto A, 1, 1\nTexto T, 5, 2\nTexto T.TamFonte = 20\nTexto T.Remove\nTexto U, 6, 3",
+               "24,84 120x20 80000005/80000012 MS Sans Serif 8 []  2"},
+           Row{"Combo L, 6, 7\nCombo L.TamFonte = 12\nCombo L.Dica = \"d\"\nCombo L.IndiceTab = 4",
+               "56,84 140x20 80000005/80000012 MS Sans Serif 12 [d]  4"},
+           Row{"Calendario D, 6, 7\nCalendario D.Negrito = \"SIM\"\nCalendario D.CorFundo = 5\nCalendario "
+               "D.Txt = \"01/02/2003\"",
+               "56,84 110x20 5/80000012 MS Sans Serif 8 bold [] 01/02/2003 0"},
+           Row{"Moeda V, 2, 3\nMoeda V.Italico = \"SIM\"\nMoeda V.Altura = 2.5\nMoeda V.Dica = \"d\"",
+               "24,28 120x35 80000005/80000012 MS Sans Serif 8 italic [d] 0,00 0"},
+           Row{"Mascara M, \"##\", 2, 3\nMascara M.Visivel = \"NAO\"\nMascara M.Ativo = \"NAO\"",
+               "24,28 120x20 80000005/80000012 MS Sans Serif 8 hidden disabled [] __ 0"},
+           Row{"Opcao O, 4, 5, \"o\"\nOpcao O.Ativo = \"NAO\"\nOpcao O.Dica = \"d\"\nOpcao O.IndiceTab = 3",
+               "40,56 33x18 8000000f/80000012 Courier New 10 disabled [d] o 3"},
+           Row{"Link K, 8, 9, \"aqui\", \"x.org\"\nLink K.Txt = \"mais longo\"\nLink K.TamFonte = 12\nLink "
+               "K.Negrito = \"SIM\"\nLink K.CorLetra = 7",
+               "72,112 32x20 8000000f/7 Courier New 12 bold [] mais longo 0"},
+           Row{"Imagem I, \"\", 2, 3, 10, 30\nImagem I.Altura = 5\nImagem I.Largura = 6\nImagem I.Linha = "
+               "1\nImagem I.Coluna = 4",
+               "32,14 48x70 8000000f/80000012 MS Sans Serif 8 []  0"},
+           Row{"Box G, 3, 4, 10, 60", "32,42 400x238 ffffff/0 MS Sans Serif 8 []  0"},
+           Row{"Box G, 3, 4, 10\nBox G.CorFundo = 9\nBox G.CorLetra = 8\nBox G.Ativo = \"NAO\"\nBox G.Dica = "
+               "\"d\"",
+               "32,42 400x238 9/8 MS Sans Serif 8 disabled [d]  0"},
+           Row{"Janela Resolucao = 10, 20\nBotao B, 3, 10\nTexto T, 5, 2, 3, 2",
+               "64,210 96x84 80000005/80000012 MS Sans Serif 8 []  1"},
            Row{"Texto T, 5, 2", "16,70 120x20 80000005/80000012 MS Sans Serif 8 []  0"},
            Row{"Texto T, 5, 2, 30", "16,70 240x20 80000005/80000012 MS Sans Serif 8 []  0"},
            Row{"Texto T, 5, 2, 30, 1", "16,70 240x20 80000005/80000012 MS Sans Serif 8 []  0"},

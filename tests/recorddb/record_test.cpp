@@ -338,6 +338,15 @@ TEST_F(RecordOrder, UpdatingTakesTheCountForItsPlaceInTheList) {
             "Bia\n");
 }
 
+TEST_F(RecordOrder, DeletingTakesTheRecordThatStandsAtThePlace) {
+  const std::string names =
+      "i = 0;Enquanto i < 3;LeRegistro Gente, i;Escreva \"[\", Gente.Nome, \"]\";i++;Repita\n";
+  EXPECT_EQ(
+      WithPeople(std::string(kThree).append("Var i Inteiro\nOrdemBD Gente, Nome;ExcluiRegistro Gente, 0\n" +
+                                            names + "OrdemBD Gente, SEQUENCIAL\n" + names)),
+      "[]\n[José]\n[Zeca]\n[Zeca]\n[José]\n[]\n");
+}
+
 TEST_F(RecordOrder, AnAddedRecordStandsUnderItsStoredForm) {
   EXPECT_EQ(WithPeople(std::string(kThree).append(
                 "OrdemBD Gente, Nome;Gente.Nome = \"Bia\";AdicionaRegistro Gente\n"
@@ -415,6 +424,11 @@ TEST_F(Procure, FindsInAllModes) {
   EXPECT_EQ(Found("X", "Bia"), "-1\n");
   EXPECT_EQ(Found("PROXIMO", "Bia"), "1\n");
   EXPECT_EQ(Found("PROXIMO", "Zulu"), "4\n");
+  EXPECT_EQ(Found(" primeiro ", "Jose"), "1\n");
+  EXPECT_EQ(Found("ULTIMO", "Jose"), "3\n");
+  EXPECT_EQ(Found("ULTIMO", "Zeca"), "4\n");
+  EXPECT_EQ(Found("ULTIMO", "Zulu"), "-1\n");
+  EXPECT_EQ(Found("PROXIMO", "Jos"), "1\n");
 }
 
 TEST_F(Procure, FoldsTheNamedAccentsAlone) {

@@ -10,46 +10,14 @@
 #include "platform/failure.h"
 #include "support/console_window.h"
 #include "support/core_program.h"
+#include "support/typewriter.h"
 
 namespace tessera::reports {
 
 namespace {
 
 using Kind = Page::Kind;
-
-// Each letter is as wide as ten times its points, and as high as twenty times.
-class Typewriter final : public PagePainter {
- public:
-  std::vector<Page> sheets;
-
-  FaceMeasures Measure(const FontFace& face) override {
-    FaceMeasures measures;
-    measures.advances.fill(face.size * 10);
-    measures.ascent = face.size * 15;
-    measures.descent = face.size * 5;
-    return measures;
-  }
-  void Paint(const Page&, double, int, int, Raster&) override {}
-  std::unique_ptr<PdfDocument> NewPdf(std::string_view) override {
-    return std::make_unique<Document>(sheets);
-  }
-  TextPainter& Texts() override { throw std::logic_error("no texts on surfaces"); }
-  PrintQueues& Queues() override { return queues_; }
-
- private:
-  struct Document final : PdfDocument {
-    explicit Document(std::vector<Page>& all) : sheets(all) { sheets.clear(); }
-    void Add(const Page& page) override { sheets.push_back(page); }
-    std::string End() override { return "pdf"; }
-    std::vector<Page>& sheets;
-  };
-  struct Queue final : PrintQueues {
-    std::vector<std::string> Names() override { return {"fila"}; }
-    std::string Default() override { return {}; }
-    bool Send(const std::string&, const std::string&, std::string_view) override { return true; }
-  };
-  Queue queues_;
-};
+using test::Typewriter;
 
 class XRelatorioTest : public testing::Test {
  protected:

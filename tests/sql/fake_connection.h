@@ -24,7 +24,7 @@ inline SqlValue Text(std::string text) {
   return SqlValue::Of(Kind::Text, std::move(text));
 }
 
-class FakeConnection final : public sql::SqlConnection {
+class FakeConnection : public sql::SqlConnection {
  public:
   // A table "t" with the key "id" and a text "nome".
   std::vector<SqlColumn> columns = {{"id", "t", "id", sql::ColumnKind::Integer},

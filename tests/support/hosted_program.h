@@ -21,6 +21,9 @@ class HostedProgram {
   // The whole life of a program called TESTE, given in UTF-8 with LF line ends; its exit status.
   int Run(std::string_view editor0, std::string_view routines = {}, std::string_view projectStyleWord = {});
 
+  // What the end of the process does for a document that the program left open.
+  void EndPrinting() { program_.EndPrinting(); }
+
   // The background of a window, from values as a program writes them.
   void Fundo(Form& window, std::string_view value, StockNames stock = StockNames::Known,
              std::string_view line = {}, std::string_view column = {});

@@ -70,6 +70,10 @@ TEST(AddMonths, ClipsToTheMonthsEnd) {
   };
   EXPECT_EQ(added("31/01/2025", 1), "28/02/2025");
   EXPECT_EQ(added("31/01/2024", 1), "29/02/2024");
+  EXPECT_EQ(added("15/02/0100", -1), "15/01/0100");
+  EXPECT_EQ(added("15/01/0100", -1), "nada");
+  EXPECT_EQ(added("15/11/9999", 1), "15/12/9999");
+  EXPECT_EQ(added("15/12/9999", 1), "nada");
   EXPECT_EQ(added("31/01/2025", -2), "30/11/2024");
   EXPECT_EQ(added("29/02/2024 10:00", 12), "28/02/2025 10:00:00");
   EXPECT_EQ(added("01/12/9999", 1), "nada");

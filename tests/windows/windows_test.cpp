@@ -57,15 +57,72 @@ TEST(EventState, ShiftAndCtrlAreToldWhenTheyAreHeldAlone) {
   EXPECT_EQ(pending({.shift = true, .ctrl = true}), "65");
 }
 
-TEST_F(WindowsTest, SizeIsSetBeforeTheCentreOnOneLine) {
+// Twips: top, left, height and width, on whole pixels of a screen of 1,920 by 1,080.
+TEST(WindowPlaces, EachNumberThatIsWrittenMovesItsOwnSide) {
+  struct Row {
+    std::string_view set;
+    std::string_view main;
+    std::string_view further;
+  };
+  for (const Row& row : std::initializer_list<Row>{
+           {"", "4650 9600 6900 9600", "5550 10800 5100 7200"},
+           {"Tamanho = 10", "4650 9600 2805 9600", "5550 10800 2805 7200"},
+           {"Tamanho = , 40", "4650 9600 6900 4800", "5550 10800 5100 4800"},
+           {"Tamanho = Maximo, 40", "0 9600 16200 4800", "0 10800 16200 4800"},
+           {"Tamanho = 10, \"MAXIMO\"", "4650 0 2805 28800", "5550 0 2805 28800"},
+           {"Posicao = 3", "660 9600 6900 9600", "660 10800 5100 7200"},
+           {"Posicao = , 4", "4650 480 6900 9600", "5550 480 5100 7200"},
+           {"Posicao = 3, 4;Posicao = Centro", "4650 480 6900 9600", "5550 480 5100 7200"},
+           {"Posicao = 3, 4;Posicao = , \"CENTRO\"", "660 9600 6900 9600", "660 10800 5100 7200"},
+           {"Tamanho = 10, 40;Posicao = Centro, Centro", "6705 12000 2805 4800", "6705 12000 2805 4800"}}) {
+    for (const std::string_view window : {"Janela ", "NovaJanela A."}) {
+      std::istringstream in;
+      std::ostringstream out;
+      std::ostringstream err;
+      ConsoleHost host({in, out, err}, {});
+      HostedProgram program(host.host(), host);
+      std::string source = "NovaJanela Define, A\n";
+      std::istringstream sets{std::string(row.set)};
+      for (std::string set; std::getline(sets, set, ';');) source.append(window).append(set).append("\n");
+      std::ostringstream found;
+      AtWord(program.run, "LePorta", [&](std::string_view) {
+        const bool isMain = window == "Janela ";
+        const Placement& place = program.janela.windows().FindWindow(isMain ? "Pai" : "A")->Place();
+        found << place.Top << ' ' << place.Left << ' ' << place.Height << ' ' << place.Width;
+        return Value();
+      });
+      EXPECT_EQ(program.Run(source + "LePorta\n"), 0) << err.str();
+      EXPECT_EQ(found.str(), window == "Janela " ? row.main : row.further) << window << row.set;
+    }
+  }
+}
+
+// What a window's frame has: a title, a box, buttons to minimise and maximise, an edge to drag.
+TEST_F(WindowsTest, TheFrameIsThatOfTheKindAndOfTheLastWordSaid) {
+  std::vector<std::string> frames;
   AtLePorta([&] {
-    const Placement& place = Windows().MainWindow().Place();
-    EXPECT_EQ(place.Height, 10 * 220 + 600 + 5) << "on whole pixels";
-    EXPECT_EQ(place.Width, 40 * 120);
-    EXPECT_NEAR(place.Top, (1080 * 15 - place.Height) / 2, 15);
-    EXPECT_NEAR(place.Left, (1920 * 15 - place.Width) / 2, 15);
+    std::string frame;
+    for (const std::string_view name : {"Pai", "A", "B", "C"}) {
+      const WindowStyle& style = Windows().FindWindow(name)->Style();
+      for (const auto& [part, letter] : {std::pair{style.Titlebar, 'T'},
+                                         {style.ControlBox, 'C'},
+                                         {style.MinButton, 'n'},
+                                         {style.MaxButton, 'x'},
+                                         {style.Sizable, 'S'}}) {
+        if (part) frame += letter;
+      }
+      frame += ' ';
+    }
+    frames.push_back(frame);
   });
-  program.Run("Janela Tamanho = 10, 40, Posicao = Centro, Centro\nLePorta\n");
+  program.Run(
+      "NovaJanela Define, A\nNovaJanela Define, B, \"Fixa\"\nNovaJanela Define, C, SEMBOX\nLePorta\n"
+      "Janela Fixa = \"SIM\", Box = \"NAO\"\nNovaJanela A.Borda = \"NAO\"\nNovaJanela C.Borda = "
+      "\"SIM\"\nLePorta\n"
+      "Janela Fixa = \"NAO\"\nJanela Box = \"SIM\"\nJanela Borda = \"SIM\"\nNovaJanela A.Borda = "
+      "SIM\nLePorta\n");
+  EXPECT_EQ(frames,
+            (std::vector<std::string>{"TCnxS TCnxS TC TnxS ", "TS Cnx TC Tnx ", "TCnx TCnx TC Tnx "}));
 }
 
 TEST(JanelaCommand, ThePositionTakesALiteralNumberAlone) {
