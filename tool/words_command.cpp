@@ -7,6 +7,7 @@
 #include <string>
 
 #include "language/builtins.h"
+#include "language/spelling.h"
 #include "language/words.h"
 #include "tool/subcommands.h"
 #include "tool/terminal.h"
@@ -41,6 +42,7 @@ Json FormsOf(std::span<const WordForm> forms) {
   Json list = Json::array();
   for (const WordForm& form : forms) {
     list.push_back({{"word", form.word},
+                    {"spelled", Spelled(form.word)},
                     {"values", NameOf(kValues, form.values)},
                     {"arguments", form.arguments.text()},
                     {"result", NameOf(kResults, form.result)},

@@ -28,7 +28,8 @@ constexpr std::array kCompounds = std::to_array<std::string_view>({
 
 std::string Spelled(std::string_view word) {
   if (word != Upper(word)) return std::string(word);
-  if (word.starts_with('.')) return "." + Spelled(word.substr(1));
+  if (const std::size_t point = word.find('.'); point != std::string_view::npos)
+    return Spelled(word.substr(0, point)) + "." + Spelled(word.substr(point + 1));
   const auto compound = std::find_if(kCompounds.begin(), kCompounds.end(),
                                      [word](std::string_view known) { return Upper(known) == word; });
   if (compound != kCompounds.end()) return std::string(*compound);

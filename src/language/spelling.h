@@ -7,7 +7,8 @@
 
 namespace tessera {
 
-// ".MOVEFOCO" as ".MoveFoco", "TAMANHO" as "Tamanho". A word that is not in capitals counts as it stands.
+// ".MOVEFOCO" as ".MoveFoco", "TAMANHO" as "Tamanho", each part between points by itself. A word that is not
+// in capitals counts as it stands.
 std::string Spelled(std::string_view word);
 
 }  // namespace tessera

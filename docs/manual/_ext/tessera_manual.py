@@ -33,22 +33,6 @@ ROLES = {
     "block": "Palavra de bloco: escreva-a exatamente assim.",
 }
 
-# The table has keywords and suffixes in capitals; programs write them so.
-SPELLED = """
-AjustaImagem AlteraCelula AlturaLinha AlturaPapel AtivaCursor AtivaEnter CliqueBotao CliqueBox CliqueObjeto ColBoxRef
-CorFundo CorLetra FigClique FigDestaque FigFoco FigInativo FigSolto FiguraFinal FiguraInicial FrameAnterior FrameNumero
-HDC HWND IndiceTab LeListagem LePonto LinBoxRef LinIniList LinListRef LinhaReta MargemDireita MouseBotao MouseGeral
-MouseIcone MouseX MouseY MoveAnterior MoveFoco MovePrimeiro MoveProximo MoveUltimo NomeArquivo NomeFonte NomeFuncao
-NovaLinha NovaPagina PassoMaior PassoMenor PosCursor PosX PosY ProximoFrame ResVideo SalvaFigura TamFonte TamanhoPonto
-TestaFimPag TextoRTF TotalColBox TotalItens TotalLinBox TotalRegistros URL
-""".split()
-SPELLINGS = {word.upper(): word for word in SPELLED}
-
-
-def spelled(word):
-    """A keyword or suffix as programs write it; one that is not in capitals counts as it stands."""
-    return SPELLINGS.get(word, word.capitalize()) if word.isupper() else word
-
 
 def arguments_of(signature):
     """The arguments of a signature as (name, kind in words, optional, repeated)."""
@@ -86,16 +70,16 @@ def usage(word, signature):
 
 def form_line(word, form):
     """A keyword or suffix with its values, as a program writes it."""
-    name, shown = form["word"], written(form["arguments"])
+    name, shown = form["spelled"], written(form["arguments"])
     if name.startswith("."):
-        name = f"{word['name']} Nome.{spelled(name[1:])}"
+        name = f"{word['name']} Nome{name}"
     elif word["name"] == "SQL":
-        name = "SQL " + ".".join(spelled(part) if part not in ("BASE", "TABELA", "CAMPO") else part.lower()
+        name = "SQL " + ".".join(part.lower() if part in ("Base", "Tabela", "Campo") else part
                                  for part in name.split("."))
     elif word["name"] in ("Rel", "Imp"):
-        name = f"{word['name']}.{spelled(name)}"
+        name = f"{word['name']}.{name}"
     else:
-        name = f"{word['name']} {spelled(name)}"
+        name = f"{word['name']} {name}"
     if form["values"] == "equals":
         return f"{name} = {shown}"
     if word["suffixes"] and form["result"] != "none" and form["values"] != "equals":
