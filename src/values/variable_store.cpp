@@ -12,8 +12,6 @@ namespace tessera {
 namespace {
 
 constexpr long kUndeclaredWrite = static_cast<long>(0x80040001);
-// More slots of one type than any program needs; beyond it the memory of the machine would answer.
-constexpr std::size_t kMaxSlots = 50'000'000;
 
 std::string_view NameWithoutIndex(std::string_view name) {
   return name.substr(0, name.find('('));
@@ -186,18 +184,6 @@ std::size_t VariableStore::CheckedSlot(Type type, std::int64_t slot) const {
   return static_cast<std::size_t>(slot);
 }
 
-template <typename Act>
-auto VariableStore::WithSlots(Type type, Act act) {
-  switch (type) {
-    case Type::String:
-      return act(texts_);
-    case Type::Inteiro:
-      return act(integers_);
-    default:
-      return act(decimals_);
-  }
-}
-
 std::size_t VariableStore::SlotCount(Type type) const {
   return type == Type::String ? texts_.size() : type == Type::Inteiro ? integers_.size() : decimals_.size();
 }
@@ -295,99 +281,6 @@ void VariableStore::VarRemove(std::string_view name, bool quiet) {
     slots.back() = {};
   };
   WithSlots(place->type, shift);
-}
-
-void VariableStore::Frame::Add(std::string_view written, VariableType type) {
-  variables_.push_back({std::string(written), type, {}});
-  variables_.back().row.symbol.isLocal = true;
-}
-
-std::string VariableStore::Frame::NameOf(std::size_t i) const {
-  return function_ + number_ + variables_[i].written;
-}
-
-void VariableStore::Enter(Frame& frame, std::size_t count) {
-  for (; frame.entered_ < count; ++frame.entered_) {
-    Frame::Variable& variable = frame.variables_[frame.entered_];
-    Symbol& symbol = variable.row.symbol;
-    WithSlots(variable.type, [&](auto& slots) {
-      if (slots.size() >= kMaxSlots) FailMemory();
-      symbol.first = static_cast<std::int32_t>(slots.size() - 1);
-      slots.emplace_back();
-    });
-    symbol.type = variable.type;
-    if (frame.entered_ == 0) {
-      frame.recorded_ = false;
-      frames_.push_back(&frame);
-      ++unrecorded_;
-    } else if (frame.recorded_) {
-      RecordVariable(frame, frame.entered_);
-    }
-  }
-}
-
-void VariableStore::RecordVariable(Frame& frame, std::size_t i) {
-  Frame::Variable& variable = frame.variables_[i];
-  AddRecord(frame.NameOf(i), variable.type, variable.row.symbol.first, 1, &variable.row);
-}
-
-void VariableStore::RecordFrames() {
-  for (; unrecorded_ > 0; --unrecorded_) {
-    Frame& frame = *frames_[frames_.size() - unrecorded_];
-    frame.recorded_ = true;
-    for (std::size_t i = 0; i < frame.entered_; ++i) RecordVariable(frame, i);
-  }
-}
-
-void VariableStore::Leave(Frame& frame) {
-  if (frame.entered_ == 0) return;
-  frames_.pop_back();
-  if (frame.recorded_) {
-    for (std::size_t i = 0; i < frame.entered_; ++i) VarRemove(frame.NameOf(i), true);
-  } else {
-    // They are the last ones of their tables, as after removing one by one.
-    --unrecorded_;
-    for (std::size_t i = frame.entered_; i > 0; --i) {
-      Frame::Variable& variable = frame.variables_[i - 1];
-      variable.row.symbol.type = Type::None;
-      WithSlots(variable.type, [](auto& slots) {
-        slots.pop_back();
-        slots.back() = {};
-      });
-    }
-  }
-  frame.entered_ = 0;
-}
-
-void VariableStore::Abandon(Frame& frame) {
-  if (frame.entered_ == 0) return;
-  RecordFrames();
-  frames_.pop_back();
-  for (std::size_t i = 0; i < frame.entered_; ++i) {
-    Row& row = frame.variables_[i].row;
-    if (row.symbol.type == Type::None) continue;
-    // The name gets a row of its own, and the frame is free for another call.
-    Row& own = AddRow(Upper(frame.NameOf(i)));
-    own = {row.symbol, row.index, false};
-    own.symbol.isLocal = false;
-    Table(row.symbol.type)[row.index].row = &own;
-    row.symbol.type = Type::None;
-  }
-  frame.entered_ = 0;
-}
-
-bool VariableStore::IsLocal(std::string_view name) const {
-  return std::any_of(frames_.end() - static_cast<std::ptrdiff_t>(unrecorded_), frames_.end(),
-                     [&](const Frame* frame) {
-                       return name.size() > frame->function_.size() &&
-                              Upper(name.front()) == Upper(frame->function_.front()) &&
-                              EqualsIgnoringCase(name.substr(0, frame->function_.size()), frame->function_);
-                     });
-}
-
-bool VariableStore::MayHoldLocal(std::string_view text) const {
-  return std::any_of(frames_.begin(), frames_.end(),
-                     [&](const Frame* frame) { return Contains(text, frame->function_ + frame->number_); });
 }
 
 std::string VariableStore::NameRecord(std::string_view type, std::size_t row) const {

@@ -167,6 +167,8 @@ class VariableStore {
   std::int32_t SlotIndex(std::string_view name);
   void Write(Type type, std::int64_t slot, Value value);
   std::size_t CheckedSlot(Type type, std::int64_t slot) const;
+  // More slots of one type than any program needs; beyond it the memory of the machine would answer.
+  static constexpr std::size_t kMaxSlots = 50'000'000;
   std::size_t SlotCount(Type type) const;
   void ResizeSlots(Type type, std::size_t count);
   template <typename Act>
@@ -204,6 +206,18 @@ inline VariableStore::Frame::Frame(std::string_view function) : function_(functi
 
 inline std::size_t VariableStore::Frame::size() const {
   return variables_.size();
+}
+
+template <typename Act>
+auto VariableStore::WithSlots(Type type, Act act) {
+  switch (type) {
+    case Type::String:
+      return act(texts_);
+    case Type::Inteiro:
+      return act(integers_);
+    default:
+      return act(decimals_);
+  }
 }
 
 inline const Symbol& VariableStore::Frame::operator[](std::size_t i) const {
