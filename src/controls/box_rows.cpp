@@ -66,7 +66,6 @@ void BoxRows::Refresh() {
 }
 
 void BoxRows::Clear() {
-  ForgetRows();
   ForgetValues();
   ClearVet(true);
   ClearBox();

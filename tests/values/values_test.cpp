@@ -229,6 +229,12 @@ TEST_F(VariableStoreTest, LongNamesAreCutAndThenNeverFound) {
   EXPECT_EQ(store.VarFind(name), -1);
   EXPECT_EQ(store.NameRecord("Inteiro", 1), std::string(50, 'N') + "1         1         ");
   EXPECT_EQ(store.VarFind(std::string(50, 'n')), 0);
+  EXPECT_EQ(store.LastVarType(), "Inteiro");
+  // Behind the first one of the name stands the next.
+  store.VarRemove(std::string(50, 'n'), false);
+  EXPECT_EQ(store.VarFind(std::string(50, 'n')), 0);
+  store.VarRemove(std::string(50, 'n'), false);
+  EXPECT_EQ(store.VarFind(std::string(50, 'n')), -1);
 }
 
 TEST_F(VariableStoreTest, RemovalShiftsTheLaterOnes) {
