@@ -71,6 +71,7 @@ std::size_t BinaryFile::ReadableLength(std::uint64_t position, std::size_t lengt
 std::string BinaryFile::Read(std::uint64_t position, std::size_t length) const {
   if (position == 0 || position > kLastOffset) FailArgument();
   std::string bytes;
+  if (firstPage_ != nullptr && firstPage_->Read(position - 1, length, bytes)) return bytes;
   Check(ReadAllAt(*file_, position - 1, ReadableLength(position, length), bytes));
   return bytes;
 }
@@ -85,6 +86,14 @@ void BinaryFile::Write(std::uint64_t position, std::string_view bytes) {
   if (position == 0 || position > kLastOffset) FailArgument();
   const int error = file_->WriteAt(position - 1, bytes);
   Check(error == EBADF ? EACCES : error);
+}
+
+bool BinaryFile::Put(std::uint64_t position, char byte) {
+  return firstPage_ != nullptr && firstPage_->Put(position - 1, byte);
+}
+
+bool BinaryFile::Put(std::uint64_t position, const SharedPage::Unit& unit) {
+  return firstPage_ != nullptr && firstPage_->Put(position - 1, unit);
 }
 
 std::uint64_t BinaryFile::Size() const {

@@ -13,6 +13,7 @@
 
 #include "platform/failure.h"
 #include "platform/file_store.h"
+#include "platform/shared_page.h"
 
 namespace tessera {
 
@@ -42,6 +43,14 @@ class BinaryFile final : public OpenedFile {
   std::string ReadBlankPadded(std::uint64_t position, std::size_t length) const;
   void Write(std::uint64_t position, std::string_view bytes);
 
+  // From now on what lies in the file's first page is read from memory, and can be put there, where
+  // the store has such a page of the file.
+  void KeepFirstPage() { firstPage_ = file_->FirstPage(); }
+  // Puts a byte, or some that belong together, into the page, behind all that was put before. False where
+  // there is none: the caller then writes.
+  bool Put(std::uint64_t position, char byte);
+  bool Put(std::uint64_t position, const SharedPage::Unit& unit);
+
   std::uint64_t Size() const;
   void Resize(std::uint64_t size);
   // Returns when what was written has reached the disk.
@@ -62,6 +71,7 @@ class BinaryFile final : public OpenedFile {
   explicit BinaryFile(std::unique_ptr<StoredFile> file) : file_(std::move(file)) {}
 
   std::unique_ptr<StoredFile> file_;
+  SharedPage* firstPage_ = nullptr;  // of the file
 };
 
 // The numbers under which a program's files are open, shared by all commands that open files.

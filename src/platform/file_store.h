@@ -11,6 +11,8 @@
 
 namespace tessera {
 
+class SharedPage;
+
 // An open file, shared with every other process. Offsets count bytes from 0; a file that knows no offsets,
 // such as a pipe, takes them as they come.
 class StoredFile {
@@ -31,6 +33,9 @@ class StoredFile {
   virtual void Unlock() = 0;
   // Rests a moment, in which who has the lock may let it go.
   virtual void AwaitOthers() const = 0;
+
+  // The file's first page as memory, as long as the file is open; null where the store has none to give.
+  virtual SharedPage* FirstPage() { return nullptr; }
 
   // Whether the path leads to this file, by whatever name it was opened.
   virtual bool IsAt(const std::string& path) const = 0;

@@ -14,6 +14,7 @@
 
 #include "platform/descriptor.h"
 #include "platform/descriptor_io.h"
+#include "platform/shared_page.h"
 #include "platform/whole_file.h"
 
 namespace tessera {
@@ -70,6 +71,10 @@ class SystemFile final : public StoredFile {
   }
   void Unlock() override { SetLock(number(), F_UNLCK); }
   void AwaitOthers() const override { std::this_thread::sleep_for(kPause); }
+  SharedPage* FirstPage() override {
+    if (firstPage_ == nullptr) firstPage_ = SharedPage::Of(number());
+    return firstPage_.get();
+  }
   bool IsAt(const std::string& path) const override {
     struct stat own {};
     struct stat wanted {};
@@ -81,6 +86,7 @@ class SystemFile final : public StoredFile {
   int number() const { return descriptor_.number(); }
 
   Descriptor descriptor_;
+  std::unique_ptr<SharedPage> firstPage_;
 };
 
 // The system has two kinds of locks on whole files, which don't feel each other; both last as long as the

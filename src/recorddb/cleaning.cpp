@@ -111,7 +111,7 @@ Value LimpaBD(RecordContext& context, const WordCall& call) {
   }
   // OPEN: there is no file number 0, so the database of the first slot is left closed.
   if (number < FileNumbers::kFirst) return {};
-  run.fileNumbers.Put(number, BinaryFile::Open(context.run.host.files, database));
+  context.OpenFile(number, database);
   for (DatabaseSlot* reader : readers) reader->fileNumber = number;
   return {};
 }

@@ -35,6 +35,12 @@ BinaryFile& RecordContext::FileOf(std::int16_t slot) {
   return run.fileNumbers.Get<BinaryFile>(Slot(slot).fileNumber);
 }
 
+void RecordContext::OpenFile(int number, const std::string& path) {
+  auto file = BinaryFile::Open(run.host.files, path);
+  if (!run.plain) file->KeepFirstPage();
+  run.fileNumbers.Put(number, std::move(file));
+}
+
 // The number is forgotten: it soon belongs to another file, in which no record of this database must land.
 void RecordContext::CloseFile(std::int16_t slot) {
   run.fileNumbers.Close(std::exchange(Slot(slot).fileNumber, 0));

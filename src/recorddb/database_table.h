@@ -72,6 +72,8 @@ struct RecordContext {
   // The open file of a slot; failure 52 where it is closed. Looked up anew behind everything that lets events
   // run, since these may close it.
   BinaryFile& FileOf(std::int16_t slot);
+  // Opens a database's file under a free number.
+  void OpenFile(int number, const std::string& path);
   // Closes the file of a slot, where it is open.
   void CloseFile(std::int16_t slot);
 

@@ -1,5 +1,6 @@
 #include "recorddb/header_lock.h"
 
+#include <algorithm>
 #include <thread>
 
 #include "image/codec.h"
@@ -11,6 +12,14 @@ namespace tessera {
 namespace {
 
 constexpr int kQuickTries = 64;
+
+// The first bytes of the header: the lock byte and the count are among them.
+SharedPage::Unit FrontOf(const std::string& area) {
+  SharedPage::Unit front;
+  static_assert(tsa::kCount.position + tsa::kCount.width <= front.size());
+  std::copy_n(area.begin(), front.size(), front.begin());
+  return front;
+}
 
 }  // namespace
 
@@ -49,16 +58,20 @@ std::int32_t HeaderStep::Count() const {
   return DecodeDigits(SlotOf(area_, tsa::kCount));
 }
 
+// FAST: where the file's first page is kept in memory, lock byte and count are put there at once, and the
+// mark stands as long as the lock byte does.
 void HeaderStep::SetBusy() {
   SlotWrite(area_, tsa::kLockByte, {&tsa::kBusy, 1});
   SlotWrite(area_, tsa::kHolderMark, {&tsa::kHeld, 1});
-  file().Write(1, area_);
+  const bool isPut = file().Put(tsa::kHolderMark.position, tsa::kHeld) && file().Put(1, FrontOf(area_));
+  if (!isPut) file().Write(1, area_);
 }
 
 void HeaderStep::SetFree() {
   SlotWrite(area_, tsa::kLockByte, {&tsa::kFree, 1});
   SlotWrite(area_, tsa::kHolderMark, {&tsa::kBlank, 1});
-  file().Write(1, area_);
+  const bool isPut = file().Put(1, FrontOf(area_)) && file().Put(tsa::kHolderMark.position, tsa::kBlank);
+  if (!isPut) file().Write(1, area_);
 }
 
 void HeaderStep::SetFree(std::int32_t newCount, Random& random) {

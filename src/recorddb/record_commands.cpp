@@ -87,7 +87,7 @@ Value AbreBD(RecordContext& context, const WordCall& call) {
     return {};
   }
   slot.fileNumber = run.fileNumbers.Free();
-  run.fileNumbers.Put(slot.fileNumber, BinaryFile::Open(run.host.files, path));
+  context.OpenFile(slot.fileNumber, path);
   const std::string header = context.FileOf(number).ReadBlankPadded(1, tsa::kHeaderLength);
   const std::string password = arguments.Text("senha");
   if (DecodeTrimmed(header, tsa::kPassword) != password) {
