@@ -1,7 +1,5 @@
 #include "image/codec.h"
 
-#include <utility>
-
 #include "image/key_table.h"
 #include "platform/failure.h"
 #include "text/little_endian.h"
@@ -21,23 +19,23 @@ char CharacterOf(unsigned value) {
   return static_cast<char>(value & 0xFF);
 }
 
-// Steps through a key's characters, again and again.
 // OPEN: the table has an eleventh, empty place that a damaged text can name. Its characters count as 0, so
 // such a text decodes to what it holds: damage gives wrong characters, and only a higher number is a failure.
-class RunningKey {
- public:
-  explicit RunningKey(std::string_view key) : key_(key) {}
-  unsigned Next() {
-    if (key_.empty()) return 0;
-    const unsigned value = ValueOf(key_[next_]);
-    next_ = next_ + 1 == key_.size() ? 0 : next_ + 1;
-    return value;
-  }
+std::string_view KeyOf(std::size_t number) {
+  constexpr std::string_view kNone("", 1);
+  return number < kKeys.size() ? kKeys[number] : kNone;
+}
 
- private:
-  std::string_view key_;
-  std::size_t next_ = 0;
-};
+// Each character of a text mixed with one of a key, which runs through again and again.
+template <typename Mix>
+void MixRunning(std::string_view from, std::string_view key, char* to, Mix mix) {
+  for (std::size_t begin = 0; begin < from.size(); begin += key.size()) {
+    const std::string_view stretch = from.substr(begin, key.size());
+    for (std::size_t i = 0; i < stretch.size(); ++i) {
+      to[begin + i] = CharacterOf(mix(ValueOf(stretch[i]), ValueOf(key[i])));
+    }
+  }
+}
 
 }  // namespace
 
@@ -51,12 +49,11 @@ std::string EncodeText(std::string_view plain, Random& random) {
 }
 
 std::string EncodeTextWithKey(std::string_view plain, int key) {
-  std::string scrambled(plain.size() + 1, static_cast<char>(key));
-  RunningKey running(kKeys.at(static_cast<std::size_t>(key)));
-  for (std::size_t i = 0; i < plain.size(); ++i) {
-    scrambled[i + 1] = CharacterOf(ValueOf(plain[i]) + running.Next());
-  }
-  return ToLittleEndian(plain.size() + 1, kCountLength) + ComplementText(std::move(scrambled));
+  std::string encoded = ToLittleEndian(plain.size() + 1, kCountLength);
+  encoded.resize(kEncodedOverhead + plain.size(), CharacterOf(255 - static_cast<unsigned>(key)));
+  MixRunning(plain, KeyOf(static_cast<std::size_t>(key)), encoded.data() + kEncodedOverhead,
+             [](unsigned character, unsigned added) { return 255 - (character + added); });
+  return encoded;
 }
 
 std::size_t EncodedCount(std::string_view encoded) {
@@ -76,9 +73,9 @@ std::string DecodeText(std::string_view encoded) {
   const unsigned key = 255 - ValueOf(body[0]);
   if (key > kKeyCount) FailSubscript();
   if (body.size() < n) FailArgument();
-  RunningKey running(key < kKeys.size() ? kKeys[key] : std::string_view());
   std::string plain(n - 1, '\0');
-  for (std::size_t i = 1; i < n; ++i) plain[i - 1] = CharacterOf(255 - ValueOf(body[i]) - running.Next());
+  MixRunning(body.substr(1), KeyOf(key), plain.data(),
+             [](unsigned character, unsigned added) { return 255 - character - added; });
   return plain;
 }
 
