@@ -27,17 +27,17 @@ void AssignmentForm::ReadTerm(Run& run) {
   if (right_.text.empty()) return;
   TermForm term(run, right_.text);
   // Functions of the program go first, those in arguments too.
-  const auto isFirst = [&](const auto& call) { return call.isOwn() || !FindUserFunction(run, right_.text); };
+  const auto isFirst = [&](bool isOwn) { return isOwn || !FindUserFunction(run, right_.text); };
   if (const CallForm* call = term.call()) {
-    if (!isFirst(*call)) return;
+    if (!isFirst(call->isOwn())) return;
     term_ = std::move(term);
     kind_ = Kind::Call;
     return;
   }
   if (right_.isText) return;
   if (!term.IsWithoutCalls() && !run.variables.MayHoldLocal(right_.text)) {
-    inside_ = CallInArithmetic::Of(run, right_.text);
-    if (inside_ && isFirst(*inside_)) kind_ = Kind::CallInside;
+    inside_ = CallsInArithmetic::Of(run, right_.text);
+    if (inside_ && isFirst(inside_->areOwn())) kind_ = Kind::CallInside;
     return;
   }
   if (!term.IsWithoutCalls() || HoldsCallOf(trait::kTakesCommas, right_.text)) return;
@@ -126,20 +126,20 @@ void AssignmentForm::AssignCall(Engine& engine, Run& run, const NameForm& target
 void AssignmentForm::AssignAround(Engine& engine, Run& run, const NameForm& target,
                                   std::string_view name) const {
   const bool isNumber = target.type() != VariableType::String;
-  if (!isNumber && !inside_->isOwn() && !inside_->isNumericFunction()) {
+  if (!isNumber && !inside_->areOwn() && !inside_->areNumericFunctions()) {
     AssignStatement(engine, run, right_, name, isNumber);
     return;
   }
   engine.TextExpressionFlag = false;
-  std::string text;
-  if (const auto result = inside_->Evaluate(run, text)) {
+  CallsInArithmetic::Rest rest;
+  if (const auto result = inside_->Evaluate(run, rest)) {
     WriteBy(run.variables, target, name, *ExactDecimal::FromDouble(*result));
     engine.TextExpressionFlag = false;
-  } else if (inside_->isOwn()) {
+  } else if (inside_->areOwn()) {
     // Another function of the program may have come to stand in the text.
-    AssignFrom(engine, run, std::move(text), name, isNumber, 1);
+    AssignFrom(engine, run, std::move(rest.text), name, isNumber, rest.replaced);
   } else {
-    AssignReplaced(engine, run, std::move(text), name, true, 1);
+    AssignReplaced(engine, run, std::move(rest.text), name, true, rest.replaced);
   }
 }
 

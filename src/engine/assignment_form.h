@@ -9,7 +9,7 @@
 
 #include "engine/engine.h"
 #include "engine/line.h"
-#include "values/call_in_arithmetic.h"
+#include "values/calls_in_arithmetic.h"
 #include "values/name_form.h"
 #include "values/run.h"
 #include "values/term_form.h"
@@ -58,7 +58,7 @@ class AssignmentForm {
   Kind kind_ = Kind::Plain;
   RightSide right_;
   TermForm term_;
-  std::optional<CallInArithmetic> inside_;
+  std::optional<CallsInArithmetic> inside_;
   std::vector<Part> parts_;
 };
 

@@ -1,6 +1,5 @@
 #include "values/arithmetic_form.h"
 
-#include <array>
 #include <cmath>
 #include <limits>
 
@@ -18,12 +17,14 @@ bool IsInteger(std::int64_t number) {
 
 }  // namespace
 
-bool ArithmeticForm::ReadWhole(VariableStore& store, const Row& row, double answer, std::int64_t& value) {
+bool ArithmeticForm::ReadWhole(VariableStore& store, const Row& row, const Answers& answers,
+                               std::int64_t& value) {
   if (row.source == Source::Constant) {
     value = static_cast<std::int64_t>(row.number);
     return true;
   }
   if (row.source == Source::Answer) {
+    const double answer = answers[row.answer];
     value = static_cast<std::int64_t>(answer);
     return answer == static_cast<double>(value) && (answer >= 0 || row.mayBeNegative);
   }
@@ -33,7 +34,7 @@ bool ArithmeticForm::ReadWhole(VariableStore& store, const Row& row, double answ
   return true;
 }
 
-bool ArithmeticForm::EvaluateWhole(VariableStore& store, std::int64_t& result, double answer) const {
+bool ArithmeticForm::EvaluateWhole(VariableStore& store, std::int64_t& result, const Answers& answers) const {
   constexpr auto kMost = static_cast<std::int64_t>(kMostExact);
   std::array<std::int64_t, kMostLevels> stack;
   std::size_t height = 0;
@@ -47,7 +48,7 @@ bool ArithmeticForm::EvaluateWhole(VariableStore& store, std::int64_t& result, d
     std::int64_t right = accumulator;
     if (row.source == Source::Stack) {
       left = stack[--height];
-    } else if (!ReadWhole(store, row, answer, right)) {
+    } else if (!ReadWhole(store, row, answers, right)) {
       return false;
     }
     switch (row.operation) {
@@ -74,14 +75,14 @@ bool ArithmeticForm::EvaluateWhole(VariableStore& store, std::int64_t& result, d
   return true;
 }
 
-bool ArithmeticForm::ReadFloat(VariableStore& store, RoundingMemo& memo, const Row& row, double answer,
-                               double& value) {
+bool ArithmeticForm::ReadFloat(VariableStore& store, RoundingMemo& memo, const Row& row,
+                               const Answers& answers, double& value) {
   if (row.source == Source::Constant) {
     value = row.number;
     return true;
   }
   if (row.source == Source::Answer) {
-    value = answer;
+    value = answers[row.answer];
   } else if (const std::int32_t* integer = row.name.Integer(store)) {
     value = *integer;
   } else if (const double* decimal = row.name.Decimal(store)) {
@@ -96,7 +97,7 @@ bool ArithmeticForm::ReadFloat(VariableStore& store, RoundingMemo& memo, const R
 }
 
 bool ArithmeticForm::EvaluateFloat(VariableStore& store, RoundingMemo& memo, double& result,
-                                   double answer) const {
+                                   const Answers& answers) const {
   std::array<double, kMostLevels> stack;
   std::size_t height = 0;
   double accumulator = 0;
@@ -109,7 +110,7 @@ bool ArithmeticForm::EvaluateFloat(VariableStore& store, RoundingMemo& memo, dou
     double right = accumulator;
     if (row.source == Source::Stack) {
       left = stack[--height];
-    } else if (!ReadFloat(store, memo, row, answer, right)) {
+    } else if (!ReadFloat(store, memo, row, answers, right)) {
       return false;
     }
     switch (row.operation) {

@@ -1,5 +1,6 @@
 // How an arithmetic text becomes rows: the parser's own way through the text, over pieces instead of
 // characters, with its operations written down instead of done.
+#include <algorithm>
 #include <string>
 
 #include "text/number.h"
@@ -12,8 +13,10 @@ namespace tessera {
 
 class ArithmeticReader {
  public:
-  ArithmeticReader(VariableStore& store, std::string_view text, std::string_view answer)
-      : store_(store), text_(text), answer_(answer) {}
+  ArithmeticReader(VariableStore& store, std::string_view text, std::size_t answers)
+      : store_(store), text_(text) {
+    for (std::size_t i = 0; i < answers; ++i) answers_.push_back(ArithmeticForm::AnswerName(i));
+  }
 
   std::optional<ArithmeticForm> Read() {
     if (!CutPieces()) return std::nullopt;
@@ -62,7 +65,7 @@ class ArithmeticReader {
 
   VariableStore& store_;
   std::string_view text_;
-  std::string_view answer_;
+  std::vector<std::string> answers_;
   std::vector<Piece> pieces_;
   std::vector<Row> names_;
   std::vector<Step> nodes_;
@@ -84,12 +87,13 @@ bool ArithmeticReader::CutPieces() {
     }
     const std::string_view text = text_.substr(i, end - i);
     pieces_.push_back({'\0', static_cast<int>(names_.size())});
-    if (text == answer_) {
-      names_.push_back({Operation::Load, Source::Answer});
+    if (const auto answer = std::ranges::find(answers_, text); answer != answers_.end()) {
+      names_.push_back(
+          {.source = Source::Answer, .answer = static_cast<std::uint8_t>(answer - answers_.begin())});
     } else {
       const auto name = NameForm::Of(store_, text);
       if (!name) return false;
-      names_.push_back({Operation::Load, Source::Name, false, 0, *name});
+      names_.push_back({.source = Source::Name, .name = *name});
     }
     i = end;
   }
@@ -229,8 +233,13 @@ void ArithmeticReader::Emit(Node node, std::size_t level) {
 }
 
 std::optional<ArithmeticForm> ArithmeticForm::Of(VariableStore& store, std::string_view text,
-                                                 std::string_view answer) {
-  return ArithmeticReader(store, text, answer).Read();
+                                                 std::size_t answers) {
+  return ArithmeticReader(store, text, answers).Read();
+}
+
+std::string ArithmeticForm::AnswerName(std::size_t answer) {
+  constexpr std::size_t kLength = 60;
+  return "q" + std::string(kLength, '_') + std::to_string(answer);
 }
 
 }  // namespace tessera

@@ -2,8 +2,8 @@
 
 #include "text/one_based.h"
 #include "values/call_form.h"
-#include "values/call_in_arithmetic.h"
 #include "values/calls.h"
+#include "values/calls_in_arithmetic.h"
 #include "values/eval.h"
 #include "values/run.h"
 
@@ -23,9 +23,9 @@ TermForm::TermForm(Run& run, std::string_view text) : text_(text) {
     if (auto whole = FindWholeCall(run, trimmed_)) {
       call_ = std::make_unique<const CallForm>(*std::move(whole));
       kind_ = Kind::Call;
-    } else if (auto inside = CallInArithmetic::Of(run, trimmed_);
-               inside && (inside->isOwn() || inside->isNumericFunction())) {
-      inside_ = std::make_unique<const CallInArithmetic>(*std::move(inside));
+    } else if (auto inside = CallsInArithmetic::Of(run, trimmed_);
+               inside && (inside->areOwn() || inside->areNumericFunctions())) {
+      inside_ = std::make_unique<const CallsInArithmetic>(*std::move(inside));
       kind_ = Kind::CallInside;
     }
     return;
@@ -101,7 +101,7 @@ Value TermForm::EvaluateCall(Run& run) const {
   bool numericTarget = call_->isNumericFunction();
   Value answer = call_->Run(run);
   if (auto settled = call_->Settle(run, answer, numericTarget, false)) return *std::move(settled);
-  return EvaluateRest(run, call_->TextOf(answer, numericTarget), call_->isOwn(), numericTarget);
+  return EvaluateRest(run, call_->TextOf(answer, numericTarget), 1, call_->isOwn(), numericTarget);
 }
 
 // The same for `EvalText`, to which a number is a text.
@@ -119,14 +119,15 @@ Value TermForm::EvaluateCallText(Run& run) const {
 }
 
 Value TermForm::EvaluateAround(Run& run) const {
-  std::string text;
-  if (const auto result = inside_->Evaluate(run, text)) return *ExactDecimal::FromDouble(*result);
-  return EvaluateRest(run, std::move(text), inside_->isOwn(), inside_->isNumericFunction());
+  CallsInArithmetic::Rest rest;
+  if (const auto result = inside_->Evaluate(run, rest)) return *ExactDecimal::FromDouble(*result);
+  return EvaluateRest(run, std::move(rest.text), rest.replaced, inside_->areOwn(),
+                      inside_->areNumericFunctions());
 }
 
-Value TermForm::EvaluateRest(Run& run, std::string text, bool isOwn, bool numericTarget) {
-  if (!isOwn) ReplaceFunctions(run, text, numericTarget, 1);
-  ReplaceUserFunctions(run, text, isOwn ? 1 : 0);
+Value TermForm::EvaluateRest(Run& run, std::string text, int replaced, bool isOwn, bool numericTarget) {
+  if (!isOwn) ReplaceFunctions(run, text, numericTarget, replaced);
+  ReplaceUserFunctions(run, text, isOwn ? replaced : 0);
   return EvalReplaced(run, text);
 }
 

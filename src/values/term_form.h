@@ -28,7 +28,7 @@ struct Reading {
 };
 
 class CallForm;
-class CallInArithmetic;
+class CallsInArithmetic;
 
 class TermForm {
  public:
@@ -106,7 +106,7 @@ class TermForm {
   Value EvaluateCall(Run& run) const;
   Value EvaluateCallText(Run& run) const;
   Value EvaluateAround(Run& run) const;
-  static Value EvaluateRest(Run& run, std::string text, bool isOwn, bool numericTarget);
+  static Value EvaluateRest(Run& run, std::string text, int replaced, bool isOwn, bool numericTarget);
 
   enum class Kind : std::uint8_t { Plain, Whole, Float, Literal, Name, Arithmetic, Call, CallInside };
 
@@ -119,7 +119,7 @@ class TermForm {
   std::string_view literal_;  // without its quotes
   std::unique_ptr<const ArithmeticForm> arithmetic_;
   std::unique_ptr<const CallForm> call_;
-  std::unique_ptr<const CallInArithmetic> inside_;
+  std::unique_ptr<const CallsInArithmetic> inside_;
 };
 
 }  // namespace tessera

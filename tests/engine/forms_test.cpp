@@ -12,7 +12,7 @@
 #include "support/core_program.h"
 #include "support/made_from.h"
 #include "text/number.h"
-#include "values/call_in_arithmetic.h"
+#include "values/calls_in_arithmetic.h"
 #include "values/eval.h"
 #include "values/term_form.h"
 
@@ -187,18 +187,18 @@ constexpr TermRow kTerms[] = {
     {"-1000000000000000", "float -1E+15"},
     {"[1]", "-"},
     {"Comprimento(t)", "call"},
-    {"Comprimento(t) + 1", "call inside"},
-    {"1 + Comprimento(t)", "call inside"},
+    {"Comprimento(t) + 1", "calls inside"},
+    {"1 + Comprimento(t)", "calls inside"},
     {"Comprimento", "text Comprimento"},
     {"Apara(t)", "call"},
     {"Seno(Comprimento(t))", "-"},
-    {"Comprimento(t) * 2 + Comprimento(t)", "-"},
-    {"Comprimento(t) + i", "call inside"},
-    {"i - Comprimento(t)", "call inside"},
-    {"Comprimento(t) + t", "call inside"},
-    {"Comprimento(t) + 1,5", "call inside"},
+    {"Comprimento(t) * 2 + Comprimento(t)", "calls inside"},
+    {"Comprimento(t) + i", "calls inside"},
+    {"i - Comprimento(t)", "calls inside"},
+    {"Comprimento(t) + t", "calls inside"},
+    {"Comprimento(t) + 1,5", "calls inside"},
     {"Comprimento(t)1 + 1", "-"},
-    {"RaizQuadrada(i) + 1", "call inside"},
+    {"RaizQuadrada(i) + 1", "calls inside"},
     {"RaizQuadrada(4)+1", "-"},
 };
 
@@ -206,7 +206,7 @@ constexpr TermRow kTerms[] = {
 std::string Ready(Run& run, std::string_view text) {
   const TermForm form(run, text);
   if (form.call() != nullptr) return "call";
-  if (!form.IsWithoutCalls()) return CallInArithmetic::Of(run, text) ? "call inside" : "-";
+  if (!form.IsWithoutCalls()) return CallsInArithmetic::Of(run, text) ? "calls inside" : "-";
   const Reading reading = form.Read(run);
   Value whole;
   const bool isWhole = form.EvaluateWhole(run.variables, whole);

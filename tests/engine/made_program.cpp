@@ -119,6 +119,17 @@ std::string MadeProgram::Arithmetic(int depth) {
   return text;
 }
 
+// Calls, mostly of one kind, as numbers of a sum.
+std::string MadeProgram::SumOfCalls() {
+  const bool own = OneIn(2);
+  std::string text;
+  for (std::size_t terms = 2 + Below(4); terms > 0; --terms) {
+    if (!text.empty()) text += Blank() + AnyOf({"+", "-", "*", "+", " + "}) + Blank();
+    text += OneIn(5) ? Operand(0) : OneIn(8) ? TextCall() : own != OneIn(12) ? OwnCall() : NumericCall(1);
+  }
+  return text;
+}
+
 std::string MadeProgram::Term(int depth) {
   switch (Below(10)) {
     case 0:
@@ -132,8 +143,9 @@ std::string MadeProgram::Term(int depth) {
     case 4:
       return depth > 0 ? OwnCall() : Name();
     case 5:
-    case 6:
       return Name();
+    case 6:
+      return depth > 1 ? SumOfCalls() : Name();
     default:
       return Arithmetic(depth);
   }

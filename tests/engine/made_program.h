@@ -36,6 +36,7 @@ class MadeProgram {
   std::string NumericCall(int depth);
   std::string TextCall();
   std::string OwnCall();
+  std::string SumOfCalls();
   std::string Term(int depth);
   std::string Condition();
   std::string Joined(const std::string& target);
