@@ -47,13 +47,13 @@ FileAlias* FileCommands::FindAlias(std::string_view command, std::string_view al
 }
 
 // The number of the file, or 0 where the mode opens nothing.
-int FileCommands::Open(const std::string& path, std::string_view mode) {
+int FileCommands::Open(const std::string& path, FileMode mode) {
   const int number = run_.fileNumbers.Free();
-  if (mode == kModeBinary) {
+  if (mode == FileMode::Binary) {
     run_.fileNumbers.Put(number, BinaryFile::Open(run_.host.files, path));
-  } else if (mode == kModeRead) {
+  } else if (mode == FileMode::Read) {
     run_.fileNumbers.Put(number, TextReader::Open(run_.host.files, path));
-  } else if (mode == kModeWrite) {
+  } else if (mode == FileMode::Write) {
     run_.fileNumbers.Put(number, TextWriter::Open(run_.host.files, path));
   } else {
     return 0;
@@ -71,7 +71,7 @@ Value FileCommands::AbreArquivo(const WordCall& call) {
   const std::string alias = Upper(arguments.Text("apelido"));
   if (alias.empty()) Fail(52);
   const std::string path = run_.paths.SystemPath(arguments.Text("arquivo"));
-  const std::string mode = Upper(arguments.Text("modo"));
+  const FileMode mode = FileModeOf(Upper(arguments.Text("modo")));
   run_.fileNumbers.FlushAll();
   const int number = Open(path, mode);
   *entry = {alias, number, mode};
@@ -84,7 +84,7 @@ Value FileCommands::FechaArquivo(const WordCall& call) {
   const FileAlias closed = std::exchange(*entry, {});
   // A disk that refuses the last lines is told, and the file is closed all the same.
   const auto failure = Guard([&] {
-    if (closed.mode == kModeWrite) run_.fileNumbers.Get<TextWriter>(closed.number).Flush();
+    if (closed.mode == FileMode::Write) run_.fileNumbers.Get<TextWriter>(closed.number).Flush();
   });
   run_.fileNumbers.Close(closed.number);
   if (failure) throw RunFailure(*failure);
@@ -96,12 +96,12 @@ Value FileCommands::LeArquivo(const WordCall& call) {
   std::string own;
   const FileAlias* entry = FindAlias("LeArquivo", arguments.TextView("apelido", own));
   if (entry == nullptr) return {};
-  if (entry->mode == kModeBinary) {
+  if (entry->mode == FileMode::Binary) {
     const std::uint64_t position = BytePosition(arguments.Number("posição"));
     const std::size_t length = ByteCount(arguments.Number("tamanho"));
     return Quote(run_.fileNumbers.Get<BinaryFile>(entry->number).Read(position, length));
   }
-  if (entry->mode == kModeRead) {
+  if (entry->mode == FileMode::Read) {
     // KEPT: a line that is the word itself looks like the end (FileCommands.ALineEofEndsAReadingLoop).
     return Quote(run_.fileNumbers.Get<TextReader>(entry->number).ReadLine().value_or("EOF"));
   }
@@ -114,11 +114,11 @@ Value FileCommands::GravaArquivo(const WordCall& call) {
   std::string own;
   const FileAlias* entry = FindAlias("GravaArquivo", arguments.TextView("apelido", own));
   if (entry == nullptr) return {};
-  if (entry->mode == kModeBinary) {
+  if (entry->mode == FileMode::Binary) {
     const std::uint64_t position = BytePosition(arguments.Number("texto ou posição"));
     const std::string_view bytes = arguments.TextView("texto", own);
     run_.fileNumbers.Get<BinaryFile>(entry->number).Write(position, bytes);
-  } else if (entry->mode == kModeWrite) {
+  } else if (entry->mode == FileMode::Write) {
     const std::string_view line = arguments.TextView("texto ou posição", own);
     run_.fileNumbers.Get<TextWriter>(entry->number).WriteLine(line);
   }
@@ -129,9 +129,9 @@ Value FileCommands::TamanhoArquivo(const WordCall& call) {
   const FileAlias* entry = FindAlias("TamanhoArquivo", Arguments(call).Text("apelido"));
   if (entry == nullptr) return std::int32_t{0};
   const FileNumbers& files = run_.fileNumbers;
-  const std::uint64_t size = entry->mode == kModeRead    ? files.Get<TextReader>(entry->number).Size()
-                             : entry->mode == kModeWrite ? files.Get<TextWriter>(entry->number).Size()
-                                                         : files.Get<BinaryFile>(entry->number).Size();
+  const std::uint64_t size = entry->mode == FileMode::Read    ? files.Get<TextReader>(entry->number).Size()
+                             : entry->mode == FileMode::Write ? files.Get<TextWriter>(entry->number).Size()
+                                                              : files.Get<BinaryFile>(entry->number).Size();
   if (size > std::numeric_limits<std::int32_t>::max()) return static_cast<double>(size);
   return static_cast<std::int32_t>(size);
 }

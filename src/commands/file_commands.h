@@ -35,7 +35,7 @@ class FileCommands {
   Value SalvaString(const WordCall& call);
 
   FileAlias* FindAlias(std::string_view command, std::string_view alias);
-  int Open(const std::string& path, std::string_view mode);
+  int Open(const std::string& path, FileMode mode);
   std::string SideFilePath() const;
 
   Run& run_;

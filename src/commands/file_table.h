@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -10,15 +11,19 @@
 
 namespace tessera {
 
-// The mode words; a file opened with any other word is not open at all.
-inline constexpr std::string_view kModeBinary = "BINARIO";
-inline constexpr std::string_view kModeRead = "TEXTOLEITURA";
-inline constexpr std::string_view kModeWrite = "TEXTOGRAVACAO";
+// What a file was opened for. With any other word it is not open at all.
+enum class FileMode : std::uint8_t { None, Binary, Read, Write };
+
+inline FileMode FileModeOf(std::string_view word) {
+  if (word == "BINARIO") return FileMode::Binary;
+  if (word == "TEXTOLEITURA") return FileMode::Read;
+  return word == "TEXTOGRAVACAO" ? FileMode::Write : FileMode::None;
+}
 
 struct FileAlias {
   std::string alias;  // upper case; empty while the entry is free
   int number = 0;     // of the open file, or 0
-  std::string mode;   // upper case
+  FileMode mode = FileMode::None;
 };
 
 class FileTable {

@@ -37,7 +37,7 @@ std::optional<Value> CallForm::Settle(tessera::Run& run, Value& answer, bool num
 }
 
 std::optional<Value> CallForm::SettleText(Value& answer, bool numericTarget, bool isList) const {
-  const std::string& text = *answer.AsText();
+  std::string& text = *answer.AsText();
   const bool isString = isOwn_ && isText_ && !text.starts_with('"');
   const bool isQuoted = !isOwn_ && text.size() >= 2 && text.starts_with('"') && text.ends_with('"');
   if (!isString && !isQuoted) return std::nullopt;
@@ -45,19 +45,15 @@ std::optional<Value> CallForm::SettleText(Value& answer, bool numericTarget, boo
       isString ? std::string_view(text) : std::string_view(text).substr(1, text.size() - 2);
   const auto holds = [&](char mark) { return inner.find(mark) != std::string_view::npos; };
   if (isList && (holds('"') || holds('[') || holds(']'))) return std::nullopt;
-  std::string plain;
   if (inner.starts_with('(') || inner.ends_with(')')) {
     // A parenthesis at either end goes with its quote.
-    plain = Unquote(Quote(inner));
-  } else {
-    plain = std::move(answer).ToText();
-    if (isQuoted) {
-      plain.pop_back();
-      plain.erase(0, 1);
-    }
+    text = Unquote(Quote(inner));
+  } else if (isQuoted) {
+    text.pop_back();
+    text.erase(0, 1);
   }
-  if (numericTarget && !isOwn_) std::replace(plain.begin(), plain.end(), ',', '.');
-  return plain;
+  if (numericTarget && !isOwn_) std::replace(text.begin(), text.end(), ',', '.');
+  return std::move(answer);
 }
 
 bool CallForm::SettleWhole(const Value& answer, std::int64_t& whole) const {

@@ -34,7 +34,7 @@ Value ReadBy(VariableStore& store, const NameForm& form, std::string_view name) 
   return store.VarRead(name);
 }
 
-void WriteBy(VariableStore& store, const NameForm& form, std::string_view name, Value value) {
+void WriteBy(VariableStore& store, const NameForm& form, std::string_view name, Value&& value) {
   if (store.SymbolsTellAll() && !form.isElement && form.type() != VariableType::None) {
     store.WriteTo(*form.symbol, std::move(value));
   } else {

@@ -68,6 +68,6 @@ struct NameForm {
 
 // What `VarRead` and `VarWrite` do for the name of a form: where symbols tell of it, nobody looks for it.
 Value ReadBy(VariableStore& store, const NameForm& form, std::string_view name);
-void WriteBy(VariableStore& store, const NameForm& form, std::string_view name, Value value);
+void WriteBy(VariableStore& store, const NameForm& form, std::string_view name, Value&& value);
 
 }  // namespace tessera

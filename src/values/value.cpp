@@ -60,11 +60,6 @@ std::string Value::ToText() const& {
   return {};
 }
 
-std::string Value::ToText() && {
-  if (auto* text = std::get_if<std::string>(&content_)) return std::move(*text);
-  return std::as_const(*this).ToText();
-}
-
 double Value::ToDouble() const {
   if (const auto* text = AsText()) return NumberOf(*text);
   if (const auto* integer = AsInteger()) return *integer;

@@ -30,13 +30,17 @@ class Value {
   bool IsEmpty() const { return std::holds_alternative<std::monostate>(content_); }
   bool IsText() const { return std::holds_alternative<std::string>(content_); }
   const std::string* AsText() const { return std::get_if<std::string>(&content_); }
+  std::string* AsText() { return std::get_if<std::string>(&content_); }
   const std::int32_t* AsInteger() const { return std::get_if<std::int32_t>(&content_); }
   const double* AsDouble() const { return std::get_if<double>(&content_); }
   const ExactDecimal* AsDecimal() const { return std::get_if<ExactDecimal>(&content_); }
 
   // The text form; never fails. The empty value is the empty text.
   std::string ToText() const&;
-  std::string ToText() &&;
+  std::string ToText() && {
+    if (auto* text = std::get_if<std::string>(&content_)) return std::move(*text);
+    return std::as_const(*this).ToText();
+  }
 
   // The value as a number of the kind; a text goes by the whole-text rule. The empty value is 0.
   // Failure 13 for a text that is no number, 6 for a number out of the kind's range.

@@ -134,11 +134,11 @@ void VariableStore::VarWrite(std::string_view name, Value value, bool mustExist)
   Write(lastVarType_, std::int64_t{first} + SlotIndex(name), std::move(value));
 }
 
-void VariableStore::WriteTo(const Symbol& symbol, Value value) {
+void VariableStore::WriteTo(const Symbol& symbol, Value&& value) {
   Write(symbol.type, symbol.first, std::move(value));
 }
 
-void VariableStore::Write(Type type, std::int64_t slot, Value value) {
+void VariableStore::Write(Type type, std::int64_t slot, Value&& value) {
   switch (type) {
     case Type::String: {
       std::string text = std::move(value).ToText();

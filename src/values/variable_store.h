@@ -88,7 +88,7 @@ class VariableStore {
   bool MayHoldLocal(std::string_view text) const;
 
   // What `VarWrite` does for a variable that exists, without an index.
-  void WriteTo(const Symbol& symbol, Value value);
+  void WriteTo(const Symbol& symbol, Value&& value);
 
   // False once names were declared of which symbols know nothing: names that their records cut, of which
   // several may be the same, and names that begin with a quote as literals do.
@@ -165,7 +165,7 @@ class VariableStore {
   bool MayBeName(std::string_view name) const;
   std::int32_t VarIndexValue(std::string_view name);
   std::int32_t SlotIndex(std::string_view name);
-  void Write(Type type, std::int64_t slot, Value value);
+  void Write(Type type, std::int64_t slot, Value&& value);
   std::size_t CheckedSlot(Type type, std::int64_t slot) const;
   // More slots of one type than any program needs; beyond it the memory of the machine would answer.
   static constexpr std::size_t kMaxSlots = 50'000'000;
