@@ -35,7 +35,7 @@ void AssignmentForm::ReadTerm(Run& run) {
     return;
   }
   if (right_.isText) return;
-  if (!term.IsWithoutCalls() && !run.variables.MayHoldLocal(right_.text)) {
+  if (!term.IsWithoutCalls() && run.variables.FindNumbers(right_.text)) {
     inside_ = CallsInArithmetic::Of(run, right_.text);
     if (inside_ && isFirst(inside_->areOwn())) kind_ = Kind::CallInside;
     return;
@@ -60,9 +60,9 @@ void AssignmentForm::ReadJoined(Run& run) {
       part.name = *name;
       // A name without its parentheses fails, each time that it is read.
       Guard([&] {
-        if (run.variables.MayHoldLocal(text)) return;
+        if (!run.variables.FindNumbers(text)) return;
         if (auto call = FindFunction(run, text))
-          part.call = std::make_unique<const CallForm>(WholeCall{*std::move(call), false});
+          part.call = std::make_unique<const CallForm>(run, WholeCall{*std::move(call), false});
       });
     }
     parts_.push_back(std::move(part));

@@ -207,7 +207,7 @@ const Line* StatementLoop::RunVariableOrCommand(const Line& line) {
     form.assignment->Assign(engine_, run_, form.target, opening.word);
   } else if (opening.mayDispatch &&
              (!form.target.symbol->isLocal || run_.variables.VarFind(opening.word) == -1)) {
-    if (!form.arguments && !run_.variables.MayHoldLocal(line.text)) {
+    if (!form.arguments && run_.variables.FindNumbers(line.text)) {
       form.arguments = std::make_unique<ArgumentForms>(opening.rest);
     }
     run_.doors.CommandCall(opening.word, {opening.rest, form.arguments.get()});

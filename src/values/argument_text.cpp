@@ -16,6 +16,13 @@ void ArgumentForms::CutFirst(Run& run, std::size_t places, bool splitAtEqual) {
   if (failure) return;
   while (!parts_.empty() && parts_.back().empty()) parts_.pop_back();
   parts_.shrink_to_fit();
+  if (run.variables.HasFrames()) {
+    for (const std::string& part : parts_) {
+      auto numbers = run.variables.FindNumbers(part);
+      if (!numbers) return;
+      numbers_.push_back(*std::move(numbers));
+    }
+  }
   terms_.resize(parts_.size());
   state_ = State::Cut;
 }

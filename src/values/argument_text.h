@@ -30,7 +30,9 @@ class ArgumentForms {
   // time: a call in it is to be replaced before, or it has more pieces than places.
   bool Cut(Run& run, std::size_t places, bool splitAtEqual) {
     if (state_ == State::Uncut) CutFirst(run, places, splitAtEqual);
-    return state_ == State::Cut;
+    if (state_ != State::Cut) return false;
+    for (std::size_t i = 0; i < numbers_.size(); ++i) numbers_[i].Renew(parts_[i]);
+    return true;
   }
 
   // The pieces up to the last one that is not empty.
@@ -76,6 +78,7 @@ class ArgumentForms {
   std::string_view text_;
   State state_ = State::Uncut;
   std::vector<std::string> parts_;
+  std::vector<VariableStore::NumberPlaces> numbers_;    // of each of them, in a body
   std::vector<std::unique_ptr<const TermForm>> terms_;  // made at first use
   std::optional<bool> areWithoutCalls_;
 };

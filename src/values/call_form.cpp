@@ -10,9 +10,10 @@
 
 namespace tessera {
 
-CallForm::CallForm(WholeCall whole)
+CallForm::CallForm(const tessera::Run& run, WholeCall whole)
     : name_(std::move(whole.call.name)),
       arguments_(std::move(whole.call.arguments)),
+      numbers_(run.variables.FindNumbers(arguments_).value()),
       resultType_(std::move(whole.call.resultType)),
       isText_(resultType_ == "String"),
       isNumber_(resultType_ == "Numero"),
@@ -21,6 +22,7 @@ CallForm::CallForm(WholeCall whole)
       forms_(std::make_unique<ArgumentForms>(arguments_)) {}
 
 Value CallForm::Run(tessera::Run& run) const {
+  numbers_.Renew(arguments_);
   const ArgumentText arguments(arguments_, forms_.get());
   return isOwn_ ? run.doors.CallFunction(name_, arguments) : run.doors.CommandCall(name_, arguments);
 }

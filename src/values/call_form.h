@@ -17,7 +17,7 @@ struct WholeCall;
 
 class CallForm {
  public:
-  explicit CallForm(WholeCall whole);
+  CallForm(const Run& run, WholeCall whole);
   CallForm(const CallForm&) = delete;
   CallForm& operator=(const CallForm&) = delete;
 
@@ -45,7 +45,8 @@ class CallForm {
   std::optional<Value> SettleText(Value& answer, bool numericTarget, bool isList) const;
 
   std::string name_;
-  std::string arguments_;  // with marks
+  mutable std::string arguments_;  // with marks; of a body, with the number of its running call
+  VariableStore::NumberPlaces numbers_;
   std::string resultType_;
   bool isText_;    // its result's type is that of texts
   bool isNumber_;  // its result's type is the word for any number

@@ -74,10 +74,10 @@ std::vector<WholeCall> CallsOf(const Run& run, std::string& around) {
 
 }  // namespace
 
-CallsInArithmetic::CallsInArithmetic(std::string_view text, std::vector<WholeCall> found,
+CallsInArithmetic::CallsInArithmetic(const Run& run, std::string_view text, std::vector<WholeCall> found,
                                      ArithmeticForm arithmetic)
     : text_(text), arithmetic_(std::move(arithmetic)) {
-  for (WholeCall& whole : found) calls_.push_back(std::make_unique<const CallForm>(std::move(whole)));
+  for (WholeCall& whole : found) calls_.push_back(std::make_unique<const CallForm>(run, std::move(whole)));
 }
 
 std::optional<CallsInArithmetic> CallsInArithmetic::Of(Run& run, std::string_view text) {
@@ -96,7 +96,7 @@ std::optional<CallsInArithmetic> CallsInArithmetic::Of(Run& run, std::string_vie
   if (!isArithmetic) return std::nullopt;
   auto arithmetic = ArithmeticForm::Of(run.variables, around, calls.size());
   if (!arithmetic) return std::nullopt;
-  return CallsInArithmetic(text, std::move(calls), *std::move(arithmetic));
+  return CallsInArithmetic(run, text, std::move(calls), *std::move(arithmetic));
 }
 
 std::optional<double> CallsInArithmetic::Evaluate(Run& run, Rest& rest) const {

@@ -41,7 +41,8 @@ class CallsInArithmetic {
   std::optional<double> Evaluate(Run& run, Rest& rest) const;
 
  private:
-  CallsInArithmetic(std::string_view text, std::vector<WholeCall> found, ArithmeticForm arithmetic);
+  CallsInArithmetic(const Run& run, std::string_view text, std::vector<WholeCall> found,
+                    ArithmeticForm arithmetic);
   Rest Written(const Run& run, std::span<const Value> answers) const;
 
   std::string_view text_;

@@ -19,9 +19,9 @@ TermForm::TermForm(Run& run, std::string_view text) : text_(text) {
   if (text.find_first_of("[]") != std::string_view::npos) return;
   trimmed_ = Trim(text);
   if (MayCall(run, trimmed_)) {
-    if (run.variables.MayHoldLocal(trimmed_)) return;
+    if (!run.variables.FindNumbers(trimmed_)) return;
     if (auto whole = FindWholeCall(run, trimmed_)) {
-      call_ = std::make_unique<const CallForm>(*std::move(whole));
+      call_ = std::make_unique<const CallForm>(run, *std::move(whole));
       kind_ = Kind::Call;
     } else if (auto inside = CallsInArithmetic::Of(run, trimmed_);
                inside && (inside->areOwn() || inside->areNumericFunctions())) {

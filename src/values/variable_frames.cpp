@@ -7,6 +7,14 @@
 
 namespace tessera {
 
+namespace {
+
+bool BeginsName(char c) {
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
+}
+
+}  // namespace
+
 void VariableStore::Frame::Add(std::string_view written, VariableType type) {
   variables_.push_back({std::string(written), type, {}});
   variables_.back().row.symbol.isLocal = true;
@@ -95,9 +103,21 @@ bool VariableStore::IsLocal(std::string_view name) const {
                      });
 }
 
-bool VariableStore::MayHoldLocal(std::string_view text) const {
-  return std::any_of(frames_.begin(), frames_.end(),
-                     [&](const Frame* frame) { return Contains(text, frame->function_ + frame->number_); });
+// Behind the number a local's name goes on, and nothing else in the program is spelled like that: of such a
+// function there is no frame.
+std::optional<VariableStore::NumberPlaces> VariableStore::FindNumbers(std::string_view text) const {
+  NumberPlaces numbers;
+  for (const Frame* frame : frames_) {
+    const std::string prefix = frame->function_ + frame->number_;
+    for (std::size_t at = text.find(prefix); at != std::string_view::npos; at = text.find(prefix, at + 1)) {
+      const std::size_t behind = at + prefix.size();
+      if (behind == text.size() || !BeginsName(text[behind])) continue;
+      if (numbers.number_ != nullptr && numbers.number_ != &frame->number_) return std::nullopt;
+      numbers.number_ = &frame->number_;
+      numbers.places_.push_back(at + frame->function_.size());
+    }
+  }
+  return numbers;
 }
 
 }  // namespace tessera

@@ -84,8 +84,23 @@ class VariableStore {
   void Abandon(Frame& frame);
   // Gives records to the variables of all frames.
   void RecordFrames();
-  // True if a name of a frame may stand in the text.
-  bool MayHoldLocal(std::string_view text) const;
+
+  // Where the number of a running call stands in a text that was copied out of its function's body. The body
+  // lives on, and with the number of its next call the copy is that of the body again.
+  class NumberPlaces {
+   public:
+    void Renew(std::string& text) const {
+      for (const std::size_t place : places_) number_->copy(text.data() + place, number_->size());
+    }
+
+   private:
+    friend class VariableStore;
+    const std::string* number_ = nullptr;
+    std::vector<std::size_t> places_;
+  };
+  bool HasFrames() const { return !frames_.empty(); }
+  // Nothing for a text that may hold names of several functions.
+  std::optional<NumberPlaces> FindNumbers(std::string_view text) const;
 
   // What `VarWrite` does for a variable that exists, without an index.
   void WriteTo(const Symbol& symbol, Value&& value);
