@@ -97,6 +97,7 @@ std::string MadeProgram::OwnCall() {
   std::string call = "F" + std::to_string(number) + "(";
   for (std::size_t i = 0; i < count; ++i) {
     if (i > 0) call += "," + Blank();
+    if (OneIn(20)) continue;  // an empty one hides what follows it
     call += OneIn(8) ? Literal() : OneIn(5) ? Arithmetic(1) : OneIn(3) ? Number() : Name();
   }
   return call + ")";
