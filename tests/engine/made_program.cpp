@@ -111,6 +111,8 @@ std::string MadeProgram::Operand(int depth) {
 }
 
 std::string MadeProgram::Arithmetic(int depth) {
+  // What stands behind the outermost level is not computed.
+  if (OneIn(50)) return Operand(0) + ") - " + Name();
   std::string text = OneIn(20) ? "-" : "";
   text += Operand(depth);
   for (std::size_t terms = 1 + Below(3); terms > 0; --terms) {
