@@ -6,6 +6,7 @@
 #include "checker/calls.h"
 #include "checker/near.h"
 #include "checker/reading.h"
+#include "checker/rehearsal.h"
 #include "language/families.h"
 #include "language/spelling.h"
 #include "language/words.h"
@@ -452,7 +453,9 @@ void CheckCommand(Context& context, const Word& word) {
     return CheckSuffix(context, word, tokens[1], tokens.subspan(2));
   if (CheckCuts(context, tokens.subspan(1), nullptr, false, Place::Argument)) return;
   if (!word.more.suffixes.empty()) return CheckCreation(context, word, tokens);
+  const std::size_t told = context.findings.size();
   CheckArguments(context, word, word.arguments, SplitAtCommas(tokens.subspan(1)), tokens[0]);
+  if (context.findings.size() == told) RehearseList(context, tokens.subspan(1));
 }
 
 }  // namespace tessera::check

@@ -169,7 +169,12 @@ Reckoned ValueOfCall(std::string_view name, const std::vector<std::string>& argu
   constexpr std::uint32_t kRange = 800;
   const int number = 100 + static_cast<int>(HashOf(all) % kRange);
   if (isText) return {.number = std::nullopt, .text = "t" + std::to_string(number)};
-  return ReckonedNumber(number);
+  return ReckonedNumber(GivesFraction(name) ? number + 0.5 : number);
+}
+
+bool GivesFraction(std::string_view name) {
+  if (name == "ValorInteiro" || name == "ParteInteira") return false;
+  return name == "Logaritmo" || IsNumericFunction(name);
 }
 
 bool GivesText(const Names& names, std::string_view name) {

@@ -29,6 +29,9 @@ int ValueOfVariable(std::string_view name);
 // The made-up value of a call, of a name and the forms of its arguments.
 Reckoned ValueOfCall(std::string_view name, const std::vector<std::string>& arguments, bool isText);
 
+// True if a number that the call by that name gives may have a fraction.
+bool GivesFraction(std::string_view name);
+
 // True if the call by that name gives a text.
 bool GivesText(const Names& names, std::string_view name);
 

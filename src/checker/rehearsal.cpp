@@ -102,9 +102,7 @@ class Rehearsal::Stage {
   bool Agrees(const Context& context, Tokens tokens, Place place, Type target) {
     const auto reckoned = Reckon(context, tokens);
     if (!reckoned || (target == Type::Number && !reckoned->number)) return true;
-    if (context.routine != nullptr) {
-      for (const Local& local : context.routine->locals) Declare(local.name, local.type, false);
-    }
+    DeclareLocals(context);
     dialogs_.wasShown = false;
     Value value;
     const std::string text(context.source.TextOf(tokens));
@@ -113,7 +111,32 @@ class Rehearsal::Stage {
     return !failure && !dialogs_.wasShown && IsSame(value, *reckoned);
   }
 
+  bool AgreesInList(const Context& context, Tokens list) {
+    DeclareLocals(context);
+    std::vector<std::string> alone;
+    const auto unknown = Guard([&] {
+      for (const Tokens argument : SplitAtCommas(list))
+        alone.push_back(EvalNumber(run_, context.source.TextOf(argument)).ToText());
+    });
+    if (unknown) return true;
+    std::vector<std::string> listed;
+    const auto failure = Guard([&] {
+      for (const std::string& part : SplitArguments(run_, context.source.TextOf(list), kPlaces)) {
+        if (part.empty()) break;
+        listed.push_back(EvalNumber(run_, part).ToText());
+      }
+    });
+    return !failure && listed == alone;
+  }
+
  private:
+  static constexpr std::size_t kPlaces = 101;
+
+  void DeclareLocals(const Context& context) {
+    if (context.routine == nullptr) return;
+    for (const Local& local : context.routine->locals) Declare(local.name, local.type, false);
+  }
+
   void Declare(std::string_view name, std::string_view type, bool isArray) {
     if (run_.variables.VarFind(name) != -1) return;
     const std::string value = std::to_string(ValueOfVariable(name));
@@ -135,7 +158,6 @@ class Rehearsal::Stage {
   }
 
   Value Call(std::string_view name, std::string_view arguments, bool isUser) {
-    constexpr std::size_t kPlaces = 51;
     const Word* word = isUser ? nullptr : FindWord(name);
     std::vector<std::string> forms;
     for (const std::string& part : SplitArguments(run_, arguments, kPlaces)) {
@@ -146,7 +168,7 @@ class Rehearsal::Stage {
     }
     const bool isText = GivesText(names_, name);
     const Reckoned value = ValueOfCall(name, forms, isText);
-    if (!isText) return Value(static_cast<std::int32_t>(*value.number));
+    if (!isText) return Value(*value.number);
     return isUser ? Value(value.text) : Value(Quote(value.text));
   }
 
@@ -166,6 +188,11 @@ Rehearsal::~Rehearsal() = default;
 bool Rehearsal::Agrees(const Context& context, Tokens tokens, Place place, Type target) {
   if (stage_ == nullptr) stage_ = std::make_unique<Stage>(names_);
   return stage_->Agrees(context, tokens, place, target);
+}
+
+bool Rehearsal::AgreesInList(const Context& context, Tokens list) {
+  if (stage_ == nullptr) stage_ = std::make_unique<Stage>(names_);
+  return stage_->AgreesInList(context, list);
 }
 
 namespace {
@@ -195,7 +222,9 @@ bool IsWorthIt(const Context& context, Tokens tokens) {
     if (word != nullptr && word->name == "SQL") return false;
   }
   const bool isOneCall = parens == 1 && IsCall(context, tokens, 0) && tokens.back().Is(')');
-  return hasCallOrGroup && !isOneCall;
+  // The numeric functions alone keep the fraction of their result in every place.
+  const bool keepsAll = !GivesFraction(tokens[0].text) || IsNumericFunction(tokens[0].text);
+  return hasCallOrGroup && !(isOneCall && keepsAll);
 }
 
 // The operator behind a parenthesis that goes on inside of it.
@@ -222,6 +251,15 @@ void Rehearse(Context& context, Tokens tokens, Place place, Type target) {
   context.Tell(rule::kBehindParen, OperatorBehindGroup(tokens),
                "esta conta não dá o que diz: o que vem atrás de \")\" ainda conta como dentro do parêntese",
                "faça a conta do parêntese antes, em uma variável; ou ponha o parêntese no começo da conta");
+}
+
+void RehearseList(Context& context, Tokens list) {
+  // Only a call that takes commas has the calls of a list replaced before the list is cut.
+  if (context.rehearsal == nullptr || !HoldsCallOf(trait::kTakesCommas, context.source.TextOf(list))) return;
+  if (context.rehearsal->AgreesInList(context, list)) return;
+  context.Tell(rule::kLostBehindCall, list,
+               "esta lista não dá o que diz: parte dela se perde em volta de uma chamada",
+               "guarde antes o resultado de cada função em uma variável, e ponha as variáveis na lista");
 }
 
 }  // namespace tessera::check

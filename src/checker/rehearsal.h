@@ -21,6 +21,9 @@ class Rehearsal {
   // known.
   bool Agrees(const Context& context, Tokens tokens, Place place, Type target);
 
+  // False where the arguments of a command's list have other values in the list than each by itself.
+  bool AgreesInList(const Context& context, Tokens list);
+
  private:
   class Stage;
 
@@ -31,5 +34,8 @@ class Rehearsal {
 // Tells an expression that does not compute what it reads. Only those with parentheses are rehearsed: all
 // others are settled by their operators.
 void Rehearse(Context& context, Tokens tokens, Place place, Type target);
+
+// Tells a command's list in which a call takes something from the arguments beside it.
+void RehearseList(Context& context, Tokens list);
 
 }  // namespace tessera::check

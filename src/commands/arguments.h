@@ -133,8 +133,7 @@ struct CutList {
       forms = call.forms;
       return;
     }
-    bool numericTarget = false;
-    parts = SplitArguments(call.run, call.text, places, splitAtEqual, numericTarget);
+    parts = SplitArguments(call.run, call.text, places, splitAtEqual, false);
   }
 
   std::size_t places;

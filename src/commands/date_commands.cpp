@@ -158,18 +158,20 @@ std::int64_t UnitsBetween(DateTime from, DateTime to, Unit unit) {
 
 Value DataAdiciona(const WordCall& call) {
   const Arguments arguments(call);
-  const Unit unit = UnitOf(arguments.Number("unidade"));
+  const Value unit = arguments.Number("unidade");
   const std::int32_t amount = arguments.Number("quantidade").ToInteger();
-  const auto date = AddUnits(DateOf(arguments.Number("data")), unit, amount);
+  const DateTime from = DateOf(arguments.Number("data"));
+  const auto date = AddUnits(from, UnitOf(unit), amount);
   if (!date) FailArgument();
   return Quote(DateText(*date));
 }
 
 Value DataDif(const WordCall& call) {
   const Arguments arguments(call);
-  const Unit unit = UnitOf(arguments.Number("unidade"));
+  const Value unit = arguments.Number("unidade");
   const DateTime first = DateOf(arguments.Number("primeira"));
-  const std::int64_t difference = UnitsBetween(first, DateOf(arguments.Number("segunda")), unit);
+  const DateTime second = DateOf(arguments.Number("segunda"));
+  const std::int64_t difference = UnitsBetween(first, second, UnitOf(unit));
   return Quote(NumberText(RoundToInteger(static_cast<double>(difference))));
 }
 

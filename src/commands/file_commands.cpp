@@ -97,9 +97,10 @@ Value FileCommands::LeArquivo(const WordCall& call) {
   const FileAlias* entry = FindAlias("LeArquivo", arguments.TextView("apelido", own));
   if (entry == nullptr) return {};
   if (entry->mode == FileMode::Binary) {
-    const std::uint64_t position = BytePosition(arguments.Number("posição"));
-    const std::size_t length = ByteCount(arguments.Number("tamanho"));
-    return Quote(run_.fileNumbers.Get<BinaryFile>(entry->number).Read(position, length));
+    const Value position = arguments.Number("posição");
+    const Value length = arguments.Number("tamanho");
+    const BinaryFile& file = run_.fileNumbers.Get<BinaryFile>(entry->number);
+    return Quote(file.Read(BytePosition(position), ByteCount(length)));
   }
   if (entry->mode == FileMode::Read) {
     // KEPT: a line that is the word itself looks like the end (FileCommands.ALineEofEndsAReadingLoop).
@@ -115,9 +116,9 @@ Value FileCommands::GravaArquivo(const WordCall& call) {
   const FileAlias* entry = FindAlias("GravaArquivo", arguments.TextView("apelido", own));
   if (entry == nullptr) return {};
   if (entry->mode == FileMode::Binary) {
-    const std::uint64_t position = BytePosition(arguments.Number("texto ou posição"));
+    const Value position = arguments.Number("texto ou posição");
     const std::string_view bytes = arguments.TextView("texto", own);
-    run_.fileNumbers.Get<BinaryFile>(entry->number).Write(position, bytes);
+    run_.fileNumbers.Get<BinaryFile>(entry->number).Write(BytePosition(position), bytes);
   } else if (entry->mode == FileMode::Write) {
     const std::string_view line = arguments.TextView("texto ou posição", own);
     run_.fileNumbers.Get<TextWriter>(entry->number).WriteLine(line);

@@ -31,9 +31,11 @@ Value Unir(const WordCall& call) {
 Value Separe(const WordCall& call) {
   const Arguments arguments(call);
   const std::string source = arguments.Text("texto");
-  const Position start = PositionOf(arguments.Number("início").ToShort());
-  const auto length = arguments.OptionalNumber("tamanho");
-  return Quote(length ? Mid(source, start, LengthOf(length->ToShort())) : Mid(source, start));
+  const std::int16_t start = arguments.Number("início").ToShort();
+  const auto given = arguments.OptionalNumber("tamanho");
+  if (!given) return Quote(Mid(source, PositionOf(start)));
+  const std::int16_t length = given->ToShort();
+  return Quote(Mid(source, PositionOf(start), LengthOf(length)));
 }
 
 Value Comprimento(const WordCall& call) {
@@ -58,8 +60,9 @@ Value Car(const WordCall& call) {
 
 Value Sequencia(const WordCall& call) {
   const Arguments arguments(call);
-  const std::size_t count = LengthOf(arguments.Number("quantidade").ToShort());
+  const std::int16_t given = arguments.Number("quantidade").ToShort();
   const Value character = arguments.Number("caractere");
+  const std::size_t count = LengthOf(given);
   if (const std::string* first = character.AsText()) {
     if (first->empty()) FailArgument();
     return Quote(std::string(count, first->front()));
@@ -98,8 +101,9 @@ Value Sobreponha(const WordCall& call) {
   const Arguments arguments(call);
   std::string target = arguments.Text("variável");
   const std::string over = arguments.Text("texto");
-  const Position start = PositionOf(arguments.Number("início").ToInteger());
+  const std::int32_t from = arguments.Number("início").ToInteger();
   const auto given = arguments.OptionalNumber("tamanho");
+  const Position start = PositionOf(from);
   const std::size_t length = given ? LengthOf(given->ToInteger()) : 0;
 
   const std::string_view written = length == 0 ? std::string_view(over) : Left(over, length);

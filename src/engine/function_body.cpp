@@ -178,7 +178,7 @@ class PassedArguments {
   PassedArguments(Run& run, const ArgumentText& arguments) : run_(run) {
     if (arguments.forms != nullptr && arguments.forms->Cut(run, kMostNames, false)) {
       forms_ = arguments.forms;
-      count_ = forms_->parts().size();
+      count_ = CountOf(forms_->parts());
     } else {
       Split(arguments.text);
     }
@@ -205,12 +205,17 @@ class PassedArguments {
   }
 
  private:
+  // An empty argument hides what follows it.
+  static std::size_t CountOf(const std::vector<std::string>& parts) {
+    const auto end = std::find(parts.begin(), parts.end(), std::string());
+    return static_cast<std::size_t>(end - parts.begin());
+  }
+
   void Split(std::string_view arguments) {
     const std::string text = StripParens(arguments);
     isKnown_ = !HoldsCallOf(trait::kTakesCommas, text) &&
                !Guard([&] { parts_ = SplitArguments(run_, text, kMostNames); });
-    while (!parts_.empty() && parts_.back().empty()) parts_.pop_back();
-    count_ = parts_.size();
+    count_ = CountOf(parts_);
   }
 
   Run& run_;

@@ -10,9 +10,7 @@ namespace tessera {
 void ArgumentForms::CutFirst(Run& run, std::size_t places, bool splitAtEqual) {
   state_ = State::Never;
   if (HoldsCallOf(trait::kTakesCommas, StripParens(text_))) return;
-  bool numericTarget = false;
-  const auto failure =
-      Guard([&] { parts_ = SplitArguments(run, text_, places, splitAtEqual, numericTarget); });
+  const auto failure = Guard([&] { parts_ = SplitArguments(run, text_, places, splitAtEqual, false); });
   if (failure) return;
   while (!parts_.empty() && parts_.back().empty()) parts_.pop_back();
   parts_.shrink_to_fit();

@@ -21,7 +21,8 @@ class ArithmeticReader {
   std::optional<ArithmeticForm> Read() {
     if (!CutPieces()) return std::nullopt;
     const Node root = Parse(0);
-    if (failed_) return std::nullopt;
+    // What stands behind the ")" that ends the outermost level is not computed, but its names are read.
+    if (failed_ || position_ < pieces_.size()) return std::nullopt;
     Emit(root);
     if (failed_) return std::nullopt;
     return std::move(form_);

@@ -65,7 +65,7 @@ std::string WithAnswer(std::string_view text, const Call& call, std::string_view
   return numericTarget ? Replace(built, ',', '.') : built;
 }
 
-void ApplyFunction(Run& run, std::string& text, const Call& call, bool& numericTarget) {
+void ApplyFunction(Run& run, std::string& text, const Call& call, bool numericTarget) {
   const std::string answer = run.doors.CommandCall(call.name, call.arguments).ToText();
   // KEPT: behind a call whose argument is empty or a variable the rest of the text is lost
   // (programs/calls_in_expressions.tsc).
@@ -138,6 +138,15 @@ void ReplaceFunctions(Run& run, std::string& text, bool& numericTarget, int repl
     run.stack.Check();
     limit.Count(text);
     if (IsNumericFunction(call->name)) numericTarget = true;
+    ApplyFunction(run, text, *call, numericTarget);
+  }
+}
+
+void ReplaceListFunctions(Run& run, std::string& text, bool numericTarget) {
+  ReplacementLimit limit(run);
+  while (const auto call = FindFunction(run, text)) {
+    run.stack.Check();
+    limit.Count(text);
     ApplyFunction(run, text, *call, numericTarget);
   }
 }

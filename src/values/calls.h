@@ -40,7 +40,7 @@ std::string WithAnswer(std::string_view text, const Call& call, std::string_view
 std::string WithUserAnswer(std::string_view text, const Call& call, std::string_view answer);
 
 // Runs the call and replaces it in `text`. `numericTarget` decides how commas and the rest of the text fare.
-void ApplyFunction(Run& run, std::string& text, const Call& call, bool& numericTarget);
+void ApplyFunction(Run& run, std::string& text, const Call& call, bool numericTarget);
 
 // The same for functions of the program.
 std::optional<Call> FindUserFunction(const Run& run, std::string_view text);
@@ -65,6 +65,9 @@ void FinishUserResult(std::string& built, std::string_view resultType);
 // Replaces all calls of the language's words; each of the eleven numeric functions sets `numericTarget`.
 // Calls that were replaced before count against the limit.
 void ReplaceFunctions(Run& run, std::string& text, bool& numericTarget, int replacedBefore = 0);
+
+// The same in a list, whose commas part its places: a numeric function leaves the target as it is.
+void ReplaceListFunctions(Run& run, std::string& text, bool numericTarget);
 
 // Replaces all calls of the program's functions.
 void ReplaceUserFunctions(Run& run, std::string& text, int replacedBefore = 0);

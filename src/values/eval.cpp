@@ -136,10 +136,10 @@ Value EvalText(Run& run, std::string_view text) {
 }
 
 std::vector<std::string> SplitArguments(Run& run, std::string_view source, std::size_t places,
-                                        bool splitAtEqual, bool& numericTarget) {
+                                        bool splitAtEqual, bool numericTarget) {
   std::string text(Trim(StripParens(source)));
   // Calls that take commas must be gone before the list is cut, since the cut looks at no parentheses.
-  if (HoldsCallOf(trait::kTakesCommas, text)) ReplaceFunctions(run, text, numericTarget);
+  if (HoldsCallOf(trait::kTakesCommas, text)) ReplaceListFunctions(run, text, numericTarget);
   Pieces pieces(places);
   for (std::size_t i = 0; i < text.size(); ++i) {
     if (text[i] == '"') {
@@ -164,8 +164,7 @@ std::vector<std::string> SplitArguments(Run& run, std::string_view source, std::
 }
 
 std::vector<std::string> SplitArguments(Run& run, std::string_view text, std::size_t places) {
-  bool numericTarget = false;
-  return SplitArguments(run, text, places, false, numericTarget);
+  return SplitArguments(run, text, places, false, false);
 }
 
 void VarDeclare(Run& run, std::string_view line, std::string_view keyword) {

@@ -39,7 +39,7 @@ std::string Quote(std::string_view text);
 // argument of its own. More pieces than places is failure 9. The result always has `places` entries; the
 // list ends at its first empty one.
 std::vector<std::string> SplitArguments(Run& run, std::string_view text, std::size_t places,
-                                        bool splitAtEqual, bool& numericTarget);
+                                        bool splitAtEqual, bool numericTarget);
 std::vector<std::string> SplitArguments(Run& run, std::string_view text, std::size_t places);
 
 // Declares every variable of a prepared line that opens with `keyword` ("Var" or "Variavel").

@@ -97,6 +97,7 @@ std::string MadeProgram::OwnCall() {
   std::string call = "F" + std::to_string(number) + "(";
   for (std::size_t i = 0; i < count; ++i) {
     if (i > 0) call += "," + Blank();
+    if (OneIn(20)) continue;  // an empty one hides what follows it
     call += OneIn(8) ? Literal() : OneIn(5) ? Arithmetic(1) : OneIn(3) ? Number() : Name();
   }
   return call + ")";
@@ -110,6 +111,8 @@ std::string MadeProgram::Operand(int depth) {
 }
 
 std::string MadeProgram::Arithmetic(int depth) {
+  // What stands behind the outermost level is not computed.
+  if (OneIn(50)) return Operand(0) + ") - " + Name();
   std::string text = OneIn(20) ? "-" : "";
   text += Operand(depth);
   for (std::size_t terms = 1 + Below(3); terms > 0; --terms) {

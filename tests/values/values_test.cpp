@@ -107,8 +107,7 @@ TEST(Unquote, OnlyTheOutermostPairGoes) {
 
 std::vector<std::string> Parts(std::string_view text, bool splitAtEqual = false) {
   test::CoreProgram program;
-  bool numeric = false;
-  auto parts = SplitArguments(program.run, text, 6, splitAtEqual, numeric);
+  auto parts = SplitArguments(program.run, text, 6, splitAtEqual, false);
   while (!parts.empty() && parts.back().empty()) parts.pop_back();
   return parts;
 }
