@@ -49,7 +49,8 @@ class ArgumentView {
   std::string Text(ArgumentName name) const {
     const std::size_t place = first_ + signature_.PlaceOf(name);
     const std::string& part = Part(place);
-    if (list_.forms != nullptr && place < list_.parts.size()) return list_.forms->Text(run_, place).ToText();
+    if (IsLiteralAnswer(place)) return std::string(Unquote(part));
+    if (HasForm(place)) return list_.forms->Text(run_, place).ToText();
     return EvalText(run_, part).ToText();
   }
 
@@ -57,9 +58,9 @@ class ArgumentView {
   // written.
   std::string_view TextView(ArgumentName name, std::string& own) const {
     const std::size_t place = first_ + signature_.PlaceOf(name);
+    if (IsLiteralAnswer(place)) return Unquote(list_.parts[place]);
     std::string_view text;
-    if (list_.forms != nullptr && place < list_.parts.size() && list_.forms->ReadText(run_, place, text))
-      return text;
+    if (HasForm(place) && list_.forms->ReadText(run_, place, text)) return text;
     own = Text(name);
     return own;
   }
@@ -89,7 +90,8 @@ class ArgumentView {
   // The value of a place by its number.
   Value NumberAt(std::size_t place) const {
     const std::string& part = Part(place);
-    if (list_.forms != nullptr && place < list_.parts.size()) return list_.forms->Number(run_, place);
+    if (IsLiteralAnswer(place)) return Unquote(part);
+    if (HasForm(place)) return list_.forms->Number(run_, place);
     return EvalNumber(run_, part);
   }
 
@@ -111,6 +113,18 @@ class ArgumentView {
       : run_(run), list_(list), signature_(signature), first_(first) {}
 
  private:
+  // The answer of a call that was run before the list was cut; the form knows nothing of it.
+  bool IsAnswer(std::size_t place) const {
+    return list_.forms->parts()[place].empty() && !list_.parts[place].empty();
+  }
+  bool HasForm(std::size_t place) const {
+    return list_.forms != nullptr && place < list_.parts.size() && !IsAnswer(place);
+  }
+  bool IsLiteralAnswer(std::size_t place) const {
+    return list_.forms != nullptr && place < list_.parts.size() && IsAnswer(place) &&
+           list_.parts[place].starts_with('"') && run_.variables.SymbolsTellAll();
+  }
+
   // How many places from one on are not empty.
   std::size_t CountFrom(std::size_t begin) const {
     std::size_t end = begin;
@@ -126,31 +140,42 @@ class ArgumentView {
 
 namespace detail {
 
-struct CutList {
-  explicit CutList(const WordCall& call) : places(call.word.Places()) {
+struct ListOfCall {
+  explicit ListOfCall(const WordCall& call) : places(call.word.Places()) {
     const bool splitAtEqual = call.word.Has(trait::kEqualSign);
-    if (call.forms != nullptr && call.forms->Cut(call.run, places, splitAtEqual)) {
-      forms = call.forms;
-      return;
+    if (call.forms != nullptr) {
+      if (call.forms->Cut(call.run, places, splitAtEqual)) {
+        forms = call.forms;
+        list = forms->parts();
+        return;
+      }
+      if (const auto isByForms = call.forms->CutBehindCalls(call.run, places, splitAtEqual, parts)) {
+        if (*isByForms) forms = call.forms;
+        list = parts;
+        return;
+      }
     }
     parts = SplitArguments(call.run, call.text, places, splitAtEqual, false);
+    list = parts;
   }
+  ListOfCall(const ListOfCall&) = delete;
+  ListOfCall& operator=(const ListOfCall&) = delete;
 
   std::size_t places;
   ArgumentForms* forms = nullptr;
-  std::vector<std::string> parts;  // where there are no forms
+  std::span<const std::string> list;
+  std::vector<std::string> parts;  // where it is not that of the forms
 };
 
 }  // namespace detail
 
 // The list stands before the view on it.
-class Arguments : private detail::CutList, public ArgumentView {
+class Arguments : private detail::ListOfCall, public ArgumentView {
  public:
   // Failure 9 for more arguments than the word's list has places.
   explicit Arguments(const WordCall& call)
-      : CutList(call),
-        ArgumentView(call.run, {forms != nullptr ? forms->parts() : parts, places, forms},
-                     call.word.arguments, 0),
+      : ListOfCall(call),
+        ArgumentView(call.run, {list, places, forms}, call.word.arguments, 0),
         word_(call.word) {}
   Arguments(const Arguments&) = delete;
   Arguments& operator=(const Arguments&) = delete;

@@ -17,6 +17,7 @@
 namespace tessera {
 
 struct Command;
+class ListCalls;
 struct ReadyFunction;
 struct Run;
 
@@ -24,16 +25,25 @@ struct Run;
 class ArgumentForms {
  public:
   // `text` outlives the forms.
-  explicit ArgumentForms(std::string_view text) : text_(text) {}
+  explicit ArgumentForms(std::string_view text);
+  ~ArgumentForms();
+  ArgumentForms(const ArgumentForms&) = delete;
+  ArgumentForms& operator=(const ArgumentForms&) = delete;
 
   // Cuts the text at the first call; a word always cuts alike. False for a text that has to be cut anew each
   // time: a call in it is to be replaced before, or it has more pieces than places.
   bool Cut(Run& run, std::size_t places, bool splitAtEqual) {
     if (state_ == State::Uncut) CutFirst(run, places, splitAtEqual);
     if (state_ != State::Cut) return false;
-    for (std::size_t i = 0; i < numbers_.size(); ++i) numbers_[i].Renew(parts_[i]);
+    RenewNumbers();
     return true;
   }
+
+  // The same where calls are to be replaced before: runs them, and puts the list as it is this time into
+  // `parts`. Nothing, and nothing has been run, for a text that has to be cut anew. Else whether the forms
+  // tell of the pieces; those that stand here as empty texts, and there as others, are answers.
+  std::optional<bool> CutBehindCalls(Run& run, std::size_t places, bool splitAtEqual,
+                                     std::vector<std::string>& parts) const;
 
   // The pieces up to the last one that is not empty.
   const std::vector<std::string>& parts() const { return parts_; }
@@ -65,8 +75,11 @@ class ArgumentForms {
   ReadyFunction* function = nullptr;
 
  private:
-  enum class State : std::uint8_t { Uncut, Cut, Never };
+  enum class State : std::uint8_t { Uncut, Cut, CutBehindCalls, Never };
 
+  void RenewNumbers() const {
+    for (std::size_t i = 0; i < numbers_.size(); ++i) numbers_[i].Renew(parts_[i]);
+  }
   void CutFirst(Run& run, std::size_t places, bool splitAtEqual);
   bool FindNoCalls(Run& run);
   const TermForm& TermAt(Run& run, std::size_t place) {
@@ -77,7 +90,8 @@ class ArgumentForms {
 
   std::string_view text_;
   State state_ = State::Uncut;
-  std::vector<std::string> parts_;
+  std::unique_ptr<const ListCalls> calls_;
+  mutable std::vector<std::string> parts_;
   std::vector<VariableStore::NumberPlaces> numbers_;    // of each of them, in a body
   std::vector<std::unique_ptr<const TermForm>> terms_;  // made at first use
   std::optional<bool> areWithoutCalls_;

@@ -13,7 +13,7 @@ namespace tessera {
 CallForm::CallForm(const tessera::Run& run, WholeCall whole)
     : name_(std::move(whole.call.name)),
       arguments_(std::move(whole.call.arguments)),
-      numbers_(run.variables.FindNumbers(arguments_).value()),
+      numbers_(*run.variables.FindNumbers(arguments_)),
       resultType_(std::move(whole.call.resultType)),
       isText_(resultType_ == "String"),
       isNumber_(resultType_ == "Numero"),

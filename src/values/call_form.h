@@ -17,11 +17,14 @@ struct WholeCall;
 
 class CallForm {
  public:
+  // The call stands in a text in which the store finds the numbers of running calls.
   CallForm(const Run& run, WholeCall whole);
   CallForm(const CallForm&) = delete;
   CallForm& operator=(const CallForm&) = delete;
 
   bool isOwn() const { return isOwn_; }
+  // As they were passed last, with marks.
+  std::string_view arguments() const { return arguments_; }
   bool isNumericFunction() const { return isNumericFunction_; }
 
   // The handler's or the function's answer.

@@ -142,8 +142,8 @@ void ReplaceFunctions(Run& run, std::string& text, bool& numericTarget, int repl
   }
 }
 
-void ReplaceListFunctions(Run& run, std::string& text, bool numericTarget) {
-  ReplacementLimit limit(run);
+void ReplaceListFunctions(Run& run, std::string& text, bool numericTarget, int replacedBefore) {
+  ReplacementLimit limit(run, replacedBefore);
   while (const auto call = FindFunction(run, text)) {
     run.stack.Check();
     limit.Count(text);

@@ -67,7 +67,7 @@ void FinishUserResult(std::string& built, std::string_view resultType);
 void ReplaceFunctions(Run& run, std::string& text, bool& numericTarget, int replacedBefore = 0);
 
 // The same in a list, whose commas part its places: a numeric function leaves the target as it is.
-void ReplaceListFunctions(Run& run, std::string& text, bool numericTarget);
+void ReplaceListFunctions(Run& run, std::string& text, bool numericTarget, int replacedBefore = 0);
 
 // Replaces all calls of the program's functions.
 void ReplaceUserFunctions(Run& run, std::string& text, int replacedBefore = 0);

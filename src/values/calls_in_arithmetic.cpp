@@ -1,6 +1,7 @@
 #include "values/calls_in_arithmetic.h"
 
 #include <array>
+#include <cmath>
 
 #include "platform/failure.h"
 #include "text/number.h"
@@ -99,6 +100,13 @@ std::optional<CallsInArithmetic> CallsInArithmetic::Of(Run& run, std::string_vie
   return CallsInArithmetic(run, text, std::move(calls), *std::move(arithmetic));
 }
 
+// Of a text with several functions of the program only the last comma becomes a point.
+bool CallsInArithmetic::SettleNumber(Run& run, const CallForm& call, const Value& answer,
+                                     double& number) const {
+  if (!call.SettleNumber(run, answer, true, number)) return false;
+  return !call.isOwn() || calls_.size() == 1 || number == std::trunc(number);
+}
+
 std::optional<double> CallsInArithmetic::Evaluate(Run& run, Rest& rest) const {
   std::array<Value, kMostCalls> answers;
   ArithmeticForm::Answers numbers{};
@@ -107,8 +115,7 @@ std::optional<double> CallsInArithmetic::Evaluate(Run& run, Rest& rest) const {
   while (areNumbers && count < calls_.size()) {
     const CallForm& call = *calls_[count];
     answers[count] = call.Run(run);
-    areNumbers =
-        run.variables.SymbolsTellAll() && call.SettleNumber(run, answers[count], true, numbers[count]);
+    areNumbers = run.variables.SymbolsTellAll() && SettleNumber(run, call, answers[count], numbers[count]);
     ++count;
   }
   if (areNumbers) {

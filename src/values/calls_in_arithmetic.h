@@ -43,6 +43,7 @@ class CallsInArithmetic {
  private:
   CallsInArithmetic(const Run& run, std::string_view text, std::vector<WholeCall> found,
                     ArithmeticForm arithmetic);
+  bool SettleNumber(Run& run, const CallForm& call, const Value& answer, double& number) const;
   Rest Written(const Run& run, std::span<const Value> answers) const;
 
   std::string_view text_;

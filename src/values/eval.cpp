@@ -140,12 +140,16 @@ std::vector<std::string> SplitArguments(Run& run, std::string_view source, std::
   std::string text(Trim(StripParens(source)));
   // Calls that take commas must be gone before the list is cut, since the cut looks at no parentheses.
   if (HoldsCallOf(trait::kTakesCommas, text)) ReplaceListFunctions(run, text, numericTarget);
+  return CutList(text, places, splitAtEqual);
+}
+
+std::vector<std::string> CutList(std::string_view text, std::size_t places, bool splitAtEqual) {
   Pieces pieces(places);
   for (std::size_t i = 0; i < text.size(); ++i) {
     if (text[i] == '"') {
       const std::size_t close = text.find('"', i + 1);
       const std::size_t end = close == std::string::npos ? text.size() : close + 1;
-      pieces.Append(std::string_view(text).substr(i, end - i));
+      pieces.Append(text.substr(i, end - i));
       i = end;
       if (i == text.size()) break;
     }

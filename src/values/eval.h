@@ -41,6 +41,8 @@ std::string Quote(std::string_view text);
 std::vector<std::string> SplitArguments(Run& run, std::string_view text, std::size_t places,
                                         bool splitAtEqual, bool numericTarget);
 std::vector<std::string> SplitArguments(Run& run, std::string_view text, std::size_t places);
+// The same for a list, trimmed, in which no call is to be replaced before.
+std::vector<std::string> CutList(std::string_view text, std::size_t places, bool splitAtEqual);
 
 // Declares every variable of a prepared line that opens with `keyword` ("Var" or "Variavel").
 void VarDeclare(Run& run, std::string_view line, std::string_view keyword);

@@ -78,6 +78,27 @@ TEST(Forms, DoWhatThePlainRulesDo) {
   }
 }
 
+// An answer is text that is searched again with the list.
+TEST(Forms, LookThroughTheAnswersInAList) {
+  constexpr std::string_view kLists[] = {"ConvStr(s), Separe(\"abc\", 2, 1), n",
+                                         "Unir(ConvStr(s), n), Separe(s, 1, 3), n",
+                                         "n, ConvStr(s), Apara(\" b \"), Separe(\"abc\", n, 1), n",
+                                         "Comprimento(s), Separe(s, 1, 2), n",
+                                         "Separe(s, 1, 9)",
+                                         "Separe(s, 1, 9), Sequencia(2, \"x\"), n"};
+  for (const std::string_view value :
+       {"abc", "Apara a", "Apara", "Data x", "Sequencia", "(y", "x)", "x) ) y", "a,b", "a[1]", "5"}) {
+    for (const std::string_view list : kLists) {
+      const std::string text = "Var s String, t String, n Inteiro\ns = \"" + std::string(value) +
+                               "\"\nEnquanto n < 4\n  n++\n  Escreve()\n  Junta()\nRepita\nFimPrograma\n"
+                               "Sub Escreve()\n  Escreva " +
+                               std::string(list) + "\nFimSub\nSub Junta()\n  t = Unir(" + std::string(list) +
+                               ")\n  Escreva t\nFimSub\n";
+      EXPECT_TRUE(RunMade(text, false) == RunMade(text, true)) << text;
+    }
+  }
+}
+
 struct TermRow {
   std::string_view text;
   std::string_view ready;

@@ -47,8 +47,8 @@ std::string MadeProgram::Writable() {
 }
 
 std::string MadeProgram::Literal() {
-  return '"' + AnyOf({"",         "a",   "abc", "5",    "2,5",   "a,b", "(x)", "x)", "(y", "a + b",
-                      "Seno (1)", " E ", "OU",  "a[1]", "F0(1)", "i1",  " ",   "ç",  "p0", "TRUE"}) +
+  return '"' + AnyOf({"",        "a",   "abc", "5",    "2,5",   "a,b", "(x)", "x)", "(y", "a + b", "Seno (1)",
+                      "Apara a", " E ", "OU",  "a[1]", "F0(1)", "i1",  " ",   "ç",  "p0", "TRUE"}) +
          '"';
 }
 
@@ -76,7 +76,7 @@ std::string MadeProgram::TextCall() {
     case 1:
       return "Apara(" + (OneIn(4) ? TextCall() : OneIn(6) ? Arithmetic(1) : Name()) + ")";
     case 2:
-      return "Unir(" + Name() + ", " + Literal() + ")";
+      return "Unir(" + ListOfCalls() + ")";
     case 3:
       return "Car(6" + std::to_string(Below(10)) + ")";
     case 4:
@@ -86,6 +86,16 @@ std::string MadeProgram::TextCall() {
     default:
       return "ConvStr(" + Name() + ")";
   }
+}
+
+// A list in which calls are replaced before it is cut.
+std::string MadeProgram::ListOfCalls() {
+  std::string text;
+  for (std::size_t pieces = 1 + Below(4); pieces > 0; --pieces) {
+    if (!text.empty()) text += "," + Blank();
+    text += OneIn(3) ? TextCall() : OneIn(6) ? NumericCall(1) : OneIn(2) ? Literal() : Name();
+  }
+  return text;
 }
 
 std::string MadeProgram::OwnCall() {
@@ -230,6 +240,8 @@ void MadeProgram::Statement(const std::string& indent, int depth) {
     Block(indent, depth);
   } else if (OneIn(8)) {
     Put(indent + "Escreva " + Term(2) + ", \"|\", " + Term(1));
+  } else if (OneIn(10)) {
+    Put(indent + "Escreva " + ListOfCalls());
   } else if (OneIn(25)) {
     Put(indent + "Sobreponha " + Name() + ", " + std::to_string(1 + Below(3)) + ", " + Literal());
   } else if (OneIn(30)) {

@@ -35,6 +35,7 @@ class MadeProgram {
   std::string Arithmetic(int depth);
   std::string NumericCall(int depth);
   std::string TextCall();
+  std::string ListOfCalls();
   std::string OwnCall();
   std::string SumOfCalls();
   std::string Term(int depth);
