@@ -198,16 +198,18 @@ void CheckPlain(Context& context, Tokens right, Type target, std::string_view ta
   }
   const Word* word =
       right[0].IsName() && right.size() > 1 && right[1].Is('(') ? FindWord(right[0].text) : nullptr;
-  const bool givesWords = word != nullptr && word->name == right[0].text && word->result == Result::Text &&
-                          type == Type::Text &&
-                          (word->topic == Topic::Checks || word->topic == Topic::Dates) &&
-                          word->name != "DataDif" && word->name != "InverteData";
+  const bool givesWords =
+      word != nullptr && word->name == right[0].text && word->result == Result::Text && type == Type::Text &&
+      (word->topic == Topic::Checks || word->topic == Topic::Dates || word->name == "Formata") &&
+      word->name != "DataDif" && word->name != "InverteData";
   if (target == Type::Number && givesWords && ClosingParen(right, 1) + 1 == right.size()) {
     context.Tell(rule::kTextIntoNumber, right,
                  Shown(word->name) + " dá um texto, que não cabe em uma variável " + std::string(targetType),
                  "declare a variável como String");
     return;
   }
+  if (target == Type::Text && SplitAtCommas(right).size() > 1)
+    return RehearseList(context, right, Place::RightSide);
   Rehearse(context, right, Place::RightSide, target);
 }
 

@@ -455,7 +455,7 @@ void CheckCommand(Context& context, const Word& word) {
   if (!word.more.suffixes.empty()) return CheckCreation(context, word, tokens);
   const std::size_t told = context.findings.size();
   CheckArguments(context, word, word.arguments, SplitAtCommas(tokens.subspan(1)), tokens[0]);
-  if (context.findings.size() == told) RehearseList(context, tokens.subspan(1));
+  if (context.findings.size() == told) RehearseList(context, tokens.subspan(1), Place::Argument);
 }
 
 }  // namespace tessera::check

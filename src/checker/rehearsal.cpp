@@ -111,8 +111,13 @@ class Rehearsal::Stage {
     return !failure && !dialogs_.wasShown && IsSame(value, *reckoned);
   }
 
-  bool AgreesInList(const Context& context, Tokens list) {
+  bool AgreesInList(const Context& context, Tokens list, Place place) {
     DeclareLocals(context);
+    return place == Place::RightSide ? AgreesInJoin(context, list) : AgreesInArguments(context, list);
+  }
+
+ private:
+  bool AgreesInArguments(const Context& context, Tokens list) {
     std::vector<std::string> alone;
     const auto unknown = Guard([&] {
       for (const Tokens argument : SplitAtCommas(list))
@@ -129,7 +134,19 @@ class Rehearsal::Stage {
     return !failure && listed == alone;
   }
 
- private:
+  bool AgreesInJoin(const Context& context, Tokens list) {
+    std::string alone;
+    const auto unknown = Guard([&] {
+      for (const Tokens value : SplitAtCommas(list))
+        alone += Assigned(std::string(context.source.TextOf(value)), Type::Text).ToText();
+    });
+    if (unknown) return true;
+    std::string joined;
+    const auto failure =
+        Guard([&] { joined = Assigned(std::string(context.source.TextOf(list)), Type::Text).ToText(); });
+    return !failure && joined == alone;
+  }
+
   static constexpr std::size_t kPlaces = 101;
 
   void DeclareLocals(const Context& context) {
@@ -190,9 +207,9 @@ bool Rehearsal::Agrees(const Context& context, Tokens tokens, Place place, Type 
   return stage_->Agrees(context, tokens, place, target);
 }
 
-bool Rehearsal::AgreesInList(const Context& context, Tokens list) {
+bool Rehearsal::AgreesInList(const Context& context, Tokens list, Place place) {
   if (stage_ == nullptr) stage_ = std::make_unique<Stage>(names_);
-  return stage_->AgreesInList(context, list);
+  return stage_->AgreesInList(context, list, place);
 }
 
 namespace {
@@ -253,13 +270,21 @@ void Rehearse(Context& context, Tokens tokens, Place place, Type target) {
                "faça a conta do parêntese antes, em uma variável; ou ponha o parêntese no começo da conta");
 }
 
-void RehearseList(Context& context, Tokens list) {
-  // Only a call that takes commas has the calls of a list replaced before the list is cut.
-  if (context.rehearsal == nullptr || !HoldsCallOf(trait::kTakesCommas, context.source.TextOf(list))) return;
-  if (context.rehearsal->AgreesInList(context, list)) return;
-  context.Tell(rule::kLostBehindCall, list,
-               "esta lista não dá o que diz: parte dela se perde em volta de uma chamada",
-               "guarde antes o resultado de cada função em uma variável, e ponha as variáveis na lista");
+void RehearseList(Context& context, Tokens list, Place place) {
+  if (context.rehearsal == nullptr) return;
+  // Of a command's list the calls are replaced before it is cut only where one takes commas.
+  const bool isWhole =
+      place == Place::RightSide || HoldsCallOf(trait::kTakesCommas, context.source.TextOf(list));
+  if (!isWhole || context.rehearsal->AgreesInList(context, list, place)) return;
+  bool hasCall = false;
+  for (std::size_t i = 0; i < list.size(); ++i) hasCall = hasCall || IsCall(context, list, i);
+  context.Tell(
+      rule::kLostBehindCall, list,
+      hasCall ? "esta lista não dá o que diz: parte dela se perde em volta de uma chamada"
+              : "esta lista não dá o que diz: um texto dela é tomado por uma chamada",
+      place == Place::RightSide
+          ? "junte os valores com &, e guarde antes o resultado de cada função em uma variável"
+          : "guarde antes o resultado de cada função em uma variável, e ponha as variáveis na lista");
 }
 
 }  // namespace tessera::check

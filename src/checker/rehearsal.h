@@ -21,8 +21,8 @@ class Rehearsal {
   // known.
   bool Agrees(const Context& context, Tokens tokens, Place place, Type target);
 
-  // False where the arguments of a command's list have other values in the list than each by itself.
-  bool AgreesInList(const Context& context, Tokens list);
+  // False where the values of a list, of a command or of a text's right side, are others than each by itself.
+  bool AgreesInList(const Context& context, Tokens list, Place place);
 
  private:
   class Stage;
@@ -35,7 +35,7 @@ class Rehearsal {
 // others are settled by their operators.
 void Rehearse(Context& context, Tokens tokens, Place place, Type target);
 
-// Tells a command's list in which a call takes something from the arguments beside it.
-void RehearseList(Context& context, Tokens list);
+// Tells a list in which a call takes something from the values beside it.
+void RehearseList(Context& context, Tokens list, Place place);
 
 }  // namespace tessera::check

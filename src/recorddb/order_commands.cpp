@@ -169,6 +169,8 @@ Value OrdemBD(RecordContext& context, const WordCall& call) {
     if (indexFields.size() == kIndexFields) FailSubscript();
     indexFields.push_back(EvalText(call.run, field).ToText());
   }
+  // The first empty one ends them, also where it came out empty.
+  indexFields.erase(std::find(indexFields.begin(), indexFields.end(), ""), indexFields.end());
   if (const auto fields = ResolveIndexFields(context, number)) Rebuild(context, number, *fields).Run();
   return {};
 }

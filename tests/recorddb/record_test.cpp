@@ -387,6 +387,12 @@ TEST_F(RecordOrder, AnUnknownFieldLeavesAnEmptyList) {
                             "registros do arquivo menos um."}));
 }
 
+TEST_F(RecordOrder, AFieldThatComesOutEmptyEndsTheIndexFields) {
+  EXPECT_EQ(WithPeople(std::string(kThree).append(
+                "Var vazio\nOrdemBD Gente, Nome, vazio, Cor;LeRegistro Gente, 0;Escreva Gente.Nome")),
+            "Ana\n");
+}
+
 // Databases of random content, damaged ones among them: both ways of rebuilding give the same entries, leave
 // the same variables and fail alike.
 TEST_F(RecordOrder, QuickEntriesAreThoseOfPlainReading) {
