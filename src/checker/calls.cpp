@@ -276,7 +276,8 @@ Type CheckCall(Context& context, const Token& name, Tokens list, const Sought& s
 void CheckArguments(Context& context, const Word& word, const Signature& signature,
                     std::span<const Tokens> arguments, const Token& place) {
   const std::size_t least = Least(signature);
-  const std::string usage = word.arguments.size() == 0 ? "" : ": " + ShownSignature(signature);
+  const bool hasUsage = word.arguments.size() > 0 && signature.size() > 0;
+  const std::string usage = hasUsage ? ": " + ShownSignature(signature) : "";
   if (arguments.size() < least) {
     context.Tell(rule::kTooFew, place,
                  "faltam valores a " + Shown(word.name) + ": leva " +
@@ -293,8 +294,9 @@ void CheckArguments(Context& context, const Word& word, const Signature& signatu
       return !next.empty() && next[0].IsNumber() && !next[0].blankBefore;
     });
     context.Tell(rule::kTooMany, extra.empty() ? Tokens(&place, 1) : extra,
-                 Shown(word.name) + " leva " +
-                     (signature.size() == 0 ? "nenhum valor" : "no máximo " + Counted(signature.size())) +
+                 Shown(word.name) +
+                     (signature.size() == 0 ? " não leva nenhum valor"
+                                            : " leva no máximo " + Counted(signature.size())) +
                      ", e recebe " + std::to_string(arguments.size()),
                  isDecimal ? "a vírgula separa valores: um número com fração leva ponto, como 1.5"
                            : "tire os que sobram" + usage);

@@ -292,6 +292,15 @@ void CheckSqlPath(Context& context, const Word& word, const Token& path, Tokens 
     return;
   }
   if (isCall) return;
+  // The path goes to the first comma, equals sign or quote.
+  const bool isCut = behind.empty() || behind[0].Is(',') || behind[0].Is('=') || behind[0].IsLiteral();
+  if (!isCut && form->arguments.size() > 0) {
+    context.Tell(rule::kUnknownKeyword, behind[0],
+                 "sem vírgula, SQL lê " + Shown(std::string(last) + " " + std::string(behind[0].text)) +
+                     " como uma palavra só",
+                 "escreva " + Shown("SQL " + std::string(path.text) + ", " + std::string(behind[0].text)));
+    return;
+  }
   if (form == nullptr) form = FindForm(word.more.keywords, "BASE.TABELA.CAMPO");
   CheckArguments(context, word, form->arguments, ValuesBehind(behind), path);
 }

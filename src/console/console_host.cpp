@@ -445,9 +445,7 @@ bool ConsoleHost::PlayRecorded(PersonAct act) {
   const Form* window = std::exchange(act.window, nullptr);
   const std::string name = windows_->NameOf(window);
   if (!name.empty() && window != windows_->WindowInHand() && windows_->CanBeReached(*window)) {
-    std::string turn = ActLine({"foco", name});
-    options_.recording->PutBack(std::move(act));
-    act.line = std::move(turn);
+    options_.recording->PutBack(std::exchange(act, {.line = ActLine({"foco", name})}));
   }
   options_.recording->Keep(act.line, windows_->Yields());
   if (!DoEventLine(act.line, *this).empty()) {

@@ -9,6 +9,7 @@
 #include <memory>
 #include <optional>
 #include <ostream>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -178,7 +179,8 @@ class ConsoleHost final : public Display,
   std::unique_ptr<Stage> memory_;  // where no other stage is given
   Stage* stage_;
   Form* mainForm_ = nullptr;
-  std::weak_ptr<Control> pressed_;  // holds the pointer
+  std::set<MouseButton> pressedButtons_;
+  std::weak_ptr<Control> pressed_;  // the object that they hold; none where it is the window
   // A time that is to pass again, in the place of a line.
   struct TimeAgain {
     std::chrono::milliseconds time{0};

@@ -83,19 +83,25 @@ void ConsoleHost::DoubleClick() {
   form.ReleaseButton(MouseButton::Left, form.Pointer());
 }
 
-// Over an object that takes the pointer a press keeps it there until the release.
+// An object that takes the pointer, or else the window, keeps it from the first press to the last release.
 void ConsoleHost::PressButton(MouseButton button) {
   Form& form = BringInHand();
-  Control* target = form.PointerTarget(form.Pointer());
-  if (target == nullptr) return form.PressButton(button, form.Pointer());
-  target->SetFocus();
-  pressed_ = target->weak_from_this();
-  target->OnMouseDown(button, WithinControl(*target, form.Pointer()));
+  if (pressedButtons_.empty()) {
+    Control* target = form.PointerTarget(form.Pointer());
+    pressed_ = target == nullptr ? std::weak_ptr<Control>() : target->weak_from_this();
+  }
+  pressedButtons_.insert(button);
+  const auto pressed = pressed_.lock();
+  if (pressed == nullptr) return form.PressButton(button, form.Pointer());
+  pressed->SetFocus();
+  pressed->OnMouseDown(button, WithinControl(*pressed, form.Pointer()));
 }
 
 void ConsoleHost::ReleaseButton(MouseButton button) {
   Form& form = InHand();
-  const auto pressed = std::exchange(pressed_, {}).lock();
+  const auto pressed = pressed_.lock();
+  pressedButtons_.erase(button);
+  if (pressedButtons_.empty()) pressed_.reset();
   if (pressed == nullptr) return form.ReleaseButton(button, form.Pointer());
   pressed->OnMouseUp(button, WithinControl(*pressed, form.Pointer()));
 }
@@ -105,7 +111,7 @@ void ConsoleHost::MovePointer(double line, double column) {
   const Grid grid = form.Events().PlacementGrid();
   const PointerPlace to{.x = column * grid.TamCol, .y = line * grid.TamLin};
   const auto pressed = pressed_.lock();
-  Control* target = pressed ? pressed.get() : form.PointerTarget(to);
+  Control* target = pressedButtons_.empty() ? form.PointerTarget(to) : pressed.get();
   if (target == nullptr) return form.MovePointer(to);
   form.TakePointer(to);
   target->OnMouseMove(WithinControl(*target, to));

@@ -34,8 +34,8 @@ class Words {
     return word;
   }
 
-  std::string_view Name() {
-    if (AtEnd()) throw LineFault{std::string("falta o nome"_w)};
+  std::string_view Name(std::string_view missing = "falta o nome") {
+    if (AtEnd()) throw LineFault{std::string(missing)};
     return Next();
   }
 
@@ -49,10 +49,15 @@ class Words {
 
   int Integer(int lowest, int highest) {
     const double number = Number();
-    if (number != RoundHalfEven(number) || number < lowest || number > highest) {
-      throw LineFault{std::string("número fora dos limites: "_w).append(NumberText(number))};
-    }
+    if (number != RoundHalfEven(number) || number < lowest || number > highest) FailLimits(number);
     return static_cast<int>(number);
+  }
+
+  // A height or width.
+  double Size() {
+    const double number = Number();
+    if (number < 0) FailLimits(number);
+    return number;
   }
 
   // How often, as "x20".
@@ -75,6 +80,10 @@ class Words {
   }
 
  private:
+  [[noreturn]] static void FailLimits(double number) {
+    throw LineFault{std::string("número fora dos limites: "_w).append(NumberText(number))};
+  }
+
   std::string_view rest_;
   std::string_view skipped_;
 };
@@ -156,7 +165,7 @@ void Escolhe(Words& words, Person& person) {
 
 void Data(Words& words, Person& person) {
   PersonObject& object = ObjectOf(words, person);
-  const std::string_view date = words.Name();
+  const std::string_view date = words.Name("falta a data");
   words.End();
   With(object, person, [date](auto& reached) { reached.PickDate(date); });
 }
@@ -258,8 +267,8 @@ void Libera(Words& words, Person& person) {
 }
 
 void Redim(Words& words, Person& person) {
-  const double lines = words.Number();
-  const double columns = words.Number();
+  const double lines = words.Size();
+  const double columns = words.Size();
   words.End();
   person.ResizeWindow(lines, columns);
 }

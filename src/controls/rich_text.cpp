@@ -126,7 +126,9 @@ void RichText::Select(std::size_t anchor, std::size_t caret) {
 }
 
 bool RichText::KeyPress(char character) {
-  return enabled_ && IsPrintable(character) && Replace({&character, 1});
+  if (!enabled_) return false;
+  if (character == key::kEnter) return multiLine_ && Replace({&kBreak, 1});
+  return IsPrintable(character) && Replace({&character, 1});
 }
 
 bool RichText::Paste(std::string_view text) {
@@ -139,8 +141,6 @@ bool RichText::Paste(std::string_view text) {
 bool RichText::KeyDown(int code, bool shift, bool ctrl, const TextLayout* layout) {
   if (!enabled_) return false;
   switch (code) {
-    case key::kEnter:
-      return multiLine_ && Replace({&kBreak, 1});
     case key::kBackspace:
       return anchor_ != caret_ ? Remove(First(), Last()) : caret_ > 0 && Remove(caret_ - 1, caret_);
     case key::kDelete:

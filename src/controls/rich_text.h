@@ -71,7 +71,7 @@ class RichText {
   // the text changed, told as the change event.
   bool KeyPress(char character);
   bool Paste(std::string_view text);
-  // Arrows, Home, End, Page Up, Page Down, Enter, Backspace, Delete; with `shift` the selection grows, with
+  // Arrows, Home, End, Page Up, Page Down, Backspace, Delete; with `shift` the selection grows, with
   // `ctrl` Home and End go to the text's ends. Up and Down go by the host's layout; without one lines end at
   // their breaks, characters are of one width and a page is a line. The answer is that of KeyPress.
   bool KeyDown(int code, bool shift, bool ctrl = false, const TextLayout* layout = nullptr);

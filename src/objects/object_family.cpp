@@ -209,9 +209,14 @@ void ObjectFamily::Reset() {
   rows_.clear();
 }
 
-void ObjectFamily::ClearWindow(std::string_view caption) {
+// OPEN: a caption that the program has changed names no row, so those whose objects stand on the window go as
+// well; else nothing that it makes when it is opened again could be spoken of.
+void ObjectFamily::ClearWindow(const Form& window) {
   for (auto row = rows_.rbegin(); row != rows_.rend(); ++row) {
-    if (!row->name.empty() && row->windowName == caption) GiveUp(*row);
+    const auto control = row->object.lock();
+    const bool stands = control && &control->form() == &window;
+    const bool isNamed = row->windowName == window.Caption() && row->windowName != kMainWindowName;
+    if (!row->name.empty() && (stands || isNamed)) GiveUp(*row);
   }
 }
 

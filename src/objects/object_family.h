@@ -59,8 +59,8 @@ class ObjectFamily : public ControlEvents {
   void RemoveWithin(const Control& picture);
 
   virtual void Reset();
-  // The window of that caption closes: its rows are given up.
-  void ClearWindow(std::string_view caption);
+  // The window closes: its rows are given up.
+  void ClearWindow(const Form& window);
   // The main window closes: rows beyond the first two are given up, the others hidden.
   void ClearMainWindow();
   // Texts that were typed reach the companion variables.

@@ -45,8 +45,8 @@ void ObjectFrame::Reset() {
   NextTabIndex_ = 0;
 }
 
-void ObjectFrame::ClearWindow(std::string_view caption) {
-  for (const auto& family : families_) family->ClearWindow(caption);
+void ObjectFrame::ClearWindow(const Form& window) {
+  for (const auto& family : families_) family->ClearWindow(window);
 }
 
 void ObjectFrame::ClearMainWindow() {

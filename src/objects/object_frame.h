@@ -52,7 +52,7 @@ class ObjectFrame final : public WindowObjects {
 
   void Reset() override;
   void LoadStanding(Form& form) override { grdLstA_.LoadOn(form); }
-  void ClearWindow(std::string_view caption) override;
+  void ClearWindow(const Form& window) override;
   void ClearMainWindow() override;
   PersonObject* Find(std::string_view name, const ProgramWindow& window) override;
   void CopyTexts() override;

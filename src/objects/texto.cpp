@@ -169,6 +169,8 @@ void TextoControl::ReplaceText(std::string_view text) {
 }
 
 void TextoControl::OnKeyDown(int keyCode, KeyShift shift) {
+  // With Ctrl no window takes the key for itself, and the line is broken all the same.
+  if (keyCode == key::kEnter && shift.ctrl) return OnKeyPress(key::kEnter);
   const TextLayout* layout = View() == nullptr ? nullptr : View()->Layout();
   Changed(text_.KeyDown(keyCode, shift.shift, shift.ctrl, layout));
 }

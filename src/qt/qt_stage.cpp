@@ -63,8 +63,12 @@ void QtStage::ShowChanges() {
   QCoreApplication::processEvents();
 }
 
+// Who asks for a close hears that nothing has closed: the window toolkit, which would have a dropped view out
+// of the way of a further window, asks as long as it hears otherwise.
 bool QtStage::eventFilter(QObject*, QEvent* event) {
-  return event->spontaneous() && IsOfAPerson(event->type());
+  const bool isShutOut = event->spontaneous() && IsOfAPerson(event->type());
+  if (isShutOut && event->type() == QEvent::Close) event->ignore();
+  return isShutOut;
 }
 
 }  // namespace tessera

@@ -58,7 +58,7 @@ void OverlaidWindow::LoadStanding() {
 void OverlaidWindow::Unload() {
   // Query-close
   if (codeRuns_ > 0) run_.WindowCodeStopFlag = true;
-  if (windows_.objects != nullptr) windows_.objects->ClearWindow(form_->Caption());
+  if (windows_.objects != nullptr) windows_.objects->ClearWindow(*form_);
   // Unload
   closing_ = true;
   Hide();

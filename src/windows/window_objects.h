@@ -17,8 +17,8 @@ class WindowObjects {
   virtual void Reset() = 0;
   // A window is made, or made anew: the hidden elements that stand on it from the start.
   virtual void LoadStanding(Form& form) = 0;
-  // The window of that caption closes: its objects leave the tables.
-  virtual void ClearWindow(std::string_view caption) = 0;
+  // The window closes: its objects leave the tables.
+  virtual void ClearWindow(const Form& window) = 0;
   // The main window closes.
   virtual void ClearMainWindow() = 0;
   // The lowest row of that name on the window, else on any; nothing where there is none.

@@ -169,6 +169,8 @@ TEST(ConsoleScript, AFaultyLineEndsTheRunWithThree) {
            Row{"pula 3\n", "[roteiro] linha 1: palavra desconhecida: pula\n"},
            Row{"' nota\n\nclique Gravar\n", "[roteiro] linha 3: objeto desconhecido: Gravar\n"},
            Row{"texto\n", "[roteiro] linha 1: falta o nome\n"},
+           Row{"data D\n", "[roteiro] linha 1: falta a data\n"},
+           Row{"redim 10 -1\n", "[roteiro] linha 1: número fora dos limites: -1\n"},
            Row{"mouse 1\n", "[roteiro] linha 1: falta um número\n"},
            Row{"mouse a 1\n", "[roteiro] linha 1: não é um número: a\n"},
            Row{"tecla 256\n", "[roteiro] linha 1: número fora dos limites: 256\n"},
@@ -179,7 +181,7 @@ TEST(ConsoleScript, AFaultyLineEndsTheRunWithThree) {
            Row{"fecha Outra\n", "[roteiro] linha 1: janela desconhecida: Outra\n"},
            Row{"\xff\xfe\n", "[roteiro] linha 1: palavra desconhecida: ÿþ\n"},
        }) {
-    const Transcript t = Play("Escreva 1\nAguarde 0\nEscreva 2\n", row.script);
+    const Transcript t = Play("Calendario D, 1, 1\nEscreva 1\nAguarde 0\nEscreva 2\n", row.script);
     EXPECT_EQ(t.err, row.err);
     EXPECT_EQ(t.out, "1\n") << row.script;
     EXPECT_EQ(t.status, 3) << row.script;

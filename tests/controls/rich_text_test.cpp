@@ -12,7 +12,7 @@ namespace {
 struct RichTextTest : testing::Test {
   RichTextTest() { text.SetMultiLine(true); }
   void Type(std::string_view keys) {
-    for (const char key : keys) key == '\n' ? text.KeyDown(key::kEnter, false) : text.KeyPress(key);
+    for (const char key : keys) text.KeyPress(key == '\n' ? char{key::kEnter} : key);
   }
   // The inner text, "|" at the caret, "[" or "]" at the other end of a selection.
   std::string Shown() const {

@@ -98,6 +98,15 @@ TEST_F(OnStage, APersonDoesNotReachTheProgram) {
   EXPECT_EQ(out_.str(), "1\n \n30\n") << err_.str();
 }
 
+// The window toolkit would first have it out of the way.
+TEST_F(OnStage, AFurtherWindowLeavesADroppedViewOpen) {
+  EXPECT_EQ(Run("NovaJanela Define, Outra\nCalendario D, 1, 1\nCalendario D.Txt = \"01/02/2020\"\nAguarde 0\n"
+                "NovaJanela Outra.Use\nNovaJanela Pai.Use\nAguarde 0\nAguarde 0\nEscreva D.Txt\n",
+                "abre D\ntecla 39\ntecla 13\n"),
+            0);
+  EXPECT_EQ(out_.str(), "02/02/2020\n") << err_.str();
+}
+
 TEST_F(OnStage, AFaultyLineEndsTheRunWithItsNumber) {
   EXPECT_EQ(Run("Aguarde CliqueBotao\n", "\nclique Ninguem\n"), 3);
   EXPECT_EQ(err_.str(), "[roteiro] linha 2: objeto desconhecido: Ninguem\n");
