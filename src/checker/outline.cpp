@@ -81,7 +81,6 @@ class OutlineReader {
     for (const Tokens part : SplitAtCommas(routine.parameterTokens)) {
       if (part.empty() || !part[0].IsName()) continue;
       const bool isTyped = part.size() >= 2 && part[1].IsName();
-      if (!isTyped) routine.parametersAreTyped = false;
       routine.locals.push_back({part[0].text, isTyped ? part[1].text : kTypeString, part.data(), true});
     }
     routine.parameters = routine.locals.size();
@@ -100,7 +99,6 @@ class OutlineReader {
     Routine* routine = routine_ == kNone ? nullptr : &out_.routines[routine_];
     const bool isLocal = routine != nullptr && routine->isFunction && at_ == routine->begin + 1 &&
                          source_.TokensOf(source_.statements()[at_])[0].text.starts_with("Var");
-    if (isLocal) routine->declaresLocals = true;
     for (const Tokens part : SplitAtCommas(list)) {
       if (part.empty() || !part[0].IsName()) continue;
       const Declared variable = ReadVariable(part);
@@ -122,10 +120,7 @@ class OutlineReader {
       variable.count = variable.countTokens.size() == 1 ? IntegerOf(variable.countTokens[0]) : -1;
       next = close + 1;
     }
-    if (next < part.size() && part[next].IsName()) {
-      variable.type = part[next].text;
-      variable.isTyped = true;
-    }
+    if (next < part.size() && part[next].IsName()) variable.type = part[next].text;
     return variable;
   }
 
@@ -156,7 +151,6 @@ class OutlineReader {
 
   void CloseDatabase(bool closed) {
     if (database_ == kNone) return;
-    out_.databases[database_].end = at_;
     out_.databases[database_].isClosed = closed;
     database_ = kNone;
   }
