@@ -8,7 +8,9 @@
 #include <sstream>
 #include <thread>
 
+#include "support/core_program.h"
 #include "support/hosted_program.h"
+#include "support/temporary_folder.h"
 
 namespace tessera::test {
 
@@ -184,6 +186,20 @@ TEST(ConsoleScript, AFaultyLineEndsTheRunWithThree) {
     EXPECT_EQ(t.out, "1\n") << row.script;
     EXPECT_EQ(t.status, 3) << row.script;
   }
+}
+
+// Printed texts leave no pixels then.
+TEST(ConsoleScript, AMissingPartForTheTextsOfPortraitsIsToldOnce) {
+  const TemporaryFolder folder;
+  std::istringstream in("retrato " + (folder / "um.png") + "\nretrato " + (folder / "dois.png") + "\n");
+  std::ostringstream out;
+  std::ostringstream err;
+  reports::PaperPart paper(reports::PainterOfPart({folder.path()}));
+  const auto codec = [] { return FoundCodec{&TestCodec(), {}}; };
+  ConsoleHost host({in, out, err}, {.programTitle = "TESTE", .paper = &paper, .findCodec = codec});
+  HostedProgram(host.host(), host).Run("Escreva \"a\"\nEscreva \"b\"\n");
+  EXPECT_EQ(err.str(), "[critico] Instale o pacote tessera-paper\n");
+  EXPECT_FALSE(ReadBytes(folder / "dois.png").empty());
 }
 
 TEST(ConsoleClosing, ClosingEndsTheProgramWhereItWaits) {

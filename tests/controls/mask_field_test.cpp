@@ -28,6 +28,8 @@ TEST(MaskField, OnlyTheDigitSignShowsAsAnOpenPlace) {
   field.SetText("#7/x");
   EXPECT_EQ(field.Text(), "_7/x");
   EXPECT_EQ(field.Mask(), "(##) A?&-\\#\\A\\");
+  field.SetMask("#-");
+  EXPECT_EQ(Typed(field, "12"), "1-");
 }
 
 TEST(MaskField, EachPlaceTakesItsOwnKind) {

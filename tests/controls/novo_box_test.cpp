@@ -196,6 +196,13 @@ TEST_F(NovoBoxTest, ATitleSortsUpwardsAndThenDownwards) {
   EXPECT_FALSE(box.SortDescending());
   EXPECT_EQ(box.SortArrowLeft(), 1600);
   EXPECT_EQ(box.LeCelula(0, 1), "x");
+  box.Add("under construction");
+  box.ClickTitle(0);
+  box.BoxNew();
+  EXPECT_EQ(ColumnText(0), "B a b b Ç under construction "_w);
+  EXPECT_EQ(box.List(5), "under construction");
+  box.Config({1, 2, "Tahoma", 10, false}, 3, 4);
+  EXPECT_EQ(box.SortArrowLeft(), 0);
 }
 
 TEST_F(NovoBoxTest, NumericColumnsTakeBothMarksForTheDecimalOne) {

@@ -4,6 +4,8 @@
 #include <sstream>
 
 #include "objects/botao.h"
+#include "objects/entry_control.h"
+#include "objects/texto.h"
 #include "support/console_window.h"
 #include "text/code_page.h"
 
@@ -25,6 +27,15 @@ std::string Told(const Control& control) {
   const auto* button = dynamic_cast<const BotaoControl*>(&control);
   if (button != nullptr && button->Picture()) told << " picture";
   return told.str();
+}
+
+// The one made last; null for none.
+Control* LastMade(HostedProgram& program) {
+  Control* made = nullptr;
+  for (Control* control : program.janela.form().Controls().InZOrder()) {
+    if (made == nullptr || control->Number() > made->Number()) made = control;
+  }
+  return made;
 }
 
 }  // namespace
@@ -156,12 +167,39 @@ TEST_F(ConsoleWindowTest, EachObjectIsWhatItsWordsMakeOfIt) {
     EditorTexts editors;
     editors[0] = FromSource(row.source);
     ASSERT_EQ(fresh.Start(editors, ""), RunOutcome::Ended) << row.source << err.str();
-    const Control* made = nullptr;
-    for (const Control* control : fresh.janela.form().Controls().InZOrder()) {
-      if (made == nullptr || control->Number() > made->Number()) made = control;
-    }
+    const Control* const made = LastMade(fresh);
     ASSERT_NE(made, nullptr) << row.source;
     EXPECT_EQ(Told(*made), row.told) << row.source;
+  }
+}
+
+// The variable tells it too, behind the line of a script that does it.
+TEST_F(ConsoleWindowTest, WhatIsPastedPassesTheFilterOfItsEntry) {
+  struct Row {
+    const char* source;
+    const char* pasted;
+    const char* shown;
+  };
+  for (const Row& row : {
+           Row{"Texto T, 1, 1, 20", "a1\r\nb", "a1"},
+           Row{"Texto T, 1, 1, 20, 3", "a1\r\nb", "a1\r\nb"},
+           Row{"Texto T, 1, 1, 20\nTexto T.Numerico = \"SIM\"", "1.2x34,5", "1234,5"},
+           Row{"Mascara T, \"##/##\", 1, 1", "1x2/34\n5", "12/34"},
+           Row{"Combo T, 1, 1\nCombo T.Adiciona \"um\"", "u\nm", "u"},
+       }) {
+    HostedProgram fresh(host.host(), host);
+    EditorTexts editors;
+    editors[0] = FromSource(row.source);
+    ASSERT_EQ(fresh.Start(editors, ""), RunOutcome::Ended) << row.source << err.str();
+    Control* const made = LastMade(fresh);
+    if (auto* text = dynamic_cast<TextoControl*>(made)) {
+      text->Paste(row.pasted);
+    } else {
+      dynamic_cast<EntryControl&>(*made).Paste(row.pasted);
+    }
+    EXPECT_EQ(ToUtf8(made->PortraitText()), row.shown) << row.source;
+    fresh.janela.windows().OnLineDone();
+    EXPECT_EQ(fresh.run.variables.VarRead("T.Txt").ToText(), row.shown) << row.source;
   }
 }
 
