@@ -334,7 +334,6 @@ void ImagemControl::OnMouseUp(MouseButton button, PointerPlace at) {
 
 void ImagemControl::Click() {
   const PointerPlace middle{std::floor(Place().Width / 2), std::floor(Place().Height / 2)};
-  OnMouseMove(middle);
   OnMouseDown(MouseButton::Left, middle);
   OnMouseUp(MouseButton::Left, middle);
 }

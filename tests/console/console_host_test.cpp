@@ -11,6 +11,7 @@
 #include "support/core_program.h"
 #include "support/hosted_program.h"
 #include "support/temporary_folder.h"
+#include "windows/picture_file.h"
 
 namespace tessera::test {
 
@@ -188,7 +189,7 @@ TEST(ConsoleScript, AFaultyLineEndsTheRunWithThree) {
   }
 }
 
-// Printed texts leave no pixels then.
+// Printed texts leave no pixels then, and what else stands there does.
 TEST(ConsoleScript, AMissingPartForTheTextsOfPortraitsIsToldOnce) {
   const TemporaryFolder folder;
   std::istringstream in("retrato " + (folder / "um.png") + "\nretrato " + (folder / "dois.png") + "\n");
@@ -197,9 +198,17 @@ TEST(ConsoleScript, AMissingPartForTheTextsOfPortraitsIsToldOnce) {
   reports::PaperPart paper(reports::PainterOfPart({folder.path()}));
   const auto codec = [] { return FoundCodec{&TestCodec(), {}}; };
   ConsoleHost host({in, out, err}, {.programTitle = "TESTE", .paper = &paper, .findCodec = codec});
-  HostedProgram(host.host(), host).Run("Escreva \"a\"\nEscreva \"b\"\n");
+  HostedProgram(host.host(), host).Run("Escreva \"a\"\nBotao B, 1, 1\nBotao B.CorFundo = Vermelho\n");
   EXPECT_EQ(err.str(), "[critico] Instale o pacote tessera-paper\n");
-  EXPECT_FALSE(ReadBytes(folder / "dois.png").empty());
+  const PictureRef portrait = DecodePicture(TestCodec(), ReadBytes(folder / "dois.png"));
+  ASSERT_NE(portrait, nullptr);
+  constexpr Pixel kRed = 0xFFFF0000U;
+  EXPECT_EQ(portrait->raster.At(9, 15), kRed);
+  EXPECT_EQ(portrait->raster.At(86, 40), kRed);
+  for (const auto& [x, y] : {std::pair{8, 15}, {87, 40}, {9, 14}, {86, 41}})
+    EXPECT_EQ(portrait->raster.At(x, y), portrait->raster.At(8, 14)) << "the frame";
+  EXPECT_NE(portrait->raster.At(8, 14), kRed);
+  EXPECT_NE(portrait->raster.At(8, 14), portrait->raster.At(88, 42)) << "the ground";
 }
 
 TEST(ConsoleClosing, ClosingEndsTheProgramWhereItWaits) {

@@ -105,6 +105,11 @@ TEST(RecordingTest, AProgramThatDiesLeavesAllThatWentBefore) {
   EXPECT_EQ(keep("solta 37", 2), "clique Nome\ndigita A b\ndigita c\nç\ntecla 37\n");
   recording.TakeBack();
   EXPECT_EQ(ReadBytes(file), "clique Nome\ndigita A b\ndigita c\nç\naperta 37\n");
+  // What is drawn with a button down is drawn along the way.
+  recording.KeepAnswer("");
+  const std::string before = ReadBytes(file);
+  for (const char* line : {"pressiona 2", "mouse 1 1", "mouse 2 2", "libera 2", "mouse 3 3"}) keep(line, 2);
+  EXPECT_EQ(keep("mouse 4 4", 2), before + "pressiona 2\nmouse 1 1\nmouse 2 2\nlibera 2\nmouse 4 4\n");
 }
 
 TEST(RecordingTest, LinesBecomeOneOnlyWhereNothingIsLost) {

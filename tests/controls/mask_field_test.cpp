@@ -101,6 +101,9 @@ TEST(MaskField, AnEditFitsAnotherTextToTheMask) {
   field.SetMask("##/##");
   field.SetText("9");
   EXPECT_EQ(Typed(field, "8"), "8_/__");
+  field.SetText("9");
+  field.PlaceCaret(1);
+  EXPECT_EQ(Typed(field, "8"), "98/__");
   field.SetText("12/34/56");
   field.PlaceCaret(8);
   EXPECT_FALSE(field.KeyPress('1'));
