@@ -87,6 +87,10 @@ TEST_F(RecordsetTest, AnEditIsWrittenOnceByTheNextMoveWithItsOldValues) {
   set.Update();
   set.Update();
   EXPECT_EQ(connection_.log.size(), 1u);
+  set.MoveNext();
+  set.SetField("nome", Value("z"_w));
+  set.MovePrevious();
+  EXPECT_EQ(connection_.log.back(), "UPDATE t SET nome = 'z' WHERE id = 2 AND nome = 'b'");
 }
 
 TEST_F(RecordsetTest, ARefusedWriteLeavesPlaceAndEdit) {
