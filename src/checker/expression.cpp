@@ -81,7 +81,6 @@ class ExpressionReader {
                   "o ponto em um número separa a fração, não os milhares: " +
                       Shown(context_.source.TextOf(tokens)) + " não é " + digits,
                   "escreva " + Shown(digits));
-    isBroken_ = true;
     return true;
   }
 

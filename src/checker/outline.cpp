@@ -29,7 +29,6 @@ class OutlineReader {
     out_.routineOf.reserve(statements.size());
     for (at_ = 0; at_ < statements.size(); ++at_) Take(source_.TokensOf(statements[at_]));
     CloseRoutine(false);
-    CloseDatabase(false);
     return std::move(out_);
   }
 
@@ -142,24 +141,18 @@ class OutlineReader {
   }
 
   void OpenDatabase(Tokens tokens) {
-    CloseDatabase(false);
     database_ = out_.databases.size();
     Database database{.statement = at_};
     if (tokens.size() > 1) database.name = Bare(tokens[1]);
     out_.databases.push_back(database);
   }
 
-  void CloseDatabase(bool closed) {
-    if (database_ == kNone) return;
-    out_.databases[database_].isClosed = closed;
-    database_ = kNone;
-  }
-
   // Between `BD` and `FimBD` a line names a field, unless it clearly is something else: then nobody closed
   // the block.
   FormedWord InDatabase(FormedWord formed, Tokens tokens) {
     if (formed.form == Form::FimBD) {
-      CloseDatabase(true);
+      out_.databases[database_].isClosed = true;
+      database_ = kNone;
       return formed;
     }
     const bool isField = tokens.size() >= 3 && (tokens[0].IsName() || tokens[0].IsLiteral()) &&
@@ -167,7 +160,7 @@ class OutlineReader {
     const bool isBareField = tokens.size() <= 3 && formed.form == Form::Other && !IsAssignment(tokens) &&
                              FindWord(tokens[0].text) == nullptr && (tokens.size() < 2 || !tokens[1].Is('('));
     if (!isField && !isBareField) {
-      CloseDatabase(false);
+      database_ = kNone;
       return formed;
     }
     DatabaseField field{.name = Bare(tokens[0]), .token = tokens.data(), .statement = at_};
