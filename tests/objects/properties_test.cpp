@@ -159,6 +159,7 @@ TEST_F(ConsoleWindowTest, EachObjectIsWhatItsWordsMakeOfIt) {
                "24,28 160x56 8000000f/80000012 MS Sans Serif 8 hidden [d] Dados 0"},
            Row{"Link K, 8, 9, \"aqui\", \"x.org\"", "72,112 32x20 8000000f/c1632a Courier New 10 [] aqui 0"},
            Row{"Imagem I, 2, 3, 10, 30", "80,42 32x420 8000000f/80000012 MS Sans Serif 8 []  0"},
+           Row{"Imagem I, \"\", 2, 3, 10, 30", "24,28 240x140 8000000f/80000012 MS Sans Serif 8 []  0"},
            Row{"Imagem I, 2, 3, 10, 30\nBotao B, 1, 1\nBotao B.Pai = \"i\"",
                "8,14 80x28 8000000f/80000012 MS Sans Serif 8 [] OK 1"},
            Row{"Box G, 3, 4, 10", "32,42 400x238 ffffff/0 MS Sans Serif 8 []  0"},
@@ -166,13 +167,13 @@ TEST_F(ConsoleWindowTest, EachObjectIsWhatItsWordsMakeOfIt) {
                "56,84 140x20 80000005/80000012 MS Sans Serif 8 []  1"},
            Row{"Fonte Tamanho = 40\nCheck C, 4, 5, \"a\"",
                "40,56 57x64 8000000f/80000012 Courier New 40 [] a 0"},
-           Row{"Imagem I, 2, 3, 10, 30\nImagem I.AjustaImagem\nImagem I.Img = \"FigOK\"",
-               "80,42 32x32 8000000f/80000012 MS Sans Serif 8 []  0"},
+           Row{"Imagem I, \"FigOK\", 2, 3, 10, 30\nImagem I.AjustaImagem",
+               "24,28 32x32 8000000f/80000012 MS Sans Serif 8 []  0"},
            Row{"Imagem I, \"FigOK\", 2, 3\nImagem I.Redimensiona, 5, 6",
                "24,28 48x70 8000000f/80000012 MS Sans Serif 8 []  0"},
-           Row{"GifAnimado G, \"GifSapo1\", 0, 2, 3\nGifAnimado G.Altura = 5\nGifAnimado G.Largura = 7\n"
+           Row{"GifAnimado G, \"GifSapo1\", 0, 2, 3\nGifAnimado G.Altura = 5\n"
                "GifAnimado G.Imagem = \"GifSapa2\"",
-               "24,28 56x70 8000000f/80000012 MS Sans Serif 8 []  0"},
+               "24,28 96x70 8000000f/80000012 MS Sans Serif 8 []  0"},
            Row{"GifAnimado A, \"GifSapo1\", 0, 2, 3\nGifAnimado A.Largura = 7\nGifAnimado A.Remove\n"
                "GifAnimado G, \"GifSapo1\", 0, 2, 3",
                "24,28 96x96 8000000f/80000012 MS Sans Serif 8 []  1"},
