@@ -71,11 +71,14 @@ void PrintBroken(const TsaFindings& findings) {
   for (const std::int32_t number : findings.blank)
     std::cout << "registro " << number << ": em branco, de uma inclusão que não terminou\n";
   if (findings.missing > 0)
-    std::cout << "faltam no arquivo " << findings.missing << " registros da contagem\n";
+    std::cout << (findings.missing == 1 ? "falta" : "faltam") << " no arquivo "
+              << Counted(std::uint64_t(findings.missing), " registro", " registros") << " da contagem\n";
   if (findings.untold > 0)
-    std::cout << "o arquivo tem " << findings.untold << " registros além da contagem\n";
+    std::cout << "o arquivo tem " << Counted(std::uint64_t(findings.untold), " registro", " registros")
+              << " além da contagem\n";
   if (findings.rest > 0)
-    std::cout << "o arquivo termina com " << findings.rest << " bytes de um registro partido\n";
+    std::cout << "o arquivo termina com " << Counted(findings.rest, " byte", " bytes")
+              << " de um registro partido\n";
   if (findings.busy) std::cout << "o arquivo está marcado como ocupado\n";
 }
 
@@ -151,7 +154,8 @@ int BdCheckSubcommand(const std::string& path) {
   }
   PrintBroken(findings);
   const std::size_t damaged = findings.damaged.size() + findings.blank.size() + std::size_t(findings.missing);
-  std::cout << findings.live << " registros bons, " << findings.deleted << " excluídos, " << damaged
+  std::cout << Counted(std::uint64_t(findings.live), " registro bom", " registros bons") << ", "
+            << Counted(std::uint64_t(findings.deleted), " excluído", " excluídos") << ", " << damaged
             << " com defeito\n";
   if (findings.NeedsRepair()) std::cout << "Para consertar: tessera bd repair " << path << '\n';
   return damaged == 0 && !findings.NeedsRepair() ? kDone : kRefused;
@@ -186,8 +190,10 @@ int BdRepairSubcommand(const std::string& path) {
     std::cout << "Não há nada a consertar.\n";
   }
   if (findings.damaged.empty()) return kDone;
-  std::cout << findings.damaged.size()
-            << " registros têm campos que não se decodificam e ficam como estão; veja tessera bd check\n";
+  std::cout << Counted(findings.damaged.size(),
+                       " registro tem campos que não se decodificam e fica como está",
+                       " registros têm campos que não se decodificam e ficam como estão")
+            << "; veja tessera bd check\n";
   return kRefused;
 }
 

@@ -179,8 +179,9 @@ int BdExportSubcommand(const BdExportCall& call) {
   if (const auto* message = std::get_if<std::string>(&result)) return Refuse(*message);
   const std::int32_t damaged = std::get<std::int32_t>(result);
   if (damaged == 0) return kDone;
-  PrintRemark(std::to_string(damaged) +
-              " registros têm campos que não se decodificam; veja tessera bd check");
+  PrintRemark(Counted(std::uint64_t(damaged), " registro tem campos que não se decodificam",
+                      " registros têm campos que não se decodificam") +
+              "; veja tessera bd check");
   return kRefused;
 }
 

@@ -195,8 +195,8 @@ std::string Now() {
 
 // The descriptor block with which a program opens the file.
 void TellBlock(const TsaHeader& header) {
-  std::cout << header.count << " registros. Em um programa ao lado do arquivo:\n\nBD " << ToUtf8(header.name)
-            << ", .\n";
+  std::cout << Counted(std::uint64_t(header.count), " registro", " registros")
+            << ". Em um programa ao lado do arquivo:\n\nBD " << ToUtf8(header.name) << ", .\n";
   for (const TsaField& field : header.fields) {
     std::cout << ToUtf8(field.name) << ", " << field.type;
     if (field.type == kTypeString) std::cout << ", " << field.size;

@@ -37,4 +37,8 @@ void PrintRemark(std::string_view message) {
   std::cerr << "tessera: " << message << '\n';
 }
 
+std::string Counted(std::uint64_t number, std::string_view one, std::string_view many) {
+  return std::to_string(number).append(number == 1 ? one : many);
+}
+
 }  // namespace tessera

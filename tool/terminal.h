@@ -1,6 +1,8 @@
 // What the tool tells its user: UTF-8 lines, with colour only where a person reads them on a terminal.
 #pragma once
 
+#include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace tessera {
@@ -22,5 +24,8 @@ void PrintError(std::string_view message);
 
 // "tessera: " and a remark that is no error, on stderr.
 void PrintRemark(std::string_view message);
+
+// A number and what it counts, one or many.
+std::string Counted(std::uint64_t number, std::string_view one, std::string_view many);
 
 }  // namespace tessera

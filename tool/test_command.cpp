@@ -80,10 +80,6 @@ bool Fits(const ProgramTest& test, const std::string& filter) {
   return filter.empty() || Contains(Upper(FromUtf8Lossy(test.name)), Upper(FromUtf8Lossy(filter)));
 }
 
-std::string Counted(std::size_t number, const char* one, const char* many) {
-  return std::to_string(number) + (number == 1 ? one : many);
-}
-
 }  // namespace
 
 int TestSubcommand(const TestCall& call) {

@@ -18,35 +18,35 @@ namespace {
 // Block words that linking finds at the start of a statement, whatever follows them.
 constexpr std::array<std::string_view, 4> kLinked = {"CasoContrario", "FimSe", "Repita", "Enquanto"};
 
-// True if the target can be written; tells why not.
-bool CheckTarget(Context& context, const Token& name, Tokens index) {
+// Tells why the target can't be written.
+void CheckTarget(Context& context, const Token& name, Tokens index) {
   for (const std::string_view word : kLinked) {
     if (!name.text.starts_with(word)) continue;
     context.Tell(rule::kHiddenWord, name,
                  "um nome que começa com " + Shown(word) + " é tomado pela palavra de bloco",
                  "mude o começo do nome");
-    return false;
+    return;
   }
   if (name.text.starts_with("BD") && context.names.FindVariable(name.upper) == nullptr) {
     context.Tell(rule::kHiddenWord, name, "uma linha que começa com BD é tomada por um banco de dados",
                  "mude o começo do nome");
-    return false;
+    return;
   }
   if (context.FindLocalAnyCase(name.upper) != nullptr) {
     CheckLocalName(context, name);
-    return true;
+    return;
   }
   if (context.names.FindVariable(name.upper) != nullptr) {
-    if (!index.empty()) ReadElement(context, name, index, {});
-    return true;
+    if (!index.empty()) ReadElement(context, name, index);
+    return;
   }
   if (const RoutineRef* function = context.names.FindFunctionAnyCase(name.upper)) {
     context.Tell(rule::kFunctionAsCommand, name, Shown(name.text) + " é uma função, e não uma variável",
                  "o resultado de uma função se dá com Retorne",
                  {{context.names.PlaceOf(function->editor, *function->routine->token), "a função é esta"}});
-    return false;
+    return;
   }
-  if (Contains(name.text, ".") && context.names.objectsAreNamedByVariables()) return true;
+  if (Contains(name.text, ".") && context.names.objectsAreNamedByVariables()) return;
   const std::string near = NearVariable(context, name.text);
   const Word* command = FindWord(name.text);
   std::string advice = near.empty() ? "declare-a antes: Var " + ToUtf8(name.text) + " Tipo" : near;
@@ -64,7 +64,6 @@ bool CheckTarget(Context& context, const Token& name, Tokens index) {
           " " + ToUtf8(name.text) + " = ...";
   }
   context.Tell(rule::kUndeclared, name, "a variável " + Shown(name.text) + " não foi declarada", advice);
-  return false;
 }
 
 // The choices of a person, which a program may well forget so as to notice the next one.
@@ -253,21 +252,18 @@ void CheckAssignment(Context& context) {
     index = tokens.subspan(2, close - 2);
     next = close + 1;
   }
-  const bool isTarget = CheckTarget(context, name, index);
+  CheckTarget(context, name, index);
   CheckCompanion(context, name, tokens.subspan(next));
   if (tokens[next].Is('=')) {
     const Tokens right = tokens.subspan(next + 1);
     if (right.empty()) {
       context.Tell(rule::kExpressionShape, tokens[next],
                    "falta o valor atrás de =", "escreva o valor; para um texto vazio, \"\"");
-    } else if (isTarget) {
-      CheckRight(context, name, right);
     } else {
-      CheckExpression(context, right, {.place = Place::RightSide});
+      CheckRight(context, name, right);
     }
     return;
   }
-  if (!isTarget) return;
   const bool isStep = tokens[next + 1].text == tokens[next].text;
   if (isStep) {
     if (tokens[next].blankBefore || tokens[next + 1].blankBefore || next + 2 < tokens.size()) {

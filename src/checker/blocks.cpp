@@ -76,11 +76,8 @@ class BlockReader {
         open_.erase(open_.begin() + static_cast<std::ptrdiff_t>(i));
       }
     }
-    const auto closed = std::find(
-        open_.begin(), open_.end(),
-        *std::find_if(open_.rbegin(), open_.rend(), [&](std::size_t row) { return Row(row).form == form; }));
-    map_.blocks[*closed].close = at_;
-    open_.erase(closed);
+    map_.blocks[open_[index]].close = at_;
+    open_.erase(open_.begin() + static_cast<std::ptrdiff_t>(index));
   }
 
   // True if more blocks of that kind are closed than opened from here to the routine's end.
@@ -123,7 +120,7 @@ class BlockReader {
   }
 
   void TellOpen(std::size_t row, std::size_t where) {
-    const std::string end(row < map_.blocks.size() && Row(row).form == Form::Se ? "FimSe" : "Repita");
+    const std::string end(Row(row).form == Form::Se ? "FimSe" : "Repita");
     std::vector<Note> notes;
     if (where < forms_.size()) notes.push_back({PlaceAt(where), "aqui ele ainda está aberto"});
     context_.Tell(rule::kUnclosedBlock, PlaceAt(Row(row).open),
@@ -144,12 +141,6 @@ class BlockReader {
 };
 
 }  // namespace
-
-std::size_t BlockMap::DepthOf(std::size_t statement) const {
-  std::size_t depth = 0;
-  for (std::size_t row = around[statement]; row != kNone; row = blocks[row].parent) ++depth;
-  return depth;
-}
 
 BlockMap CheckBlocks(Context& context) {
   return BlockReader(context).Read();

@@ -20,8 +20,6 @@ struct BlockMap {
   // The innermost block around each statement, a row of `blocks`, or kNone. A block's opening and closing
   // words stand outside of it.
   std::vector<std::size_t> around;
-
-  std::size_t DepthOf(std::size_t statement) const;
 };
 
 // Reads the blocks and tells those that are open, crossed or without an opening.

@@ -36,14 +36,12 @@ namespace {
 void CheckStatements(Context& context) {
   const auto& statements = context.source.statements();
   for (std::size_t i = 0; i < statements.size(); ++i) {
-    context.statement = i;
     context.tokens = context.source.TokensOf(statements[i]);
     context.formed = context.outline.forms[i];
     const std::size_t routine = context.outline.routineOf[i];
     context.routine = routine == kNone ? nullptr : &context.outline.routines[routine];
     if (CheckText(context)) CheckStatement(context);
   }
-  context.routine = nullptr;
 }
 
 bool ComesBefore(const Finding& a, const Finding& b) {

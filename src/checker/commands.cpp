@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
+#include <vector>
 
 #include "checker/calls.h"
 #include "checker/near.h"
@@ -369,9 +371,15 @@ bool CheckValueOfObject(Context& context, const Word& word, const Token& name, T
   const std::string_view suffix = SuffixOf(list[0].text);
   const WordForm* form = FindFormAnyCase(word.more.suffixes, suffix);
   if (form == nullptr || form->result == Result::None) {
+    std::vector<WordForm> giving;
+    std::copy_if(word.more.suffixes.begin(), word.more.suffixes.end(), std::back_inserter(giving),
+                 [](const WordForm& other) { return other.result != Result::None; });
+    const bool isKept = context.names.FindVariable(list[0].upper) != nullptr;
     context.Tell(rule::kUnknownSuffix, list[0],
                  Shown(word.name) + " não dá nenhum valor por " + Shown(suffix),
-                 NearForm(word.more.suffixes, suffix));
+                 isKept           ? "leia a variável " + Shown(list[0].text) + " sem o comando em volta"
+                 : giving.empty() ? "só as variáveis de um objeto dizem os seus valores"
+                                  : NearForm(giving, suffix));
     return true;
   }
   CheckObject(context, word, list[0], Left(list[0].text, list[0].text.find('.')));

@@ -188,16 +188,14 @@ class ComparisonCheck {
 };
 
 // "e", "ou", "AND": a connective as the language has it not.
-bool IsForeignConnective(const Context& context, Tokens condition, std::size_t at) {
+bool IsForeignConnective(Tokens condition, std::size_t at) {
   const Token& token = condition[at];
   if (!token.IsName() || at == 0 || at + 1 == condition.size()) return false;
   const std::string word = Folded(token.text);
   const bool isOne = word == "E" || word == "OU" || word == "AND" || word == "OR";
   if (!isOne || token.text == "E" || token.text == "OU") return false;
   const Token& before = condition[at - 1];
-  const bool isBetween = !before.IsOperator() && !before.IsRelation() && !before.Is('(') && !before.Is(',');
-  return isBetween &&
-         (word.size() > 1 || context.names.FindVariable(token.upper) == nullptr || !before.IsRelation());
+  return !before.IsOperator() && !before.IsRelation() && !before.Is('(') && !before.Is(',');
 }
 
 }  // namespace
@@ -228,7 +226,7 @@ void CheckCondition(Context& context, Tokens condition) {
     if (isE || isOu) {
       if (!take(i)) return;
       begin = i + 1;
-    } else if (IsForeignConnective(context, condition, i)) {
+    } else if (IsForeignConnective(condition, i)) {
       const std::string word = Folded(token.text);
       const std::string meant = word == "E" || word == "AND" ? "E" : "OU";
       context.Tell(rule::kConnective, token,

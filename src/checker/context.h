@@ -31,7 +31,6 @@ struct Context {
   std::vector<Finding>& findings;
   Rehearsal* rehearsal = nullptr;
 
-  std::size_t statement = 0;
   Tokens tokens = {};  // of the statement
   FormedWord formed = {};
   const Routine* routine = nullptr;  // in which it stands

@@ -35,7 +35,7 @@ class ExpressionReader {
     CheckJoins();
     for (at_ = 0; at_ < tokens_.size() && !isBroken_; ++at_) Take(tokens_[at_]);
     if (!isBroken_ && !expectsOperand_) CheckTexts();
-    if (!isBroken_ && expectsOperand_ && hasOperator_) {
+    if (!isBroken_ && expectsOperand_ && !tokens_.back().Is(',')) {
       Break(tokens_.back(), "falta um valor atrás de " + Shown(tokens_.back().text), "complete a conta");
     }
     return hasSum_ ? Type::Number : type_;
@@ -81,7 +81,6 @@ class ExpressionReader {
                   "o ponto em um número separa a fração, não os milhares: " +
                       Shown(context_.source.TextOf(tokens)) + " não é " + digits,
                   "escreva " + Shown(digits));
-    isBroken_ = true;
     return true;
   }
 
@@ -138,7 +137,7 @@ class ExpressionReader {
 
   void TakeOperator(const Token& token) {
     if (expectsOperand_ && !token.Is('-') && !token.Is('+')) {
-      const bool isFirst = at_ == 0 || tokens_[at_ - 1].Is('(') || tokens_[at_ - 1].Is(',');
+      const bool isFirst = at_ == 0 || tokens_[at_ - 1].Is(',');
       const bool isPower = token.Is('*') && !isFirst && tokens_[at_ - 1].Is('*');
       return Break(
           token,
@@ -154,7 +153,6 @@ class ExpressionReader {
       isBroken_ = true;
       return;
     }
-    hasOperator_ = true;
     if (token.IsOperator()) hasSum_ = true;
     expectsOperand_ = true;
   }
@@ -162,7 +160,6 @@ class ExpressionReader {
   void TakeOperand(const Token& token) {
     if (!expectsOperand_) return TellMissingOperator(token);
     expectsOperand_ = false;
-    hasOperator_ = false;
     const std::size_t first = at_;
     Type type = Type::Unknown;
     isCall_ = false;
@@ -235,7 +232,7 @@ class ExpressionReader {
     const bool isVariable = context_.FindLocalAnyCase(name.upper) != nullptr ||
                             context_.names.FindVariable(name.upper) != nullptr;
     if (isVariable && !isCallOfWord && context_.names.FindFunction(name.text) == nullptr)
-      return ReadElement(context_, name, inner, sought_);
+      return ReadElement(context_, name, inner);
     isCall_ = true;
     return CheckCall(context_, name, inner, sought_, isAlone_);
   }
@@ -334,7 +331,6 @@ class ExpressionReader {
   std::size_t at_ = 0;
   bool isAlone_ = false;
   bool expectsOperand_ = true;
-  bool hasOperator_ = false;
   bool hasSum_ = false;
   bool isBroken_ = false;
   bool isCall_ = false;  // the last operand

@@ -272,12 +272,8 @@ void CheckReach(Context& context, const BlockMap& blocks) {
     const bool ends = form == Form::FimPrograma || form == Form::FimJanela ||
                       (form == Form::VaPara && HasItsLabel(context, blocks, i));
     if (ends && isMain && blocks.around[i] == kNone) hasEnded = true;
-    if (ends && i + 1 < forms.size() && blocks.around[i] != kNone &&
-        blocks.around[i + 1] == blocks.around[i] && !IsReachedOtherwise(forms[i + 1].form)) {
-      context.Tell(rule::kUnreachable, TokensAt(context, i + 1), "a execução nunca chega a esta linha",
-                   "a linha de cima sempre sai daqui: troque as duas, ou tire uma");
-    }
-    if (ends && !isMain && blocks.around[i] == kNone && i + 1 < forms.size() &&
+    if (ends && (!isMain || blocks.around[i] != kNone) && i + 1 < forms.size() &&
+        blocks.around[i + 1] == blocks.around[i] &&
         context.outline.routineOf[i + 1] == context.outline.routineOf[i] &&
         !IsReachedOtherwise(forms[i + 1].form)) {
       context.Tell(rule::kUnreachable, TokensAt(context, i + 1), "a execução nunca chega a esta linha",

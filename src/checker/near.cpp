@@ -44,7 +44,6 @@ void Nearest::Show(std::string_view name) {
   if (distance >= least_) return;
   least_ = distance;
   best_ = name;
-  if (distance == 0) least_ = 0;
 }
 
 }  // namespace tessera::check

@@ -29,7 +29,6 @@ class OutlineReader {
     out_.routineOf.reserve(statements.size());
     for (at_ = 0; at_ < statements.size(); ++at_) Take(source_.TokensOf(statements[at_]));
     CloseRoutine(false);
-    CloseDatabase(false);
     return std::move(out_);
   }
 
@@ -81,7 +80,6 @@ class OutlineReader {
     for (const Tokens part : SplitAtCommas(routine.parameterTokens)) {
       if (part.empty() || !part[0].IsName()) continue;
       const bool isTyped = part.size() >= 2 && part[1].IsName();
-      if (!isTyped) routine.parametersAreTyped = false;
       routine.locals.push_back({part[0].text, isTyped ? part[1].text : kTypeString, part.data(), true});
     }
     routine.parameters = routine.locals.size();
@@ -100,7 +98,6 @@ class OutlineReader {
     Routine* routine = routine_ == kNone ? nullptr : &out_.routines[routine_];
     const bool isLocal = routine != nullptr && routine->isFunction && at_ == routine->begin + 1 &&
                          source_.TokensOf(source_.statements()[at_])[0].text.starts_with("Var");
-    if (isLocal) routine->declaresLocals = true;
     for (const Tokens part : SplitAtCommas(list)) {
       if (part.empty() || !part[0].IsName()) continue;
       const Declared variable = ReadVariable(part);
@@ -122,10 +119,7 @@ class OutlineReader {
       variable.count = variable.countTokens.size() == 1 ? IntegerOf(variable.countTokens[0]) : -1;
       next = close + 1;
     }
-    if (next < part.size() && part[next].IsName()) {
-      variable.type = part[next].text;
-      variable.isTyped = true;
-    }
+    if (next < part.size() && part[next].IsName()) variable.type = part[next].text;
     return variable;
   }
 
@@ -147,25 +141,18 @@ class OutlineReader {
   }
 
   void OpenDatabase(Tokens tokens) {
-    CloseDatabase(false);
     database_ = out_.databases.size();
     Database database{.statement = at_};
     if (tokens.size() > 1) database.name = Bare(tokens[1]);
     out_.databases.push_back(database);
   }
 
-  void CloseDatabase(bool closed) {
-    if (database_ == kNone) return;
-    out_.databases[database_].end = at_;
-    out_.databases[database_].isClosed = closed;
-    database_ = kNone;
-  }
-
   // Between `BD` and `FimBD` a line names a field, unless it clearly is something else: then nobody closed
   // the block.
   FormedWord InDatabase(FormedWord formed, Tokens tokens) {
     if (formed.form == Form::FimBD) {
-      CloseDatabase(true);
+      out_.databases[database_].isClosed = true;
+      database_ = kNone;
       return formed;
     }
     const bool isField = tokens.size() >= 3 && (tokens[0].IsName() || tokens[0].IsLiteral()) &&
@@ -173,7 +160,7 @@ class OutlineReader {
     const bool isBareField = tokens.size() <= 3 && formed.form == Form::Other && !IsAssignment(tokens) &&
                              FindWord(tokens[0].text) == nullptr && (tokens.size() < 2 || !tokens[1].Is('('));
     if (!isField && !isBareField) {
-      CloseDatabase(false);
+      database_ = kNone;
       return formed;
     }
     DatabaseField field{.name = Bare(tokens[0]), .token = tokens.data(), .statement = at_};

@@ -19,7 +19,6 @@ inline constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 struct Declared {
   std::string_view name = {};
   std::string_view type = {};
-  bool isTyped = false;
   bool isArray = false;
   std::int64_t count = 1;
   std::size_t statement = 0;
@@ -46,9 +45,7 @@ struct Routine {
   bool hasParens = false;
   std::vector<Local> locals = {};
   std::size_t parameters = 0;
-  bool parametersAreTyped = true;
   Tokens parameterTokens = {};
-  bool declaresLocals = false;  // its first statement is `Var`
 };
 
 struct Label {
@@ -76,7 +73,6 @@ struct DatabaseField {
 struct Database {
   std::string_view name = {};
   std::size_t statement = 0;
-  std::size_t end = 0;
   bool isClosed = false;
   std::vector<DatabaseField> fields = {};
 };

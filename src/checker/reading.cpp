@@ -204,8 +204,7 @@ Type ReadName(Context& context, const Token& name, const Sought& sought, bool is
   return Type::Unknown;
 }
 
-Type ReadElement(Context& context, const Token& name, Tokens index, const Sought& sought) {
-  (void)sought;
+Type ReadElement(Context& context, const Token& name, Tokens index) {
   if (context.FindLocalAnyCase(name.upper) != nullptr) {
     return TypeOfName(context, name);
   }

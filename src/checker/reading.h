@@ -11,7 +11,7 @@ namespace tessera::check {
 Type ReadName(Context& context, const Token& name, const Sought& sought, bool isAlone, bool inSum);
 
 // The index of an array's element, between its parentheses.
-Type ReadElement(Context& context, const Token& name, Tokens index, const Sought& sought);
+Type ReadElement(Context& context, const Token& name, Tokens index);
 
 // True if the language knows the word in that argument, though nobody declared it.
 bool IsSpokenWord(const Sought& sought, std::string_view upper);

@@ -33,8 +33,8 @@ class RoutineCheck {
     const std::string end = routine_.isFunction ? "FimFuncao" : "FimSub";
     if (!routine_.isClosed) {
       context_.Tell(rule::kUnclosedRoutine, *routine_.token,
-                    std::string(routine_.isFunction ? "a função " : "a sub-rotina ") + Shown(routine_.name) +
-                        " não tem o seu " + end,
+                    std::string(routine_.isFunction ? "a função " : "a sub-rotina ") +
+                        (routine_.name.empty() ? "sem nome" : Shown(routine_.name)) + " não tem o seu " + end,
                     "ponha " + end + " na última linha dela");
       return;
     }

@@ -113,11 +113,4 @@ std::span<const Rule* const> Rules() {
   return kRules;
 }
 
-const Rule* FindRule(std::string_view code) {
-  for (const Rule* rule : kRules) {
-    if (EqualsIgnoringCase(rule->code, code)) return rule;
-  }
-  return nullptr;
-}
-
 }  // namespace tessera::check

@@ -130,7 +130,4 @@ inline constexpr Rule kAliasIsVariable{"T0908", kWarning, "Apelido com o nome de
 // All of them, in the order of their codes.
 std::span<const Rule* const> Rules();
 
-// By its code, blind to case; null for none.
-const Rule* FindRule(std::string_view code);
-
 }  // namespace tessera::check

@@ -116,12 +116,6 @@ std::string_view Source::TextOf(const Statement& statement) const {
   return TextOf(TokensOf(statement));
 }
 
-std::string_view Source::UpperOf(const Statement& statement) const {
-  const Tokens tokens = TokensOf(statement);
-  if (tokens.empty()) return {};
-  return std::string_view(*upper_).substr(tokens.front().offset, tokens.back().End() - tokens.front().offset);
-}
-
 std::string_view Source::LineText(std::size_t line) const {
   if (line == 0 || line > scan_.lineBegins.size()) return {};
   const std::string_view rest = std::string_view(*text_).substr(scan_.lineBegins[line - 1]);

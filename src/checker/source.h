@@ -64,8 +64,6 @@ class Source {
   // From the statement's first character to its last.
   std::string_view TextOf(const Statement& statement) const;
   std::string_view TextOf(Tokens tokens) const;
-  // The same in upper case.
-  std::string_view UpperOf(const Statement& statement) const;
   std::string_view LineText(std::size_t line) const;
 
   Span SpanOf(std::size_t offset, std::size_t size) const;

@@ -133,7 +133,6 @@ void CheckTextParens(Context& context) {
 // In the body of a function a text is searched for its parameters like everything else.
 void CheckParametersInTexts(Context& context) {
   if (context.routine == nullptr || !context.routine->isFunction) return;
-  if (context.statement == context.routine->begin) return;
   for (const Token& token : context.tokens) {
     if (!token.IsLiteral()) continue;
     for (const Local& local : context.routine->locals) {
@@ -178,7 +177,7 @@ void CheckTabs(Context& context) {
   context.Tell(rule::kTab, place,
                lines == 1 ? "uma tabulação esconde a palavra atrás dela"
                           : "uma tabulação esconde a palavra atrás dela, aqui e em mais " +
-                                std::to_string(lines - 1) + " linhas",
+                                std::to_string(lines - 1) + (lines == 2 ? " linha" : " linhas"),
                "recue as linhas com brancos; um editor de textos troca as tabulações de uma vez");
 }
 

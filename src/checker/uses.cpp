@@ -8,19 +8,17 @@ Uses ReadUses(const Source& source, const Outline& outline) {
     const Form form = outline.forms[i].form;
     if (form == Form::Declaration || form == Form::Funcao || form == Form::Sub || form == Form::BdField)
       continue;
-    Tokens tokens = source.TokensOf(source.statements()[i]);
+    const Tokens tokens = source.TokensOf(source.statements()[i]);
     const Token* target = nullptr;
     if (form == Form::Other && IsAssignment(tokens)) {
       target = tokens.data();
       Use& use = uses[std::string(target->upper)];
       ++use.writes;
-      if (use.firstWrite == nullptr) use.firstWrite = target;
       std::size_t next = 1;
       if (tokens[1].Is('(')) next = ClosingParen(tokens, 1) + 1;
       const bool isCall = next + 2 < tokens.size() && tokens[next].Is('=') && tokens[next + 1].IsName() &&
                           tokens[next + 2].Is('(') && tokens.back().Is(')');
       if (isCall) ++use.writesOfCalls;
-      tokens = tokens.subspan(1);
     }
     for (const Token& token : tokens) {
       if (!token.IsName()) continue;

@@ -13,7 +13,6 @@ struct Use {
   std::size_t reads = 0;
   std::size_t writes = 0;
   std::size_t writesOfCalls = 0;  // that only keep the result of a call
-  const Token* firstWrite = nullptr;
 };
 
 // By the name in upper case.

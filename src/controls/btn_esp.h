@@ -7,8 +7,6 @@ class BtnEsp {
  public:
   // A press by key stays painted for so long before the click.
   static constexpr int kPressPauseMs = 100;
-  // Interval of `Timer1`, which looks where the pointer is.
-  static constexpr int kHoverTickMs = 50;
 
   // The pictures, highest first.
   enum class Picture { kBtnDisabled, kBtnDown, kBtnHigh, kBtnFocus, kBtnUp };

@@ -40,7 +40,7 @@ bool MaskField::Takes(Place place, char character) {
     case Place::kAny:
       return true;
     case Place::kLiteral:
-      return false;
+      break;
   }
   return false;
 }

@@ -15,7 +15,7 @@ std::optional<Value> ReadSqlField(Run& run, std::string_view right) {
   constexpr Position kNameColumn = 5;
   const std::string first = SplitArguments(run, right, kPlaces).front();
   const Position close = Find(first, ")");
-  if (close < kNameColumn) FailArgument();
+  if (close == 0) FailArgument();
   const std::string name = Upper(Trim(Mid(first, kNameColumn, close - kNameColumn)));
   const std::size_t firstPoint = name.find('.');
   const std::size_t secondPoint =

@@ -99,7 +99,7 @@ Value MouseIcone(const SuffixCall& call) {
 }
 
 Value AjustaImagem(const SuffixCall& call) {
-  ControlOf(call).SetAutoSize();
+  ControlOf(call).FitPicture();
   return {};
 }
 
@@ -294,21 +294,10 @@ std::weak_ptr<Surface> ImagemControl::SharedSurface() {
 
 void ImagemControl::Reset() {
   surface_.Reset();
-  autoSize_ = false;
   mouse_ = {};
   mouseBotao_ = 0;
   Move(kSurfaceSize);
   SetZOrder(ZOrder::Front);
-}
-
-void ImagemControl::SetAutoSize() {
-  autoSize_ = true;
-  FitPicture();
-}
-
-void ImagemControl::SetPicture(PictureRef picture) {
-  surface_.SetBackground(std::move(picture));
-  if (autoSize_) FitPicture();
 }
 
 void ImagemControl::FitPicture() {
@@ -334,7 +323,6 @@ void ImagemControl::OnMouseUp(MouseButton button, PointerPlace at) {
 
 void ImagemControl::Click() {
   const PointerPlace middle{std::floor(Place().Width / 2), std::floor(Place().Height / 2)};
-  OnMouseMove(middle);
   OnMouseDown(MouseButton::Left, middle);
   OnMouseUp(MouseButton::Left, middle);
 }
@@ -366,7 +354,7 @@ void Imagem::Create(Control& control, ObjectRow&, const Arguments& arguments) {
   }
   SetHeight(image, arguments);
   SetWidth(image, arguments);
-  image.SetPicture(std::move(picture));
+  image.surface().SetBackground(std::move(picture));
 }
 
 // KEPT: three suffixes pass an unknown surface over in silence (programs.images_draw_hold_objects_and_save).

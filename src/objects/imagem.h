@@ -61,9 +61,8 @@ class ImagemControl final : public Control {
   // The surface for whoever holds it no longer than the control lives.
   std::weak_ptr<Surface> SharedSurface();
 
-  // As large as its picture from now on.
-  void SetAutoSize();
-  void SetPicture(PictureRef picture);
+  // As large as the picture that is its ground.
+  void FitPicture();
 
   // A new object in an element that stands already.
   void Reset();
@@ -84,10 +83,7 @@ class ImagemControl final : public Control {
   bool DrawOn(Raster& face) const override;
 
  private:
-  void FitPicture();
-
   ImagemSurface surface_;
-  bool autoSize_ = false;
   PointerPlace mouse_;
   int mouseBotao_ = 0;
 };

@@ -37,16 +37,15 @@ Value Tray::MinimizeBarra(const WordCall&) {
   return {};
 }
 
-bool Tray::ShowLast() {
+void Tray::ShowLast() {
   while (!hidden_.empty()) {
     ProgramWindow* const last = hidden_.back();
     hidden_.pop_back();
     if (!windows_.IsDefined(*last) || last->form().Visible()) continue;
     last->OnActivate();
     last->Show();
-    return true;
+    return;
   }
-  return false;
 }
 
 // OPEN: with several windows hidden each choice brings back one, the last one first.
@@ -60,7 +59,7 @@ void Tray::OnMenuSair() {
 
 void Tray::OnTrayGone() {
   stands_ = false;
-  while (ShowLast()) continue;
+  while (!hidden_.empty()) ShowLast();
 }
 
 PersonObject* Tray::FindPart(std::string_view name) {

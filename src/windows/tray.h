@@ -45,8 +45,8 @@ class Tray final : public TrayEvents, public WindowParts {
 
   Value AdicioneIconeBarra(const WordCall& call);
   Value MinimizeBarra(const WordCall& call);
-  // Shows the window hidden last that is still there; false where there is none.
-  bool ShowLast();
+  // Shows the window hidden last that is still there, if any is.
+  void ShowLast();
 
   WindowModel& windows_;
   Desktop& desktop_;

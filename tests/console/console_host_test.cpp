@@ -8,7 +8,10 @@
 #include <sstream>
 #include <thread>
 
+#include "support/core_program.h"
 #include "support/hosted_program.h"
+#include "support/temporary_folder.h"
+#include "windows/picture_file.h"
 
 namespace tessera::test {
 
@@ -186,6 +189,28 @@ TEST(ConsoleScript, AFaultyLineEndsTheRunWithThree) {
     EXPECT_EQ(t.out, "1\n") << row.script;
     EXPECT_EQ(t.status, 3) << row.script;
   }
+}
+
+// Printed texts leave no pixels then, and what else stands there does.
+TEST(ConsoleScript, AMissingPartForTheTextsOfPortraitsIsToldOnce) {
+  const TemporaryFolder folder;
+  std::istringstream in("retrato " + (folder / "um.png") + "\nretrato " + (folder / "dois.png") + "\n");
+  std::ostringstream out;
+  std::ostringstream err;
+  reports::PaperPart paper(reports::PainterOfPart({folder.path()}));
+  const auto codec = [] { return FoundCodec{&TestCodec(), {}}; };
+  ConsoleHost host({in, out, err}, {.programTitle = "TESTE", .paper = &paper, .findCodec = codec});
+  HostedProgram(host.host(), host).Run("Escreva \"a\"\nBotao B, 1, 1\nBotao B.CorFundo = Vermelho\n");
+  EXPECT_EQ(err.str(), "[critico] Instale o pacote tessera-paper\n");
+  const PictureRef portrait = DecodePicture(TestCodec(), ReadBytes(folder / "dois.png"));
+  ASSERT_NE(portrait, nullptr);
+  constexpr Pixel kRed = 0xFFFF0000U;
+  EXPECT_EQ(portrait->raster.At(9, 15), kRed);
+  EXPECT_EQ(portrait->raster.At(86, 40), kRed);
+  for (const auto& [x, y] : {std::pair{8, 15}, {87, 40}, {9, 14}, {86, 41}})
+    EXPECT_EQ(portrait->raster.At(x, y), portrait->raster.At(8, 14)) << "the frame";
+  EXPECT_NE(portrait->raster.At(8, 14), kRed);
+  EXPECT_NE(portrait->raster.At(8, 14), portrait->raster.At(88, 42)) << "the ground";
 }
 
 TEST(ConsoleClosing, ClosingEndsTheProgramWhereItWaits) {

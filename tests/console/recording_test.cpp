@@ -20,16 +20,23 @@ namespace tessera::test {
 
 namespace {
 
-// Does these acts, one each time that it is asked, and then closes what is open.
+// Does these acts, one each time that it is asked, and then closes what is open. "NAME: LINE" is done on the
+// window of that name.
 class ActsOf final : public ScriptAuthor {
  public:
   explicit ActsOf(std::vector<std::string> acts) : acts_(std::move(acts)) {}
 
   Dialogs& Answers() override { return boxes_; }
-  void Rest(Milliseconds) override {}
+  void Rest(Milliseconds time) override { rested += time; }
   std::optional<PersonAct> NextAct(std::optional<Milliseconds>, std::span<const int>) override {
-    return PersonAct{.line = next_ < acts_.size() ? acts_[next_++] : "fecha"};
+    const std::string act = next_ < acts_.size() ? acts_[next_++] : "fecha";
+    const std::size_t colon = act.find(": ");
+    if (colon == std::string::npos) return PersonAct{.line = act};
+    return PersonAct{.line = act.substr(colon + 2), .window = windows->FindWindow(act.substr(0, colon))};
   }
+
+  const WindowModel* windows = nullptr;
+  Milliseconds rested{0};
 
  private:
   RecordedBoxes boxes_;
@@ -42,21 +49,25 @@ class ActsOf final : public ScriptAuthor {
 // What was recorded is played in memory, and does the same.
 TEST(RecordingTest, AScriptThatIsWrittenWhileItIsPlayedPlaysTheSameAgain) {
   const std::string source =
-      "Texto T, 1, 1, 20\nBotao B, 3, 1\nVar s String\nEnquanto TestaBotao <> \"B\"\n  Aguarde Eventos\n"
+      "Texto T, 1, 1, 20\nBotao B, 3, 1\nVar s String\nNovaJanela Define, Outra\nNovaJanela Outra.Ativa\n"
+      "NovaJanela Outra.Use\nBotao C, 1, 1\nNovaJanela Pai.Use\nEnquanto TestaBotao <> \"B\"\n"
+      "  Aguarde Eventos\n"
       "  Escreva T.Txt, \"|\", GanhouFoco, \"|\", TestaBotao\nRepita\n"
       "s = EntraTexto(\"Nome\")\nEscreva s\n";
   const TemporaryFolder folder;
   const std::string file = folder / "roteiro";
+  ActsOf author({"Pai: foco T", "digita ab", "digita c", "Outra: clique C", "Pai: tecla 8", "clique Nada",
+                 "mouse 1 1", "mouse 2 2", "clique", "clique B"});
   const auto play = [&](const std::string& script, Recording* recording) {
     std::istringstream in(script);
     std::ostringstream out;
     std::ostringstream err;
     ConsoleHost host({in, out, err}, {.programTitle = "TESTE", .recording = recording});
     HostedProgram program(host.host(), host);
-    program.Run(source);
+    author.windows = &program.janela.windows();
+    program.Run(source, "Sub Outra_Codigo()\nFimSub\n");
     return out.str();
   };
-  ActsOf author({"foco T", "digita ab", "digita c", "tecla 8", "mouse 1 1", "mouse 2 2", "clique B"});
   std::string seen;
   {
     Recording recording(author, Descriptor(open(file.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600)));
@@ -64,8 +75,12 @@ TEST(RecordingTest, AScriptThatIsWrittenWhileItIsPlayedPlaysTheSameAgain) {
     EXPECT_TRUE(recording.IsWhole());
   }
   EXPECT_EQ(ReadBytes(file),
-            "foco T\ndigita ab\ndigita c\ntecla 8\nmouse 1 1\nmouse 2 2\nclique B\nCANCELADO\nfecha\n");
-  EXPECT_EQ(seen, "|T|\nab|T|\nabc|T|\nab|T|\nab|T|\nab|T|\nab|B|B\nCANCELADO\n");
+            "foco T\ndigita ab\ndigita c\nfoco Outra\nclique C\nfoco Pai\ntecla 8\nmouse 1 1\nmouse 2 2\n"
+            "clique\nclique B\nCANCELADO\nfecha\n");
+  EXPECT_EQ(seen,
+            "|T|\nab|T|\nabc|T|\nabc|T|\nabc|C|C\nabc|C|C\nab|C|C\nab|C|C\nab|C|C\nab|C|C\nab|B|B\n"
+            "CANCELADO\n");
+  EXPECT_EQ(author.rested.count(), 100) << "behind the click on the window";
   EXPECT_EQ(play(ReadBytes(file), nullptr), seen);
 }
 
@@ -90,6 +105,11 @@ TEST(RecordingTest, AProgramThatDiesLeavesAllThatWentBefore) {
   EXPECT_EQ(keep("solta 37", 2), "clique Nome\ndigita A b\ndigita c\nç\ntecla 37\n");
   recording.TakeBack();
   EXPECT_EQ(ReadBytes(file), "clique Nome\ndigita A b\ndigita c\nç\naperta 37\n");
+  // What is drawn with a button down is drawn along the way.
+  recording.KeepAnswer("");
+  const std::string before = ReadBytes(file);
+  for (const char* line : {"pressiona 2", "mouse 1 1", "mouse 2 2", "libera 2", "mouse 3 3"}) keep(line, 2);
+  EXPECT_EQ(keep("mouse 4 4", 2), before + "pressiona 2\nmouse 1 1\nmouse 2 2\nlibera 2\nmouse 4 4\n");
 }
 
 TEST(RecordingTest, LinesBecomeOneOnlyWhereNothingIsLost) {

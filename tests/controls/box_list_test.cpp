@@ -59,6 +59,11 @@ TEST_F(BoxListTest, KeysMoveAsInTheGrid) {
   EXPECT_TRUE(list.SelBox(0));
   EXPECT_FALSE(list.SelBox(3));
   EXPECT_EQ(Page(), ">c dx ex ");
+  EXPECT_TRUE(list.KeyDown(key::kUp));
+  EXPECT_EQ(Page(), ">bx c dx ");
+  list.SelBox(1);
+  EXPECT_TRUE(list.KeyDown(key::kUp));
+  EXPECT_EQ(Page(), ">bx c dx ");
 }
 
 TEST_F(BoxListTest, ChecksAreOfTheirRows) {

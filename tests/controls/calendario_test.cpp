@@ -91,7 +91,9 @@ TEST_F(CalendarioTest, KeysMarkADayThatEnterPicks) {
   calendar.KeyDown(33, false);
   calendar.KeyDown(27, false);
   EXPECT_FALSE(calendar.ViewIsOpen());
-  EXPECT_EQ(Value(), "12/04/2009");
+  calendar.ButtonClick();
+  calendar.KeyDown(13, false);
+  EXPECT_EQ(Value(), "12/04/2009") << "the view opens on the value";
 }
 
 }  // namespace

@@ -98,6 +98,8 @@ TEST(EntraNum, DeleteIsABackspace) {
   EXPECT_TRUE(entry.KeyDown(8, false));
   EXPECT_EQ(entry.TxtAux().Text(), "1234,5");
   EXPECT_EQ(entry.Value(), 1234.5);
+  entry.KeyPress('7');
+  EXPECT_EQ(entry.TxtAux().Text(), "1234,57") << "what is typed goes on";
 }
 
 TEST(EntraNum, LockedOrFullItTakesNoKey) {
@@ -168,9 +170,10 @@ TEST(EntraNum, TakesAShownNumberThatIsPasted) {
     std::string_view pasted;
     double value;
   };
-  for (const Case& c : {Case{2, "1.234.567,50", 1234567.5}, Case{2, " -1.234,5 ", -1234.5},
-                        Case{2, "1.234", 1.234}, Case{2, "1.234.567", 1234567}, Case{0, "1.234", 1234},
-                        Case{0, "12.5", 12.5}, Case{3, "0,125", 0.125}, Case{2, "R$ 12,00", 12}}) {
+  for (const Case& c :
+       {Case{2, "1.234.567,50", 1234567.5}, Case{2, " -1.234,5 ", -1234.5}, Case{2, "1.234", 1.234},
+        Case{2, "1.234.567", 1234567}, Case{0, "1.234", 1234}, Case{0, " 1.234 ", 1234},
+        Case{0, "12.5", 12.5}, Case{3, "0,125", 0.125}, Case{2, "R$ 12,00", 12}}) {
     EntraNum field;
     field.SetCasas(c.casas);
     field.SetValue(99);

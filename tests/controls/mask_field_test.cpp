@@ -28,6 +28,8 @@ TEST(MaskField, OnlyTheDigitSignShowsAsAnOpenPlace) {
   field.SetText("#7/x");
   EXPECT_EQ(field.Text(), "_7/x");
   EXPECT_EQ(field.Mask(), "(##) A?&-\\#\\A\\");
+  field.SetMask("#-");
+  EXPECT_EQ(Typed(field, "12"), "1-");
 }
 
 TEST(MaskField, EachPlaceTakesItsOwnKind) {
@@ -99,6 +101,10 @@ TEST(MaskField, AnEditFitsAnotherTextToTheMask) {
   field.SetMask("##/##");
   field.SetText("9");
   EXPECT_EQ(Typed(field, "8"), "8_/__");
+  field.SetText("9");
+  field.PlaceCaret(1);
+  EXPECT_TRUE(field.KeyDown(key::kBackspace, false));
+  EXPECT_EQ(field.Text(), "__/__");
   field.SetText("12/34/56");
   field.PlaceCaret(8);
   EXPECT_FALSE(field.KeyPress('1'));

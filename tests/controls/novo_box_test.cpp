@@ -104,6 +104,13 @@ TEST_F(NovoBoxTest, ThePoolEndsBeforeAHalfRowAndAt200Cells) {
   narrow.Ativa(false);
   EXPECT_TRUE(narrow.ShowsHorizontalBar());
   EXPECT_EQ(narrow.TotalLinhas(), 2);
+  narrow.BarraHorizontal().SetValue(100);
+  narrow.Ativa(false);
+  EXPECT_EQ(narrow.BarraHorizontal().Value(), 0);
+  narrow.Resize({9000, 1100}, {300, 200, 250});
+  EXPECT_GT(narrow.BarraHorizontal().Max(), 0);
+  narrow.Ativa(false);
+  EXPECT_EQ(narrow.BarraHorizontal().Max(), 0);
 }
 
 TEST_F(NovoBoxTest, CutsATextToItsCellWithDots) {
@@ -169,6 +176,8 @@ TEST_F(NovoBoxTest, TheCursorRowAloneHasTheSelectedColours) {
   for (int cell = 0; cell < box.TotalCelulas(); ++cell) {
     EXPECT_EQ(box.Pool()[static_cast<std::size_t>(cell)].attributes.fore, cell / 2 == 1 ? 3 : 1);
   }
+  box.Ativa(false);
+  EXPECT_EQ(box.ColBoxRef(), 0);
 }
 
 TEST_F(NovoBoxTest, TheBarMovesThePage) {
@@ -178,6 +187,7 @@ TEST_F(NovoBoxTest, TheBarMovesThePage) {
   EXPECT_EQ(box.LeCelula(3, 0), "r9");
   EXPECT_EQ(box.LeVetCel(3).row, 7);
   box.ClearVet(true);
+  EXPECT_EQ(box.BarraVertical().Value(), 0);
   EXPECT_EQ(box.BarraVertical().Max(), 100);
   EXPECT_EQ(box.LinVet(), 0);
 }
@@ -196,6 +206,13 @@ TEST_F(NovoBoxTest, ATitleSortsUpwardsAndThenDownwards) {
   EXPECT_FALSE(box.SortDescending());
   EXPECT_EQ(box.SortArrowLeft(), 1600);
   EXPECT_EQ(box.LeCelula(0, 1), "x");
+  box.Add("under construction");
+  box.ClickTitle(0);
+  box.BoxNew();
+  EXPECT_EQ(ColumnText(0), "B a b b Ç under construction "_w);
+  EXPECT_EQ(box.List(5), "under construction");
+  box.Config({1, 2, "Tahoma", 10, false}, 3, 4);
+  EXPECT_EQ(box.SortArrowLeft(), 0);
 }
 
 TEST_F(NovoBoxTest, NumericColumnsTakeBothMarksForTheDecimalOne) {
@@ -232,6 +249,7 @@ TEST_F(NovoBoxTest, ARemovedRowLeavesMatrixAndVector) {
   FillNumbers(6);
   box.Selected(5);
   EXPECT_EQ(box.BarraVertical().Value(), 2);
+  box.GravaVetor(1, 1, "9", {});
   box.RemoveLinha(1);
   EXPECT_EQ(box.BarraVertical().Value(), 1);
   box.RemoveLinha(9);
@@ -240,8 +258,14 @@ TEST_F(NovoBoxTest, ARemovedRowLeavesMatrixAndVector) {
   EXPECT_TRUE(box.Selected(4));
   EXPECT_EQ(box.LeVetor(box.LinVetRef(), 0), "r5");
   box.Add("new");
+  box.RemoveLinha(5);
   box.BoxNew();
-  EXPECT_EQ(box.LeVetor(5, 0) + box.LeVetor(5, 1), "new");
+  EXPECT_EQ(box.LeVetor(5, 0) + box.LeVetor(5, 1), "new") << "a row under construction can't be removed";
+  box.Add("next");
+  box.BoxNew();
+  EXPECT_EQ(box.LeVetor(6, 1), "") << "it takes the removed one's room";
+  box.Titulo("UF", 2, NovoBox::Align::kLeft, false);
+  EXPECT_EQ(box.LeCelula(0, 0), box.LeVetor(box.LinIniVet(), 0)) << "the page shows its rows again";
 }
 
 TEST_F(NovoBoxTest, CellsKeepTheirAttributesThroughASort) {

@@ -53,6 +53,13 @@ TEST_F(RichTextTest, TheProgramSeesCrLfAndCountsTwo) {
   }
 }
 
+TEST_F(RichTextTest, ATextThatIsSetHasItsCaretInFront) {
+  text.SetText("ab");
+  text.Select(2, 1);
+  text.SetText("xyz");
+  EXPECT_EQ(Shown(), "|xyz");
+}
+
 TEST_F(RichTextTest, KeysMoveTheCaret) {
   text.SetText("um\n\ntres\nd");
   struct Step {

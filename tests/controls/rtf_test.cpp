@@ -75,7 +75,7 @@ TEST(Rtf, ReadsWhatWordProcessorsWrite) {
        "[:\xE9"
        "ab]"},
       {"{\\rtf1\\*\\stylesheet a}", "[:a]"},
-      {"{\\rtf1{\\colortbl\\red9\\green1\\blue2;\\red3;}\\cf1 a}", "[c3:a]"},
+      {"{\\rtf1{\\colortbl\\red9\\green1\\blue2;\\red3;;}\\cf1 a\\cf2 b}", "[c3:a][:b]"},
       {"{\\rtf1\\b1 a\\b00 b}", "[b:a][:b]"},
   };
   for (const auto& c : kCases) EXPECT_EQ(Read(c.rtf), c.shown) << c.rtf;

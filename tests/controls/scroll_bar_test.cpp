@@ -46,6 +46,16 @@ TEST_F(BarTest, AHeldArrowRepeatsAfterMoreThanTenTicks) {
   EXPECT_EQ(changes, 4);
 }
 
+TEST_F(BarTest, ADisabledBarIsHeldNoLonger) {
+  bar.PointerDown(15);
+  EXPECT_EQ(bar.Held(), ScrollBar::Part::kFirstArrow);
+  bar.SetEnabled(false);
+  EXPECT_EQ(bar.Held(), ScrollBar::Part::kNone);
+  bar.SetEnabled(true);
+  bar.PointerDown(16);
+  EXPECT_EQ(bar.Held(), ScrollBar::Part::kThumb);
+}
+
 TEST_F(BarTest, ADragTellsItsOwnerAtEveryThirdTick) {
   bar.PointerDown(20);
   ASSERT_EQ(bar.Held(), ScrollBar::Part::kThumb);
@@ -59,6 +69,7 @@ TEST_F(BarTest, ADragTellsItsOwnerAtEveryThirdTick) {
   EXPECT_EQ(changes, 1);
   bar.PointerMove(-40);
   EXPECT_EQ(bar.Value(), 0);
+  EXPECT_EQ(bar.ThumbPosition(), 16);
   bar.PointerMove(999);
   EXPECT_EQ(bar.Value(), 100);
   bar.PointerUp();

@@ -4,6 +4,8 @@
 #include <sstream>
 
 #include "objects/botao.h"
+#include "objects/entry_control.h"
+#include "objects/texto.h"
 #include "support/console_window.h"
 #include "text/code_page.h"
 
@@ -25,6 +27,15 @@ std::string Told(const Control& control) {
   const auto* button = dynamic_cast<const BotaoControl*>(&control);
   if (button != nullptr && button->Picture()) told << " picture";
   return told.str();
+}
+
+// The one made last; null for none.
+Control* LastMade(HostedProgram& program) {
+  Control* made = nullptr;
+  for (Control* control : program.janela.form().Controls().InZOrder()) {
+    if (made == nullptr || control->Number() > made->Number()) made = control;
+  }
+  return made;
 }
 
 }  // namespace
@@ -148,20 +159,62 @@ TEST_F(ConsoleWindowTest, EachObjectIsWhatItsWordsMakeOfIt) {
                "24,28 160x56 8000000f/80000012 MS Sans Serif 8 hidden [d] Dados 0"},
            Row{"Link K, 8, 9, \"aqui\", \"x.org\"", "72,112 32x20 8000000f/c1632a Courier New 10 [] aqui 0"},
            Row{"Imagem I, 2, 3, 10, 30", "80,42 32x420 8000000f/80000012 MS Sans Serif 8 []  0"},
+           Row{"Imagem I, \"\", 2, 3, 10, 30", "24,28 240x140 8000000f/80000012 MS Sans Serif 8 []  0"},
            Row{"Imagem I, 2, 3, 10, 30\nBotao B, 1, 1\nBotao B.Pai = \"i\"",
                "8,14 80x28 8000000f/80000012 MS Sans Serif 8 [] OK 1"},
            Row{"Box G, 3, 4, 10", "32,42 400x238 ffffff/0 MS Sans Serif 8 []  0"},
+           Row{"Combo L, 6, 7\nCombo L.Txt = \"dois\"\nCombo L.Remove\nCombo M, 6, 7",
+               "56,84 140x20 80000005/80000012 MS Sans Serif 8 []  1"},
+           Row{"Fonte Tamanho = 40\nCheck C, 4, 5, \"a\"",
+               "40,56 57x64 8000000f/80000012 Courier New 40 [] a 0"},
+           Row{"Imagem I, \"FigOK\", 2, 3, 10, 30\nImagem I.AjustaImagem",
+               "24,28 32x32 8000000f/80000012 MS Sans Serif 8 []  0"},
+           Row{"Imagem I, \"FigOK\", 2, 3\nImagem I.Redimensiona, 5, 6",
+               "24,28 48x70 8000000f/80000012 MS Sans Serif 8 []  0"},
+           Row{"GifAnimado G, \"GifSapo1\", 0, 2, 3\nGifAnimado G.Altura = 5\n"
+               "GifAnimado G.Imagem = \"GifSapa2\"",
+               "24,28 96x70 8000000f/80000012 MS Sans Serif 8 []  0"},
+           Row{"GifAnimado A, \"GifSapo1\", 0, 2, 3\nGifAnimado A.Largura = 7\nGifAnimado A.Remove\n"
+               "GifAnimado G, \"GifSapo1\", 0, 2, 3",
+               "24,28 96x96 8000000f/80000012 MS Sans Serif 8 []  1"},
        }) {
     HostedProgram fresh(host.host(), host);
     EditorTexts editors;
     editors[0] = FromSource(row.source);
     ASSERT_EQ(fresh.Start(editors, ""), RunOutcome::Ended) << row.source << err.str();
-    const Control* made = nullptr;
-    for (const Control* control : fresh.janela.form().Controls().InZOrder()) {
-      if (made == nullptr || control->Number() > made->Number()) made = control;
-    }
+    const Control* const made = LastMade(fresh);
     ASSERT_NE(made, nullptr) << row.source;
     EXPECT_EQ(Told(*made), row.told) << row.source;
+  }
+}
+
+// The variable tells it too, behind the line of a script that does it.
+TEST_F(ConsoleWindowTest, WhatIsPastedPassesTheFilterOfItsEntry) {
+  struct Row {
+    const char* source;
+    const char* pasted;
+    const char* shown;
+  };
+  for (const Row& row : {
+           Row{"Texto T, 1, 1, 20", "a1\r\nb", "a1"},
+           Row{"Texto T, 1, 1, 20, 3", "a1\r\nb", "a1\r\nb"},
+           Row{"Texto T, 1, 1, 20\nTexto T.Numerico = \"SIM\"", "1.2x34,5", "1234,5"},
+           Row{"Mascara T, \"##/##\", 1, 1", "1x2/34\n5", "12/34"},
+           Row{"Combo T, 1, 1\nCombo T.Adiciona \"um\"", "u\nm", "u"},
+       }) {
+    HostedProgram fresh(host.host(), host);
+    EditorTexts editors;
+    editors[0] = FromSource(row.source);
+    ASSERT_EQ(fresh.Start(editors, ""), RunOutcome::Ended) << row.source << err.str();
+    Control* const made = LastMade(fresh);
+    if (auto* text = dynamic_cast<TextoControl*>(made)) {
+      text->Paste(row.pasted);
+    } else {
+      dynamic_cast<EntryControl&>(*made).Paste(row.pasted);
+    }
+    EXPECT_EQ(ToUtf8(made->PortraitText()), row.shown) << row.source;
+    fresh.janela.windows().OnLineDone();
+    EXPECT_EQ(fresh.run.variables.VarRead("T.Txt").ToText(), row.shown) << row.source;
   }
 }
 

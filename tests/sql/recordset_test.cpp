@@ -87,6 +87,10 @@ TEST_F(RecordsetTest, AnEditIsWrittenOnceByTheNextMoveWithItsOldValues) {
   set.Update();
   set.Update();
   EXPECT_EQ(connection_.log.size(), 1u);
+  set.MoveNext();
+  set.SetField("nome", Value("z"_w));
+  set.MovePrevious();
+  EXPECT_EQ(connection_.log.back(), "UPDATE t SET nome = 'z' WHERE id = 2 AND nome = 'b'");
 }
 
 TEST_F(RecordsetTest, ARefusedWriteLeavesPlaceAndEdit) {
@@ -121,10 +125,13 @@ TEST_F(RecordsetTest, ARemovedRecordStaysThePlaceUntilTheNextMove) {
   set.Delete();
   set.MovePrevious();
   EXPECT_EQ(At(set), "a");
-  set.Delete();
-  EXPECT_FALSE(set.Eof() || set.Bof());
-  set.MoveNext();
-  EXPECT_EQ(At(set), "BE");
+  for (const auto move : {&Recordset::MoveFirst, &Recordset::MoveLast, &Recordset::MoveNext}) {
+    Recordset last = Open(Names({"a"}));
+    last.Delete();
+    EXPECT_FALSE(last.Eof() || last.Bof());
+    (last.*move)();
+    EXPECT_EQ(At(last), "BE");
+  }
 }
 
 TEST_F(RecordsetTest, ANewRecordIsDroppedByRemoveAndWrittenByWhatGoesOn) {
@@ -201,6 +208,7 @@ TEST_F(RecordsetTest, ABatchIsWrittenWholeWhenItIsClosed) {
   set.AddNew();
   set.SetField("nome", Value("new"_w));
   set.Update();
+  EXPECT_EQ(At(set), "new");
   set.SetField("nome", Value("newer"_w));
   set.Update();
   set.AddNew();
@@ -232,6 +240,7 @@ TEST_F(RecordsetTest, AStreamGoesForwardAlone) {
   EXPECT_EQ(set.RecordCount(), Recordset::kUncounted);
   EXPECT_THROW(set.MovePrevious(), SqlError);
   EXPECT_THROW(set.MoveFirst(), SqlError);
+  EXPECT_THROW(set.MoveLast(), SqlError);
   EXPECT_THROW(set.SetField("nome", Value("x"_w)), SqlError);
   EXPECT_EQ(At(set), "a");
   set.Find("nome = 'b'");

@@ -113,7 +113,7 @@ TEST_F(ApiProcess, ACrashIsToldAndLosesNothing) {
     const std::string records = folder_ / "dados/Gente.Tsa";
     const ProcessResult checked = RunProcess({.words = {TESSERA_TOOL, "bd", "check", records}});
     EXPECT_EQ(checked.status, 0) << function;
-    EXPECT_EQ(checked.out, "1 registros bons, 0 excluídos, 0 com defeito\n") << function;
+    EXPECT_EQ(checked.out, "1 registro bom, 0 excluídos, 0 com defeito\n") << function;
     std::filesystem::remove(records);
   }
 }

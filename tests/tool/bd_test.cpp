@@ -92,16 +92,16 @@ TEST_F(ToolBd, RepairMendsWhatASuddenEndLeft) {
   busy[0] = '1';
   busy[134] = 'T';
   const Case cases[] = {
-      {"blank", blank, "registro 1: em branco", "1 registros bons, 2 excluídos, 0 com defeito\n"},
-      {"busy", busy, "marcado como ocupado", "2 registros bons, 1 excluídos, 0 com defeito\n"},
-      {"cut", whole.substr(0, at(2) + 20), "faltam no arquivo 1 registros",
+      {"blank", blank, "registro 1: em branco", "1 registro bom, 2 excluídos, 0 com defeito\n"},
+      {"busy", busy, "marcado como ocupado", "2 registros bons, 1 excluído, 0 com defeito\n"},
+      {"cut", whole.substr(0, at(2) + 20), "falta no arquivo 1 registro",
        "2 registros bons, 0 excluídos, 0 com defeito\n"},
-      {"untold blank", whole + std::string(47, ' '), "1 registros além da contagem",
-       "2 registros bons, 1 excluídos, 0 com defeito\n"},
-      {"untold record", whole + whole.substr(at(0), 47), "1 registros além da contagem",
-       "3 registros bons, 1 excluídos, 0 com defeito\n"},
+      {"untold blank", whole + std::string(47, ' '), "1 registro além da contagem",
+       "2 registros bons, 1 excluído, 0 com defeito\n"},
+      {"untold record", whole + whole.substr(at(0), 47), "1 registro além da contagem",
+       "3 registros bons, 1 excluído, 0 com defeito\n"},
       {"rest", whole + "lixo", "4 bytes de um registro partido",
-       "2 registros bons, 1 excluídos, 0 com defeito\n"},
+       "2 registros bons, 1 excluído, 0 com defeito\n"},
   };
   for (const Case& c : cases) {
     std::filesystem::remove(file_ + ".copia");
@@ -131,7 +131,7 @@ TEST_F(ToolBd, CheckNamesWhatDoesNotDecode) {
   const ProcessResult check = Call({"bd", "check", file_});
   EXPECT_EQ(check.status, kRefused);
   EXPECT_EQ(check.out,
-            "registro 1: o campo Idade não se decodifica\n1 registros bons, 1 excluídos, 1 com defeito\n");
+            "registro 1: o campo Idade não se decodifica\n1 registro bom, 1 excluído, 1 com defeito\n");
 }
 
 TEST_F(ToolBd, UnlockFreesABusyFile) {

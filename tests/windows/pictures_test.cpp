@@ -6,6 +6,7 @@
 #include "support/console_window.h"
 #include "support/temporary_folder.h"
 #include "text/code_page.h"
+#include "windows/icon_picture.h"
 #include "windows/picture_commands.h"
 #include "windows/picture_file.h"
 #include "windows/stock_pictures.h"
@@ -120,6 +121,17 @@ TEST(PictureFile, AnOldIconHasColoursAndAMask) {
   EXPECT_EQ(picture->raster.At(2, 0), 0U);
 }
 
+// Room for an opacity that none of its pixels has: the mask says it, whatever stands behind a row of it.
+TEST(PictureFile, AnIconOfManyColoursMayHaveAMaskAlone) {
+  const std::string pixels = "\1\2\3\0\4\5\6\0\7\10\11\0\12\13\14\0"s;
+  const PictureRef picture =
+      DecodePicture(TestCodec(), kIco.substr(0, 62) + pixels + "\0\0\0\xFF\x40\0\0\0"s);
+  ASSERT_NE(picture, nullptr);
+  EXPECT_EQ(picture->raster.At(0, 0), 0xFF090807U);
+  EXPECT_EQ(picture->raster.At(1, 0), 0U);
+  EXPECT_EQ(picture->raster.At(0, 1), 0xFF030201U);
+}
+
 TEST(PictureFile, AnIconMayHoldAPng) {
   std::string icon = kIco.substr(0, 22) + kPng;
   icon[14] = static_cast<char>(kPng.size());
@@ -127,6 +139,33 @@ TEST(PictureFile, AnIconMayHoldAPng) {
   ASSERT_NE(picture, nullptr);
   EXPECT_EQ(picture->raster.At(1, 0), 0xFF00FF00U);
   EXPECT_EQ(DecodePicture(TestCodec(), icon.substr(0, icon.size() - 30)), nullptr);
+}
+
+// Two images of one width, a wider one, and what looks like the widest behind the last that is counted.
+TEST(PictureFile, TheLargestImageOfAnIconIsTheFirstOfThoseThatItCounts) {
+  std::string icon = "\0\0\1\0"s;
+  for (const char* rest : {"\2\0", "\1\0", "\3\0"}) {
+    icon.replace(4, 2, rest, 2);
+    std::string entries;
+    const std::string widths = "\x20\x20\0\x30"s;
+    for (std::size_t i = 0; i < widths.size(); ++i)
+      entries += widths[i] + "\0\0\0\0\0\0\0\1\0\0\0"s + char(70 + i) + "\0\0\0"s;
+    EXPECT_EQ(LargestIconImage(icon.substr(0, 6) + entries + "abcd"), rest[0] == 3 ? "c" : "a");
+  }
+}
+
+TEST(PictureFile, APageHasAPaletteWhereItHoldsAllColours) {
+  for (const int colours : {1, 256, 257}) {
+    Raster page({colours, 3});
+    for (int y = 0; y < 3; ++y) {
+      for (int x = 0; x < colours; ++x) page.Set(x, y, 0xFF000000U + static_cast<Pixel>(x * 65793 / 2));
+    }
+    const std::string file = TestCodec().EncodePage(page);
+    EXPECT_EQ(file.at(25) == 2, colours > 256) << "whether each pixel has its own colour";
+    const PictureRef read = DecodePicture(TestCodec(), file);
+    ASSERT_NE(read, nullptr);
+    for (int x = 0; x < colours; ++x) ASSERT_EQ(read->raster.At(x, 2), page.At(x, 2)) << x;
+  }
 }
 
 // Every cut, every single bit, and many threes of bytes.
