@@ -116,8 +116,8 @@ void Program::TellRefusal(std::vector<Finding>& findings) const {
   bool mayBeRefused = false;
   for (std::size_t i = 0; i < readings_.size(); ++i) {
     editors[i] = readings_[i]->source.text();
-    // What the rules on blocks don't see has a bracket, or spells a statement's head.
-    mayBeRefused = mayBeRefused || editors[i].find_first_of("[\xA7") != std::string::npos;
+    // What the rules on blocks don't see has a bracket, or the end of a statement's head: "#12 Se".
+    mayBeRefused = mayBeRefused || editors[i].find_first_of("[#") != std::string::npos;
   }
   if (!mayBeRefused) return;
   const PreparedProgram prepared = PrepareProgram(editors, [](std::string_view) {});
