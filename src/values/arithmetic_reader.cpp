@@ -55,8 +55,8 @@ class ArithmeticReader {
   void Emit(Node node, std::size_t level = 0);
   bool IsLeaf(Node node) const { return nodes_[node].operation == Operation::Load; }
 
-  Node Add(Step step) {
-    nodes_.push_back(std::move(step));
+  Node Add(const Step& step) {
+    nodes_.push_back(step);
     return nodes_.size() - 1;
   }
   Node Fail() {
@@ -175,7 +175,7 @@ void ArithmeticReader::Flush(Node& accumulator, bool& hasValue) {
   } else {
     step.leaf.number = LeadingNumber(token_);
   }
-  accumulator = Add(std::move(step));
+  accumulator = Add(step);
   hasValue = true;
   token_.clear();
   tokenName_ = -1;
@@ -209,7 +209,7 @@ void ArithmeticReader::Operate(char c, Node& accumulator) {
   if (c == '/' || c == '^') form_.isWhole_ = false;
   step.left = accumulator;
   step.right = Parse(RankOf(c));
-  accumulator = Add(std::move(step));
+  accumulator = Add(step);
 }
 
 void ArithmeticReader::Emit(Node node, std::size_t level) {
