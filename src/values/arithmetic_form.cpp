@@ -10,9 +10,11 @@ namespace {
 constexpr double kMostExact = 1e15;
 constexpr double kLeastWithoutExponent = 1e-4;
 
+// Whether a remainder takes the number. The rule takes it behind its sign, without which the least one is too
+// large.
 bool IsInteger(std::int64_t number) {
-  return number >= std::numeric_limits<std::int32_t>::min() &&
-         number <= std::numeric_limits<std::int32_t>::max();
+  constexpr std::int64_t kMost = std::numeric_limits<std::int32_t>::max();
+  return number >= -kMost && number <= kMost;
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdint>
+#include <limits>
 #include <sstream>
 #include <string>
 #include <tuple>
@@ -114,6 +116,9 @@ constexpr TermRow kTerms[] = {
     {"m % 2", "whole 1"},
     {"2147483648 % 2", "-"},
     {"7 % m", "whole 7"},
+    {"n % 3", "whole -1"},
+    {"w % 3", "-"},
+    {"w + 1", "whole -2147483647"},
     {"7 % 2147483648", "-"},
     {"i % z", "-"},
     {"z % i", "whole 0"},
@@ -255,6 +260,7 @@ TEST(Forms, AreReadyForWhatTheyAreMadeFor) {
            {"n", kTypeInteiro, -4},
            {"z", kTypeInteiro, 0},
            {"m", kTypeInteiro, 2147483647},
+           {"w", kTypeInteiro, std::numeric_limits<std::int32_t>::min()},
            {"d", kTypeDecimal, 2.5},
            {"e", kTypeDecimal, -0.5},
            {"k", kTypeDecimal, 0.0001},
