@@ -22,7 +22,7 @@ char CharacterOf(unsigned value) {
 // OPEN: the table has an eleventh, empty place that a damaged text can name. Its characters count as 0, so
 // such a text decodes to what it holds: damage gives wrong characters, and only a higher number is a failure.
 std::string_view KeyOf(std::size_t number) {
-  constexpr std::string_view kNone("", 1);
+  constexpr std::string_view kNone("\0", 1);
   return number < kKeys.size() ? kKeys[number] : kNone;
 }
 
