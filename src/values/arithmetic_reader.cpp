@@ -13,31 +13,39 @@ namespace tessera {
 
 class ArithmeticReader {
  public:
-  ArithmeticReader(VariableStore& store, std::string_view text, std::size_t answers)
-      : store_(store), text_(text) {
-    for (std::size_t i = 0; i < answers; ++i) answers_.push_back(ArithmeticForm::AnswerName(i));
+  // Pieces and names are those of the form, with a piece for the sign in front of each name that is negative.
+  ArithmeticReader(const ArithmeticForm& form, ArithmeticForm::Signs negative) : names_(form.names_) {
+    for (const Piece piece : form.pieces_) {
+      const auto name = static_cast<std::size_t>(piece.name);
+      const bool isNegative =
+          piece.name >= 0 && name < ArithmeticForm::kMostSigns && (negative >> name & 1) != 0;
+      if (isNegative) {
+        names_[name].isNegative = true;
+        pieces_.push_back({.character = '-'});
+      }
+      pieces_.push_back(piece);
+    }
   }
 
-  std::optional<ArithmeticForm> Read() {
-    if (!CutPieces()) return std::nullopt;
+  // Nothing for what is left to the parser.
+  std::vector<ArithmeticForm::Row> Read() {
     const Node root = Parse(0);
     // What stands behind the ")" that ends the outermost level is not computed, but its names are read.
-    if (failed_ || position_ < pieces_.size()) return std::nullopt;
+    if (failed_ || position_ < pieces_.size()) return {};
     Emit(root);
-    if (failed_) return std::nullopt;
-    return std::move(form_);
+    if (failed_) return {};
+    return std::move(rows_);
   }
+
+  // False for a text that the form can't be of.
+  static bool CutPieces(ArithmeticForm& form, VariableStore& store, std::string_view text,
+                        std::size_t answers);
 
  private:
   using Operation = ArithmeticForm::Operation;
   using Source = ArithmeticForm::Source;
   using Row = ArithmeticForm::Row;
-
-  // A character, or a name by its place in `names_`.
-  struct Piece {
-    char character = '\0';
-    int name = -1;
-  };
+  using Piece = ArithmeticForm::Piece;
 
   // A place in `nodes_`.
   using Node = std::size_t;
@@ -47,8 +55,6 @@ class ArithmeticReader {
     Row leaf{Operation::Load};
   };
 
-  bool CutPieces();
-  bool MayBeNegative(std::size_t piece) const;
   Node Parse(int level);
   void Operate(char c, Node& accumulator);
   void Flush(Node& accumulator, bool& hasValue);
@@ -64,64 +70,43 @@ class ArithmeticReader {
     return 0;
   }
 
-  VariableStore& store_;
-  std::string_view text_;
-  std::vector<std::string> answers_;
   std::vector<Piece> pieces_;
   std::vector<Row> names_;
+  std::vector<Row> rows_;
   std::vector<Step> nodes_;
   std::size_t position_ = 0;
   std::string token_;   // digits and a point
   int tokenName_ = -1;  // or a name
   int depth_ = 0;
   bool failed_ = false;
-  ArithmeticForm form_;
 };
 
-bool ArithmeticReader::CutPieces() {
-  for (std::size_t i = 0; i < text_.size();) {
-    const std::size_t end = EndOfName(text_, i);
+bool ArithmeticReader::CutPieces(ArithmeticForm& form, VariableStore& store, std::string_view text,
+                                 std::size_t answers) {
+  std::vector<std::string> answerNames;
+  for (std::size_t i = 0; i < answers; ++i) answerNames.push_back(ArithmeticForm::AnswerName(i));
+  for (std::size_t i = 0; i < text.size();) {
+    const std::size_t end = EndOfName(text, i);
     if (end == i) {
-      pieces_.push_back({text_[i] == ',' ? '.' : text_[i], -1});
+      form.pieces_.push_back({.character = text[i] == ',' ? '.' : text[i]});
       ++i;
       continue;
     }
-    const std::string_view text = text_.substr(i, end - i);
-    pieces_.push_back({'\0', static_cast<int>(names_.size())});
-    if (const auto answer = std::ranges::find(answers_, text); answer != answers_.end()) {
-      names_.push_back(
-          {.source = Source::Answer, .answer = static_cast<std::uint8_t>(answer - answers_.begin())});
+    const std::string_view word = text.substr(i, end - i);
+    form.pieces_.push_back({.name = static_cast<std::int16_t>(form.names_.size())});
+    if (const auto answer = std::ranges::find(answerNames, word); answer != answerNames.end()) {
+      form.names_.push_back(
+          {.source = Source::Answer, .answer = static_cast<std::uint8_t>(answer - answerNames.begin())});
     } else {
-      const auto name = NameForm::Of(store_, text);
-      if (!name) return false;
-      names_.push_back({.source = Source::Name, .name = *name});
+      constexpr std::size_t kMostNames = 1000;
+      const auto name = NameForm::Of(store, word);
+      if (!name || form.names_.size() == kMostNames) return false;
+      form.names_.push_back({.source = Source::Name, .name = *name});
     }
     i = end;
   }
   // A text of one piece is read as a name, and what an operator at the end means hangs on the levels.
-  if (pieces_.size() < 2 || IsOperator(pieces_.back().character)) return false;
-  for (std::size_t i = 0; i < pieces_.size(); ++i) {
-    if (pieces_[i].name >= 0)
-      names_[static_cast<std::size_t>(pieces_[i].name)].mayBeNegative = MayBeNegative(i);
-  }
-  return true;
-}
-
-// A sign is an operator to the parser. It does no harm at the start and behind "+", if only products follow
-// up to the next sum, and nothing is in parentheses.
-bool ArithmeticReader::MayBeNegative(std::size_t piece) const {
-  for (const Piece& other : pieces_) {
-    if (other.character == '(' || other.character == ')') return false;
-  }
-  std::size_t before = piece;
-  while (before > 0 && pieces_[before - 1].character == ' ') --before;
-  if (before > 0 && pieces_[before - 1].character != '+') return false;
-  for (std::size_t i = piece + 1; i < pieces_.size(); ++i) {
-    const char c = pieces_[i].character;
-    if (c == '+' || c == '-') return true;
-    if (c == '^' || c == '&' || c == '@') return false;
-  }
-  return true;
+  return form.pieces_.size() >= 2 && !IsOperator(form.pieces_.back().character);
 }
 
 ArithmeticReader::Node ArithmeticReader::Parse(int level) {
@@ -206,7 +191,6 @@ void ArithmeticReader::Operate(char c, Node& accumulator) {
       Fail();
       return;
   }
-  if (c == '/' || c == '^') form_.isWhole_ = false;
   step.left = accumulator;
   step.right = Parse(RankOf(c));
   accumulator = Add(step);
@@ -217,25 +201,35 @@ void ArithmeticReader::Emit(Node node, std::size_t level) {
   if (failed_) return;
   const Step step = nodes_[node];
   if (IsLeaf(node)) {
-    const double number = step.leaf.number;
-    if (number != static_cast<double>(static_cast<std::int64_t>(number))) form_.isWhole_ = false;
-    form_.rows_.push_back(step.leaf);
+    rows_.push_back(step.leaf);
     return;
   }
   Emit(step.left, level);
   if (IsLeaf(step.right)) {
     Emit(step.right, level);
-    form_.rows_.back().operation = step.operation;
+    rows_.back().operation = step.operation;
     return;
   }
-  form_.rows_.push_back({Operation::Push});
+  rows_.push_back({Operation::Push});
   Emit(step.right, level + 1);
-  form_.rows_.push_back({step.operation, Source::Stack});
+  rows_.push_back({step.operation, Source::Stack});
 }
 
 std::optional<ArithmeticForm> ArithmeticForm::Of(VariableStore& store, std::string_view text,
                                                  std::size_t answers) {
-  return ArithmeticReader(store, text, answers).Read();
+  ArithmeticForm form;
+  if (!ArithmeticReader::CutPieces(form, store, text, answers)) return std::nullopt;
+  form.reading_.rows = form.RowsWith(0);
+  if (form.reading_.rows.empty()) return std::nullopt;
+  form.isWhole_ = std::ranges::all_of(form.reading_.rows, [](const Row& row) {
+    return row.operation != Operation::Divide && row.operation != Operation::Power &&
+           row.number == static_cast<double>(static_cast<std::int64_t>(row.number));
+  });
+  return form;
+}
+
+std::vector<ArithmeticForm::Row> ArithmeticForm::RowsWith(Signs negative) const {
+  return ArithmeticReader(*this, negative).Read();
 }
 
 std::string ArithmeticForm::AnswerName(std::size_t answer) {

@@ -11,6 +11,7 @@
 
 #include "engine/function_body.h"
 #include "engine/made_program.h"
+#include "platform/failure.h"
 #include "support/core_program.h"
 #include "support/made_from.h"
 #include "text/number.h"
@@ -137,19 +138,19 @@ constexpr TermRow kTerms[] = {
     {" n + 1", "whole -3"},
     {"1 + n", "whole -3"},
     {"1 +n", "whole -3"},
-    {"1 - n", "-"},
-    {"2 * n", "-"},
+    {"1 - n", "whole -3"},
+    {"2 * n", "whole -4"},
     {"n * 2", "whole -8"},
     {"n - 1", "whole -5"},
     {"n % 3", "whole -1"},
-    {"n ^ 2", "-"},
+    {"n ^ 2", "float -16"},
     {"n + 2 ^ 2", "float 0"},
-    {"1 + n ^ 2", "-"},
+    {"1 + n ^ 2", "float -15"},
     {"e + 1", "float 0,5"},
     {"1 + e * 3", "float -0,5"},
     {"e * 3", "float -1,5"},
-    {"1 - e", "-"},
-    {"(n) + 1", "-"},
+    {"1 - e", "float 0,5"},
+    {"(n) + 1", "whole -3"},
     {"(i) + 1", "whole 4"},
     {"2 * (i + 1)", "whole 8"},
     {"(i + 1) * 2", "whole 8"},
@@ -277,6 +278,33 @@ TEST(Forms, AreReadyForWhatTheyAreMadeFor) {
     if (row.ready.find(' ') == std::string_view::npos || row.ready.starts_with("call")) continue;
     EXPECT_EQ(EvalNumber(program.run, row.text).ToText(), row.ready.substr(row.ready.find(' ') + 1))
         << row.text;
+  }
+}
+
+// A value's sign is an operator to the parser. More choices of signs than a form has rows for, and back
+// again.
+TEST(Forms, ReadEachChoiceOfSigns) {
+  CoreProgram program;
+  VariableStore& store = program.run.variables;
+  constexpr std::string_view kTexts[] = {"a - b * c + e",     "(a + b) * (c - e)",   "a * b - c % 5 + (e)",
+                                         "(e + b) * 2 ^ c",   "e / 2 - a * (b + c)", "a*(b-(c*(e)))-a*a+b",
+                                         "a + b + c % a * e", "((a) + b) / c ^ 2",   "a ^ b * c - 3,5 * e"};
+  constexpr std::string_view kNames[] = {"a", "b", "c", "e"};
+  for (const std::string_view name : kNames)
+    store.VarCreateScalar(name, name == "e" ? kTypeDecimal : kTypeInteiro);
+  for (const std::string_view text : kTexts) {
+    const TermForm form(program.run, text);
+    for (unsigned turn = 0; turn < 40; ++turn) {
+      for (unsigned i = 0; i < 4; ++i) {
+        const double size = i + 2 + (i == 3 ? 0.25 : 0);
+        store.VarWrite(kNames[i], (turn >> i & 1) != 0 ? -size : size, true);
+      }
+      std::string fast, plain;
+      const auto failedFast = Guard([&] { fast = form.Evaluate(program.run).ToText(); });
+      const auto failedPlain = Guard([&] { plain = EvalNumber(program.run, text).ToText(); });
+      EXPECT_EQ(failedFast.has_value(), failedPlain.has_value()) << text << " at turn " << turn;
+      EXPECT_EQ(fast, plain) << text << " at turn " << turn;
+    }
   }
 }
 
