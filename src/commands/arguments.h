@@ -149,7 +149,8 @@ struct ListOfCall {
         list = forms->parts();
         return;
       }
-      if (const auto isByForms = call.forms->CutBehindCalls(call.run, places, splitAtEqual, parts)) {
+      if (const auto isByForms =
+              call.forms->CutBehindCalls(call.run, places, splitAtEqual, call.answers, parts)) {
         if (*isByForms) forms = call.forms;
         list = parts;
         return;

@@ -46,7 +46,7 @@ Value CommandTable::CommandCall(std::string_view name, const ArgumentText& argum
   const Command* command = known ? *known : Find(name);
   if (arguments.forms != nullptr) arguments.forms->command = command;
   if (command == nullptr) return {};
-  return command->handler({run_, command->word, name, arguments.text, arguments.forms});
+  return command->handler({run_, command->word, name, arguments.text, arguments.forms, arguments.answers});
 }
 
 bool IsReservedWord(const FunctionTable& functions, std::string_view word) {

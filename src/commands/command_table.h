@@ -21,9 +21,10 @@ namespace tessera {
 struct WordCall {
   Run& run;
   const Word& word;
-  std::string_view name;           // as the program wrote it
-  std::string_view text;           // the raw text of the arguments behind it
-  ArgumentForms* forms = nullptr;  // beside a text that never changes
+  std::string_view name;                      // as the program wrote it
+  std::string_view text;                      // the raw text of the arguments behind it
+  ArgumentForms* forms = nullptr;             // beside a text that never changes
+  std::span<const std::string> answers = {};  // of the calls that were run for it
 };
 
 // A text result carries its double quotes, a number goes bare, the empty value is "none".

@@ -14,6 +14,16 @@
 
 namespace tessera {
 
+namespace {
+
+// The function of the program that a right side consists of. They go first, those in arguments too.
+std::optional<WholeCall> FindFirstFunction(const Run& run, std::string_view text) {
+  const bool isPlain = Trim(text) == text && text.find_first_of("[]") == std::string_view::npos;
+  return isPlain && run.variables.FindNumbers(text) ? FindWholeFunction(run, text) : std::nullopt;
+}
+
+}  // namespace
+
 AssignmentForm::AssignmentForm(Run& run, const Line& line) : right_(ReadRightSide(line.text)) {
   if (right_.readsSql) return;
   if (right_.joined.empty()) {
@@ -25,13 +35,24 @@ AssignmentForm::AssignmentForm(Run& run, const Line& line) : right_(ReadRightSid
 
 void AssignmentForm::ReadTerm(Run& run) {
   if (right_.text.empty()) return;
+  if (auto function = FindFirstFunction(run, right_.text)) {
+    call_ = std::make_unique<const CallForm>(run, *std::move(function));
+    kind_ = Kind::Call;
+    return;
+  }
   TermForm term(run, right_.text);
   // Functions of the program go first, those in arguments too.
   const auto isFirst = [&](bool isOwn) { return isOwn || !FindUserFunction(run, right_.text); };
-  if (const CallForm* call = term.call()) {
-    if (!isFirst(call->isOwn())) return;
+  if (term.call() != nullptr) {
+    if (!isFirst(false)) return;
     term_ = std::move(term);
     kind_ = Kind::Call;
+    return;
+  }
+  if (term.nested() != nullptr) {
+    if (!isFirst(false)) return;
+    term_ = std::move(term);
+    kind_ = Kind::NestedCall;
     return;
   }
   if (right_.isText) return;
@@ -87,6 +108,10 @@ void AssignmentForm::Assign(Engine& engine, Run& run, const NameForm& target, st
     AssignCall(engine, run, target, name);
     return;
   }
+  if (kind_ == Kind::NestedCall) {
+    AssignNested(engine, run, target, name);
+    return;
+  }
   if (kind_ == Kind::CallInside) {
     AssignAround(engine, run, target, name);
     return;
@@ -98,7 +123,7 @@ void AssignmentForm::Assign(Engine& engine, Run& run, const NameForm& target, st
 
 void AssignmentForm::AssignCall(Engine& engine, Run& run, const NameForm& target,
                                 std::string_view name) const {
-  const CallForm& call = *term_.call();
+  const CallForm& call = call_ ? *call_ : *term_.call();
   engine.TextExpressionFlag = right_.isText;
   const bool numericTarget = target.type() != VariableType::String || call.isNumericFunction();
   Value answer = call.Run(run);
@@ -123,23 +148,46 @@ void AssignmentForm::AssignCall(Engine& engine, Run& run, const NameForm& target
   }
 }
 
+void AssignmentForm::AssignNested(Engine& engine, Run& run, const NameForm& target,
+                                  std::string_view name) const {
+  const CallChain& calls = *term_.nested();
+  const bool isNumber = target.type() != VariableType::String;
+  if (!calls.Serves(isNumber)) {
+    AssignStatement(engine, run, right_, name, isNumber);
+    return;
+  }
+  engine.TextExpressionFlag = right_.isText;
+  CallChain::Answers answers;
+  if (calls.RunAll(run, isNumber, answers)) {
+    auto settled = calls.Settle(run, answers, isNumber, true);
+    // In text mode a number is no number.
+    if (settled && (settled->IsText() || !engine.TextExpressionFlag)) {
+      WriteBy(run.variables, target, name, *std::move(settled));
+      engine.TextExpressionFlag = false;
+      return;
+    }
+  }
+  ReplacedCalls rest = calls.Written(run, answers, isNumber);
+  AssignReplaced(engine, run, std::move(rest.text), name, rest.numericTarget, rest.replaced);
+}
+
 void AssignmentForm::AssignAround(Engine& engine, Run& run, const NameForm& target,
                                   std::string_view name) const {
   const bool isNumber = target.type() != VariableType::String;
-  if (!isNumber && !inside_->areOwn() && !inside_->areNumericFunctions()) {
+  if (!inside_->Serves(isNumber)) {
     AssignStatement(engine, run, right_, name, isNumber);
     return;
   }
   engine.TextExpressionFlag = false;
-  CallsInArithmetic::Rest rest;
-  if (const auto result = inside_->Evaluate(run, rest)) {
+  ReplacedCalls rest;
+  if (const auto result = inside_->Evaluate(run, isNumber, rest)) {
     WriteBy(run.variables, target, name, *ExactDecimal::FromDouble(*result));
     engine.TextExpressionFlag = false;
   } else if (inside_->areOwn()) {
     // Another function of the program may have come to stand in the text.
     AssignFrom(engine, run, std::move(rest.text), name, isNumber, rest.replaced);
   } else {
-    AssignReplaced(engine, run, std::move(rest.text), name, true, rest.replaced);
+    AssignReplaced(engine, run, std::move(rest.text), name, rest.numericTarget, rest.replaced);
   }
 }
 

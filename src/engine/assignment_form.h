@@ -35,7 +35,7 @@ class AssignmentForm {
   void Assign(Engine& engine, Run& run, const NameForm& target, std::string_view name) const;
 
  private:
-  enum class Kind : std::uint8_t { Plain, Term, Call, CallInside, Joined };
+  enum class Kind : std::uint8_t { Plain, Term, Call, NestedCall, CallInside, Joined };
 
   // One term between two " & ".
   struct Part {
@@ -49,6 +49,7 @@ class AssignmentForm {
   void ReadJoined(Run& run);
   bool AssignTerm(Run& run, const NameForm& target) const;
   void AssignCall(Engine& engine, Run& run, const NameForm& target, std::string_view name) const;
+  void AssignNested(Engine& engine, Run& run, const NameForm& target, std::string_view name) const;
   void AssignAround(Engine& engine, Run& run, const NameForm& target, std::string_view name) const;
   bool AppendJoined(Run& run, const NameForm& target) const;
   void Join(Run& run, std::string& joined) const;
@@ -58,6 +59,7 @@ class AssignmentForm {
   Kind kind_ = Kind::Plain;
   RightSide right_;
   TermForm term_;
+  std::unique_ptr<const CallForm> call_;  // of a function of the program
   std::optional<CallsInArithmetic> inside_;
   std::vector<Part> parts_;
 };

@@ -88,8 +88,10 @@ class Engine {
 
   // The steps of a function's call, whose answer is `ReturnValue`; failures leave it.
   void RunFunction(std::string_view name, const ArgumentText& arguments);
-  // The same by a body that is ready, if there is one for this call: else false, and nothing was done.
-  bool RunReadyFunction(ReadyFunction& function, const ArgumentText& arguments);
+  // The same by a body that is ready, if there is one for this call: else false, and nothing was done but,
+  // with `cut` filled, what cutting the arguments does.
+  bool RunReadyFunction(ReadyFunction& function, const ArgumentText& arguments,
+                        std::optional<std::vector<std::string>>& cut);
 
   Run& run_;
   int levels_ = 0;

@@ -175,28 +175,43 @@ namespace {
 // The arguments of one call: as forms, or as their texts where these change from call to call.
 class PassedArguments {
  public:
-  PassedArguments(Run& run, const ArgumentText& arguments) : run_(run) {
+  PassedArguments(Run& run, const ArgumentText& arguments) : run_(run), answers_(arguments.answers) {
     if (arguments.forms != nullptr && arguments.forms->Cut(run, kMostNames, false)) {
       forms_ = arguments.forms;
       count_ = CountOf(forms_->parts());
+    } else if (const auto pieces = PiecesBehindCalls(run, arguments)) {
+      forms_ = arguments.forms;
+      count_ = *pieces;
+      isBehindCalls_ = true;
     } else {
       Split(arguments.text);
     }
   }
 
-  // True if these are so many arguments, and computing them calls nothing.
+  // True if these are so many arguments, and computing them calls no other function of the program.
   bool Are(std::size_t count) const {
     if (!isKnown_ || count_ != count) return false;
-    if (forms_ != nullptr) return forms_->AreWithoutCalls(run_);
+    if (forms_ != nullptr) return forms_->IsWithoutFunctions(run_);
     return std::none_of(parts_.begin(), parts_.end(),
-                        [&](const std::string& part) { return MayCall(run_, part); });
+                        [&](const std::string& part) { return MayCallFunction(run_, part); });
   }
+
+  // Runs the calls that are replaced before the list is cut. False where other pieces come of it.
+  bool Cut() {
+    if (!isBehindCalls_) return true;
+    const bool isByForms = *forms_->CutBehindCalls(run_, kMostNames, false, answers_, parts_);
+    if (!isByForms) forms_ = nullptr;
+    return isByForms || CountOf(parts_) == count_;
+  }
+
+  // The pieces of a list that has been cut.
+  std::vector<std::string> TakeParts() { return std::move(parts_); }
 
   // Computes an argument and gives it to its parameter.
   void Pass(std::size_t i, const Symbol& parameter) const {
     VariableStore& variables = run_.variables;
     std::int64_t whole = 0;
-    if (forms_ == nullptr) {
+    if (forms_ == nullptr || IsAnswer(i)) {
       variables.WriteTo(parameter, EvalNumber(run_, parts_[i]));
     } else if (parameter.type != VariableType::Inteiro || !forms_->ReadWhole(run_, i, whole) ||
                !PutWhole(variables.Integers()[static_cast<std::size_t>(parameter.first)], whole)) {
@@ -205,11 +220,19 @@ class PassedArguments {
   }
 
  private:
+  static std::optional<std::size_t> PiecesBehindCalls(Run& run, const ArgumentText& arguments) {
+    return arguments.forms == nullptr ? std::nullopt
+                                      : arguments.forms->PiecesBehindCalls(run, kMostNames, false);
+  }
+
   // An empty argument hides what follows it.
   static std::size_t CountOf(const std::vector<std::string>& parts) {
     const auto end = std::find(parts.begin(), parts.end(), std::string());
     return static_cast<std::size_t>(end - parts.begin());
   }
+
+  // The answer of a call that was run before the list was cut.
+  bool IsAnswer(std::size_t i) const { return isBehindCalls_ && forms_->parts()[i].empty(); }
 
   void Split(std::string_view arguments) {
     const std::string text = StripParens(arguments);
@@ -219,15 +242,18 @@ class PassedArguments {
   }
 
   Run& run_;
+  std::span<const std::string> answers_;
   ArgumentForms* forms_ = nullptr;
   std::vector<std::string> parts_;
   std::size_t count_ = 0;
   bool isKnown_ = true;
+  bool isBehindCalls_ = false;
 };
 
 }  // namespace
 
-bool Engine::RunReadyFunction(ReadyFunction& function, const ArgumentText& arguments) {
+bool Engine::RunReadyFunction(ReadyFunction& function, const ArgumentText& arguments,
+                              std::optional<std::vector<std::string>>& cut) {
   VariableStore& variables = run_.variables;
   // After a failure the names of its call are still there until the counter moves.
   if (run_.plain || failedAt_ == FunctionCallCounter || !variables.SymbolsTellAll()) return false;
@@ -237,7 +263,7 @@ bool Engine::RunReadyFunction(ReadyFunction& function, const ArgumentText& argum
   FunctionBody* const body = function.body;
   if (body == nullptr || body->isRunning) return false;
   const std::size_t count = body->parameters();
-  const PassedArguments passed(run_, arguments);
+  PassedArguments passed(run_, arguments);
   if (!passed.Are(count)) return false;
 
   VariableStore::Frame& frame = body->frame();
@@ -245,6 +271,12 @@ bool Engine::RunReadyFunction(ReadyFunction& function, const ArgumentText& argum
   body->SetNumber(FunctionCallCounter);
   try {
     variables.Enter(frame, count);
+    if (!passed.Cut()) {
+      body->isRunning = false;
+      variables.Leave(frame);
+      cut = passed.TakeParts();
+      return false;
+    }
     for (std::size_t i = 0; i < count; ++i) passed.Pass(i, frame[i]);
     variables.Enter(frame, frame.size());
     StatementLoop(*this, run_, body->text()).RunFrom(0);

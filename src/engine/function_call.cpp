@@ -77,9 +77,8 @@ std::vector<Names> DeclareParameters(Run& run, std::string_view body, LocalNames
 
 // A parameter without an argument keeps its default value, and its name stays in the body, which then sees
 // a global of that name.
-void PassArguments(Run& run, std::string& body, std::string_view arguments,
+void PassArguments(Run& run, std::string& body, const std::vector<std::string>& parts,
                    const std::vector<Names>& parameters) {
-  const auto parts = SplitArguments(run, arguments, kNames);
   for (std::size_t k = 0; k < parts.size() && !parts[k].empty(); ++k) {
     const Names names = k < parameters.size() ? parameters[k] : Names{};
     RenameInBody(body, names.written, names.local);
@@ -144,7 +143,8 @@ void Engine::RunFunction(std::string_view name, const ArgumentText& arguments) {
   ReadyFunction* function = arguments.forms != nullptr ? arguments.forms->function : nullptr;
   if (function == nullptr) function = &bodies_->Of(name);
   if (arguments.forms != nullptr) arguments.forms->function = function;
-  if (RunReadyFunction(*function, arguments)) return;
+  std::optional<std::vector<std::string>> cut;
+  if (RunReadyFunction(*function, arguments, cut)) return;
   const PlainCall running(*function);
   const std::string_view found = routines_->FindFunction(name);
   if (found.empty()) {
@@ -156,7 +156,7 @@ void Engine::RunFunction(std::string_view name, const ArgumentText& arguments) {
   const std::vector<Names> parameters = DeclareParameters(run_, body, locals);
   // The first line goes, up to the LF of its end.
   body.erase(0, Find(body, kCrLf));
-  PassArguments(run_, body, arguments.text, parameters);
+  PassArguments(run_, body, cut ? *cut : SplitArguments(run_, arguments.text, kNames), parameters);
   DeclareLocals(run_, body, locals);
   const RunnableText once(run_, std::make_shared<const PreparedText>(std::move(body)), true);
   StatementLoop(*this, run_, once).RunFrom(0);

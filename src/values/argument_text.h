@@ -6,8 +6,10 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "values/run.h"
@@ -24,7 +26,7 @@ struct Run;
 // FAST: what cutting the text gives, each time the same.
 class ArgumentForms {
  public:
-  // `text` outlives the forms.
+  // `text` outlives the forms. Names of answers may stand in it.
   explicit ArgumentForms(std::string_view text);
   ~ArgumentForms();
   ArgumentForms(const ArgumentForms&) = delete;
@@ -39,19 +41,25 @@ class ArgumentForms {
     return true;
   }
 
-  // The same where calls are to be replaced before: runs them, and puts the list as it is this time into
-  // `parts`. Nothing, and nothing has been run, for a text that has to be cut anew. Else whether the forms
-  // tell of the pieces; those that stand here as empty texts, and there as others, are answers.
+  // How many pieces `CutBehindCalls` gives as far as the forms tell of them; nothing for a text that is cut
+  // in another way, or has an empty piece.
+  std::optional<std::size_t> PiecesBehindCalls(Run& run, std::size_t places, bool splitAtEqual);
+
+  // The same where calls are to be replaced before: runs them, or takes the answers of those that were run,
+  // and puts the list as it is this time into `parts`. Nothing, and nothing has been run, for a text that has
+  // to be cut anew. Else whether the forms tell of the pieces; those that stand here as empty texts, and
+  // there as others, are answers.
   std::optional<bool> CutBehindCalls(Run& run, std::size_t places, bool splitAtEqual,
+                                     std::span<const std::string> answers,
                                      std::vector<std::string>& parts) const;
 
   // The pieces up to the last one that is not empty.
   const std::vector<std::string>& parts() const { return parts_; }
 
-  // True if computing the pieces calls nothing.
-  bool AreWithoutCalls(Run& run) {
-    if (!areWithoutCalls_) areWithoutCalls_ = FindNoCalls(run);
-    return *areWithoutCalls_;
+  // True if the text calls no function of the program.
+  bool IsWithoutFunctions(const Run& run) {
+    if (!isWithoutFunctions_) isWithoutFunctions_ = FindNoFunction(run);
+    return *isWithoutFunctions_;
   }
 
   // What `EvalNumber` and `EvalText` give for a place.
@@ -81,7 +89,8 @@ class ArgumentForms {
     for (std::size_t i = 0; i < numbers_.size(); ++i) numbers_[i].Renew(parts_[i]);
   }
   void CutFirst(Run& run, std::size_t places, bool splitAtEqual);
-  bool FindNoCalls(Run& run);
+  bool FindAnswers();
+  bool FindNoFunction(const Run& run) const;
   const TermForm& TermAt(Run& run, std::size_t place) {
     const auto& term = terms_[place];
     return term ? *term : MakeTerm(run, place);
@@ -91,10 +100,11 @@ class ArgumentForms {
   std::string_view text_;
   State state_ = State::Uncut;
   std::unique_ptr<const ListCalls> calls_;
+  std::vector<std::pair<std::size_t, std::size_t>> answers_;  // a place, and whose answer stands there
   mutable std::vector<std::string> parts_;
   std::vector<VariableStore::NumberPlaces> numbers_;    // of each of them, in a body
   std::vector<std::unique_ptr<const TermForm>> terms_;  // made at first use
-  std::optional<bool> areWithoutCalls_;
+  std::optional<bool> isWithoutFunctions_;
 };
 
 // A text of arguments, with its forms if it has any.
@@ -105,6 +115,7 @@ struct ArgumentText {
 
   std::string_view text;
   ArgumentForms* forms = nullptr;
+  std::span<const std::string> answers = {};  // of the calls that were run for it
 };
 
 }  // namespace tessera

@@ -19,11 +19,31 @@ CallForm::CallForm(const tessera::Run& run, WholeCall whole)
       isNumber_(resultType_ == "Numero"),
       isOwn_(whole.isOwn),
       isNumericFunction_(!whole.isOwn && IsNumericFunction(name_)),
-      forms_(std::make_unique<ArgumentForms>(arguments_)) {}
+      forms_(std::make_unique<ArgumentForms>(arguments_)) {
+  for (std::size_t i = 0; i < ArithmeticForm::kMostAnswers; ++i) {
+    const std::size_t at = arguments_.find(ArithmeticForm::AnswerName(i));
+    if (at != std::string::npos) answers_.push_back({at, i});
+  }
+  std::ranges::sort(answers_, {}, &AnswerPlace::at);
+}
 
-Value CallForm::Run(tessera::Run& run) const {
+std::string CallForm::ArgumentsWith(std::span<const std::string> pieces) const {
+  static const std::size_t nameLength = ArithmeticForm::AnswerName(0).size();
+  std::string arguments;
+  std::size_t behind = 0;
+  for (const AnswerPlace& place : answers_) {
+    arguments.append(arguments_, behind, place.at - behind);
+    arguments += pieces[place.answer];
+    behind = place.at + nameLength;
+  }
+  return arguments.append(arguments_, behind, std::string::npos);
+}
+
+Value CallForm::Run(tessera::Run& run, std::span<const std::string> pieces) const {
   numbers_.Renew(arguments_);
-  const ArgumentText arguments(arguments_, forms_.get());
+  const std::string withAnswers = answers_.empty() ? std::string() : ArgumentsWith(pieces);
+  ArgumentText arguments(answers_.empty() ? std::string_view(arguments_) : withAnswers, forms_.get());
+  arguments.answers = pieces;
   return isOwn_ ? run.doors.CallFunction(name_, arguments) : run.doors.CommandCall(name_, arguments);
 }
 

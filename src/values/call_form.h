@@ -2,10 +2,13 @@
 // as ever; its answer, which the rules write into the text and read again, mostly needs no text.
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "values/argument_text.h"
 #include "values/run.h"
@@ -17,7 +20,8 @@ struct WholeCall;
 
 class CallForm {
  public:
-  // The call stands in a text in which the store finds the numbers of running calls.
+  // The call stands in a text in which the store finds the numbers of running calls. Names of answers may
+  // stand in its arguments.
   CallForm(const Run& run, WholeCall whole);
   CallForm(const CallForm&) = delete;
   CallForm& operator=(const CallForm&) = delete;
@@ -27,8 +31,11 @@ class CallForm {
   std::string_view arguments() const { return arguments_; }
   bool isNumericFunction() const { return isNumericFunction_; }
 
-  // The handler's or the function's answer.
-  Value Run(tessera::Run& run) const;
+  const std::string& resultType() const { return resultType_; }
+
+  // The handler's or the function's answer. `pieces` are what stands in its arguments for the names of
+  // answers.
+  Value Run(tessera::Run& run, std::span<const std::string> pieces = {}) const;
 
   // What the answer reads as when it stands where a number or a text may stand: a number, or a text without
   // its quotes. Nothing where only its text can tell; else the answer is used up. With `numericTarget` commas
@@ -45,6 +52,13 @@ class CallForm {
   std::string TextOf(const Value& answer, bool numericTarget) const;
 
  private:
+  // A byte of `arguments_` at which the name of an answer begins, and which one.
+  struct AnswerPlace {
+    std::size_t at;
+    std::size_t answer;
+  };
+
+  std::string ArgumentsWith(std::span<const std::string> pieces) const;
   std::optional<Value> SettleText(Value& answer, bool numericTarget, bool isList) const;
 
   std::string name_;
@@ -55,6 +69,7 @@ class CallForm {
   bool isNumber_;  // its result's type is the word for any number
   bool isOwn_;
   bool isNumericFunction_;
+  std::vector<AnswerPlace> answers_;
   std::unique_ptr<ArgumentForms> forms_;
 };
 

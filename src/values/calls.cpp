@@ -43,6 +43,10 @@ Position ClosingParen(std::string_view text, const Call& call, std::string_view 
   return Find(text, argument, open + 1) + argument.size();
 }
 
+bool IsWhole(std::string_view text, const Call& call) {
+  return Find(text, call.name) == 1 && ClosingParen(text, call, StripParens(call.arguments)) == text.size();
+}
+
 }  // namespace
 
 std::optional<Call> FindFunction(const Run& run, std::string_view text) {
@@ -109,6 +113,10 @@ void FinishUserResult(std::string& built, std::string_view resultType) {
 
 bool MayCall(const Run& run, std::string_view text) {
   if (!IsQuoted(text) && run.functionTable.FirstCalledIn(text)) return true;
+  return MayCallFunction(run, text);
+}
+
+bool MayCallFunction(const Run& run, std::string_view text) {
   return !text.starts_with('"') && run.programFunctions.FirstCalledIn(text);
 }
 
@@ -117,12 +125,21 @@ std::optional<WholeCall> FindWholeCall(const Run& run, std::string_view text) {
   // A name without its parentheses fails, each time that it is evaluated.
   Guard([&] {
     auto call = FindFunction(run, text);
-    const bool isOwn = !call;
-    if (isOwn) call = FindUserFunction(run, text);
-    if (!call || Find(text, call->name) != 1) return;
-    const std::string argument = StripParens(call->arguments);
-    if (isOwn && argument.empty()) return;
-    if (ClosingParen(text, *call, argument) == text.size()) found = WholeCall{*std::move(call), isOwn};
+    if (!call) {
+      found = FindWholeFunction(run, text);
+    } else if (IsWhole(text, *call)) {
+      found = WholeCall{*std::move(call), false};
+    }
+  });
+  return found;
+}
+
+std::optional<WholeCall> FindWholeFunction(const Run& run, std::string_view text) {
+  std::optional<WholeCall> found;
+  Guard([&] {
+    auto call = FindUserFunction(run, text);
+    if (call && !StripParens(call->arguments).empty() && IsWhole(text, *call))
+      found = WholeCall{*std::move(call), true};
   });
   return found;
 }

@@ -46,8 +46,19 @@ void ApplyFunction(Run& run, std::string& text, const Call& call, bool numericTa
 std::optional<Call> FindUserFunction(const Run& run, std::string_view text);
 void ApplyUserFunction(Run& run, std::string& text, const Call& call);
 
+// A text into which the answers of calls were written, and in which no other has been looked for yet.
+struct ReplacedCalls {
+  std::string text;
+  int replaced = 0;    // of the kind that was replaced last
+  bool isOwn = false;  // these are functions of the program, so that none of the language is looked for
+  bool numericTarget = false;  // commas become points from now on
+};
+
 // True if evaluating a text, trimmed, may run a command or a function of the program.
 bool MayCall(const Run& run, std::string_view text);
+
+// The same for a function of the program alone.
+bool MayCallFunction(const Run& run, std::string_view text);
 
 // A text that is nothing but one call.
 struct WholeCall {
@@ -58,6 +69,9 @@ struct WholeCall {
 // The call that a text, trimmed and without marks, consists of. A function of the program counts only with
 // arguments, and where no word of the language is called in them, which would be replaced before.
 std::optional<WholeCall> FindWholeCall(const Run& run, std::string_view text);
+
+// The same where functions of the program are replaced first.
+std::optional<WholeCall> FindWholeFunction(const Run& run, std::string_view text);
 
 // What the result of a function of the program becomes in the text that it was called in, by its type.
 void FinishUserResult(std::string& built, std::string_view resultType);

@@ -40,14 +40,14 @@ std::unique_ptr<const ListCalls> ListCalls::Of(const tessera::Run& run, std::str
     while (auto call = FindFunction(run, rest)) {
       const Word* word = FindWord(call->name);
       const bool isKnown = word != nullptr && word->result != Result::None && !call->arguments.empty();
-      const bool standsAlone = std::ranges::none_of(
-          names, [&](const std::string& name) { return Contains(call->arguments, name); });
-      if (!isKnown || !standsAlone) FailArgument();
+      constexpr std::size_t kMostCalls = 10;  // so that no name begins with another
+      if (!isKnown || names.size() == kMostCalls) FailArgument();
       ListCall found{.name = call->name, .isText = word->result == Result::Text};
       names.push_back(AnswerName(names.size(), found.isText));
       const std::string before = rest;
       rest = WithAnswer(before, *call, names.back(), false, false);
       found.mayLoseRest = rest != WithAnswer(before, *call, names.back(), false, true);
+      if (!made->Feed(*call, names)) FailArgument();
       found.form = std::make_unique<const CallForm>(run, WholeCall{*std::move(call), false});
       made->calls_.push_back(std::move(found));
     }
@@ -56,6 +56,7 @@ std::unique_ptr<const ListCalls> ListCalls::Of(const tessera::Run& run, std::str
   if (failure || names.empty()) return nullptr;
   while (!parts.empty() && parts.back().empty()) parts.pop_back();
   for (std::size_t i = 0; i < names.size(); ++i) {
+    if (made->calls_[i].isArgument) continue;
     const auto part = std::ranges::find(parts, names[i]);
     if (part == parts.end()) return nullptr;
     made->calls_[i].place = static_cast<std::size_t>(part - parts.begin());
@@ -63,6 +64,19 @@ std::unique_ptr<const ListCalls> ListCalls::Of(const tessera::Run& run, std::str
   }
   made->isWhole_ = rest == names.front();
   return made;
+}
+
+// Puts the names by which a form knows them in the place of the answers in a call's list. False for one of
+// which it knows no name.
+bool ListCalls::Feed(Call& call, const std::vector<std::string>& names) {
+  for (std::size_t i = 0; i + 1 < names.size(); ++i) {
+    const std::size_t at = call.arguments.find(names[i]);
+    if (at == std::string::npos) continue;
+    if (i >= ArithmeticForm::kMostAnswers) return false;
+    call.arguments.replace(at, names[i].size(), ArithmeticForm::AnswerName(i));
+    calls_[i].isArgument = true;
+  }
+  return true;
 }
 
 // With other calls in the list, its answer is looked through as well.
@@ -81,14 +95,16 @@ bool ListCalls::Run(tessera::Run& run, std::size_t places, bool splitAtEqual,
   std::vector<std::string> answers;
   for (std::size_t i = 0; i < calls_.size(); ++i) {
     const ListCall& call = calls_[i];
-    answers.push_back(call.form->Run(run).ToText());
+    answers.push_back(call.form->Run(run, answers).ToText());
     const bool restIsLost = call.mayLoseRest && run.variables.VarFind(call.form->arguments()) != -1;
     if (restIsLost || !run.variables.SymbolsTellAll() || !IsPiece(run, i, answers[i])) {
       parts = CutByRules(run, answers, restIsLost, places, splitAtEqual);
       return false;
     }
   }
-  for (std::size_t i = 0; i < calls_.size(); ++i) parts[calls_[i].place] = std::move(answers[i]);
+  for (std::size_t i = 0; i < calls_.size(); ++i) {
+    if (!calls_[i].isArgument) parts[calls_[i].place] = std::move(answers[i]);
+  }
   return true;
 }
 

@@ -3,6 +3,7 @@
 // cut.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <memory>
 #include <string>
@@ -10,6 +11,7 @@
 #include <vector>
 
 #include "values/call_form.h"
+#include "values/calls.h"
 #include "values/run.h"
 
 namespace tessera {
@@ -22,6 +24,11 @@ class ListCalls {
   static std::unique_ptr<const ListCalls> Of(const Run& run, std::string_view text, std::size_t places,
                                              bool splitAtEqual, std::vector<std::string>& parts);
 
+  // How many pieces of the list are answers.
+  std::size_t pieces() const {
+    return static_cast<std::size_t>(std::ranges::count(calls_, false, &ListCall::isArgument));
+  }
+
   // Runs the calls and puts their answers into `parts`, which are those of the list. False where an answer is
   // anything but a literal or a whole number: `parts` are then what the rules make of the list.
   bool Run(tessera::Run& run, std::size_t places, bool splitAtEqual, std::vector<std::string>& parts) const;
@@ -31,10 +38,12 @@ class ListCalls {
     std::string name;
     std::size_t place = 0;
     bool isText = false;       // its word answers with a text
+    bool isArgument = false;   // of another call, and no piece of the list
     bool mayLoseRest = false;  // something stands behind it
     std::unique_ptr<const CallForm> form = nullptr;
   };
 
+  bool Feed(Call& call, const std::vector<std::string>& names);
   explicit ListCalls(std::string_view text) : text_(text) {}
   bool IsPiece(const tessera::Run& run, std::size_t call, std::string_view answer) const;
   std::vector<std::string> CutByRules(tessera::Run& run, const std::vector<std::string>& answers,

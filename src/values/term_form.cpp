@@ -23,8 +23,10 @@ TermForm::TermForm(Run& run, std::string_view text) : text_(text) {
     if (auto whole = FindWholeCall(run, trimmed_)) {
       call_ = std::make_unique<const CallForm>(run, *std::move(whole));
       kind_ = Kind::Call;
-    } else if (auto inside = CallsInArithmetic::Of(run, trimmed_);
-               inside && (inside->areOwn() || inside->areNumericFunctions())) {
+    } else if (auto nested = CallChain::OfOneCall(run, trimmed_)) {
+      nested_ = std::make_unique<const CallChain>(*std::move(nested));
+      kind_ = Kind::NestedCall;
+    } else if (auto inside = CallsInArithmetic::Of(run, trimmed_); inside && inside->Serves(false)) {
       inside_ = std::make_unique<const CallsInArithmetic>(*std::move(inside));
       kind_ = Kind::CallInside;
     }
@@ -63,6 +65,7 @@ Reading TermForm::Read(Run& run) const {
   switch (kind_) {
     case Kind::Plain:
     case Kind::Call:
+    case Kind::NestedCall:
     case Kind::CallInside:
       return {};
     case Kind::Whole:
@@ -101,7 +104,7 @@ Value TermForm::EvaluateCall(Run& run) const {
   bool numericTarget = call_->isNumericFunction();
   Value answer = call_->Run(run);
   if (auto settled = call_->Settle(run, answer, numericTarget, false)) return *std::move(settled);
-  return EvaluateRest(run, call_->TextOf(answer, numericTarget), 1, call_->isOwn(), numericTarget);
+  return EvaluateRest(run, {call_->TextOf(answer, numericTarget), 1, call_->isOwn(), numericTarget});
 }
 
 // The same for `EvalText`, to which a number is a text.
@@ -118,17 +121,25 @@ Value TermForm::EvaluateCallText(Run& run) const {
   return run.variables.VarRead(text);
 }
 
-Value TermForm::EvaluateAround(Run& run) const {
-  CallsInArithmetic::Rest rest;
-  if (const auto result = inside_->Evaluate(run, rest)) return *ExactDecimal::FromDouble(*result);
-  return EvaluateRest(run, std::move(rest.text), rest.replaced, inside_->areOwn(),
-                      inside_->areNumericFunctions());
+Value TermForm::EvaluateNested(Run& run) const {
+  CallChain::Answers answers;
+  if (nested_->RunAll(run, false, answers)) {
+    if (auto settled = nested_->Settle(run, answers, false, false)) return *std::move(settled);
+  }
+  ReplacedCalls rest = nested_->Written(run, answers, false);
+  return EvaluateRest(run, std::move(rest));
 }
 
-Value TermForm::EvaluateRest(Run& run, std::string text, int replaced, bool isOwn, bool numericTarget) {
-  if (!isOwn) ReplaceFunctions(run, text, numericTarget, replaced);
-  ReplaceUserFunctions(run, text, isOwn ? replaced : 0);
-  return EvalReplaced(run, text);
+Value TermForm::EvaluateAround(Run& run) const {
+  ReplacedCalls rest;
+  if (const auto result = inside_->Evaluate(run, false, rest)) return *ExactDecimal::FromDouble(*result);
+  return EvaluateRest(run, std::move(rest));
+}
+
+Value TermForm::EvaluateRest(Run& run, ReplacedCalls rest) {
+  if (!rest.isOwn) ReplaceFunctions(run, rest.text, rest.numericTarget, rest.replaced);
+  ReplaceUserFunctions(run, rest.text, rest.isOwn ? rest.replaced : 0);
+  return EvalReplaced(run, rest.text);
 }
 
 Value TermForm::EvaluateText(Run& run) const {
@@ -148,6 +159,7 @@ Value TermForm::EvaluateText(Run& run) const {
 Value TermForm::Evaluate(Run& run) const {
   if (kind_ == Kind::Plain) return EvalNumber(run, text_);
   if (kind_ == Kind::Call) return EvaluateCall(run);
+  if (kind_ == Kind::NestedCall) return nested_->Serves(false) ? EvaluateNested(run) : EvalNumber(run, text_);
   if (kind_ == Kind::CallInside) return EvaluateAround(run);
   if (std::int64_t whole = 0;
       kind_ == Kind::Arithmetic && run.variables.SymbolsTellAll() && ReadWhole(run.variables, whole)) {

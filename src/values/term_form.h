@@ -27,8 +27,10 @@ struct Reading {
   std::string_view text;  // until a variable is written
 };
 
+class CallChain;
 class CallForm;
 class CallsInArithmetic;
+struct ReplacedCalls;
 
 class TermForm {
  public:
@@ -43,11 +45,15 @@ class TermForm {
 
   // True if evaluating runs no command and no function, as far as the form knows.
   bool IsWithoutCalls() const {
-    return kind_ != Kind::Plain && kind_ != Kind::Call && kind_ != Kind::CallInside;
+    return kind_ != Kind::Plain && kind_ != Kind::Call && kind_ != Kind::NestedCall &&
+           kind_ != Kind::CallInside;
   }
 
   // The call that the text consists of; null for any other text.
   const CallForm* call() const { return call_.get(); }
+
+  // The same where calls in its list go first, which end with it.
+  const CallChain* nested() const { return nested_.get(); }
 
   // What `EvalNumber` gives, and what `EvalText` does.
   Value Evaluate(Run& run) const;
@@ -105,10 +111,21 @@ class TermForm {
  private:
   Value EvaluateCall(Run& run) const;
   Value EvaluateCallText(Run& run) const;
+  Value EvaluateNested(Run& run) const;
   Value EvaluateAround(Run& run) const;
-  static Value EvaluateRest(Run& run, std::string text, int replaced, bool isOwn, bool numericTarget);
+  static Value EvaluateRest(Run& run, ReplacedCalls rest);
 
-  enum class Kind : std::uint8_t { Plain, Whole, Float, Literal, Name, Arithmetic, Call, CallInside };
+  enum class Kind : std::uint8_t {
+    Plain,
+    Whole,
+    Float,
+    Literal,
+    Name,
+    Arithmetic,
+    Call,
+    NestedCall,
+    CallInside
+  };
 
   Kind kind_ = Kind::Plain;
   std::int64_t whole_ = 0;
@@ -119,6 +136,7 @@ class TermForm {
   std::string_view literal_;  // without its quotes
   std::unique_ptr<const ArithmeticForm> arithmetic_;
   std::unique_ptr<const CallForm> call_;
+  std::unique_ptr<const CallChain> nested_;
   std::unique_ptr<const CallsInArithmetic> inside_;
 };
 

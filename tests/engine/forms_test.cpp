@@ -102,6 +102,39 @@ TEST(Forms, LookThroughTheAnswersInAList) {
   }
 }
 
+// The same behind calls that go before the one around them, in each place of the language.
+TEST(Forms, LookThroughTheAnswersOfInnerCalls) {
+  constexpr std::string_view kCalls[] = {"Asc(Separe(s, n, 1))",
+                                         "Apara(Separe(s, n, 3))",
+                                         "ValStr(Separe(s, n, 2)) + n",
+                                         "Car(Asc(Separe(s, n, 1)))",
+                                         "Asc(Apara(s)) + n",
+                                         "PosIni(Separe(s, 1, 4), \",\")",
+                                         "Soma(Comprimento(s), n)",
+                                         "Soma(Separe(s, n, 2), n)",
+                                         "Soma(Asc(Separe(s, n, 1)), n)",
+                                         "Um(Apara(Separe(s, n, 2)))",
+                                         "Comprimento(Apara(Separe(s, n, 3)))",
+                                         "Seno(RaizQuadrada(n)) + 0.5",
+                                         "ValStr(Separe(s, n, 1) + 1)",
+                                         "Soma(Um(s), Comprimento(s))"};
+  for (const std::string_view value :
+       {"abc d", "a\"b,c", "(5),7)", "12,5;-3", "Um(2)", "Apara x", "[1]+2", "  "}) {
+    for (const std::string_view call : kCalls) {
+      const std::string c(call);
+      const std::string text =
+          "Var s String, t String, c Inteiro, d Decimal, n Inteiro\ns = \"" + std::string(value) +
+          "\"\nEnquanto n < 5\n  n++\n  Numero()\n  Texto()\n  Condicao()\n  Lista()\nRepita\nFimPrograma\n" +
+          "Sub Numero()\n  d = " + c + "\n  Escreva d\nFimSub\nSub Texto()\n  t = " + c +
+          "\n  Escreva t\nFimSub\nSub Condicao()\n  Se " + c +
+          " > 9\n    c = c + 1\n  FimSe\n  Escreva c\nFimSub\n" + "Sub Lista()\n  Escreva " + c +
+          "\nFimSub\nFuncao Soma(a Inteiro, b Inteiro) Inteiro\n  Retorne a + b\n" +
+          "FimFuncao\nFuncao Um(a String) String\n  Retorne a\nFimFuncao\n";
+      EXPECT_TRUE(RunMade(text, false) == RunMade(text, true)) << text;
+    }
+  }
+}
+
 struct TermRow {
   std::string_view text;
   std::string_view ready;
@@ -218,12 +251,18 @@ constexpr TermRow kTerms[] = {
     {"1 + Comprimento(t)", "calls inside"},
     {"Comprimento", "text Comprimento"},
     {"Apara(t)", "call"},
-    {"Seno(Comprimento(t))", "-"},
+    {"Seno(Comprimento(t))", "calls nested"},
+    {"Asc(Separe(t, 1, 1))", "calls nested"},
+    {"Car(Asc(Separe(t, 1, 1)))", "calls nested"},
+    {"Dia(Car(Asc(Apara(Separe(t, 1, 1)))))", "-"},
+    {"Arredonda(Separe(t, 1, 1), 2)", "calls nested"},
+    {"Asc(Separe(t, 1, 1)) + 1", "calls inside"},
+    {"Asc(Apara(t)) + 1", "calls inside"},
     {"Comprimento(t) * 2 + Comprimento(t)", "calls inside"},
     {"Comprimento(t) + i", "calls inside"},
     {"i - Comprimento(t)", "calls inside"},
     {"Comprimento(t) + t", "calls inside"},
-    {"Comprimento(t) + 1,5", "calls inside"},
+    {"Comprimento(t) + 1,5", "-"},
     {"Comprimento(t)1 + 1", "-"},
     {"RaizQuadrada(i) + 1", "calls inside"},
     {"RaizQuadrada(4)+1", "-"},
@@ -233,6 +272,7 @@ constexpr TermRow kTerms[] = {
 std::string Ready(Run& run, std::string_view text) {
   const TermForm form(run, text);
   if (form.call() != nullptr) return "call";
+  if (form.nested() != nullptr) return "calls nested";
   if (!form.IsWithoutCalls()) return CallsInArithmetic::Of(run, text) ? "calls inside" : "-";
   const Reading reading = form.Read(run);
   Value whole;

@@ -53,17 +53,22 @@ std::string MadeProgram::Literal() {
 }
 
 std::string MadeProgram::NumericCall(int depth) {
-  switch (Below(6)) {
+  const auto text = [&] { return OneIn(2) ? TextCall() : OneIn(2) ? Literal() : Name(); };
+  switch (Below(8)) {
     case 0:
       return "ValorAbsoluto(" + Arithmetic(depth - 1) + ")";
     case 1:
       return "ParteInteira(" + Term(depth - 1) + ")";
     case 2:
-      return "RaizQuadrada(" + Name() + ")";
+      return "RaizQuadrada(" + (OneIn(4) ? NumericCall(depth) : Name()) + ")";
     case 3:
-      return "Comprimento(" + (OneIn(3) ? TextCall() : OneIn(2) ? Literal() : Name()) + ")";
+      return "Comprimento(" + text() + ")";
     case 4:
-      return "Asc(" + (OneIn(3) ? TextCall() : Literal()) + ")";
+      return "Asc(" + text() + ")" + (OneIn(20) ? ")" : "");
+    case 5:
+      return "ValStr(" + text() + ")";
+    case 6:
+      return "PosIni(" + text() + "," + Blank() + Literal() + ")";
     default:
       return "Arredonda(" + Name() + ")";
   }
@@ -78,9 +83,9 @@ std::string MadeProgram::TextCall() {
     case 2:
       return "Unir(" + ListOfCalls() + ")";
     case 3:
-      return "Car(6" + std::to_string(Below(10)) + ")";
+      return "Car(" + (OneIn(4) ? NumericCall(1) : "6" + std::to_string(Below(10))) + ")";
     case 4:
-      return "Separe(" + Name() + ", " + std::to_string(Below(4)) + ", 2)";
+      return "Separe(" + (OneIn(3) ? Literal() : Name()) + ", " + std::to_string(Below(4)) + ", 2)";
     case 5:
       return "Formata(" + Name() + ", \"0,00\")";
     default:
@@ -108,7 +113,12 @@ std::string MadeProgram::OwnCall() {
   for (std::size_t i = 0; i < count; ++i) {
     if (i > 0) call += "," + Blank();
     if (OneIn(20)) continue;  // an empty one hides what follows it
-    call += OneIn(8) ? Literal() : OneIn(5) ? Arithmetic(1) : OneIn(3) ? Number() : Name();
+    call += OneIn(8)    ? Literal()
+            : OneIn(10) ? NumericCall(1)
+            : OneIn(20) ? TextCall()
+            : OneIn(5)  ? Arithmetic(1)
+            : OneIn(3)  ? Number()
+                        : Name();
   }
   return call + ")";
 }
