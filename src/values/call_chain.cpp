@@ -25,6 +25,11 @@ std::string WithAnswerOf(const WholeCall& whole, std::string_view text, std::str
                      : WithAnswer(text, whole.call, answer, numericTarget, restIsLost);
 }
 
+// No name has a comma, but between the parentheses of its index.
+bool MayBeVariable(std::string_view arguments) {
+  return !Contains(arguments, ",") || arguments.find_first_of("([") != std::string_view::npos;
+}
+
 }  // namespace
 
 std::optional<CallChain> CallChain::Of(const Run& run, std::string_view text, std::string& around) {
@@ -68,8 +73,10 @@ bool CallChain::Add(const Run& run, std::string& around) {
   around = WithAnswerOf(*whole, before, answer, false, false);
   link.isNumeric =
       (!links_.empty() && links_.back().isNumeric) || (!whole->isOwn && IsNumericFunction(link.name));
-  mayLoseRest_ =
-      mayLoseRest_ || (!link.isNumeric && around != WithAnswerOf(*whole, before, answer, false, true));
+  if (!link.isNumeric && MayBeVariable(whole->call.arguments) &&
+      around != WithAnswerOf(*whole, before, answer, false, true)) {
+    mayLoseRest_ = true;
+  }
   keepsCommas_ = keepsCommas_ || Contains(around, ",");
   link.form = std::make_unique<const CallForm>(run, *std::move(whole));
   links_.push_back(std::move(link));
