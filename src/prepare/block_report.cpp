@@ -5,7 +5,6 @@
 
 #include "language/words.h"
 #include "prepare/linking.h"
-#include "prepare/plain_search.h"
 #include "prepare/prepared_text.h"
 #include "text/literal.h"
 #include "text/number.h"
@@ -140,27 +139,10 @@ class BlockWalk {
   std::vector<PlacedProblem> problems_;
 };
 
-std::string InOneLine(std::string_view message) {
-  std::string line;
-  for (const char c : message) {
-    if (c != '\r' && c != '\n') {
-      line.push_back(c);
-    } else if (!line.ends_with(' ')) {
-      line.push_back(' ');
-    }
-  }
-  return line;
-}
-
 }  // namespace
 
 std::vector<PlacedProblem> ReportBlocks(std::string_view text) {
   return BlockWalk(text).Run(StatementsOf(text));
-}
-
-PlacedProblem PlaceMessage(std::string_view text, std::string_view message, Position place) {
-  const Position tag = plain::FindTagBack(text, place);
-  return {PlaceIn(Mid(text, tag)), InOneLine(message)};
 }
 
 }  // namespace tessera

@@ -7,8 +7,6 @@
 #include <string_view>
 #include <vector>
 
-#include "text/one_based.h"
-
 namespace tessera {
 
 // A line of an editor's source, counted from 1.
@@ -20,7 +18,7 @@ struct SourcePlace {
       default;  // NOLINT(modernize-use-nullptr): it takes the 0 for one
 };
 
-// A problem at its place; the message in the code page, without line ends.
+// A problem at its place; the message in the code page.
 struct PlacedProblem {
   SourcePlace place;
   std::string message;
@@ -29,8 +27,5 @@ struct PlacedProblem {
 // What makes the block check fail on the linked `text`, in the order of the text: blocks opened and never
 // closed, ends without a block, and texts that the check takes for a block word. Empty where it passes.
 std::vector<PlacedProblem> ReportBlocks(std::string_view text);
-
-// A message about a place of the text, at the line of the sources that stands there.
-PlacedProblem PlaceMessage(std::string_view text, std::string_view message, Position place);
 
 }  // namespace tessera
