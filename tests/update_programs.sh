@@ -3,7 +3,8 @@
 # A new program gets its files this way. Read the difference before you keep it: this proves nothing.
 set -eu
 tests=$(cd "$(dirname "$0")" && pwd)
-tessera=$1; shift
+tessera=${1:-}; [ -x "$tessera" ] || { sed -n '2,3p' "$0" >&2; exit 2; }
+shift
 wanted=" $* "
 
 update() {  # programs' folder, expectations' folder
