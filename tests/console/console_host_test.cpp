@@ -98,6 +98,11 @@ TEST(ConsoleDispatch, APostWakesAPersonsTerminal) {
   EXPECT_TRUE(host.AwaitNextEvents()) << "nobody has typed, and the input has not ended";
   EXPECT_TRUE(seen);
   other.join();
+  bool ticked = false;
+  const auto timer = host.StartTimer(std::chrono::milliseconds(40), [&] { ticked = true; });
+  for (int waits = 0; waits < 2; ++waits) host.AwaitNextEvents();
+  EXPECT_TRUE(ticked) << "the post wakes it once";
+  EXPECT_GE(host.DispatchTime(), std::chrono::milliseconds(40)) << "a person's time is real";
   close(terminal[0]);
   close(terminal[1]);
 }

@@ -112,6 +112,18 @@ TEST(MaskField, AnEditFitsAnotherTextToTheMask) {
   EXPECT_EQ(field.Text(), "12/3_");
 }
 
+TEST(MaskField, WithoutAMaskKeysRemoveAsInAnyText) {
+  MaskField field;
+  Typed(field, "abcd");
+  field.PlaceCaret(2);
+  EXPECT_TRUE(field.KeyDown(key::kBackspace, false));
+  EXPECT_EQ(field.Text(), "acd");
+  EXPECT_TRUE(field.KeyDown(key::kDelete, false));
+  EXPECT_EQ(field.Text(), "ad");
+  EXPECT_EQ(field.Field().Caret(), 1U);
+  EXPECT_FALSE(field.KeyDown('X', false));
+}
+
 TEST(MaskField, ADisabledFieldTakesNothing) {
   MaskField field;
   field.SetMask("#");

@@ -57,6 +57,15 @@ TEST_F(NovoBoxTest, AnEmptyGridReadsAsEmptyText) {
   EXPECT_EQ(box.LinBoxRef(), 0);
 }
 
+TEST(NovoBox, AGridWithoutColumnsOrWithoutHeightHasNoRows) {
+  for (const int cell : {200, 0}) {
+    NovoBox box({3000, 1100}, {300, cell, 250}, MeasureText);
+    if (cell == 0) box.Titulo("Nome", 10, NovoBox::Align::kLeft, false);
+    box.Ativa(false);
+    EXPECT_EQ(box.TotalLinhas(), 0) << cell;
+  }
+}
+
 TEST_F(NovoBoxTest, ACellTooManyLeavesItsRowIntact) {
   EXPECT_TRUE(box.Add("a"));
   EXPECT_TRUE(box.Add("1"));

@@ -271,6 +271,11 @@ TEST(Seal, OfAPackageInASectionTellsWhatIsLoadedAndThePackage) {
   EXPECT_EQ(elf::FindSection(whole, ".tesser"), std::nullopt);
   EXPECT_EQ(MustRead(runtime + image).EditorText[0], "Oi") << "a blank seal forbids nothing";
   EXPECT_EQ(SealedFile("none", image), "none" + image);
+  for (const std::size_t more : {0U, 1U, 2U, 3U, 4U, 5U, 6U, 7U}) {
+    Elf64_Ehdr header;
+    std::memcpy(&header, SealedFile(runtime, image + std::string(more, ' ')).data(), sizeof header);
+    EXPECT_EQ(header.e_shoff % alignof(Elf64_Shdr), 0U) << "the table stands where a reader may look at it";
+  }
 
   const std::size_t word = whole.find("TESSERA#SELO");
   const std::size_t package = whole.find("INICIOPROGTS");

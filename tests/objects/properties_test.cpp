@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "objects/botao.h"
+#include "objects/combo.h"
 #include "objects/entry_control.h"
 #include "objects/texto.h"
 #include "support/console_window.h"
@@ -169,6 +170,8 @@ TEST_F(ConsoleWindowTest, EachObjectIsWhatItsWordsMakeOfIt) {
                "40,56 57x64 8000000f/80000012 Courier New 40 [] a 0"},
            Row{"Imagem I, \"FigOK\", 2, 3, 10, 30\nImagem I.AjustaImagem",
                "24,28 32x32 8000000f/80000012 MS Sans Serif 8 []  0"},
+           Row{"Imagem I, \"FigOK\", 2, 3", "24,28 32x32 8000000f/80000012 MS Sans Serif 8 []  0"},
+           Row{"Navegador \"ATIVA\", 2, 3, 10, 30", "24,28 240x140 8000000f/80000012 MS Sans Serif 8 []  0"},
            Row{"Imagem I, \"FigOK\", 2, 3\nImagem I.Redimensiona, 5, 6",
                "24,28 48x70 8000000f/80000012 MS Sans Serif 8 []  0"},
            Row{"GifAnimado G, \"GifSapo1\", 0, 2, 3\nGifAnimado G.Altura = 5\n"
@@ -186,6 +189,22 @@ TEST_F(ConsoleWindowTest, EachObjectIsWhatItsWordsMakeOfIt) {
     ASSERT_NE(made, nullptr) << row.source;
     EXPECT_EQ(Told(*made), row.told) << row.source;
   }
+}
+
+TEST_F(ConsoleWindowTest, TheListOfAComboFollowsWheelAndPointer) {
+  Draw(
+      "Var i Inteiro\nCombo C, 1, 1\nEnquanto i < 9\ni++\nCombo C.Adiciona i\nRepita\n"
+      "Combo C.Linhas = 5\n");
+  auto& combo = dynamic_cast<ComboControl&>(*LastMade(program));
+  const std::ptrdiff_t rows = combo.State().ListRows();
+  EXPECT_EQ(rows, static_cast<std::ptrdiff_t>(5 * 14 / combo.RowHeight()));
+  combo.ArrowClick();
+  combo.Wheel(2);
+  EXPECT_EQ(combo.State().FirstVisible(), 2);
+  combo.ListHover(3);
+  EXPECT_EQ(combo.State().Highlighted(), 3);
+  combo.OnKeyDown(13, {});
+  EXPECT_EQ(program.run.variables.VarRead("C.Txt").ToText(), "4");
 }
 
 // The variable tells it too, behind the line of a script that does it.

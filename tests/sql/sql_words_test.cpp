@@ -133,7 +133,7 @@ TEST_F(SqlWords, WhatIsWrittenReachesTheConnection) {
   EXPECT_EQ(
       program.Run("Var s String, n Inteiro\nn = 4\nSQL B.Abre \"um.db\", \"USESERVIDOR\"\n"
                   "SQL B.Execute \"CREATE TABLE t (a, b)\"\n"
-                  "SQL B.T.Abre \"SELECT x\", \"DINAMICO\", \"OTIMISTA\"\n"
+                  "SQL B.T.Abre \"SELECT x\"\n"
                   "SQL B.T.nome = \"Zé\"\nSQL B.T.Atualiza\n"
                   "SQL B.T.MoveProximo\nSQL B.T.nome = n + 1\nSQL B.T.Atualiza\n"
                   "SQL B.T.Remove\n"

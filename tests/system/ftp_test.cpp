@@ -192,9 +192,12 @@ TEST_F(Ftp, TheBackupOfTheExamplesSendsAFolder) {
 
 TEST_F(Ftp, LinesThatTheProgramHasWrittenAreInTheFileThatGoes) {
   const RealServer server;
-  Run(Connect(server.host) +
-      "AbreArquivo S, \"linhas\", TEXTOGRAVACAO\nGravaArquivo S, \"uma\"\nPoeArquivoFTP \"linhas\", "
-      "\"linhas\"");
+  const ProcessResult result =
+      Run(Connect(server.host) +
+          "AbreArquivo S, \"linhas\", TEXTOGRAVACAO\nGravaArquivo S, \"uma\"\nr = PoeArquivoFTP(\"linhas\", "
+          "\"linhas\")\n" +
+          kEscreva);
+  EXPECT_EQ(result.out, "226 Transfer complete.\n") << result.err << "its size is told with them";
   EXPECT_EQ(server.folder.Read("linhas"), "uma\r\n");
 }
 

@@ -103,6 +103,17 @@ TEST(Transicao, BlendsExactlyAtBothEndsWhereTheSecondPictureReaches) {
   EXPECT_EQ(AlphaBlend(first, second, 255)->size(), (Size{2, 1}));
 }
 
+TEST_F(AnimationProgram, ATransitionIsDrawnAtItsPlace) {
+  TemporaryFolder folder;
+  folder.Write("um.gif", kScreen + kFirst + ";");
+  folder.Write("dois.gif", kScreen + kFirst + kFourth + ";");
+  Draw("Transicao \"FIGURAINICIAL\", \"" + (folder / "um.gif") + "\"\nTransicao \"FIGURAFINAL\", \"" +
+       (folder / "dois.gif") + "\"\nTransicao \"POSICAO\", 2, 3.5\nTransicao \"VALOR\", 999\n");
+  EXPECT_EQ(At(28, 28), At(29, 28));
+  EXPECT_NE(At(28, 28), At(27, 28));
+  EXPECT_NE(At(28, 28), At(28, 27));
+}
+
 TEST_F(AnimationProgram, TwoObjectsOfOnePictureShareItsPixels) {
   TemporaryFolder folder;
   folder.Write("a.gif", kFour);
