@@ -205,7 +205,11 @@ TEST(ConsoleScript, AMissingPartForTheTextsOfPortraitsIsToldOnce) {
   reports::PaperPart paper(reports::PainterOfPart({folder.path()}));
   const auto codec = [] { return FoundCodec{&TestCodec(), {}}; };
   ConsoleHost host({in, out, err}, {.programTitle = "TESTE", .paper = &paper, .findCodec = codec});
-  HostedProgram(host.host(), host).Run("Escreva \"a\"\nBotao B, 1, 1\nBotao B.CorFundo = Vermelho\n");
+  HostedProgram(host.host(), host)
+      .Run(
+          "Escreva \"a\"\nBotao B, 1, 1\nBotao B.CorFundo = Vermelho\nImagem P, \"\", 5, 30, 1, 2\n"
+          "Imagem P.CorFundo = Azul\nGifAnimado G, \"GifSapo1\", 0, 7, 1\n"
+          "GifAnimado H, \"GifSapo1\", 0, 7, 20\nGifAnimado H.Largura = 4\n");
   EXPECT_EQ(err.str(), "[critico] Instale o pacote tessera-paper\n");
   const PictureRef portrait = DecodePicture(TestCodec(), ReadBytes(folder / "dois.png"));
   ASSERT_NE(portrait, nullptr);
@@ -215,6 +219,11 @@ TEST(ConsoleScript, AMissingPartForTheTextsOfPortraitsIsToldOnce) {
   for (const auto& [x, y] : {std::pair{8, 15}, {87, 40}, {9, 14}, {86, 41}})
     EXPECT_EQ(portrait->raster.At(x, y), portrait->raster.At(8, 14)) << "the frame";
   EXPECT_NE(portrait->raster.At(8, 14), kRed);
+  const Pixel ground = portrait->raster.At(88, 42);
+  EXPECT_EQ(portrait->raster.At(240, 70), 0xFF0000FFU) << "a surface";
+  EXPECT_EQ(portrait->raster.At(8, 98), ground) << "an animation in its own size has the window's ground";
+  EXPECT_NE(portrait->raster.At(56, 146), ground);
+  EXPECT_NE(portrait->raster.At(176, 146), ground) << "and a narrower one";
   EXPECT_NE(portrait->raster.At(8, 14), portrait->raster.At(88, 42)) << "the ground";
 }
 

@@ -103,6 +103,7 @@ TEST_F(SpComboTest, KeysMoveTheHighlightOfTheOpenList) {
   combo.ArrowClick();
   combo.KeyDown(38, false);
   EXPECT_FALSE(combo.KeyDown(27, false));
+  EXPECT_FALSE(combo.ListIsOpen());
   EXPECT_EQ(combo.ListIndex(), 4);
   combo.ArrowClick();
   EXPECT_EQ(combo.Highlighted(), 4) << "what was not chosen is forgotten";

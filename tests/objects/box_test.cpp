@@ -119,6 +119,20 @@ TEST_F(BoxTest, TheBarBesideThePageMovesIt) {
   EXPECT_EQ(Windows().events.EventoBox, "");
 }
 
+TEST_F(BoxTest, APressIsALineOfAScript) {
+  Draw(kTwoColumns);
+  const double row = PixelsOfTwips(Grid().RowHeight());
+  const double top = Box().TitleHeight();
+  Box().Scroll(2);
+  EXPECT_EQ(Box().PressLine(200, 5), "clique G Valor");
+  EXPECT_EQ(Box().PressLine(20, top + 1.5 * row), "linha G 3");
+  EXPECT_EQ(Box().PressLine(200, top + 0.5 * row), "linha G 2 1");
+  EXPECT_EQ(Box().PressLine(Box().VerticalBarPlace().Left + 5, top + row), "");
+  Draw("Box H, 1, 40, 10\nBox H.Titulo, \"a\", 20\nBox H.Ativa\nBox H.Add 1\nBox H.New\nBox H.Fim\n");
+  EXPECT_EQ(Box().PressLine(20, top + 0.5 * row), "linha H 0");
+  EXPECT_EQ(Box().PressLine(20, top + 1.5 * row), "clique H") << "below the last row";
+}
+
 TEST_F(BoxTest, ThePointerPlacesTheCaretAndSelects) {
   Draw(kTwoColumns);
   Box().EditCell(2, 0, "abcdef");

@@ -96,6 +96,9 @@ TEST_F(Changes, AProgramsWordsReachTheView) {
            Row{"MenuSistema \"GUIA\", 0, \"\", \"a\"", "MenuSistema", "\"INICIA\"", "C"},
            Row{"GifAnimado G, \"GifSapo1\", 0, 2, 3", "GifAnimado", "G.ProximoFrame", "C"},
            Row{"GifAnimado G, \"GifSapo1\", 0, 2, 3", "GifAnimado", "G.Atras", "O"},
+           Row{"GifAnimado G, \"GifSapo1\", 0, 2, 3", "GifAnimado", "G.Frente", "O"},
+           Row{"Imagem I, \"\", 1, 1, 9, 9", "Imagem", "I.Ordem = \"frente\"", "O"},
+           Row{"Imagem I, \"\", 1, 1, 9, 9", "Imagem", "I.Ordem = \"atras\"", "O"},
            Row{"Imagem I, \"\", 1, 1, 9, 9\nBotao B, 1, 1", "Botao", "B.Pai = \"I\"", "R"},
            Row{"Imagem I, \"\", 1, 1, 9, 9\nBotao B, 1, 1\nBotao B.Pai = \"I\"", "Botao", "B.Remove", "VR"},
        }) {
