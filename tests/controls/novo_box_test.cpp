@@ -386,6 +386,9 @@ TEST_F(NovoBoxTest, AScrolledPageTakesTheCursorToAnotherRow) {
     EXPECT_FALSE(box.HasCursor()) << "nothing of the new rows is chosen";
     EXPECT_EQ(box.ListIndex(), -1);
   }
+  box.Selected(2);
+  box.Ativa(false);
+  EXPECT_FALSE(box.HasCursor()) << "nor of a page that begins anew";
 }
 
 TEST_F(NovoBoxTest, ARowWithoutAValueKeepsTheCursor) {

@@ -191,6 +191,14 @@ TEST_F(ConsoleWindowTest, EachObjectIsWhatItsWordsMakeOfIt) {
   }
 }
 
+TEST_F(ConsoleWindowTest, ABrowserGrowsWithItsWindow) {
+  in.str("redim 10 50\nredim 12 60\n");
+  Draw("Aguarde 0\nNavegador \"ATIVA\", 1, 1, 5, 20\nAguarde 0\n");
+  const ControlPlace& place = LastMade(program)->Place();
+  EXPECT_EQ(place.Width, 30 * 8);
+  EXPECT_EQ(place.Height, 5 * 14 + 29) << "a line of a window has 220 twips";
+}
+
 TEST_F(ConsoleWindowTest, TheListOfAComboFollowsWheelAndPointer) {
   Draw(
       "Var i Inteiro\nCombo C, 1, 1\nEnquanto i < 9\ni++\nCombo C.Adiciona i\nRepita\n"
