@@ -122,6 +122,12 @@ TEST(EventScript, EachLineIsOneAct) {
     RecordedPerson person;
     EXPECT_EQ(DoEventLine(row.line, person), "") << row.line;
     EXPECT_EQ(person.log, row.log) << row.line;
+    const std::string line = row.line;
+    for (const char* bare : {"valor", "seta", "escolhe", "linha", "rola", "cursor", "abre", "tecla", "aperta",
+                             "mouse", "pressiona", "redim", "espera"}) {
+      if (!line.starts_with(bare)) continue;
+      EXPECT_NE(DoEventLine(line + " 1 1", person), "") << line << " takes no more";
+    }
   }
 }
 
