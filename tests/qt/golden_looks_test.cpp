@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QPixmap>
+#include <QScreen>
 #include <QStyleHints>
 #include <QTest>
 #include <QWindow>
@@ -20,6 +22,7 @@ namespace tessera::test {
 namespace {
 
 constexpr QPoint kAway(630, 415);
+constexpr int kPainted = 40;  // milliseconds, until a drawing shows
 
 class GoldenLooks : public testing::Test {
  protected:
@@ -30,7 +33,7 @@ class GoldenLooks : public testing::Test {
     editors[0] = FromSource(source);
     ASSERT_EQ(program.Start(editors, ""), RunOutcome::Ended);
     qt.ProcessEvents();
-    QTest::mouseMove(Top(), kAway);
+    for (const QPoint at : {QPoint(0, 0), kAway}) QTest::mouseMove(Top(), at);
   }
   void TearDown() override { sheet.Check(); }
 
@@ -39,7 +42,7 @@ class GoldenLooks : public testing::Test {
     for (Control* control : Main().Controls().InZOrder()) {
       if (control->Name() == name) return *control;
     }
-    throw std::runtime_error("no object " + std::string(name));
+    return *Main().Controls().Element(name, 0);
   }
   QWidget& WidgetOf(std::string_view name) { return static_cast<LookView&>(*Named(name).View()).Widget(); }
   QWindow* Top() { return static_cast<QtForm&>(Main()).widget()->windowHandle(); }
@@ -48,23 +51,24 @@ class GoldenLooks : public testing::Test {
     return widget.mapTo(widget.window(), at);
   }
 
+  // What the screen shows by now, and not what the window would paint if it were asked.
+  QImage Screen(QWindow* window, int wait = 1) {
+    QTest::qWait(wait);
+    return window->screen()->grabWindow(window->winId()).toImage();
+  }
   void Look(std::string_view name, const std::string& state) {
-    qt.ProcessEvents();
-    QWidget& widget = WidgetOf(name);
-    const QImage window = widget.window()->grab().toImage();
-    sheet.Add(std::string(name) + " " + state, window.copy(QRect(InWindow(name, {}), widget.size())));
+    sheet.Add(std::string(name) + " " + state, Screen(Top()).copy(QRect(InWindow(name, {}), WidgetOf(name).size())));
   }
   void LookAtDropped(const std::string& what) {
-    qt.ProcessEvents();
     ASSERT_NE(QApplication::activePopupWidget(), nullptr) << what;
-    sheet.Add(what, QApplication::activePopupWidget()->grab().toImage());
+    sheet.Add(what, Screen(QApplication::activePopupWidget()->windowHandle()));
   }
   void Point(std::string_view name, QPoint at) { QTest::mouseMove(Top(), InWindow(name, at)); }
   void Press(std::string_view name, QPoint at) { QTest::mousePress(Top(), Qt::LeftButton, {}, InWindow(name, at)); }
-  void LetGo(QPoint at = kAway) {
-    QTest::mouseMove(Top(), at);
-    QTest::mouseRelease(Top(), Qt::LeftButton, {}, at);
+  void Click(std::string_view name, QPoint at) { QTest::mouseClick(Top(), Qt::LeftButton, {}, InWindow(name, at)); }
+  void LetGo() {
     QTest::mouseMove(Top(), kAway);
+    QTest::mouseRelease(Top(), Qt::LeftButton, {}, kAway);
   }
   void Focus(std::string_view name) { Main().MoveFocus(&Named(name)); }
   void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(Top(), key, modifiers); }
@@ -171,7 +175,7 @@ TEST_F(GoldenLooks, Lists) {
   Start(
       "Combo C, 1, 1, 12\nCombo C.Adiciona \"Ana\"\nCombo C.Adiciona \"Um texto longo demais\"\nCombo C.Adiciona \"Cá\"\n"
       "Combo C.Adiciona \"D\"\nCombo C.Linhas = 3\nCombo V, 4, 1, 9\nCombo B, 27, 1, 9\nCombo B.Adiciona \"Ana\"\n");
-  Press("C", {WidgetOf("C").width() - 8, 8});
+  Click("C", {WidgetOf("C").width() - 8, 8});
   LookAtDropped("the list");
   QWidget* list = QApplication::activePopupWidget();
   QTest::mouseMove(list, {20, 28});
@@ -180,7 +184,7 @@ TEST_F(GoldenLooks, Lists) {
   for (int i = 0; i < 4; ++i) QTest::keyClick(list, Qt::Key_Down);
   LookAtDropped("its last entry chosen");
   QTest::keyClick(list, Qt::Key_Escape);
-  Press("V", {WidgetOf("V").width() - 8, 8});
+  Click("V", {WidgetOf("V").width() - 8, 8});
   LookAtDropped("the list without entries");
 }
 
@@ -188,7 +192,7 @@ TEST_F(GoldenLooks, Calendars) {
   Start("Calendario Q, 1, 1, 12\nCalendario Q.Txt = \"05/03/2009\"\n");
   States("Q", {30, 6});
   Named("Q").SetEnabled(true);
-  Press("Q", {WidgetOf("Q").width() - 8, 8});
+  Click("Q", {WidgetOf("Q").width() - 8, 8});
   LookAtDropped("the month");
   QTest::mouseMove(QApplication::activePopupWidget(), {100, 100});
   LookAtDropped("a day pointed at");
@@ -209,8 +213,8 @@ TEST_F(GoldenLooks, Bars) {
     Look(name, "its second arrow pointed at");
     Press(name, end);
     Look(name, "its second arrow pressed");
-    LetGo(InWindow(name, end));
-    const QPoint thumb = lies ? QPoint(50, 6) : QPoint(6, 28);
+    LetGo();
+    const QPoint thumb = lies ? QPoint(30, 6) : QPoint(6, 28);
     States(name, thumb);
   }
 }
@@ -222,6 +226,61 @@ TEST_F(GoldenLooks, Grids) {
       "Box G.Add \"Um\", Vermelho, Amarelo\nBox G.Add 30 - i\nBox G.New\ni++\nRepita\nBox G.Fim\n"
       "Box W, 12, 1, 3\nBox W.Titulo, \"A\", 60\nBox W.Titulo, \"B\", 60\nBox W.Ativa\nBox W.Add 1\nBox W.New\nBox W.Fim\n");
   States("G", {20, 30});
+  Named("G").SetEnabled(true);
+  for (const char* state : {"sorted by a title", "sorted the other way"}) {
+    Click("G", {130, 8});
+    QTest::mouseMove(Top(), kAway);
+    Look("G", state);
+  }
+  Point("G", {20, 8});
+  Look("G", "its title pointed at");
+  Press("G", {20, 8});
+  Look("G", "its title pressed");
+  LetGo();
+  const int right = WidgetOf("G").width() - 6;
+  Point("G", {right, 26});
+  Look("G", "its arrow pointed at");
+  Press("G", {right, 26});
+  Look("G", "its arrow pressed");
+  LetGo();
+  program.commands.CommandCall("Box", "G.AlteraCelula = \"SIM\"");
+  Click("G", {20, 50});
+  Look("G", "edited");
+  Key(Qt::Key_Home);
+  Key(Qt::Key_Right);
+  Key(Qt::Key_Right, Qt::ShiftModifier);
+  Look("G", "with a selection");
+  Key(Qt::Key_End);
+  Look("G", "at the end of its cell");
+  Focus("W");
+  Look("G", "edited without the focus");
+  Look("W", "");
+}
+
+TEST_F(GoldenLooks, PicturesAndTheMenu) {
+  Start(
+      "MenuSistema \"GUIA\", 0, \"\", \"Arq\"\nMenuSistema \"GUIA\", 0, \"OPCAO\", \"Abre\"\nMenuSistema \"GUIA\", 1, \"\", \"Ver\"\n"
+      "Imagem Q, \"\", 3, 1, 3, 8\nImagem Q.CorFundo = Branco\nImagem Q.LinhaReta, 0, 0, 40, 60, Azul\n"
+      "Imagem Q.PosX = 8\nImagem Q.PosY = 12\nImagem Q.Escreva \"Abc\"\n"
+      "Imagem L, FigLivro, 8, 1, 4, 6\nGifAnimado S, GifSapo1, 0, 14, 1\n");
+  Look("Q", "");
+  Look("L", "");
+  Look("S", "");
+  States("Guia", {50, 6});
+}
+
+TEST_F(GoldenLooks, TheWindow) {
+  Start(
+      "Janela Fundo = Amarelo\nCirculo 2, 8, 1, Vermelho\nPosicione 1, 1\nFonte Cor = Azul\n"
+      "Escreva \"Abc\"\nEscreva \"De\"\n");
+  const auto look = [&](const char* state) { sheet.Add(state, Screen(Top(), kPainted).copy(0, 0, 100, 60)); };
+  look("printed and drawn on");
+  program.commands.CommandCall("LinhaReta", "0, 0, 3, 11, Verde");
+  look("with a line");
+  program.Fundo(Main(), "ImgPantano");
+  look("with a background");
+  program.commands.CommandCall("Cls", "");
+  look("erased");
 }
 
 }  // namespace tessera::test
