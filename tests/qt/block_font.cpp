@@ -42,7 +42,8 @@ QByteArray Font(const char* family) {
   const int ends = static_cast<int>(tall.size()) / 2;
   const std::vector<std::pair<const char*, QByteArray>> tables = {
       {"OS/2", Words({4, 600, 400, 5, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}) +
-                   Words({0, 0, 0, 0, 0, 0, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0x40, kFirst, kLast, 9 * kPixel, -3 * kPixel, 0}) +
+                   Words({0, 0, 0, 0, 0,    0,      1,     0,          0,           0, 0,
+                          0, 0, 0, 0, 0x40, kFirst, kLast, 9 * kPixel, -3 * kPixel, 0}) +
                    Words({9 * kPixel, 3 * kPixel, 0, 1, 0, 0, 5 * kPixel, 8 * kPixel, 0, ' ', 1})},
       {"cmap", Words({0, 1, 3, 1, 0, 12}) + map},
       {"glyf", tall + small},

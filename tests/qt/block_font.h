@@ -1,5 +1,6 @@
 // A font of blocks, made here, so that a picture of a text is the same on every machine: capitals, digits and
-// signs are 5 by 8 pixels, small letters 5 by 5, each 6 pixels wide, on lines of 12, at the 8 points of all objects.
+// signs are 5 by 8 pixels, small letters 5 by 5, each 6 pixels wide, on lines of 12, at the 8 points of all
+// objects.
 #pragma once
 
 #include <vector>

@@ -57,15 +57,20 @@ class GoldenLooks : public testing::Test {
     return window->screen()->grabWindow(window->winId()).toImage();
   }
   void Look(std::string_view name, const std::string& state) {
-    sheet.Add(std::string(name) + " " + state, Screen(Top()).copy(QRect(InWindow(name, {}), WidgetOf(name).size())));
+    sheet.Add(std::string(name) + " " + state,
+              Screen(Top()).copy(QRect(InWindow(name, {}), WidgetOf(name).size())));
   }
   void LookAtDropped(const std::string& what) {
     ASSERT_NE(QApplication::activePopupWidget(), nullptr) << what;
     sheet.Add(what, Screen(QApplication::activePopupWidget()->windowHandle()));
   }
   void Point(std::string_view name, QPoint at) { QTest::mouseMove(Top(), InWindow(name, at)); }
-  void Press(std::string_view name, QPoint at) { QTest::mousePress(Top(), Qt::LeftButton, {}, InWindow(name, at)); }
-  void Click(std::string_view name, QPoint at) { QTest::mouseClick(Top(), Qt::LeftButton, {}, InWindow(name, at)); }
+  void Press(std::string_view name, QPoint at) {
+    QTest::mousePress(Top(), Qt::LeftButton, {}, InWindow(name, at));
+  }
+  void Click(std::string_view name, QPoint at) {
+    QTest::mouseClick(Top(), Qt::LeftButton, {}, InWindow(name, at));
+  }
   void LetGo() {
     QTest::mouseMove(Top(), kAway);
     QTest::mouseRelease(Top(), Qt::LeftButton, {}, kAway);
@@ -101,8 +106,10 @@ class GoldenLooks : public testing::Test {
 
 TEST_F(GoldenLooks, Buttons) {
   Start(
-      "Botao Liso, 1, 1, 1.6, 9, \"Liso\"\nBotao Com, 4, 1, 1.6, 14, \"Com\", FigOK\nBotao So, 7, 1, 2, 4, \"\", FigOK\n"
-      "Botao Longo, 10, 1, 1.6, 5, \"Longo demais\"\nBotao Vestido, \"Tipo0\", 13, 1, \"Ve\"\nBotao Sem, 16, 1, 1.6, 5\n");
+      "Botao Liso, 1, 1, 1.6, 9, \"Liso\"\nBotao Com, 4, 1, 1.6, 14, \"Com\", FigOK\nBotao So, 7, 1, 2, 4, "
+      "\"\", FigOK\n"
+      "Botao Longo, 10, 1, 1.6, 5, \"Longo demais\"\nBotao Vestido, \"Tipo0\", 13, 1, \"Ve\"\nBotao Sem, 16, "
+      "1, 1.6, 5\n");
   for (const char* name : {"Liso", "Com", "So", "Vestido"}) States(name);
   Look("Longo", "");
   Look("Sem", "");
@@ -110,19 +117,27 @@ TEST_F(GoldenLooks, Buttons) {
 
 TEST_F(GoldenLooks, ChecksAndOptions) {
   Start(
-      "Check Uma, 1, 1, \"Um\"\nCheck Outra, 3, 1, \"De\", 1\nOpcao Esta, 5, 1, \"Es\"\nOpcao Aquela, 7, 1, \"Aq\"\n"
+      "Check Uma, 1, 1, \"Um\"\nCheck Outra, 3, 1, \"De\", 1\nOpcao Esta, 5, 1, \"Es\"\nOpcao Aquela, 7, 1, "
+      "\"Aq\"\n"
       "Opcao Aquela.Valor = 1\n");
+  for (const char* name : {"Esta", "Uma"}) {
+    Click(name, {6, 6});
+    Look(name, "clicked");
+    Click(name == std::string("Uma") ? name : "Aquela", {6, 6});
+  }
   for (const char* name : {"Uma", "Outra", "Esta", "Aquela"}) States(name);
 }
 
 TEST_F(GoldenLooks, LabelsLinksAndFrames) {
   Start(
-      "Rotulo Curto, \"Nome um\", 1, 1, 10, 2\nRotulo Meio, \"Duas linhas aqui\", 4, 1, 9, 3\nRotulo Meio.Justifica = 2\n"
+      "Rotulo Curto, \"Nome um\", 1, 1, 10, 2\nRotulo Meio, \"Duas linhas aqui\", 4, 1, 9, 3\nRotulo "
+      "Meio.Justifica = 2\n"
       "Rotulo Direita, \"Um\", 8, 1, 9, 2\nRotulo Direita.Justifica = 1\nRotulo Direita.CorFundo = Amarelo\n"
       "Rotulo Direita.CorLetra = Azul\nRotulo Baixo, \"Um\", 11, 1, 5, 0.8\n"
-      "Link Ajuda, 13, 1, \"Ajuda\", \"x\"\nLink Ajuda.CorLetra = AzulEscuro\n"
+      "Link Ajuda, 13, 1, \"Ajuda\", \"x\"\nLink Ajuda.CorLetra = AzulEscuro\nLink Ajuda.CorFundo = Branco\n"
+      "Rotulo Grande, \"Ab\", 23, 1, 12, 3\nRotulo Grande.TamFonte = 16\n"
       "Moldura Dados, \"Dados\", 16, 1, 3, 12\nMoldura Sem, \"\", 20, 1, 3, 12\n");
-  for (const char* name : {"Curto", "Meio", "Direita", "Baixo", "Ajuda", "Dados", "Sem"}) {
+  for (const char* name : {"Curto", "Meio", "Direita", "Baixo", "Grande", "Ajuda", "Dados", "Sem"}) {
     Look(name, "at rest");
     Named(name).SetEnabled(false);
     if (name != std::string("Dados") && name != std::string("Sem")) Look(name, "disabled");
@@ -131,11 +146,15 @@ TEST_F(GoldenLooks, LabelsLinksAndFrames) {
 
 TEST_F(GoldenLooks, Entries) {
   Start(
-      "Texto Curto, 1, 1, 12\nTexto Curto.Txt = \"Ana b\"\nTexto Longo, 3, 1, 8\nTexto Longo.Txt = \"Um texto longo\"\n"
-      "Mascara M, \"##-##\", 5, 1, 9\nMoeda V, 7, 1, 9\nMoeda V.Valor = 1234.5\nCombo C, 9, 1, 10\nCombo C.Txt = \"Abcd\"\n"
-      "Combo L, 11, 1, 6\nCombo L.Txt = \"Abcdefghij\"\nTexto D, 13, 1, 9\nTexto D.Txt = \"Ab\"\nTexto D.Justifica = 1\n");
+      "Texto Curto, 1, 1, 12\nTexto Curto.Txt = \"Ana b\"\nTexto Longo, 3, 1, 8\nTexto Longo.Txt = \"Um "
+      "texto longo\"\n"
+      "Mascara M, \"##-##\", 5, 1, 9\nMoeda V, 7, 1, 9\nMoeda V.Valor = 1234.5\nCombo C, 9, 1, 10\nCombo "
+      "C.Txt = \"Abcd\"\n"
+      "Combo L, 11, 1, 6\nCombo L.Txt = \"Abcdefghij\"\nTexto D, 13, 1, 9\nTexto D.Txt = \"Ab\"\nTexto "
+      "D.Justifica = 1\n"
+      "Mascara Cheio, \"#####\", 15, 1, 5\n");
   for (const char* name : {"Curto", "M", "V", "C", "D"}) States(name, {30, 6});
-  for (const char* name : {"Longo", "L"}) {
+  for (const char* name : {"Longo", "L", "Cheio"}) {
     Look(name, "at rest");
     Focus(name);
     Key(Qt::Key_End);
@@ -154,8 +173,10 @@ TEST_F(GoldenLooks, Entries) {
 TEST_F(GoldenLooks, TextsOfSeveralLines) {
   Start(
       "Texto T, 1, 1, 14, 5\nTexto T.Txt = \"um dois tres quatro cinco seis sete oito nove dez\"\n"
-      "Texto T.Seleciona, 3, 4, \"MS Sans Serif\", 8, \"NORMAL\", Vermelho\nTexto P, 8, 1, 14, 4\nTexto P.Txt = \"Ab\"\n"
-      "Texto M, 13, 1, 14, 4\nTexto M.Justifica = 2\nTexto M.Txt = \"Ab cd\"\nTexto M.CorFundo = Amarelo\n");
+      "Texto T.Seleciona, 3, 4, \"MS Sans Serif\", 8, \"NORMAL\", Vermelho\nTexto P, 8, 1, 14, 4\nTexto "
+      "P.Txt = \"Ab\"\n"
+      "Texto M, 13, 1, 14, 4\nTexto M.Justifica = 2\nTexto M.Txt = \"Ab cd\"\nTexto M.CorFundo = Amarelo\n"
+      "Texto E, 18, 1, 14, 4\nTexto E.TamFonte = 16\n");
   States("T", {30, 8});
   Named("T").SetEnabled(true);
   Focus("T");
@@ -169,12 +190,20 @@ TEST_F(GoldenLooks, TextsOfSeveralLines) {
   Focus("P");
   Look("P", "with the focus");
   Look("M", "");
+  ControlPlace narrow = Named("T").Place();
+  narrow.Width = 70;
+  Named("T").Move(narrow);
+  Look("T", "made narrower");
+  Focus("E");
+  Look("E", "empty, with the focus");
 }
 
 TEST_F(GoldenLooks, Lists) {
   Start(
-      "Combo C, 1, 1, 12\nCombo C.Adiciona \"Ana\"\nCombo C.Adiciona \"Um texto longo demais\"\nCombo C.Adiciona \"Cá\"\n"
-      "Combo C.Adiciona \"D\"\nCombo C.Linhas = 3\nCombo V, 4, 1, 9\nCombo B, 27, 1, 9\nCombo B.Adiciona \"Ana\"\n");
+      "Combo C, 1, 1, 12\nCombo C.Adiciona \"Ana\"\nCombo C.Adiciona \"Um texto longo demais\"\nCombo "
+      "C.Adiciona \"Cá\"\n"
+      "Combo C.Adiciona \"D\"\nCombo C.Linhas = 3\nCombo V, 4, 1, 9\nCombo B, 27, 1, 9\nCombo B.Adiciona "
+      "\"Ana\"\n");
   Click("C", {WidgetOf("C").width() - 8, 8});
   LookAtDropped("the list");
   QWidget* list = QApplication::activePopupWidget();
@@ -222,9 +251,11 @@ TEST_F(GoldenLooks, Bars) {
 TEST_F(GoldenLooks, Grids) {
   Start(
       "Var i Inteiro\nBox G, 1, 1, 4\nBox G.Titulo, \"Nome\", 8\nBox G.Titulo, \"Me\", 6, \"CENTRO\"\n"
-      "Box G.Titulo, \"Va\", 6, \"DIR\", \"NUMERICO\"\nBox G.Ativa\nEnquanto i < 9\nBox G.Add \"Abc defghij\"\n"
+      "Box G.Titulo, \"Va\", 6, \"DIR\", \"NUMERICO\"\nBox G.Ativa\nEnquanto i < 9\nBox G.Add \"Abc "
+      "defghij\"\n"
       "Box G.Add \"Um\", Vermelho, Amarelo\nBox G.Add 30 - i\nBox G.New\ni++\nRepita\nBox G.Fim\n"
-      "Box W, 12, 1, 3\nBox W.Titulo, \"A\", 60\nBox W.Titulo, \"B\", 60\nBox W.Ativa\nBox W.Add 1\nBox W.New\nBox W.Fim\n");
+      "Box W, 12, 1, 3\nBox W.Titulo, \"A\", 60\nBox W.Titulo, \"B\", 60\nBox W.Ativa\nBox W.Add 1\nBox "
+      "W.New\nBox W.Fim\n");
   States("G", {20, 30});
   Named("G").SetEnabled(true);
   for (const char* state : {"sorted by a title", "sorted the other way"}) {
@@ -259,7 +290,8 @@ TEST_F(GoldenLooks, Grids) {
 
 TEST_F(GoldenLooks, PicturesAndTheMenu) {
   Start(
-      "MenuSistema \"GUIA\", 0, \"\", \"Arq\"\nMenuSistema \"GUIA\", 0, \"OPCAO\", \"Abre\"\nMenuSistema \"GUIA\", 1, \"\", \"Ver\"\n"
+      "MenuSistema \"GUIA\", 0, \"\", \"Arq\"\nMenuSistema \"GUIA\", 0, \"OPCAO\", \"Abre\"\nMenuSistema "
+      "\"GUIA\", 1, \"\", \"Ver\"\n"
       "Imagem Q, \"\", 3, 1, 3, 8\nImagem Q.CorFundo = Branco\nImagem Q.LinhaReta, 0, 0, 40, 60, Azul\n"
       "Imagem Q.PosX = 8\nImagem Q.PosY = 12\nImagem Q.Escreva \"Abc\"\n"
       "Imagem L, FigLivro, 8, 1, 4, 6\nGifAnimado S, GifSapo1, 0, 14, 1\n");

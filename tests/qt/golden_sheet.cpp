@@ -110,7 +110,8 @@ std::pair<int, GoldenSheet::Looks> GoldenSheet::Read(const std::string& path) {
   const auto finish = [&] {
     if (looks.empty()) return;
     const auto width = rows.empty() ? 0 : static_cast<int>(rows[0].size());
-    QImage& picture = looks.back().second = QImage(width, static_cast<int>(rows.size()), QImage::Format_RGB32);
+    QImage& picture = looks.back().second =
+        QImage(width, static_cast<int>(rows.size()), QImage::Format_RGB32);
     for (int y = 0; y < picture.height(); ++y) {
       for (int x = 0; x < width; ++x) picture.setPixel(x, y, legend[rows[std::size_t(y)][std::size_t(x)]]);
     }
@@ -132,8 +133,10 @@ std::pair<int, GoldenSheet::Looks> GoldenSheet::Read(const std::string& path) {
           number = number * 10 + std::size_t(c - '0');
           continue;
         }
-        if (c == '*') equal = number;
-        else row.append(std::max<std::size_t>(number, 1), c);
+        if (c == '*')
+          equal = number;
+        else
+          row.append(std::max<std::size_t>(number, 1), c);
         number = 0;
       }
       rows.insert(rows.end(), equal, row);

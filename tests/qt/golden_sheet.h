@@ -1,5 +1,5 @@
-// Pictures of looks, kept as text that a person can read in a diff: a letter for each colour, with the number of
-// pixels in front of it; `3*` before a row stands for three equal ones.
+// Pictures of looks, kept as text that a person can read in a diff: a letter for each colour, with the number
+// of pixels in front of it; `3*` before a row stands for three equal ones.
 #pragma once
 
 #include <QImage>
@@ -15,8 +15,8 @@ class GoldenSheet {
   explicit GoldenSheet(std::string name) : name_(std::move(name)) {}
 
   void Add(const std::string& look, const QImage& picture);
-  // The test fails where a picture differs from the kept one. With TESSERA_WRITE_LOOKS they are kept anew, and
-  // TESSERA_LOOK_AT names a folder for what the eye can judge.
+  // The test fails where a picture differs from the kept one. With TESSERA_WRITE_LOOKS they are kept anew,
+  // and TESSERA_LOOK_AT names a folder for what the eye can judge.
   void Check() const;
 
  private:

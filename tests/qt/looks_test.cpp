@@ -5,20 +5,27 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QImage>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QPointer>
+#include <QScreen>
 #include <QTest>
+#include <QWheelEvent>
 #include <QWindow>
-#include <set>
+#include <algorithm>
+#include <functional>
 #include <string>
 
 #include "objects/botao.h"
+#include "objects/combo.h"
 #include "objects/entry_control.h"
+#include "objects/imagem.h"
 #include "objects/texto.h"
 #include "qt/looks/look.h"
 #include "qt/qt_host.h"
 #include "support/core_program.h"
 #include "support/hosted_program.h"
+#include "windows/stock_pictures.h"
 
 namespace tessera::test {
 
@@ -50,32 +57,105 @@ class LooksOnWindows : public testing::Test {
 
 }  // namespace
 
-TEST_F(LooksOnWindows, AButtonShowsEachOfItsStates) {
-  for (const char* form : {"Botao B, 1, 1, 2, 12, \"Grava\"\n", "Botao B, \"Tipo0\", 1, 1, \"Grava\"\n"}) {
-    HostedProgram fresh({boxes, qt, host.clock, host.random, host.files}, qt);
-    EditorTexts editors;
-    editors[0] = FromSource(form);
-    ASSERT_EQ(fresh.Start(editors, ""), RunOutcome::Ended);
-    qt.ProcessEvents();
-    Control& button = *fresh.janela.windows().MainWindow().Controls().Element("BtnNovo", 0);
-    QWidget& widget = WidgetOf(button);
-    const auto shown = [&] { return widget.grab().toImage().convertToFormat(QImage::Format_RGB32); };
-    QTest::mouseMove(widget.window()->windowHandle(), {400, 300});
-    std::vector<QImage> states = {shown()};
-    QTest::mouseMove(widget.window()->windowHandle(), InWindow(widget, widget.rect().center()));
-    qt.ProcessEvents();
-    states.push_back(shown());
-    QTest::mousePress(widget.window()->windowHandle(), Qt::LeftButton, {},
-                      InWindow(widget, widget.rect().center()));
-    states.push_back(shown());
-    QTest::mouseRelease(widget.window()->windowHandle(), Qt::LeftButton, {},
-                        InWindow(widget, widget.rect().center()));
-    button.SetEnabled(false);
-    states.push_back(shown());
-    for (std::size_t i = 0; i < states.size(); ++i) {
-      for (std::size_t j = 0; j < i; ++j) EXPECT_NE(states[i], states[j]) << form << i << " looks like " << j;
-    }
-    EXPECT_EQ(fresh.run.variables.VarRead("TestaBotao").ToText(), "B");
+// What each gesture of the pointer is to each kind of object: a click sets the index of what was clicked.
+TEST_F(LooksOnWindows, OnlyAWholeClickOfTheLeftButtonIsOne) {
+  Start(
+      "Botao B, 1, 1, 2, 12, \"B\"\nCheck C, 4, 1, \"Check\"\nOpcao O, 6, 1, \"Opcao\"\nTexto T, 8, 1, 12\n"
+      "Texto L, 10, 1, 12, 3\nGifAnimado S, GifSapo1, 0, 16, 1\n");
+  const auto told = [&](const std::function<void()>& gesture) {
+    program.run.variables.VarWrite("IndiceRef", Value(std::int32_t{99}), true);
+    program.janela.windows().events.EventoClique.clear();
+    gesture();
+    return (Variable("IndiceRef") == "99" ? "-" : "click") + program.janela.windows().events.EventoClique;
+  };
+  for (Control* control : Main().Controls().InZOrder()) {
+    if (!control->Visible()) continue;
+    const QPoint in = InWindow(WidgetOf(*control), {9, 9});
+    const QPoint out(400, 400);
+    const std::string gif = control->Name() == "S" ? "CLIQUE" : "";
+    EXPECT_EQ(told([&] { QTest::mouseClick(Top(), Qt::LeftButton, {}, in); }), "click" + gif)
+        << control->Name();
+    EXPECT_EQ(told([&] { QTest::mouseClick(Top(), Qt::RightButton, {}, in); }), "-") << control->Name();
+    EXPECT_EQ(told([&] {
+                QTest::mousePress(Top(), Qt::LeftButton, {}, in);
+                QTest::mouseMove(Top(), out);
+                QTest::mouseRelease(Top(), Qt::LeftButton, {}, out);
+              }),
+              "-")
+        << control->Name();
+    EXPECT_EQ(told([&] { QTest::mouseDClick(Top(), Qt::RightButton, {}, in); }), "-") << control->Name();
+    const std::string twice = told([&] { QTest::mouseDClick(Top(), Qt::LeftButton, {}, in); });
+    EXPECT_EQ(twice, gif.empty() ? "click" : "clickDUPLOCLIQUE") << control->Name();
+  }
+}
+
+TEST_F(LooksOnWindows, APointerThatOnlyPassesSelectsNothingAndTheSecondButtonNeither) {
+  Start(
+      "Botao B, 1, 1\nTexto T, 4, 1, 20\nTexto L, 7, 1, 20, 4\nTexto T.Txt = \"abcdef\"\nTexto L.Txt = "
+      "\"abcdef\"\n");
+  for (const bool isLong : {false, true}) {
+    Control& control = isLong ? Element("MultiLine", 1) : Element("Texto", 0);
+    const auto* text = &dynamic_cast<TextoControl&>(control).State();
+    QWidget& widget = WidgetOf(control);
+    const auto at = [&](int x) { return InWindow(widget, {x, 10}); };
+    QTest::mouseClick(Top(), Qt::LeftButton, {}, at(3));
+    EXPECT_EQ(text->Caret(), 0u);
+    QTest::mouseMove(Top(), at(100));
+    EXPECT_EQ(text->SelLength(), 0u);
+    QTest::mouseClick(Top(), Qt::RightButton, {}, at(100));
+    EXPECT_EQ(text->Caret(), 0u);
+    QTest::mouseDClick(Top(), Qt::RightButton, {}, at(20));
+    EXPECT_EQ(text->SelLength(), 0u);
+    QTest::mousePress(Top(), Qt::LeftButton, {}, at(3));
+    QTest::mouseMove(Top(), at(100));
+    EXPECT_EQ(text->SelLength(), 6u);
+    QTest::mouseRelease(Top(), Qt::LeftButton, {}, at(100));
+    QTest::mouseMove(Top(), at(3));
+    EXPECT_EQ(text->SelLength(), 6u) << "it was let go";
+  }
+}
+
+// What an input method asks for, to stand beside the caret, and what it types.
+TEST_F(LooksOnWindows, AnInputMethodFindsTheCaretAndTypes) {
+  Start("Botao B, 1, 1\nCombo C, 4, 1, 20\nTexto L, 7, 1, 20, 4\n");
+  for (const char* array : {"Cmb", "MultiLine"}) {
+    Control& control = Element(array, 0);
+    QWidget& widget = WidgetOf(control);
+    Main().MoveFocus(&control);
+    const auto caret = [&] { return widget.inputMethodQuery(Qt::ImCursorRectangle).toRectF(); };
+    const double before = caret().left();
+    QInputMethodEvent typed;
+    typed.setCommitString("\u00e7\u00e3o");
+    QApplication::sendEvent(&widget, &typed);
+    EXPECT_EQ(Variable(array == std::string("Cmb") ? "C.Txt" : "L.Txt"), "\xE7\xE3o");
+    EXPECT_GT(caret().left(), before + 8) << array;
+    EXPECT_TRUE(QRectF(widget.rect()).contains(caret())) << array;
+    EXPECT_TRUE(widget.inputMethodQuery(Qt::ImEnabled).toBool());
+    control.SetEnabled(false);
+    EXPECT_FALSE(widget.inputMethodQuery(Qt::ImEnabled).toBool());
+  }
+}
+
+TEST_F(LooksOnWindows, TheCursorTellsWhatThePointerIsOver) {
+  Start(
+      "Botao B, 1, 1\nCombo C, 4, 1, 20\nTexto T, 7, 1, 20, 4\nLink L, 12, 1, \"a\", \"b\"\nImagem I, \"\", "
+      "14, 1, 3, 8\n");
+  QWidget& combo = WidgetOf(Element("Cmb", 0));
+  QTest::mouseMove(Top(), InWindow(combo, {combo.width() - 8, 10}));
+  EXPECT_EQ(combo.cursor().shape(), Qt::ArrowCursor);
+  QTest::mouseMove(Top(), InWindow(combo, {20, 10}));
+  EXPECT_EQ(combo.cursor().shape(), Qt::IBeamCursor);
+  EXPECT_EQ(WidgetOf(Element("MultiLine", 0)).cursor().shape(), Qt::IBeamCursor);
+  for (Control* control : Main().Controls().InZOrder()) {
+    if (!control->Visible()) continue;
+    QWidget& widget = WidgetOf(*control);
+    EXPECT_EQ(widget.cursor().shape() == Qt::PointingHandCursor, control->Name() == "L");
+    if (control->Name() != "I") continue;
+    auto& surface = dynamic_cast<ImagemControl&>(*control).surface();
+    surface.SetMouseIcon(StockPicture(StockKind::Figure, 0));
+    EXPECT_EQ(widget.cursor().shape(), Qt::BitmapCursor);
+    surface.SetMouseIcon(nullptr);
+    EXPECT_EQ(widget.cursor().shape(), Qt::ArrowCursor);
   }
 }
 
@@ -212,6 +292,100 @@ TEST_F(LooksOnWindows, WhatIsDroppedDownClosesWhereThePersonTurnsElsewhere) {
   QTest::mousePress(list, Qt::LeftButton, {}, {-50, -50});
   EXPECT_FALSE(list->isVisible());
   EXPECT_EQ(Variable("C.Txt"), "dois");
+  EXPECT_FALSE(dynamic_cast<ComboControl&>(Element("Cmb", 0)).State().ListIsOpen());
+  // Closed by a key, the pointer is where it was.
+  QTest::mouseClick(Top(), Qt::LeftButton, {}, InWindow(combo, {combo.width() - 8, 10}));
+  combo.setAttribute(Qt::WA_UnderMouse, true);
+  QTest::keyClick(list, Qt::Key_Escape);
+  EXPECT_FALSE(list->isVisible());
+  EXPECT_TRUE(combo.underMouse());
+}
+
+TEST_F(LooksOnWindows, WhatIsDroppedDownStaysOnTheScreen) {
+  Start("Botao B, 1, 1\nCombo C, 4, 1, 20\nCombo C.Adiciona \"um\"\n");
+  QWidget& combo = WidgetOf(Element("Cmb", 0));
+  const QRect screen = combo.screen()->availableGeometry();
+  for (const QPoint corner :
+       {QPoint(20, 20), QPoint(-60, 20), QPoint(screen.width() - 80, 20), QPoint(20, screen.height() - 80)}) {
+    Top()->setPosition(corner);
+    qt.ProcessEvents();
+    QTest::mouseClick(Top(), Qt::LeftButton, {}, InWindow(combo, {combo.width() - 8, 10}));
+    const QWidget* list = QApplication::activePopupWidget();
+    ASSERT_NE(list, nullptr);
+    const QRect entry(combo.mapToGlobal(QPoint(0, 0)), combo.size());
+    const bool isAbove = corner.y() > 20;
+    EXPECT_EQ(isAbove ? list->geometry().bottom() + 1 : list->y(),
+              isAbove ? entry.top() : entry.bottom() + 1);
+    EXPECT_NEAR(list->x(), std::clamp(entry.left(), 0, screen.width() - list->width() - 1), 2) << corner.x();
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+  }
+}
+
+TEST_F(LooksOnWindows, TheMonthIsTurnedAndADayPickedByThePointer) {
+  Start("Botao B, 1, 1\nCalendario D, 4, 1, 20\nCalendario D.Txt = \"05/03/2009\"\n");
+  QWidget* field = nullptr;
+  for (Control* control : Main().Controls().InZOrder()) {
+    if (control->Name() == "D") field = &WidgetOf(*control);
+  }
+  const auto open = [&] {
+    QTest::mouseClick(Top(), Qt::LeftButton, {}, InWindow(*field, {field->width() - 8, 10}));
+    return QApplication::activePopupWidget();
+  };
+  // Sundays lead the rows; March 2009 begins with one, and so does the row of April that has the 5th.
+  struct Row {
+    QPoint turn;
+    QPoint day;
+    const char* date;
+  };
+  for (const Row& row : {Row{{}, {20, 60}, "01/03/2009"}, Row{{205, 14}, {20, 82}, "05/04/2009"},
+                         Row{{17, 14}, {200, 148}, "04/04/2009"}, Row{{}, {3, 60}, "04/04/2009"}}) {
+    QWidget* month = open();
+    ASSERT_NE(month, nullptr);
+    if (!row.turn.isNull()) QTest::mouseClick(month, Qt::LeftButton, {}, row.turn);
+    QTest::mouseClick(month, Qt::LeftButton, {}, row.day);
+    EXPECT_EQ(Variable("D.Txt"), row.date);
+    if (month->isVisible()) QTest::keyClick(month, Qt::Key_Escape);
+  }
+  QWidget* month = open();
+  QTest::mousePress(month, Qt::LeftButton, {}, {-50, -50});
+  EXPECT_FALSE(month->isVisible());
+  EXPECT_EQ(open(), month) << "it was closed, for the logic too";
+}
+
+// A notch of the wheel, over what takes it.
+TEST_F(LooksOnWindows, TheWheelTurnsListsTextsAndBars) {
+  Start(
+      "Botao B, 1, 1\nCombo C, 4, 1, 20\nCombo C.Linhas = 3\nTexto L, 7, 1, 20, 4\nBarraRolagem R, 100, 14, "
+      "1, 1, 40\n"
+      "BarraRolagem R.PassoMenor = 5\nTexto L.Txt = \"a b c d e f g h i j k l m n o p q r s t u v a b c d e "
+      "f g h i j k l m n o p q r s t u v "
+      "a b c d e f g h i j k l m n o p q r s t u v a b c d e f g h i j k l m n o p q r s t u v x\"\n");
+  for (int i = 0; i < 9; ++i) program.commands.CommandCall("Combo", "C.Adiciona \"a\"");
+  const auto turn = [](QWidget& widget, QPoint angle) {
+    QWheelEvent wheel(QPointF(9, 9), widget.mapToGlobal(QPointF(9, 9)), {}, angle, {}, {}, Qt::NoScrollPhase,
+                      false);
+    QApplication::sendEvent(&widget, &wheel);
+  };
+  QWidget& combo = WidgetOf(Element("Cmb", 0));
+  QTest::mouseClick(Top(), Qt::LeftButton, {}, InWindow(combo, {combo.width() - 8, 10}));
+  const SpCombo& list = dynamic_cast<ComboControl&>(Element("Cmb", 0)).State();
+  turn(*QApplication::activePopupWidget(), {0, -120});
+  EXPECT_EQ(list.FirstVisible(), 3);
+  turn(*QApplication::activePopupWidget(), {0, 40});
+  EXPECT_EQ(list.FirstVisible(), 2);
+  QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+  QWidget& bar = WidgetOf(Element("BarHor", 0));
+  for (const QPoint angle : {QPoint(0, -120), QPoint(-120, 0), QPoint(0, 0), QPoint(0, 120), QPoint(0, -120)})
+    turn(bar, angle);
+  EXPECT_EQ(Variable("R.Valor"), "10");
+  QWidget& text = WidgetOf(Element("MultiLine", 0));
+  const QImage begin = Shown(Element("MultiLine", 0));
+  turn(text, {0, 120});
+  EXPECT_EQ(Shown(Element("MultiLine", 0)), begin) << "no further than its begin";
+  turn(text, {0, -120});
+  EXPECT_NE(Shown(Element("MultiLine", 0)), begin);
+  turn(text, {0, 120});
+  EXPECT_EQ(Shown(Element("MultiLine", 0)), begin);
 }
 
 }  // namespace tessera::test

@@ -20,12 +20,15 @@
 #include <thread>
 
 #include "qt/boxes.h"
+#include "qt/form_acts.h"
+#include "qt/logic_entry.h"
 #include "qt/print_surface.h"
 #include "qttext/fonts.h"
 #include "qttext/qt_text_painter.h"
 #include "qttext/text.h"
 #include "support/core_program.h"
 #include "support/hosted_program.h"
+#include "windows/act_line.h"
 #include "windows/stock_pictures.h"
 
 namespace tessera::test {
@@ -184,6 +187,7 @@ TEST_F(QtHostTest, AMessageHasItsTitleIconTextAndButtons) {
     EXPECT_EQ(box.windowTitle(), "TESTE");
     EXPECT_EQ(box.icon(), QMessageBox::Information);
     EXPECT_EQ(box.text(), QStringLiteral("Olá <b>1</b>"));
+    EXPECT_EQ(box.textFormat(), Qt::PlainText);
     EXPECT_EQ(box.buttons().size(), 1);
     QTest::mouseClick(box.button(QMessageBox::Ok), Qt::LeftButton);
   });
@@ -211,6 +215,64 @@ TEST_F(QtHostTest, AYesNoMessageStandsOnNo) {
   }
 }
 
+TEST_F(QtHostTest, AnOkCancelMessageHasItsTwoButtons) {
+  struct Row {
+    Qt::Key key;
+    BoxAnswer answer;
+  };
+  Box box;
+  box.buttons = BoxButtons::OkCancel;
+  for (const Row& row : {Row{Qt::Key_Return, BoxAnswer::Ok}, Row{Qt::Key_Escape, BoxAnswer::Cancel}}) {
+    When asked("Mensagem", [&](QWidget& widget) {
+      auto& shown = dynamic_cast<QMessageBox&>(widget);
+      EXPECT_EQ(shown.buttons().size(), 2);
+      EXPECT_EQ(shown.button(QMessageBox::Cancel)->text(), "Cancelar");
+      QTest::keyClick(&shown, row.key);
+    });
+    EXPECT_EQ(ShowMessageBox(box, nullptr), row.answer);
+  }
+}
+
+TEST_F(QtHostTest, ATickThatFellDueIsDroppedWithItsTimer) {
+  int ticks = 0;
+  auto timer = host.StartTimer(std::chrono::milliseconds(1), [&] { ++ticks; });
+  EXPECT_TRUE(QTest::qWaitFor([&] { return ticks > 0; }));
+  std::this_thread::sleep_for(std::chrono::milliseconds(5));
+  QCoreApplication::processEvents();
+  timer.reset();
+  const int before = ticks;
+  host.ProcessEvents();
+  EXPECT_EQ(ticks, before);
+}
+
+// What changes nothing but the sight of a thing comes through while a person writes a script, and is held
+// else.
+TEST(LogicEntry, AGlanceComesThroughWhereNothingEnters) {
+  int seen = 0;
+  LogicEntry entry([] {});
+  {
+    const LogicEntry::Hold hold(entry);
+    entry.Glance([&] { ++seen; });
+    EXPECT_EQ(seen, 0);
+  }
+  EXPECT_EQ(seen, 1);
+  entry.Close();
+  entry.Glance([&] { ++seen; });
+  EXPECT_EQ(seen, 1);
+  entry.TellActs([](const PersonAct&) {});
+  entry.Glance([&] { ++seen; });
+  entry.Enter([&] { ++seen; });
+  EXPECT_EQ(seen, 2);
+}
+
+TEST(FormActs, AKeyIsToldByItselfOrWithItsShift) {
+  EXPECT_EQ(KeyDownLine(65, {}), "aperta 65");
+  EXPECT_EQ(KeyDownLine(65, {.shift = true}), KeyLine(65, {.shift = true}));
+  EXPECT_EQ(KeyDownLine(16, {.shift = true}), "aperta 16");
+  EXPECT_EQ(KeyDownLine(17, {.ctrl = true}), "aperta 17");
+  EXPECT_EQ(KeyDownLine(0, {}) + KeyUpLine(0), "");
+}
+
 TEST_F(QtHostTest, TheInputFormAnswersItsTextTheCancelWordOrThePrompt) {
   struct Row {
     const char* way;
@@ -225,6 +287,8 @@ TEST_F(QtHostTest, TheInputFormAnswersItsTextTheCancelWordOrThePrompt) {
       EXPECT_EQ(form.windowTitle(), "TESTE");
       EXPECT_EQ(form.findChild<QLabel*>("LblRotulo")->text(), "Nome");
       EXPECT_EQ(texto->text(), "Ana");
+      EXPECT_EQ(texto->accessibleName(), "Nome");
+      EXPECT_EQ(form.findChild<QLabel*>("LblRotulo")->textFormat(), Qt::PlainText);
       EXPECT_TRUE(texto->hasFocus());
       const std::string way = row.way;
       if (way == "enter") {
@@ -297,7 +361,7 @@ class Paper final : public Surface {
 
  protected:
   void ShowPrinted(std::string_view text, const TextMask& mask) override {
-    shown.Print(QPointF(CurrentX, CurrentY), ToQLines(text), ToQFont(Font), Qt::black);
+    shown.Print(QPointF(CurrentX, CurrentY), ToQLines(text), ToQFont(Font), QColor(0x20, 0, 0x60));
     printed = QRect(mask.corner.x, mask.corner.y, mask.size.width, mask.size.height);
   }
 };
@@ -338,12 +402,13 @@ TEST(TextPainter, ItsMaskBlendedInIsTheTextAsTheWindowSystemPaintsIt) {
 }
 
 TEST(PrintSurface, OnAFineScreenCharactersAreFineAndStandInTheSamePlaces) {
-  const auto picture = [](double ratio) {
+  const auto picture = [](double ratio, std::string_view text = "Ol\xE1", bool erased = false) {
     QtTextPainter textPainter;
     Paper paper(textPainter, ratio);
     paper.CurrentX = 8;
-    paper.Print("Ol\xE1");
+    paper.Print(text);
     PrintSurface& surface = paper.shown;
+    if (erased) surface.Clear();
     QImage screen(QSize(100, 20) * ratio, QImage::Format_RGB32);
     screen.setDevicePixelRatio(ratio);
     screen.fill(Qt::white);
@@ -361,6 +426,14 @@ TEST(PrintSurface, OnAFineScreenCharactersAreFineAndStandInTheSamePlaces) {
     EXPECT_EQ(DarkPixels(screen, QRect(33 * ratio, 0, 60 * ratio, 20 * ratio)), 0);
   }
   EXPECT_NE(fine, coarse.scaled(fine.size())) << "drawn anew, not stretched";
+  EXPECT_EQ(DarkPixels(picture(2, "Ol\xE1\r\nO", true), QRect(0, 0, 200, 40)), 0) << "erased";
+  QImage two = picture(2, "\r\nOl\xE1");
+  two.setDevicePixelRatio(1);
+  EXPECT_EQ(DarkPixels(two, QRect(0, 0, 200, 24)), 0);
+  EXPECT_GT(DarkPixels(two, QRect(0, 24, 200, 16)), 30) << "its second line";
+  bool isBlue = false;
+  for (int x = 16; x < 60; ++x) isBlue |= two.pixelColor(x, 36) == QColor(0x20, 0, 0x60);
+  EXPECT_TRUE(isBlue);
 }
 
 TEST_F(QtHostTest, AWaitingProgramRestsTheProcessor) {
@@ -507,6 +580,7 @@ TEST_F(QtHostTest, TheSystemMenuActsOnItsWindow) {
   const auto choose = [&](const char* label) {
     auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(menu->objectName(), "MenuSistema");
     for (QAction* action : menu->actions()) {
       if (action->text() != QLatin1String(label)) continue;
       ASSERT_TRUE(action->isEnabled()) << label;
@@ -550,6 +624,14 @@ TEST_F(QtHostTest, AWindowIsDraggedByItsClientArea) {
     QTest::mouseMove(janela.windowHandle(), QPoint(90, 90));
     EXPECT_EQ(janela.pos() - before, QPoint(20, 5));
     EXPECT_EQ(Variable("CliqueMouse"), "");
+    QTest::mousePress(janela.windowHandle(), Qt::RightButton, {}, QPoint(50, 40));
+    EXPECT_EQ(program.janela.windows().events.MouseButtonsText, "01") << "the second button drags nothing";
+    QTest::mouseRelease(janela.windowHandle(), Qt::RightButton, {}, QPoint(50, 40));
+    // The person's own way to another state is known to the program.
+    janela.showMaximized();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return form.State() == WindowState::Maximised; }));
+    janela.showNormal();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return form.State() == WindowState::Normal; }));
     janela.close();
   });
   Run("Enquanto 1 = 1\nAguarde 10\nRepita\n");
