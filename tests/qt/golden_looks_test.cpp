@@ -185,7 +185,8 @@ class GoldenLooks : public testing::TestWithParam<std::string> {
     const QImage screen = window->screen()->grabWindow(window->winId()).toImage();
     const QRect area(widget.mapTo(widget.window(), QPoint()),
                      name == "window" ? QSize(100, 60) : widget.size());
-    seen.emplace_back(name + " " + state, screen.copy(area).convertToFormat(QImage::Format_RGB32));
+    seen.emplace_back(name + (state.empty() ? "" : " ") + state,
+                      screen.copy(area).convertToFormat(QImage::Format_RGB32));
   }
 
   // Points at a place of an object, or presses or clicks there; what is below 0 counts from its end.

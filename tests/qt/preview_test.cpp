@@ -143,7 +143,7 @@ class PreviewSteps : public PreviewOnWindows {
         "Var p Inteiro, l Inteiro\nRel.Config \"SAIDA:VIDEO MARGEMESQ:600 MARGEMSUP:600\"\n"
         "Rel.Col 0, \"TAM:40\"\nEnquanto p < " +
         std::to_string(pages) +
-        "\nl = 0\nEnquanto l < 60\nRel.Add \"Página\"\nRel.Add l\nRel.Add \"1,00\"\nRel.Add "
+        "\nl = 0\nEnquanto l < 60\nRel.Add p\nRel.Add l\nRel.Add \"1,00\"\nRel.Add "
         "\"2,00\"\nRel.Add \"3,00\"\nRel.NovaLinha\nl++\nRepita\np++\nSe p < " +
         std::to_string(pages) +
         "\nRel.NovaPagina\nFimSe\nRepita\nRel.Fim\nRel.Config \"SAIDA:IMPRESSORA\"\n"
@@ -190,6 +190,11 @@ TEST_F(PreviewSteps, ZoomsByKeysWheelAndList) {
               },
               [&] {
                 EXPECT_GT(PageLeft(), 200) << "50 %";
+                const QImage frame = Look("PicXRel");
+                int right = frame.width() - 1;
+                while (right > 0 && frame.pixel(right, 200) != 0xFFFFFFFF) --right;
+                EXPECT_LT(qGray(frame.pixel(right + 3, 200)), qGray(frame.pixel(right + 9, 200)))
+                    << "the page's shadow";
                 Window()->resize(700, 500);
               },
               [&] {
@@ -223,8 +228,10 @@ TEST_F(PreviewSteps, ArrowsShowThatTheyArePressedAndKeysTurnPages) {
                  QTest::mouseMove(Window()->windowHandle(), {300, 300});
                  QTest::mouseRelease(Window()->windowHandle(), Qt::LeftButton, {}, {300, 300});
                  EXPECT_EQ(reports.said, "[relatorio] 1 of 40\n") << "let go outside it is no click";
+                 const QImage page = Look("PicXRel");
                  Click("ImgSeta2");
                  EXPECT_TRUE(reports.said.ends_with("] 2 de 40\n"));
+                 EXPECT_NE(Look("PicXRel"), page) << "the page itself";
                  Key(Qt::Key_End);
                  EXPECT_TRUE(reports.said.ends_with("] 40 de 40\n"));
                  Key(Qt::Key_Home);
