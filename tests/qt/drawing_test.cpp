@@ -193,6 +193,14 @@ TEST_F(QtDrawingTest, TheDialogsAnswerWhatThePersonChoseAndCancelIsNothing) {
     EXPECT_EQ(path, folder / "um.txt");
   }
   {
+    With<QFileDialog> accepting("DialogoArquivo", [&](QFileDialog& dialog) {
+      QTest::keyClick(dialog.windowHandle(), Qt::Key_Return);
+    });
+    EXPECT_EQ(ShowFileDialog({.title = {}, .description = {}, .pattern = {}, .proposed = folder / "um.txt"},
+                             nullptr),
+              folder / "um.txt");
+  }
+  {
     With<QColorDialog> choosing("DialogoCor", [](QColorDialog& dialog) {
       dialog.setCurrentColor(QColor(1, 2, 3));
       dialog.accept();

@@ -9,6 +9,7 @@
 #include <QKeyEvent>
 #include <QPointer>
 #include <QScreen>
+#include <QStyleHints>
 #include <QTest>
 #include <QWheelEvent>
 #include <QWindow>
@@ -145,6 +146,26 @@ TEST_F(LooksOnWindows, AnInputMethodFindsTheCaretAndTypes) {
     control.SetEnabled(false);
     EXPECT_FALSE(widget.inputMethodQuery(Qt::ImEnabled).toBool());
   }
+}
+
+// The caret comes and goes, and shows at once where it is moved to.
+TEST_F(LooksOnWindows, TheCaretBlinksAndShowsWhereItMoves) {
+  QStyleHints& hints = *QGuiApplication::styleHints();
+  const int usual = hints.cursorFlashTime();
+  hints.setCursorFlashTime(400);
+  Start(
+      "Botao B, 1, 1\nCombo C, 4, 1, 20\nTexto L, 7, 1, 20, 4\nCombo C.Txt = \"aa\"\nTexto L.Txt = \"aa\"\n");
+  for (const char* array : {"Cmb", "MultiLine"}) {
+    Control& control = Element(array, 0);
+    Main().MoveFocus(&control);
+    QTest::keyClick(Top(), Qt::Key_Home);
+    const QImage lit = Shown(control);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Shown(control) != lit; })) << array;
+    QTest::keyClick(Top(), Qt::Key_Right);
+    QTest::keyClick(Top(), Qt::Key_Left);
+    EXPECT_EQ(Shown(control), lit) << array;
+  }
+  hints.setCursorFlashTime(usual);
 }
 
 TEST_F(LooksOnWindows, TheCursorTellsWhatThePointerIsOver) {
@@ -293,8 +314,9 @@ TEST_F(LooksOnWindows, WhatIsDroppedDownClosesWhereThePersonTurnsElsewhere) {
   EXPECT_FALSE(list->isVisible());
   EXPECT_EQ(Variable("C.Txt"), "dois");
   EXPECT_FALSE(dynamic_cast<ComboControl&>(Element("Cmb", 0)).State().ListIsOpen());
-  // Closed by a key, the pointer is where it was.
-  QTest::mouseClick(Top(), Qt::LeftButton, {}, InWindow(combo, {combo.width() - 8, 10}));
+  // Opened and closed without the pointer, that is where it was.
+  dynamic_cast<ComboControl&>(Element("Cmb", 0)).ArrowClick();
+  ASSERT_TRUE(list->isVisible());
   combo.setAttribute(Qt::WA_UnderMouse, true);
   QTest::keyClick(list, Qt::Key_Escape);
   EXPECT_FALSE(list->isVisible());

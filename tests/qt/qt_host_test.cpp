@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QCursor>
 #include <QDialog>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -21,6 +22,7 @@
 
 #include "qt/boxes.h"
 #include "qt/form_acts.h"
+#include "qt/key_codes.h"
 #include "qt/logic_entry.h"
 #include "qt/print_surface.h"
 #include "qttext/fonts.h"
@@ -237,12 +239,18 @@ TEST_F(QtHostTest, ATickThatFellDueIsDroppedWithItsTimer) {
   int ticks = 0;
   auto timer = host.StartTimer(std::chrono::milliseconds(1), [&] { ++ticks; });
   EXPECT_TRUE(QTest::qWaitFor([&] { return ticks > 0; }));
-  std::this_thread::sleep_for(std::chrono::milliseconds(5));
-  QCoreApplication::processEvents();
-  timer.reset();
-  const int before = ticks;
+  bool isDone = false;
+  host.Post([&] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    QCoreApplication::processEvents();  // which posts the tick
+    timer.reset();
+    const int before = ticks;
+    host.ProcessEvents();
+    EXPECT_EQ(ticks, before);
+    isDone = true;
+  });
   host.ProcessEvents();
-  EXPECT_EQ(ticks, before);
+  EXPECT_TRUE(isDone);
 }
 
 // What changes nothing but the sight of a thing comes through while a person writes a script, and is held
@@ -263,6 +271,21 @@ TEST(LogicEntry, AGlanceComesThroughWhereNothingEnters) {
   entry.Glance([&] { ++seen; });
   entry.Enter([&] { ++seen; });
   EXPECT_EQ(seen, 2);
+}
+
+TEST(KeyCodes, EachKeyHasTheCodeOfTheLanguage) {
+  struct Row {
+    int key;
+    int code;
+    Qt::KeyboardModifiers modifiers = {};
+  };
+  for (const Row& row :
+       {Row{Qt::Key_A, 65}, Row{Qt::Key_Z, 90}, Row{Qt::Key_0, 48}, Row{Qt::Key_9, 57}, Row{Qt::Key_F1, 112},
+        Row{Qt::Key_F12, 123}, Row{Qt::Key_F13, 0}, Row{Qt::Key_At, 0}, Row{Qt::Key_BracketLeft, 0},
+        Row{Qt::Key_Comma, 188}, Row{Qt::Key_0, 96, Qt::KeypadModifier},
+        Row{Qt::Key_9, 105, Qt::KeypadModifier}, Row{Qt::Key_Enter, 13}}) {
+    EXPECT_EQ(KeyCodeOf(QKeyEvent(QEvent::KeyPress, row.key, row.modifiers)), row.code) << row.key;
+  }
 }
 
 TEST(FormActs, AKeyIsToldByItselfOrWithItsShift) {
@@ -581,6 +604,9 @@ TEST_F(QtHostTest, TheSystemMenuActsOnItsWindow) {
     auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     ASSERT_NE(menu, nullptr);
     EXPECT_EQ(menu->objectName(), "MenuSistema");
+    for (const QAction* action : menu->actions()) {
+      EXPECT_EQ(action->isSeparator(), action == menu->actions().at(menu->actions().size() - 2));
+    }
     for (QAction* action : menu->actions()) {
       if (action->text() != QLatin1String(label)) continue;
       ASSERT_TRUE(action->isEnabled()) << label;
