@@ -28,6 +28,8 @@ bool IsMark(std::string_view text, Position position) {
   return CharAt(text, position) == '#';
 }
 
+using Tell = std::function<void(std::string_view)>;
+
 struct RoutineWords {
   std::string_view opening;   // "Sub ", with its blank
   std::string_view word;      // "Sub"
@@ -49,57 +51,44 @@ Position FindEnd(std::string_view text, const RoutineWords& words, Position hit)
   return 0;
 }
 
-// The pass on its way: the tables, and the place that it looks at.
-struct Pass {
-  RoutineTables& tables;
-  const std::function<void(std::string_view)>& showCritical;
-  Position place = 1;
-
-  void Tell(std::string_view message) {
-    tables.toldPlaces.push_back(place);
-    showCritical(message);
-  }
-};
-
 // Walks the routines of one kind; `list` enters one into its tables and returns its name.
 // KEPT: the first occurrence of the opening word that is no statement ends the walk, silently
 // (Routines.AMentionInALiteralEndsThePass).
 template <typename List>
-void WalkRoutines(std::string_view text, const RoutineWords& words, Pass& pass, List list) {
+void WalkRoutines(std::string_view text, const RoutineWords& words, const Tell& showCritical, List list) {
   for (Position hit = Find(text, words.opening); hit != 0;) {
     if (hit <= 4 || !IsMark(text, hit - 4)) return;
-    pass.place = hit;
     const std::string name = list(hit);
     const Position next = FindEnd(text, words, hit);
     if (next == 0) {
-      pass.Tell(std::string(words.unclosed) + name);
+      showCritical(std::string(words.unclosed) + name);
       return;
     }
     hit = Find(text, words.opening, next);
   }
 }
 
-void ListFunctions(std::string_view text, Pass& pass) {
+void ListFunctions(std::string_view text, RoutineTables& tables, const Tell& showCritical) {
   constexpr RoutineWords kWords{"FUNCAO ", "FUNCAO", "FIMFUNCAO", 5,
                                 "Funcao sem o respectivo comando FimFuncao: "};
   const std::string upper = Upper(text);
-  WalkRoutines(upper, kWords, pass, [&](Position hit) {
+  WalkRoutines(upper, kWords, showCritical, [&](Position hit) {
     const Position open = FindOrFail(text, "(", hit);
     const Position close = FindOrFail(text, ")", hit);
     const Position lineEnd = FindOrFail(text, "\r", close);
     const std::string_view name = Between(text, hit + kWords.opening.size(), open);
-    pass.tables.FunctionTypes.emplace_back(Trim(Between(text, close + 1, lineEnd)));
-    pass.tables.FunctionNames.emplace_back(name);
-    return pass.tables.FunctionNames.back();
+    tables.FunctionTypes.emplace_back(Trim(Between(text, close + 1, lineEnd)));
+    tables.FunctionNames.emplace_back(name);
+    return tables.FunctionNames.back();
   });
 }
 
-void ListSubs(std::string_view text, Pass& pass) {
+void ListSubs(std::string_view text, RoutineTables& tables, const Tell& showCritical) {
   constexpr RoutineWords kWords{"Sub ", "Sub", "FimSub", 2, "Sub sem o respectivo comando FimSub: "};
-  WalkRoutines(text, kWords, pass, [&](Position hit) {
+  WalkRoutines(text, kWords, showCritical, [&](Position hit) {
     const Position close = FindOrFail(text, ")", hit);
-    pass.tables.SubNames.emplace_back(Between(text, hit + kWords.opening.size(), close + 1));
-    return pass.tables.SubNames.back();
+    tables.SubNames.emplace_back(Between(text, hit + kWords.opening.size(), close + 1));
+    return tables.SubNames.back();
   });
 }
 
@@ -112,33 +101,30 @@ std::int16_t IntervalOf(std::string_view text) {
 }
 
 // KEPT: every mention counts, wherever it stands (Routines.EveryMentionOfATimerIsListed).
-void ListTimers(std::string_view text, Pass& pass) {
+void ListTimers(std::string_view text, RoutineTables& tables) {
   constexpr std::string_view kPrefix = "Temporizador_";
   for (Position hit = Find(text, kPrefix); hit != 0;) {
-    pass.place = hit;
-    pass.tables.HasTimersFlag = true;
+    tables.HasTimersFlag = true;
     const Position close = FindOrFail(text, ")", hit);
     const Position open = FindOrFail(text, "(", hit);
     const std::string_view name = Between(text, hit, close + 1);
-    pass.tables.TimerIntervals.push_back(IntervalOf(Between(text, open + 1, close)));
-    pass.tables.TimerNames.emplace_back(name);
+    tables.TimerIntervals.push_back(IntervalOf(Between(text, open + 1, close)));
+    tables.TimerNames.emplace_back(name);
     hit = Find(text, kPrefix, open);
   }
 }
 
 }  // namespace
 
-RoutineTables BuildRoutineTables(std::string_view text,
-                                 const std::function<void(std::string_view)>& showCritical) {
+RoutineTables BuildRoutineTables(std::string_view text, const Tell& showCritical) {
   RoutineTables tables;
-  Pass pass{tables, showCritical};
   const auto failure = Guard([&] {
-    ListFunctions(text, pass);
-    ListSubs(text, pass);
-    ListTimers(text, pass);
+    ListFunctions(text, tables, showCritical);
+    ListSubs(text, tables, showCritical);
+    ListTimers(text, tables);
   });
   if (failure) {
-    pass.Tell(
+    showCritical(
         "Erro na criação de função ou sub-rotina!\r\r"
         "-Você esqueceu de colocar parênteses ao declarar alguma função ou sub-rotina?\r"
         "-Você colocou alguma palavra reservada do TS no nome de alguma função ou sub-rotina?"_w);

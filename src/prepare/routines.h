@@ -7,8 +7,6 @@
 #include <string_view>
 #include <vector>
 
-#include "text/one_based.h"
-
 namespace tessera {
 
 struct RoutineTables {
@@ -18,8 +16,6 @@ struct RoutineTables {
   std::vector<std::string> TimerNames;       // from "Temporizador_" to the first ")"
   std::vector<std::int16_t> TimerIntervals;  // in ticks of 10 ms; 0 never fires
   bool HasTimersFlag = false;
-  // Where in the text each message was about, in the order of the messages.
-  std::vector<Position> toldPlaces;
 };
 
 // Lists the functions, subs and timers of a linked program text. An unclosed routine, or a failure such as a

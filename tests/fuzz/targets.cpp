@@ -73,15 +73,12 @@ void Prepare(std::string_view bytes) {
     editors[i] = bytes.substr(0, bytes.find('\0'));
     bytes.remove_prefix(std::min(bytes.size(), editors[i].size() + 1));
   }
-  std::size_t messages = 0;
-  const PreparedProgram program = PrepareProgram(editors, [&](std::string_view) { ++messages; });
+  const PreparedProgram program = PrepareProgram(editors, [](std::string_view) {});
   const RoutineTables& routines = program.routines;
   Require(routines.TimerNames.size() == routines.TimerIntervals.size());
   Require(routines.FunctionNames.size() == routines.FunctionTypes.size());
-  Require(routines.toldPlaces.size() == messages);
   const std::string_view text = program.ProgramText->text();
   Require(CheckBlocks(text).empty() == ReportBlocks(text).empty());
-  for (const Position place : routines.toldPlaces) PlaceMessage(text, "", place);
 }
 
 // A core program with some variables, in which texts are evaluated.
