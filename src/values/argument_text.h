@@ -109,7 +109,9 @@ class ArgumentForms {
 
 // A text of arguments, with its forms if it has any.
 struct ArgumentText {
-  ArgumentText(std::string_view raw, ArgumentForms* itsForms = nullptr) : text(raw), forms(itsForms) {}
+  ArgumentText(std::string_view raw, ArgumentForms* itsForms = nullptr,
+               std::span<const std::string> itsAnswers = {})
+      : text(raw), forms(itsForms), answers(itsAnswers) {}
   ArgumentText(const std::string& raw) : text(raw) {}
   ArgumentText(const char* raw) : text(raw) {}
 

@@ -41,9 +41,12 @@ std::string CallForm::ArgumentsWith(std::span<const std::string> pieces) const {
 
 Value CallForm::Run(tessera::Run& run, std::span<const std::string> pieces) const {
   numbers_.Renew(arguments_);
-  const std::string withAnswers = answers_.empty() ? std::string() : ArgumentsWith(pieces);
-  ArgumentText arguments(answers_.empty() ? std::string_view(arguments_) : withAnswers, forms_.get());
-  arguments.answers = pieces;
+  if (answers_.empty()) return Dispatch(run, {arguments_, forms_.get()});
+  const std::string arguments = ArgumentsWith(pieces);
+  return Dispatch(run, {arguments, forms_.get(), pieces});
+}
+
+Value CallForm::Dispatch(tessera::Run& run, const ArgumentText& arguments) const {
   return isOwn_ ? run.doors.CallFunction(name_, arguments) : run.doors.CommandCall(name_, arguments);
 }
 

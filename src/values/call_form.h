@@ -58,6 +58,7 @@ class CallForm {
     std::size_t answer;
   };
 
+  Value Dispatch(tessera::Run& run, const ArgumentText& arguments) const;
   std::string ArgumentsWith(std::span<const std::string> pieces) const;
   std::optional<Value> SettleText(Value& answer, bool numericTarget, bool isList) const;
 
