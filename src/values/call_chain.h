@@ -32,19 +32,20 @@ class CallChain {
   };
 
   // `text` is trimmed, without marks, and outlives the chain. `around` becomes what is left of it, with a
-  // name for each answer. Nothing for a text without calls, with too many, or with calls of the language and
-  // of the program; nor for one in which more than a list hangs on an answer.
+  // name for each answer. Functions of the program stand behind the calls of the language. Nothing for a text
+  // without calls or with too many, nor for one in which more than a list hangs on an answer.
   static std::optional<CallChain> Of(const Run& run, std::string_view text, std::string& around);
 
-  // The same for a text that is one call, with others in its list that go before it.
+  // The same for a text that is one call, with calls of the language in its list that go before it.
   static std::optional<CallChain> OfOneCall(const Run& run, std::string_view text);
 
   std::size_t size() const { return links_.size(); }
   const CallForm& call(std::size_t i) const { return *links_[i].form; }
   // Whether the answer is an argument of another call; else its name stands in what is left.
   bool isArgument(std::size_t i) const { return links_[i].isArgument; }
-  // All are functions of the program, or all of the language.
+  // All are functions of the program.
   bool areOwn() const { return call(0).isOwn(); }
+  // None is.
   bool areOfTheLanguage() const { return !call(size() - 1).isOwn(); }
 
   // Whether the answers mean the same to the rules, for this target. Asked before anything is run.
