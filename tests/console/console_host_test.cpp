@@ -44,17 +44,6 @@ TEST(ConsoleOutput, EachEscrevaIsALineInUtf8AndATitleIsNone) {
   EXPECT_EQ(t.status, 0);
 }
 
-TEST(ConsoleOutput, EscrevaJoinsUpToItsFirstEmptyArgument) {
-  EXPECT_EQ(Play("Var n Decimal\nn = 1,5\nEscreva \"a\", n, , \"c\"\n").out.substr(0, 1), "a");
-}
-
-TEST(ConsoleOutput, AnAbandonedRunIsToldWithItsPlaceAndEndsWithOne) {
-  const Transcript t = Play("Var a(2) Inteiro\nEscreva \"antes\"\na(9) = 1\nEscreva \"depois\"\n");
-  EXPECT_EQ(t.out, "antes\n");
-  EXPECT_EQ(t.err, "[falha] Editor: 0 Linha: 3: Subscrito fora do intervalo\n");
-  EXPECT_EQ(t.status, 1);
-}
-
 TEST(ConsoleOutput, ARefusedProgramShowsItsBoxRunsNoLineAndEndsWithOne) {
   const Transcript t = Play("Escreva \"nunca\"\nSe 1 = 1\nEscreva \"x\"\n", "espera 10\n");
   EXPECT_EQ(t.out, "");

@@ -8,24 +8,6 @@ namespace {
 using Picture = BtnEsp::Picture;
 using KeyEffect = BtnEsp::KeyEffect;
 
-TEST(BtnEsp, ShowsTheHighestOfItsStates) {
-  BtnEsp button;
-  EXPECT_EQ(button.Shown(), Picture::kBtnUp);
-  button.SetFocus(true);
-  EXPECT_EQ(button.Shown(), Picture::kBtnFocus);
-  button.PointerMove(true);
-  EXPECT_EQ(button.Shown(), Picture::kBtnHigh);
-  button.PointerDown();
-  EXPECT_EQ(button.Shown(), Picture::kBtnDown);
-  button.SetEnabled(false);
-  EXPECT_EQ(button.Shown(), Picture::kBtnDisabled);
-  button.SetEnabled(true);
-  EXPECT_EQ(button.Shown(), Picture::kBtnFocus);
-  button.PointerDown();
-  button.SetEnabled(true);
-  EXPECT_EQ(button.Shown(), Picture::kBtnDown) << "it was enabled before";
-}
-
 TEST(BtnEsp, LeavesItsHoverAtTheTickThatMissesThePointer) {
   BtnEsp button;
   button.PointerMove(true);

@@ -95,16 +95,6 @@ TEST_F(BarTest, RoundsToNearestAndTiesToEven) {
   EXPECT_EQ(bar.ThumbPosition(), 54);  // 53.5
 }
 
-TEST_F(BarTest, AHighestValueOf0KeepsTheThumbAtTheStart) {
-  bar.SetMax(0);
-  bar.PointerDown(90);
-  bar.PointerUp();
-  bar.PointerDown(150);
-  EXPECT_EQ(bar.Value(), 0);
-  EXPECT_EQ(bar.ThumbPosition(), 16);
-  EXPECT_EQ(changes, 0);
-}
-
 TEST_F(BarTest, ClipsAValueBeyondMaxWhenItNextMoves) {
   bar.SetValue(500);
   EXPECT_EQ(bar.Value(), 500);

@@ -2,10 +2,9 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 #include "fuzz/targets.h"
+#include "support/temporary_folder.h"
 
 namespace tessera::fuzz {
 
@@ -15,10 +14,8 @@ TEST_P(FuzzSeeds, AreNoFindings) {
   const std::filesystem::path folder = std::filesystem::path(TESSERA_FUZZ_SEEDS) / GetParam().name;
   int seeds = 0;
   for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-    std::ifstream file(entry.path(), std::ios::binary);
-    const std::string bytes{std::istreambuf_iterator<char>(file), {}};
     SCOPED_TRACE(entry.path().string());
-    GetParam().feed(bytes);
+    GetParam().feed(ReadBytes(entry.path()));
     ++seeds;
   }
   EXPECT_GT(seeds, 0) << folder;

@@ -234,7 +234,7 @@ void Program(std::string_view bytes) {
   editors[0] = parts[0];
   editors[1] = parts[1];
   try {
-    program.Start(editors, "");
+    program.Start(editors);
     host.ServeEvents();
   } catch (const ProcessEnd&) {
   }

@@ -30,7 +30,6 @@ class BoxTest : public ConsoleWindowTest {
     return dynamic_cast<BoxControl&>(*Window().Controls().Element("GrdLstB", row));
   }
   NovoBox& Grid() { return Box().Grid(); }
-  std::string Read(std::string_view variable) { return program.run.variables.VarRead(variable).ToText(); }
   // The middle of a cell of the page.
   void PressCell(int row, int column) {
     const double height = PixelsOfTwips(Grid().RowHeight());
@@ -39,25 +38,6 @@ class BoxTest : public ConsoleWindowTest {
 };
 
 }  // namespace
-
-TEST_F(BoxTest, IsAsWideAsItsColumnsAsFarAsTheWindowHasRoom) {
-  Draw(
-      "Box A, 1, 1, 10\nBox A.Titulo, \"a\", 20\nBox A.Titulo, \"b\", 10\nBox A.Ativa\n"
-      "Box B, 1, 40, 10\nBox B.Titulo, \"a\", 50\nBox B.Ativa\n");
-  EXPECT_EQ(Box(0).Place().Width, 30 * 8 + 10);
-  EXPECT_FALSE(Box(0).Grid().ShowsHorizontalBar());
-  EXPECT_EQ(Box(1).Place().Width, Window().ScaleWidth() - 8 - 40 * 8);
-  EXPECT_TRUE(Box(1).Grid().ShowsHorizontalBar());
-}
-
-TEST_F(BoxTest, ItsFrameHoldsWholeRows) {
-  Draw(kTwoColumns);
-  EXPECT_DOUBLE_EQ(Box().Place().Height, 10 * 14 * 1.7);
-  const double rows = Box().FramePlace().Height - Box().TitleHeight();
-  EXPECT_EQ(rows, Grid().TotalLinhas() * PixelsOfTwips(Grid().RowHeight()));
-  EXPECT_GT(Grid().TotalLinhas(), 5);
-  EXPECT_EQ(Box().VerticalBarPlace().Height, rows);
-}
 
 TEST_F(BoxTest, TheBarOfALowGridSharesItsLength) {
   Draw(
@@ -81,7 +61,7 @@ TEST_F(BoxTest, AClickComesWhenTheButtonIsLetGoInside) {
   PressCell(4, 1);
   Box().PointerUp(20, 40);
   EXPECT_EQ(Windows().events.EventoBox, "CLIQUEBOX");
-  EXPECT_EQ(Read("G.Txt(1)"), "8");
+  EXPECT_EQ(program.Read("G.Txt(1)"), "8");
 }
 
 TEST_F(BoxTest, ASecondPressIsADoubleClickOfACellAndAnotherClickOfATitle) {
@@ -169,9 +149,9 @@ TEST_F(BoxTest, LosesItsFocusWithEachCellThatWasEdited) {
   Draw(kTwoColumns);
   Box().SetFocus();
   PressCell(0, 0);
-  EXPECT_EQ(Read("PerdeuFoco"), "");
+  EXPECT_EQ(program.Read("PerdeuFoco"), "");
   PressCell(1, 0);
-  EXPECT_EQ(Read("PerdeuFoco"), "G");
+  EXPECT_EQ(program.Read("PerdeuFoco"), "G");
   EXPECT_EQ(Box().form().Focus(), &Box());
 }
 
@@ -230,7 +210,7 @@ TEST_F(HiddenListTest, ItsClicksAndKeysAreThoseOfAList) {
   list.ClickRow(5);
   EXPECT_EQ(list.List().Arg(0), "f");
   EXPECT_EQ(Windows().events.EventoBox, "CLIQUEBOX");
-  EXPECT_EQ(Read("ValorObjeto"), "");
+  EXPECT_EQ(program.Read("ValorObjeto"), "");
   list.OnKeyDown(key::kEnter, {});
   EXPECT_EQ(Windows().events.EventoBox, "DUPLOCLIQUEBOX");
   list.OnKeyDown(key::kUp, {});

@@ -12,6 +12,7 @@
 #include "objects/combo.h"
 #include "objects/texto.h"
 #include "support/console_window.h"
+#include "support/table.h"
 
 namespace tessera::test {
 namespace {
@@ -35,9 +36,7 @@ class Changes : public ConsoleWindowTest {
   // What the views of the program's objects are told while that is done.
   std::string Told(std::string_view source, const std::function<void(HostedProgram&, Control&)>& act) {
     HostedProgram fresh(host.host(), host);
-    EditorTexts editors;
-    editors[0] = FromSource(source);
-    EXPECT_EQ(fresh.Start(editors, ""), RunOutcome::Ended) << source << err.str();
+    EXPECT_EQ(fresh.Start(source), RunOutcome::Ended) << source << err.str();
     std::string told;
     Control* last = nullptr;
     for (Control* control : fresh.janela.form().Controls().InZOrder()) {
@@ -58,56 +57,15 @@ T& As(Control& control) {
   return dynamic_cast<T&>(control);
 }
 
+// The last line of each program is what is told.
 TEST_F(Changes, AProgramsWordsReachTheView) {
-  struct Row {
-    const char* source;
-    const char* word;
-    const char* rest;
-    const char* told;
-  };
-  for (const Row& row : {
-           Row{"Texto T, 1, 1", "Texto", "T.Txt = \"x\"", "C"},
-           Row{"Texto T, 1, 1", "Texto", "T.Justifica = 2", "C"},
-           Row{"Texto T, 1, 1", "Texto", "T.MargemDireita = 9", "C"},
-           Row{"Texto T, 1, 1", "Texto", "T.PosCursor = 0", "C"},
-           Row{"Texto T, 1, 1", "Texto", "T.TextoRTF = \"{\\rtf1 a}\"", "C"},
-           Row{"Texto T, 1, 1", "Texto", "T.MoveFoco", "!C"},
-           Row{"Texto T, 1, 1", "Texto", "T.NomeFonte = \"Arial\"", "F"},
-           Row{"Texto T, 1, 1", "Texto", "T.Dica = \"d\"", "T"},
-           Row{"Texto T, 1, 1", "Texto", "T.Visivel = \"NAO\"", "V"},
-           Row{"Texto T, 1, 1", "Texto", "T.Ativo = \"NAO\"", "E"},
-           Row{"Texto T, 1, 1", "Texto", "T.CorFundo = 1", "K"},
-           Row{"Texto T, 1, 1\nTexto T.Txt = \"ab\"\nTexto T.Seleciona", "Texto", "T.CorLetra = 1", "C"},
-           Row{"Rotulo R, \"a\", 1, 1", "Rotulo", "R.Txt = \"b\"", "C"},
-           Row{"Rotulo R, \"a\", 1, 1", "Rotulo", "R.Justifica = 1", "C"},
-           Row{"Moeda V, 1, 1", "Moeda", "V.Valor = 3", "C"},
-           Row{"Moeda V, 1, 1", "Moeda", "V.Casas = 3", "C"},
-           Row{"Moeda V, 1, 1", "Moeda", "V.Altura = 3", "P"},
-           Row{"Mascara M, \"#\", 1, 1", "Mascara", "M.Mascara = \"##\"", "C"},
-           Row{"Mascara M, \"#\", 1, 1", "Mascara", "M.Txt = \"1\"", "C"},
-           Row{"Calendario D, 1, 1", "Calendario", "D.Txt = \"01/02/2003\"", "C"},
-           Row{"Combo C, 1, 1", "Combo", "C.Adiciona \"a\"", "C"},
-           Row{"Combo C, 1, 1", "Combo", "C.Txt = \"a\"", "C"},
-           Row{"Combo C, 1, 1", "Combo", "C.Linhas = 9", "C"},
-           Row{"BarraRolagem S, 1, 1, 9, 1, 9", "BarraRolagem", "S.Maximo = 5", "C"},
-           Row{"BarraRolagem S, 1, 1, 9, 1, 9", "BarraRolagem", "S.Valor = 5", "C"},
-           Row{"MenuSistema \"GUIA\", 0, \"\", \"a\"", "MenuSistema", "\"GUIA\", 1, \"\", \"b\"", "C"},
-           Row{"MenuSistema \"GUIA\", 0, \"\", \"a\"", "MenuSistema", "\"GUIA\", 0, \"OPCAO\", \"b\"", "C"},
-           Row{"MenuSistema \"GUIA\", 0, \"\", \"a\"", "MenuSistema", "\"INICIA\"", "C"},
-           Row{"GifAnimado G, \"GifSapo1\", 0, 2, 3", "GifAnimado", "G.ProximoFrame", "C"},
-           Row{"GifAnimado G, \"GifSapo1\", 0, 2, 3", "GifAnimado", "G.Atras", "O"},
-           Row{"GifAnimado G, \"GifSapo1\", 0, 2, 3", "GifAnimado", "G.Frente", "O"},
-           Row{"GifAnimado G, \"GifSapo1\", 0, 2, 3\nGifAnimado G.Remove", "GifAnimado",
-               "H, \"GifSapo1\", 0, 2, 3", "NPOCV"},
-           Row{"Imagem I, \"\", 1, 1, 9, 9", "Imagem", "I.Ordem = \"frente\"", "O"},
-           Row{"Imagem I, \"\", 1, 1, 9, 9", "Imagem", "I.Ordem = \"atras\"", "O"},
-           Row{"Imagem I, \"\", 1, 1, 9, 9\nBotao B, 1, 1", "Botao", "B.Pai = \"I\"", "R"},
-           Row{"Imagem I, \"\", 1, 1, 9, 9\nBotao B, 1, 1\nBotao B.Pai = \"I\"", "Botao", "B.Remove", "VR"},
-       }) {
-    EXPECT_EQ(Told(row.source,
-                   [&](HostedProgram& fresh, Control&) { fresh.commands.CommandCall(row.word, row.rest); }),
-              row.told)
-        << row.word << " " << row.rest;
+  const Table table = TablesOf("objects/changes.txt").at(0);
+  for (const auto& [given, told] : table.cases) {
+    const std::size_t last = given.rfind('\n') + 1, blank = given.find(' ', last);
+    const auto act = [&](HostedProgram& fresh, Control&) {
+      fresh.commands.CommandCall(given.substr(last, blank - last), given.substr(blank + 1));
+    };
+    EXPECT_EQ(Told(given.substr(0, last), act) + "\n", told) << given;
   }
 }
 
@@ -128,6 +86,9 @@ TEST_F(Changes, WhatAPersonDoesReachesTheView) {
            Row{"hover", combo, [](Control& c) { As<ComboControl>(c).ListHover(0); }},
            Row{"wheel", combo, [](Control& c) { As<ComboControl>(c).Wheel(1); }},
            Row{"nothing there", combo, [](Control& c) { As<ComboControl>(c).ListClick(7); }},
+           Row{"choice", combo, [](Control& c) { c.Choose(0); }},
+           Row{"check", "Check B, 1, 1, \"a\"", [](Control& c) { c.Click(); }},
+           Row{"day", "Calendario D, 1, 1", [](Control& c) { c.PickDate("05/06/2007"); }},
            Row{"caret", combo, [](Control& c) { As<ComboControl>(c).PlaceCaret(0, 0); }},
            Row{"bar down", bar, [](Control& c) { As<BarraControl>(c).PointerDown(0); }},
            Row{"bar move", bar, [](Control& c) { As<BarraControl>(c).PointerMove(0); }},

@@ -7,18 +7,13 @@
 #include <QPixmap>
 #include <QTest>
 #include <QWheelEvent>
-#include <QWindow>
 #include <algorithm>
 #include <ctime>
-#include <string>
 
 #include "objects/box_control.h"
 #include "qt/colour.h"
-#include "qt/looks/look.h"
 #include "qt/looks/skin.h"
-#include "qt/qt_host.h"
-#include "support/core_program.h"
-#include "support/hosted_program.h"
+#include "support/qt_window.h"
 
 namespace tessera::test {
 
@@ -41,22 +36,12 @@ constexpr std::string_view kList =
     "Repita\n"
     "Box G.Fim\n";
 
-class BoxOnWindows : public testing::Test {
+class BoxOnWindows : public QtWindowTest {
  protected:
-  void Start(std::string_view source) {
-    EditorTexts editors;
-    editors[0] = FromSource(source);
-    ASSERT_EQ(program.Start(editors, ""), RunOutcome::Ended);
-    qt.ProcessEvents();
-  }
-
-  BoxControl& Box() {
-    return dynamic_cast<BoxControl&>(*program.janela.windows().MainWindow().Controls().Element("GrdLstB", 0));
-  }
+  BoxControl& Box() { return dynamic_cast<BoxControl&>(Element("GrdLstB", 0)); }
   NovoBox& Grid() { return Box().Grid(); }
-  QWidget& Widget() { return static_cast<LookView&>(*Box().View()).Widget(); }
-  QWindow* Top() { return Widget().window()->windowHandle(); }
-  QPoint InWindow(QPoint at) { return Widget().mapTo(Widget().window(), at); }
+  QWidget& Widget() { return WidgetOf(Box()); }
+  QPoint InWindow(QPoint at) { return QtWindowTest::InWindow(Widget(), at); }
   void Click(QPoint at) { QTest::mouseClick(Top(), Qt::LeftButton, {}, InWindow(at)); }
   void Move(QPoint at) { QTest::mouseMove(Top(), InWindow(at)); }
 
@@ -77,9 +62,6 @@ class BoxOnWindows : public testing::Test {
     Widget().render(&picture);
     return picture.toImage();
   }
-
-  QtHost qt;
-  HostedProgram program{qt.host(), qt};
 };
 
 // Milliseconds of the processor: three times what a page may take on a machine with nothing else to do, and
@@ -89,20 +71,6 @@ constexpr double kPageLimit = 15;
 #else
 constexpr double kPageLimit = 50;
 #endif
-
-// The pixels of a colour, or near it, in a part of a picture.
-int Ink(const QImage& picture, const QRect& part, const QColor& colour) {
-  int found = 0;
-  for (int y = part.top(); y <= part.bottom(); ++y) {
-    for (int x = part.left(); x <= part.right(); ++x) {
-      const QColor pixel = picture.pixelColor(x, y);
-      const int distance = std::abs(pixel.red() - colour.red()) + std::abs(pixel.green() - colour.green()) +
-                           std::abs(pixel.blue() - colour.blue());
-      found += distance < 60;
-    }
-  }
-  return found;
-}
 
 }  // namespace
 
@@ -118,14 +86,6 @@ TEST_F(BoxOnWindows, TitlesStandOverTheirColumnsOnEveryScreen) {
       EXPECT_NE(picture.pixel(line, cell), qRgb(255, 255, 255)) << column << " " << scale;
     }
   }
-}
-
-TEST_F(BoxOnWindows, AClickOnATitleSorts) {
-  Start(kList);
-  Click(InTitle(2));
-  EXPECT_EQ(Grid().LeVetor(0, 2), "41");
-  Click(InTitle(2));
-  EXPECT_EQ(Grid().LeVetor(0, 2), "100");
 }
 
 TEST_F(BoxOnWindows, TheThumbIsDraggedFromEndToEnd) {
@@ -168,20 +128,6 @@ TEST_F(BoxOnWindows, TheWheelMovesThePage) {
   EXPECT_EQ(Grid().LinIniVet(), 4);
   turn(1200);
   EXPECT_EQ(Grid().LinIniVet(), 0);
-}
-
-TEST_F(BoxOnWindows, KeysMoveTheCursorAndEnterIsADoubleClick) {
-  Start(kList);
-  Click(InCell(2, 0));
-  EXPECT_EQ(program.janela.windows().events.EventoBox, "CLIQUEBOX");
-  const QColor ground(skin::kAccent);
-  EXPECT_GT(Ink(Shown(), {4, RowTop(2) + 4, 100, 8}, ground), 300);
-  QTest::keyClick(Top(), Qt::Key_Down);
-  EXPECT_EQ(Grid().LinVetRef(), 3);
-  EXPECT_EQ(Ink(Shown(), {4, RowTop(2) + 4, 100, 8}, ground), 0);
-  EXPECT_GT(Ink(Shown(), {4, RowTop(3) + 4, 100, 8}, ground), 300);
-  QTest::keyClick(Top(), Qt::Key_Return);
-  EXPECT_EQ(program.janela.windows().events.EventoBox, "DUPLOCLIQUEBOX");
 }
 
 TEST_F(BoxOnWindows, ACellIsEditedByKeysAndClipboard) {

@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
-#include <QApplication>
 #include <QColorDialog>
 #include <QElapsedTimer>
 #include <QFileDialog>
@@ -10,16 +9,10 @@
 #include <QLabel>
 #include <QPainter>
 #include <QTest>
-#include <QTimer>
-#include <QWidget>
-#include <cstdlib>
-#include <functional>
 
 #include "qt/desktop_dialogs.h"
 #include "qt/print_surface.h"
-#include "qt/qt_host.h"
-#include "support/core_program.h"
-#include "support/hosted_program.h"
+#include "support/qt_window.h"
 #include "support/temporary_folder.h"
 #include "windows/picture_commands.h"
 
@@ -36,53 +29,17 @@ class PaintCounter final : public QObject {
   int paintings = 0;
 };
 
-QWidget* Shown(const char* name) {
-  for (QWidget* widget : QApplication::topLevelWidgets()) {
-    if (widget->objectName() == QLatin1String(name) && widget->isVisible()) return widget;
-  }
-  return nullptr;
-}
-
-// Does `act` with the dialog of that name as soon as it is shown.
+// Its keys go to the dialog as a whole.
 template <typename Dialog>
-class With {
- public:
-  With(const char* name, std::function<void(Dialog&)> act) {
-    timer_.callOnTimeout([this, name, act = std::move(act)] {
-      auto* dialog = qobject_cast<Dialog*>(Shown(name));
-      if (dialog == nullptr || done_) return;
-      done_ = true;
-      timer_.stop();
-      if (const char* folder = std::getenv("TESSERA_LOOK_AT")) {
-        dialog->grab().save(QString(folder) + "/" + name + ".png");
-      }
-      act(*dialog);
-    });
-    timer_.start(5);
-  }
-  ~With() { EXPECT_TRUE(done_) << "the dialog was never shown"; }
+using With = When<Dialog, Waits::UntilShown>;
 
- private:
-  QTimer timer_;
-  bool done_ = false;
-};
-
-class QtDrawingTest : public testing::Test {
+class QtDrawingTest : public QtWindowTest {
  protected:
-  void Draw(std::string_view source) {
-    EditorTexts editors;
-    editors[0] = FromSource(source);
-    ASSERT_EQ(program.Start(editors, ""), RunOutcome::Ended);
-  }
-  Form& Window() { return program.janela.windows().MainWindow(); }
   QImage Picture(const char* name) {
-    const QImage picture = Shown("Janela")->grab().toImage();
-    if (const char* folder = std::getenv("TESSERA_LOOK_AT")) picture.save(QString(folder) + "/" + name);
+    const QImage picture = WidgetNamed("Janela")->grab().toImage();
+    KeepLook(picture, name);
     return picture;
   }
-
-  QtHost host;
-  HostedProgram program{host.host(), host};
 };
 
 constexpr std::string_view kDrawing =
@@ -95,12 +52,12 @@ constexpr std::string_view kDrawing =
 }  // namespace
 
 TEST_F(QtDrawingTest, TheScreenShowsThePixelsThatTheProgramReads) {
-  Draw(kDrawing);
-  const QImage picture = Picture("desenho.png");
+  Start(kDrawing);
+  const QImage picture = Picture("desenho");
   ASSERT_EQ(picture.size(), QSize(640, 420));
   for (int y = 0; y < 420; ++y) {
     for (int x = 0; x < 640; ++x) {
-      const Colour read = Window().Point({x, y});
+      const Colour read = Main().Point({x, y});
       const QRgb shown = picture.pixel(x, y);
       ASSERT_EQ(read, qRed(shown) | qGreen(shown) << 8 | qBlue(shown) << 16) << x << ", " << y;
     }
@@ -112,7 +69,7 @@ TEST_F(QtDrawingTest, DrawingShowsThoughTheProgramLetsNoEventThroughAndNoOftener
   qApp->installEventFilter(&counter);
   QElapsedTimer time;
   time.start();
-  Draw(
+  Start(
       "Var i Inteiro\nEnquanto i < 5000\nLinhaReta 0, 0, 25, i % 80, Azul\nCirculo 9, i % 80, 2, Verde\n"
       "Ponto 3, i % 80, 0\ni++\nRepita\n");
   const auto milliseconds = time.elapsed();
@@ -133,7 +90,7 @@ TEST_F(QtDrawingTest, WhatWasDrawnLastShowsThoughTheProgramMerelyComputesOn) {
     paintings = counter.paintings;
     return Value();
   });
-  Draw(
+  Start(
       "Var i Inteiro\nCirculo 9, 9, 2, Verde\nLePorta\nCirculo 9, 20, 2, Verde\n"
       "Enquanto i < 5000000\ni++\nRepita\nEnviaPorta\n");
   qApp->removeEventFilter(&counter);
@@ -142,13 +99,13 @@ TEST_F(QtDrawingTest, WhatWasDrawnLastShowsThoughTheProgramMerelyComputesOn) {
 }
 
 TEST_F(QtDrawingTest, ABackgroundLiesBelowDrawingsAndAPaintedFileAboveThem) {
-  Draw("LinhaReta 0, 0, 0, 79, Vermelho\n");
-  program.Fundo(Window(), "ImgPantano");
-  const QImage picture = Picture("pantano.png");
+  Start("LinhaReta 0, 0, 0, 79, Vermelho\n");
+  program.Fundo(Main(), "ImgPantano");
+  const QImage picture = Picture("pantano");
   EXPECT_EQ(picture.pixel(300, 0), qRgb(255, 0, 0));
   const QRgb sun = picture.pixel(500, 92);
   EXPECT_EQ(sun, qRgb(255, 248, 225));
-  EXPECT_EQ(Window().Point({500, 92}), 255 | 248 << 8 | 225 << 16);
+  EXPECT_EQ(Main().Point({500, 92}), 255 | 248 << 8 | 225 << 16);
 }
 
 TEST(PrintSurface, OnAFineScreenDrawingsKeepTheirPlacesAndTextBesideThemStaysFine) {

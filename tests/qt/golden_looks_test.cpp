@@ -4,13 +4,11 @@
 // before a row that stands three times. TESSERA_WRITE_LOOKS writes the pictures anew.
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QKeySequence>
 #include <QPixmap>
 #include <QScreen>
 #include <QStyleHints>
 #include <QTest>
-#include <QWindow>
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
@@ -21,11 +19,7 @@
 #include <vector>
 
 #include "qt/block_font.h"
-#include "qt/form.h"
-#include "qt/looks/look.h"
-#include "qt/qt_host.h"
-#include "support/core_program.h"
-#include "support/hosted_program.h"
+#include "support/qt_window.h"
 
 namespace tessera::test {
 
@@ -152,20 +146,10 @@ std::string Difference(const QImage& seen, const QImage& kept, int alike) {
   return told.str();
 }
 
-class GoldenLooks : public testing::TestWithParam<std::string> {
+class GoldenLooks : public QtWindowTest, public testing::WithParamInterface<std::string> {
  protected:
   GoldenLooks() { QGuiApplication::styleHints()->setCursorFlashTime(0); }
 
-  void Start(const std::string& source) {
-    EditorTexts editors;
-    editors[0] = FromSource(source);
-    ASSERT_EQ(program.Start(editors, ""), RunOutcome::Ended);
-    qt.ProcessEvents();
-    for (const QPoint at : {QPoint(0, 0), kAway}) QTest::mouseMove(Top(), at);
-  }
-
-  Form& Main() { return program.janela.windows().MainWindow(); }
-  QWindow* Top() { return static_cast<QtForm&>(Main()).widget()->windowHandle(); }
   Control& Named(std::string_view name) {
     for (Control* control : Main().Controls().InZOrder()) {
       if (control->Name() == name) return *control;
@@ -173,8 +157,7 @@ class GoldenLooks : public testing::TestWithParam<std::string> {
     return *Main().Controls().Element(name, 0);
   }
   QWidget& WidgetOf(const std::string& name) {
-    return name == "popup" ? *QApplication::activePopupWidget()
-                           : static_cast<LookView&>(*Named(name).View()).Widget();
+    return name == "popup" ? *QApplication::activePopupWidget() : QtWindowTest::WidgetOf(Named(name));
   }
 
   // What the screen shows by now, and not what the window would paint if it were asked.
@@ -249,8 +232,6 @@ class GoldenLooks : public testing::TestWithParam<std::string> {
   }
 
   BlockFont font;
-  QtHost qt;
-  HostedProgram program{qt.host(), qt};
   Pictures seen;
 };
 
@@ -271,6 +252,7 @@ TEST_P(GoldenLooks, AreAsTheyWereKept) {
   while (std::getline(file, line) && line != "--") source += line + "\n";
   while (std::getline(file, line) && line != "--") steps += line + "\n";
   Start(source);
+  for (const QPoint at : {QPoint(0, 0), kAway}) QTest::mouseMove(Top(), at);
   std::istringstream each(steps);
   while (std::getline(each, line)) Do(line);
   if (std::getenv("TESSERA_WRITE_LOOKS") != nullptr) {
@@ -281,10 +263,7 @@ TEST_P(GoldenLooks, AreAsTheyWereKept) {
   const auto [alike, kept] = Read(file);
   ASSERT_EQ(kept.size(), seen.size());
   for (std::size_t i = 0; i < kept.size(); ++i) {
-    if (const char* folder = std::getenv("TESSERA_LOOK_AT")) {
-      seen[i].second.save(
-          QString::fromStdString(std::string(folder) + "/" + GetParam() + "_" + seen[i].first + ".png"));
-    }
+    KeepLook(seen[i].second, GetParam() + "_" + seen[i].first);
     EXPECT_EQ(seen[i].first, kept[i].first);
     EXPECT_EQ(Difference(seen[i].second, kept[i].second, alike), "") << seen[i].first;
   }

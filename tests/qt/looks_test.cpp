@@ -12,48 +12,25 @@
 #include <QStyleHints>
 #include <QTest>
 #include <QWheelEvent>
-#include <QWindow>
 #include <algorithm>
 #include <functional>
-#include <string>
 
 #include "objects/botao.h"
 #include "objects/combo.h"
 #include "objects/entry_control.h"
 #include "objects/imagem.h"
 #include "objects/texto.h"
-#include "qt/looks/look.h"
-#include "qt/qt_host.h"
-#include "support/core_program.h"
-#include "support/hosted_program.h"
+#include "support/qt_window.h"
 #include "windows/stock_pictures.h"
 
 namespace tessera::test {
 
 namespace {
 
-class LooksOnWindows : public testing::Test {
+class LooksOnWindows : public QtWindowTest {
  protected:
-  void Start(std::string_view source, std::string_view routines = {}) {
-    EditorTexts editors;
-    editors[0] = FromSource(source);
-    editors[1] = FromSource(routines);
-    ASSERT_EQ(program.Start(editors, ""), RunOutcome::Ended);
-    qt.ProcessEvents();
-  }
-
-  Form& Main() { return program.janela.windows().MainWindow(); }
-  Control& Element(std::string_view array, int index) { return *Main().Controls().Element(array, index); }
-  QWidget& WidgetOf(Control& control) { return static_cast<LookView&>(*control.View()).Widget(); }
-  QWindow* Top() { return WidgetOf(Element("BtnNovo", 0)).window()->windowHandle(); }
-  QPoint InWindow(QWidget& widget, QPoint at) { return widget.mapTo(widget.window(), at); }
   QImage Shown(Control& control) { return WidgetOf(control).grab().toImage(); }
-  std::string Variable(std::string_view name) { return program.run.variables.VarRead(name).ToText(); }
-
-  QtHost qt;
-  RecordedBoxes boxes;
-  Host host = qt.host();
-  HostedProgram program{{boxes, qt, host.clock, host.random, host.files}, qt};
+  std::string Variable(std::string_view name) { return program.Read(name); }
 };
 
 }  // namespace

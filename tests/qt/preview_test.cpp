@@ -4,22 +4,16 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QTest>
-#include <QTimer>
 #include <QWheelEvent>
-#include <QWidget>
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <functional>
-#include <iterator>
+#include <sstream>
 #include <string>
 #include <vector>
 
-#include "qt/form.h"
-#include "qt/qt_host.h"
-#include "support/core_program.h"
-#include "support/hosted_program.h"
 #include "support/qt_person.h"
+#include "support/qt_window.h"
 #include "support/temporary_folder.h"
 #include "text/code_page.h"
 
@@ -28,11 +22,6 @@ namespace tessera::test {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string Content(const fs::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
 
 class RecordedReports final : public reports::ReportHost {
  public:
@@ -63,40 +52,27 @@ class PreviewOnWindows : public testing::Test {
 TEST_F(PreviewOnWindows, PlaysTheScriptOfTheConsole) {
   const fs::path files =
       fs::path(TESSERA_SOURCE_DIR) / "tests/reports/programs/a_report_is_previewed_page_by_page";
-  QtHost qt;
-  ScriptedDispatch dispatch(qt, Content(files.string() + ".in"));
-  RecordedBoxes boxes;
-  const Host host = qt.host();
-  HostedProgram program({boxes, dispatch, host.clock, host.random, host.files}, qt, WithPaper());
-  dispatch.person.windows = &program.janela.windows();
-  Prepare(program);
+  PlayedOnWindows played(ReadBytes(files.string() + ".in"), WithPaper());
+  Prepare(played.program);
   std::string labels;
-  std::ifstream told(files.string() + ".err");
+  std::istringstream told(ReadBytes(files.string() + ".err"));
   for (std::string line; std::getline(told, line);) {
     if (line.starts_with("[relatorio]")) labels += line + "\n";
   }
-  EXPECT_EQ(program.Run(Content(files.string() + ".tsc")), 0);
+  EXPECT_EQ(played.program.Run(ReadBytes(files.string() + ".tsc")), 0);
   EXPECT_EQ(reports.said, labels);
-  EXPECT_EQ(boxes.boxes.size(), 1u);
+  EXPECT_EQ(played.boxes.boxes.size(), 1u);
   EXPECT_FALSE(fs::exists(folder.path() / "XRel"));
 }
 
 // What a person sees and does, step by step, while the preview is open.
 class PreviewSteps : public PreviewOnWindows {
  protected:
-  QWidget* Window() const {
-    for (QWidget* widget : QApplication::topLevelWidgets()) {
-      if (widget->objectName() == "FrmXRel" && widget->isVisible()) return widget;
-    }
-    return nullptr;
-  }
+  QWidget* Window() const { return WidgetNamed("FrmXRel"); }
   QWidget& Part(const char* name) const { return *Window()->findChild<QWidget*>(name); }
   QImage Look(const char* name = nullptr) const {
     const QImage image = (name == nullptr ? *Window() : Part(name)).grab().toImage();
     return image.convertToFormat(QImage::Format_RGB32);
-  }
-  void Keep(const char* name) const {
-    if (const char* kept = std::getenv("TESSERA_LOOK_AT")) Look().save(QString(kept) + "/" + name);
   }
   void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const {
     QTest::keyClick(Window()->windowHandle(), key, modifiers);
@@ -161,7 +137,7 @@ TEST_F(PreviewSteps, ZoomsByKeysWheelAndList) {
                 EXPECT_EQ(Part("TxtPagFim").accessibleName(), "TxtPagFim");
                 atFull = PageLeft();
                 EXPECT_GT(atFull, 20) << "the page stands in the middle of its frame";
-                Keep("previa.png");
+                KeepLook(Look(), "previa");
                 Wheel(120, Qt::ControlModifier);
               },
               [&] {
@@ -171,7 +147,7 @@ TEST_F(PreviewSteps, ZoomsByKeysWheelAndList) {
               },
               [&] {
                 EXPECT_GT(PageLeft(), atFull) << "75 %";
-                Keep("previa_75.png");
+                KeepLook(Look(), "previa_75");
                 Key(Qt::Key_Plus, Qt::ControlModifier);
               },
               [&] {
@@ -198,7 +174,7 @@ TEST_F(PreviewSteps, ZoomsByKeysWheelAndList) {
                 Window()->resize(700, 500);
               },
               [&] {
-                Keep("previa_pequena.png");
+                KeepLook(Look(), "previa_pequena");
                 EXPECT_EQ(Part("PicXRel").geometry().right() + 17 + 5, Window()->width() - 1);
                 Window()->resize(940, 720);
                 Click("CmbZoom");
@@ -210,7 +186,7 @@ TEST_F(PreviewSteps, ZoomsByKeysWheelAndList) {
               },
               [&] {
                 EXPECT_EQ(PageLeft(), 8) << "as wide as its frame";
-                Keep("previa_largura.png");
+                KeepLook(Look(), "previa_largura");
                 // Tab goes from the zoom to the buttons: the third one leaves.
                 for (int i = 0; i < 3; ++i) Key(Qt::Key_Tab);
                 Key(Qt::Key_Space);
@@ -260,7 +236,7 @@ TEST_F(PreviewSteps, ArrowsShowThatTheyArePressedAndKeysTurnPages) {
                  Key(Qt::Key_Return);
                  for (int i = 0; i < 4; ++i) Key(Qt::Key_Backspace);
                  QTest::keyClick(Window()->windowHandle(), '3');
-                 Keep("previa_intervalo.png");
+                 KeepLook(Look(), "previa_intervalo");
                  // The dialog of the system is left, and so is the box that says so.
                  QTimer leave;
                  std::string left;

@@ -3,13 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
-#include "qt/qt_host.h"
-#include "support/core_program.h"
-#include "support/hosted_program.h"
 #include "support/qt_person.h"
+#include "support/temporary_folder.h"
 #include "text/code_page.h"
 #include "values/eval.h"
 
@@ -17,26 +13,17 @@ namespace tessera::test {
 
 namespace {
 
-std::string Content(const std::filesystem::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
+const std::filesystem::path kSource = TESSERA_SOURCE_DIR;
 
 class ScriptOnWindows : public testing::TestWithParam<const char*> {};
 
 }  // namespace
 
 TEST_P(ScriptOnWindows, WritesWhatTheConsoleHostWrites) {
-  const std::filesystem::path files =
-      std::filesystem::path(TESSERA_SOURCE_DIR) / "tests" / "programs" / GetParam();
-  const auto file = [&](const char* extension) { return Content(files.string() + extension); };
-
-  QtHost qt;
-  ScriptedDispatch dispatch(qt, file(".in"));
-  RecordedBoxes boxes;
-  const Host host = qt.host();
-  HostedProgram program({boxes, dispatch, host.clock, host.random, host.files}, qt);
-  dispatch.person.windows = &program.janela.windows();
+  const std::string files = kSource / "tests/programs" / GetParam();
+  const auto file = [&](const char* extension) { return ReadBytes(files + extension); };
+  PlayedOnWindows played(file(".in"));
+  HostedProgram& program = played.program;
   std::string written;
   AtWord(program.run, "Escreva", [&](std::string_view arguments) {
     for (const std::string& part : SplitArguments(program.run, arguments, 101)) {
@@ -44,7 +31,7 @@ TEST_P(ScriptOnWindows, WritesWhatTheConsoleHostWrites) {
       written += ToUtf8(EvalNumber(program.run, part).ToText());
     }
     written += '\n';
-    dispatch.ProcessEvents();
+    played.dispatch.ProcessEvents();
     return Value();
   });
 
@@ -67,5 +54,21 @@ INSTANTIATE_TEST_SUITE_P(
         "mouse_tells_buttons_clicks_and_places", "static_window_takes_events_until_it_is_closed",
         "waiting_for_a_click_ends_with_the_input", "windows_of_fixed_frame_keep_their_size",
         "window_table_takes_twenty_and_static_ones_from_five_slots"));
+
+// The stock list of the examples.
+TEST(EstoqueOnWindows, SaysWhatItSaysOnTheConsole) {
+  const std::filesystem::path folder = kSource / "examples/Estoque";
+  const std::filesystem::path expected = kSource / "tests/examples";
+  PlayedOnWindows played(ReadBytes(expected / "Estoque.in"));
+  played.program.run.ProgramFolderText = FromUtf8Lossy(folder.string()) + "\\";
+  played.program.run.paths = PathMapping(played.host.files, folder, folder / "dados");
+  EXPECT_EQ(played.program.Run(ReadBytes(folder / "Estoque.tsc")), 0);
+  std::string said;
+  for (const Box& box : played.boxes.boxes) {
+    EXPECT_EQ(box.icon, BoxIcon::Information);
+    said += "[info] " + ToUtf8(box.text) + "\n";
+  }
+  EXPECT_EQ(said, ReadBytes(expected / "Estoque.err"));
+}
 
 }  // namespace tessera::test

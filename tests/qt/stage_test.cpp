@@ -3,17 +3,12 @@
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QScreen>
 #include <QTest>
-#include <QTimer>
-#include <QWidget>
-#include <QWindow>
 #include <sstream>
 
 #include "console/console_host.h"
-#include "qt/qt_host.h"
-#include "support/hosted_program.h"
+#include "support/qt_window.h"
 
 namespace tessera::test {
 
@@ -36,13 +31,6 @@ class OnStage : public testing::Test {
   std::ostringstream err_;
 };
 
-QWidget* ShownWindow() {
-  for (QWidget* widget : QApplication::topLevelWidgets()) {
-    if (widget->isVisible() && widget->objectName() == "Janela") return widget;
-  }
-  return nullptr;
-}
-
 // Whether the screen has a pixel of the window there that is darker than its ground, as letters are.
 bool HasInk(QWidget& window, const QRect& area) {
   const QImage grabbed = window.screen()->grabWindow(window.winId()).toImage().copy(area);
@@ -59,7 +47,7 @@ class Intruder {
  public:
   Intruder(const std::ostringstream& printed, std::function<void(QWidget&)> act) {
     timer_.callOnTimeout([this, &printed, act = std::move(act)] {
-      QWidget* window = ShownWindow();
+      QWidget* window = WidgetNamed("Janela");
       if (window == nullptr || hasActed || printed.view().empty()) return;
       hasActed = true;
       act(*window);

@@ -13,25 +13,23 @@
 
 namespace tessera::test {
 
-class ConsoleWindowTest : public testing::Test {
+struct ConsoleProgram {
+  std::istringstream in;
+  std::ostringstream out;
+  std::ostringstream err;
+  ConsoleHost host{{in, out, err}, {.programTitle = "TESTE"}};
+  HostedProgram program{host.host(), host};
+};
+
+class ConsoleWindowTest : public testing::Test, protected ConsoleProgram {
  protected:
   Form& Window() { return program.janela.windows().MainWindow(); }
   WindowModel& Windows() { return program.janela.windows(); }
   std::string Printed() const { return out.str(); }
 
   // Runs a program to its end, and leaves the window open.
-  void Draw(std::string_view source) {
-    EditorTexts editors;
-    editors[0] = FromSource(source);
-    ASSERT_EQ(program.Start(editors, ""), RunOutcome::Ended) << err.str();
-  }
+  void Draw(std::string_view source) { ASSERT_EQ(program.Start(source), RunOutcome::Ended) << err.str(); }
   Colour At(int x, int y) { return Window().Point({x, y}); }
-
-  std::istringstream in;
-  std::ostringstream out;
-  std::ostringstream err;
-  ConsoleHost host{{in, out, err}, {.programTitle = "TESTE"}};
-  HostedProgram program{host.host(), host};
 };
 
 }  // namespace tessera::test

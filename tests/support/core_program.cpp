@@ -97,8 +97,4 @@ std::string Output(std::string_view source) {
   return CoreProgram().Run(source);
 }
 
-std::string OutputWithRoutines(std::string_view source, std::string_view routines) {
-  return CoreProgram().Run(source, {routines});
-}
-
 }  // namespace tessera::test

@@ -107,9 +107,6 @@ class CoreProgram {
 // What a program in editor 0 alone writes.
 std::string Output(std::string_view source);
 
-// What a program with routines writes: the routines stand in editor 1.
-std::string OutputWithRoutines(std::string_view source, std::string_view routines);
-
 std::string FromSource(std::string_view utf8);
 
 }  // namespace tessera::test

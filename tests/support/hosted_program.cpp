@@ -35,8 +35,9 @@ void HostedProgram::Fundo(Form& window, std::string_view value, StockNames stock
   SetFundo(run, janela.windows(), window, ArgumentView(run, parts, form.arguments, 0), stock);
 }
 
-RunOutcome HostedProgram::Start(const EditorTexts& editors, std::string_view projectStyleWord) {
-  return program_.Start(editors, projectStyleWord);
+RunOutcome HostedProgram::Start(std::string_view editor0, std::string_view routines,
+                                std::string_view projectStyleWord) {
+  return program_.Start({FromSource(editor0), FromSource(routines)}, projectStyleWord);
 }
 
 }  // namespace tessera::test

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 #include <string_view>
 
 #include "platform/host.h"
@@ -29,7 +30,12 @@ class HostedProgram {
              std::string_view line = {}, std::string_view column = {});
 
   // Its start alone, which leaves its windows open.
-  RunOutcome Start(const EditorTexts& editors, std::string_view projectStyleWord);
+  RunOutcome Start(std::string_view editor0, std::string_view routines = {},
+                   std::string_view projectStyleWord = {});
+  RunOutcome Start(const EditorTexts& editors) { return program_.Start(editors, {}); }
+
+  // What the program left in a variable.
+  std::string Read(std::string_view name) { return run.variables.VarRead(name).ToText(); }
 
  private:
   ProgramRun program_;

@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -34,23 +33,5 @@ class LibraryProgram : public CoreProgram {
     return failure ? "falha " + std::to_string(failure->number()) : answer;
   }
 };
-
-// An expression, or a command's arguments, and what comes of it.
-struct Rule {
-  std::string_view expression;
-  std::string_view value;
-};
-
-inline void ExpectValues(std::initializer_list<Rule> rules) {
-  LibraryProgram program;
-  for (const Rule& rule : rules) EXPECT_EQ(program.Value(rule.expression), rule.value) << rule.expression;
-}
-
-inline void ExpectAnswers(std::string_view command, std::initializer_list<Rule> rules) {
-  LibraryProgram program;
-  for (const Rule& rule : rules) {
-    EXPECT_EQ(program.Answer(command, rule.expression), rule.value) << command << " " << rule.expression;
-  }
-}
 
 }  // namespace tessera::test

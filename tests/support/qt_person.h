@@ -4,12 +4,16 @@
 #pragma once
 
 #include <QTimer>
+#include <functional>
 #include <memory>
 #include <sstream>
 #include <string>
 
 #include "console/event_script.h"
 #include "platform/host.h"
+#include "qt/qt_host.h"
+#include "support/core_program.h"
+#include "support/hosted_program.h"
 #include "windows/form.h"
 #include "windows/window_directory.h"
 
@@ -78,6 +82,21 @@ class ScriptedDispatch final : public EventDispatch {
   QTimer idle_;
   int dispatching_ = 0;
   bool wasServing_ = false;
+};
+
+// A program on real windows, and a person there who follows a script.
+struct PlayedOnWindows {
+  explicit PlayedOnWindows(
+      const std::string& script, const std::function<void(Services&)>& change = [](Services&) {})
+      : dispatch(qt, script), program({boxes, dispatch, host.clock, host.random, host.files}, qt, change) {
+    dispatch.person.windows = &program.janela.windows();
+  }
+
+  QtHost qt;
+  const Host host = qt.host();
+  RecordedBoxes boxes;
+  ScriptedDispatch dispatch;
+  HostedProgram program;
 };
 
 }  // namespace tessera::test

@@ -33,9 +33,7 @@ TEST_F(Api, ThirtyIntegersKeepTheirPlaces) {
 TEST_F(Api, AThirtyFirstArgumentIsAFailure) {
   std::string call = "API NomeFuncao, \"soma30\"\nAPI Execute";
   for (int i = 1; i <= 31; ++i) call += ", 1";
-  EditorTexts editors;
-  editors[0] = call;
-  EXPECT_EQ(program.Start(editors, ""), RunOutcome::Abandoned);
+  EXPECT_EQ(program.Start(call), RunOutcome::Abandoned);
   EXPECT_NE(err.str().find("Subscrito fora do intervalo"), std::string::npos) << err.str();
 }
 
@@ -68,9 +66,7 @@ TEST_F(Api, EachExecutionLoadsTheLibraryAnew) {
 TEST_F(Api, ArgumentsBeyondTheListAreAFailure) {
   Run("API NomeFuncao, \"conta\"\nAPI Execute, 5, \"\"\nAPI Argumento, 1\nEscreva \"[\", Retorno, \"]\"");
   EXPECT_EQ(Printed(), "[]\n") << "an empty text is an argument";
-  EditorTexts editors;
-  editors[0] = "API Argumento, 2";
-  EXPECT_EQ(program.Start(editors, ""), RunOutcome::Abandoned);
+  EXPECT_EQ(program.Start("API Argumento, 2"), RunOutcome::Abandoned);
 }
 
 TEST_F(Api, AMissingFunctionIsToldWithTheLibrarysOwnWordsAndEndsNothing) {

@@ -135,10 +135,9 @@ TEST_F(AnimationProgram, TwoObjectsOfOnePictureShareItsPixels) {
 TEST_F(AnimationProgram, ADiskThatRefusesTheSavingAbandonsTheRun) {
   TemporaryFolder folder;
   folder.Write("pasta.bmp/dentro", "x");
-  EditorTexts editors;
-  editors[0] = FromSource("Imagem P, \"\", 0, 0, 1, 1\nImagem P.SalvaFigura, \"" + (folder / "pasta.bmp") +
-                          "\"\nEscreva \"nunca\"");
-  EXPECT_EQ(program.Start(editors, ""), RunOutcome::Abandoned);
+  EXPECT_EQ(program.Start("Imagem P, \"\", 0, 0, 1, 1\nImagem P.SalvaFigura, \"" + (folder / "pasta.bmp") +
+                          "\"\nEscreva \"nunca\""),
+            RunOutcome::Abandoned);
   EXPECT_EQ(Printed(), "");
   EXPECT_TRUE(folder.Has("pasta.bmp/dentro"));
 }

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
 #include <utility>
+#include <vector>
 
 #include "support/console_window.h"
 
@@ -11,58 +13,40 @@ namespace {
 constexpr Colour kGround = 15790320;
 constexpr Colour kRed = 255;
 constexpr Colour kBlue = 16711680;
+constexpr Colour kGreen = 65280;
 
 using DrawingTest = ConsoleWindowTest;
 
 }  // namespace
 
-TEST_F(DrawingTest, FractionsOfALineAndAColumnCountAndTheRadiusIsMeasuredInColumns) {
-  // Line 7.5 is pixel 105, column 12.25 is pixel 98, and the radius is 20 pixels both ways.
-  Draw("Circulo 15/2, 49/4, 5/2, Vermelho\n");
-  EXPECT_EQ(At(98, 105), kRed);
-  EXPECT_EQ(At(78, 105), kRed);
-  EXPECT_EQ(At(77, 105), kGround);
-  EXPECT_EQ(At(98, 125), kRed);
-  EXPECT_EQ(At(98, 126), kGround);
-}
-
-TEST_F(DrawingTest, ALineHoldsBothItsEnds) {
-  Draw("LinhaReta 0, 0, 10, 10, Azul\n");
-  EXPECT_EQ(At(0, 0), kBlue);
-  EXPECT_EQ(At(40, 70), kBlue);
-  EXPECT_EQ(At(80, 140), kBlue);
-  EXPECT_EQ(At(81, 141), kGround);
-}
-
-TEST_F(DrawingTest, ABoxGoesToTheOppositeCornerAndIsAnOutline) {
-  Draw("Retangulo 10, 10, 1, 2, Vermelho\n");
-  EXPECT_EQ(At(16, 14), kRed);
-  EXPECT_EQ(At(80, 140), kRed);
-  EXPECT_EQ(At(81, 140), kGround);
-  EXPECT_EQ(At(40, 70), kGround);
-}
-
-TEST_F(DrawingTest, ABoxBehindACircleIsFilledInTheCirclesColourUntilPinte) {
-  Draw(
-      "Circulo 25, 60, 1, Azul\nRetangulo 1, 1, 5, 5, Vermelho\n"
-      "Pinte 20, 20, Verde\nRetangulo 1, 11, 5, 15, Vermelho\n");
-  EXPECT_EQ(At(8, 14), kRed);
-  EXPECT_EQ(At(20, 40), kBlue);
-  EXPECT_EQ(At(100, 40), 65280) << "not filled: the green of the ground";
-}
-
-TEST_F(DrawingTest, PaintFillsTheAreaOfOneColourAndStopsAtEveryOther) {
-  Draw("Retangulo 1, 1, 5, 5, Vermelho\nPinte 2, 2, Azul\n");
-  EXPECT_EQ(At(9, 15), kBlue);
-  EXPECT_EQ(At(39, 69), kBlue);
-  EXPECT_EQ(At(8, 14), kRed);
-  EXPECT_EQ(At(41, 15), kGround);
-}
-
-TEST_F(DrawingTest, PaintOnAColourThatReachesTheEdgesFillsTheWholeSurface) {
-  Draw("Pinte 3, 3, Azul\n");
-  for (const PixelPoint corner : {PixelPoint{0, 0}, {639, 0}, {0, 419}, {639, 419}}) {
-    EXPECT_EQ(At(corner.x, corner.y), kBlue);
+TEST_F(DrawingTest, EachFigureStandsOnItsPixels) {
+  struct Row {
+    const char* source;
+    std::vector<std::tuple<int, int, Colour>> pixels;
+  };
+  for (const Row& row : {
+           // Line 7.5 is pixel 105, column 12.25 is pixel 98, and the radius of 2.5 columns 20 pixels both
+           // ways.
+           Row{"Circulo 15/2, 49/4, 5/2, Vermelho",
+               {{98, 105, kRed}, {78, 105, kRed}, {77, 105, kGround}, {98, 125, kRed}, {98, 126, kGround}}},
+           Row{"LinhaReta 0, 0, 10, 10, Azul",
+               {{0, 0, kBlue}, {40, 70, kBlue}, {80, 140, kBlue}, {81, 141, kGround}}},
+           // To the opposite corner, and an outline.
+           Row{"Retangulo 10, 10, 1, 2, Vermelho",
+               {{16, 14, kRed}, {80, 140, kRed}, {81, 140, kGround}, {40, 70, kGround}}},
+           // Behind a circle it is filled in the circle's colour until `Pinte`.
+           Row{"Circulo 25, 60, 1, Azul\nRetangulo 1, 1, 5, 5, Vermelho\nPinte 20, 20, Verde\n"
+               "Retangulo 1, 11, 5, 15, Vermelho",
+               {{8, 14, kRed}, {20, 40, kBlue}, {100, 40, kGreen}}},
+           Row{"Retangulo 1, 1, 5, 5, Vermelho\nPinte 2, 2, Azul",
+               {{9, 15, kBlue}, {39, 69, kBlue}, {8, 14, kRed}, {41, 15, kGround}}},
+           Row{"Pinte 3, 3, Azul", {{0, 0, kBlue}, {639, 0, kBlue}, {0, 419, kBlue}, {639, 419, kBlue}}},
+       }) {
+    HostedProgram fresh(host.host(), host);
+    ASSERT_EQ(fresh.Start(row.source), RunOutcome::Ended) << row.source;
+    for (const auto& [x, y, colour] : row.pixels) {
+      EXPECT_EQ(fresh.janela.form().Point({x, y}), colour) << row.source << " " << x << " " << y;
+    }
   }
 }
 

@@ -14,9 +14,7 @@ using JanelaTest = ConsoleWindowTest;
 }  // namespace
 
 TEST_F(JanelaTest, StandsCentredInItsLooksAndIsShownBeforeTheFirstStatement) {
-  EditorTexts editors;
-  editors[0] = "Escreva 1\r\n";
-  EXPECT_EQ(program.Start(editors, ""), RunOutcome::Ended);
+  Draw("Escreva 1\n");
   EXPECT_EQ(Window().Caption(), "Tessera - TESTE.TSC");
   EXPECT_TRUE(Window().Visible());
   EXPECT_TRUE(Window().Style().Titlebar);
@@ -28,27 +26,6 @@ TEST_F(JanelaTest, StandsCentredInItsLooksAndIsShownBeforeTheFirstStatement) {
   EXPECT_EQ(Windows().CurrentWindowName(), "Pai");
   EXPECT_EQ(Windows().FindWindow("pAI"), &Window());
   EXPECT_EQ(Windows().FindWindow(""), nullptr);
-}
-
-TEST_F(JanelaTest, TheFirstShowingHasTheFormThatItsStarterAskedFor) {
-  struct Row {
-    StartForm form;
-    bool visible;
-    WindowState state;
-  };
-  for (const Row& row : {Row{StartForm::Hidden, false, WindowState::Normal},
-                         Row{StartForm::Minimised, true, WindowState::Minimised},
-                         Row{StartForm::Maximised, true, WindowState::Maximised},
-                         Row{StartForm::MinimisedWithoutFocus, true, WindowState::Minimised}}) {
-    HostedProgram started(host.host(), host);
-    started.janela.StartAs(row.form);
-    EditorTexts editors;
-    EXPECT_EQ(started.Start(editors, ""), RunOutcome::Ended);
-    EXPECT_EQ(started.janela.form().Visible(), row.visible);
-    EXPECT_EQ(started.janela.form().State(), row.state);
-    started.commands.CommandCall("Janela", "Visivel = Sim");
-    EXPECT_TRUE(started.janela.form().Visible()) << "where the program says so";
-  }
 }
 
 TEST_F(JanelaTest, BuiltinVariablesAreFilled) {
@@ -65,11 +42,9 @@ TEST_F(JanelaTest, BuiltinVariablesAreFilled) {
 }
 
 TEST_F(JanelaTest, TheTextCursorMovesALineAtATimeAndPosicioneSetsIt) {
-  EditorTexts editors;
-  editors[0] =
-      "Posicione 2, 2,5\r\nEscreva \"a\"\r\nEscreva \"b\"\r\nEscreva \"t\", TituloJanela\r\nCls\r\n"
-      "Fonte Tamanho = 30\r\n";
-  ASSERT_EQ(program.Start(editors, ""), RunOutcome::Ended);
+  Draw(
+      "Posicione 2, 2,5\nEscreva \"a\"\nEscreva \"b\"\nEscreva \"t\", TituloJanela\nCls\nFonte Tamanho = "
+      "30\n");
   EXPECT_EQ(Windows().PrintLinePixels, 4 * 14);
   EXPECT_EQ(Windows().PrintColumnPixels, 16) << "the second argument ends at its comma";
   EXPECT_EQ(Window().CurrentY, 4 * 14);
@@ -83,11 +58,9 @@ TEST_F(JanelaTest, ThousandsOfLinesAreNoFailure) {
 }
 
 TEST_F(JanelaTest, FonteSetsWhatItsFirstArgumentNamesOnTheWindowNamed) {
-  EditorTexts editors;
-  editors[0] =
-      "Fonte Nome = \"Arial\"\r\nFonte pai.Negrito = \"SIM\"\r\nFonte Italico = \"nao\"\r\n"
-      "Fonte Pai.Cor = Vermelho\r\nFonte Outra.Tamanho = 99\r\nFonte tamanho = 50\r\n";
-  ASSERT_EQ(program.Start(editors, ""), RunOutcome::Ended);
+  Draw(
+      "Fonte Nome = \"Arial\"\nFonte pai.Negrito = \"SIM\"\nFonte Italico = \"nao\"\n"
+      "Fonte Pai.Cor = Vermelho\nFonte Outra.Tamanho = 99\nFonte tamanho = 50\n");
   EXPECT_EQ(Window().Font.name, "Arial");
   EXPECT_TRUE(Window().Font.bold);
   EXPECT_FALSE(Window().Font.italic);
@@ -96,9 +69,7 @@ TEST_F(JanelaTest, FonteSetsWhatItsFirstArgumentNamesOnTheWindowNamed) {
 }
 
 TEST_F(JanelaTest, ThatWordAnywhereInTheProgramKeepsTheWindowHidden) {
-  EditorTexts editors;
-  editors[0] = "Escreva \"IniciaJanelaInvisivel\"\r\n";
-  program.Start(editors, "JanelaTransparente");
+  program.Start("Escreva \"IniciaJanelaInvisivel\"\n", {}, "JanelaTransparente");
   EXPECT_FALSE(Window().Visible());
   EXPECT_FALSE(Window().Style().Titlebar);
 }

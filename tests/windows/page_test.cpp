@@ -2,7 +2,6 @@
 // told, and copies a property only when that property is named.
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <map>
 #include <memory>
 #include <sstream>
@@ -28,7 +27,6 @@ struct PageControl {
   Colour fore = 0;
   FontFace font;
   std::string toolTip;
-  int contents = 0;
 };
 
 class PageView final : public ControlView {
@@ -69,7 +67,6 @@ class PageView final : public ControlView {
       case ControlProperty::Parent:
       case ControlProperty::Order:
       case ControlProperty::Content:
-        ++shown.contents;
         break;
     }
   }
@@ -140,19 +137,20 @@ TEST(Page, WhatIsToldMakesTheSameWindowsAndControls) {
   ConsoleHost console({in, out, out}, {});
   Page page;
   HostedProgram program(console.host(), page);
-  EditorTexts editors;
-  editors[0] = FromSource(
-      "Escreva \"Cadastro\", TituloJanela\nJanela TAMANHO = 30, 90\nRotulo r, \"Nome\", 1, 1\n"
-      "Texto t, 2, 1, 20\nMoeda m, 4, 1, 9\nMascara k, \"##/##\", 5, 1, 9\n"
-      "Botao b, 6, 1, 2, 8, \"Grava\"\nCheck c, 8, 1, \"Ativo\", 1\nBarraRolagem s, 9, 1, 20, 1\n"
-      "Combo o, 10, 1, 10\nCalendario d, 11, 1, 10\nMoldura q, \"Dados\", 12, 1, 4, 20\n"
-      "Link l, 13, 1, \"aqui\", \"x.org\"\nTexto t.Txt = \"Maria\"\nTexto t.CorFundo = Amarelo\n"
-      "Texto t.NomeFonte = \"Arial\"\nTexto t.TamFonte = 12\nTexto t.Dica = \"o nome\"\n"
-      "Moeda m.CorLetra = Vermelho\nBotao b.Ativo = \"NAO\"\nRotulo r.Visivel = \"NAO\"\n"
-      "Rotulo r.Negrito = \"SIM\"\nMascara k.Altura = 2\nMascara k.IndiceTab = 1\n"
-      "Circulo 5, 40, 3, Azul\nRetangulo 1, 60, 3, 70, Vermelho\nGradiente 1, 255\nPinte 5, 40, Verde\n"
-      "NovaJanela DEFINE, j\nNovaJanela j.ATIVA\nNovaJanela j.TAMANHO = 10, 20\n");
-  ASSERT_EQ(program.Start(editors, ""), RunOutcome::Ended) << out.str();
+  ASSERT_EQ(
+      program.Start(
+          "Escreva \"Cadastro\", TituloJanela\nJanela TAMANHO = 30, 90\nRotulo r, \"Nome\", 1, 1\n"
+          "Texto t, 2, 1, 20\nMoeda m, 4, 1, 9\nMascara k, \"##/##\", 5, 1, 9\n"
+          "Botao b, 6, 1, 2, 8, \"Grava\"\nCheck c, 8, 1, \"Ativo\", 1\nBarraRolagem s, 9, 1, 20, 1\n"
+          "Combo o, 10, 1, 10\nCalendario d, 11, 1, 10\nMoldura q, \"Dados\", 12, 1, 4, 20\n"
+          "Link l, 13, 1, \"aqui\", \"x.org\"\nTexto t.Txt = \"Maria\"\nTexto t.CorFundo = Amarelo\n"
+          "Texto t.NomeFonte = \"Arial\"\nTexto t.TamFonte = 12\nTexto t.Dica = \"o nome\"\n"
+          "Moeda m.CorLetra = Vermelho\nBotao b.Ativo = \"NAO\"\nRotulo r.Visivel = \"NAO\"\n"
+          "Rotulo r.Negrito = \"SIM\"\nMascara k.Altura = 2\nMascara k.IndiceTab = 1\n"
+          "Circulo 5, 40, 3, Azul\nRetangulo 1, 60, 3, 70, Vermelho\nGradiente 1, 255\nPinte 5, 40, Verde\n"
+          "NovaJanela DEFINE, j\nNovaJanela j.ATIVA\nNovaJanela j.TAMANHO = 10, 20\n"),
+      RunOutcome::Ended)
+      << out.str();
   ASSERT_EQ(page.forms.size(), 2U);
   for (PageForm* form : page.forms) {
     EXPECT_EQ(form->caption, form->Caption());
@@ -180,64 +178,6 @@ TEST(Page, WhatIsToldMakesTheSameWindowsAndControls) {
     EXPECT_EQ(shown.fore, control.ForeColor()) << shown.name;
     EXPECT_EQ(shown.font, control.Font()) << shown.name;
     EXPECT_EQ(shown.toolTip, control.ToolTipText()) << shown.name;
-  }
-}
-
-TEST(Page, EachChangeOfAContentIsTold) {
-  std::istringstream in;
-  std::ostringstream out;
-  ConsoleHost console({in, out, out}, {});
-  Page page;
-  HostedProgram program(console.host(), page);
-  EditorTexts editors;
-  editors[0] = FromSource(
-      "Rotulo r, \"Nome\", 1, 1\nTexto t, 2, 1, 20\nMoeda m, 4, 1, 9\nMascara k, \"##/##\", 5, 1, 9\n"
-      "Botao b, 6, 1\nCheck c, 8, 1, \"Ativo\"\nOpcao p, 8, 20, \"Outro\"\nBarraRolagem s, 9, 9, 1, 1, 20\n"
-      "Combo o, 10, 1, 10\nCombo o.Adiciona \"um\"\nCalendario d, 11, 1, 10\nBox g, 12, 1, 6\n"
-      "Box g.Titulo, \"a\", 20\nBox g.Ativa\nBox g.Add \"x\"\nBox g.New\nBox g.Fim\n");
-  ASSERT_EQ(program.Start(editors, ""), RunOutcome::Ended) << out.str();
-  struct Row {
-    const char* object;
-    std::function<void(PersonObject&)> act;
-    const char* word = "";
-    const char* arguments = "";
-  };
-  for (const Row& row : {
-           Row{"r", {}, "Rotulo", "r.Txt = \"Outro\""},
-           Row{"r", {}, "Rotulo", "r.Justifica = 2"},
-           Row{"t", {}, "Texto", "t.Txt = \"abc\""},
-           Row{"m", {}, "Moeda", "m.Valor = 3"},
-           Row{"m", {}, "Moeda", "m.Casas = 3"},
-           Row{"k", {}, "Mascara", "k.Txt = \"12/34\""},
-           Row{"b", {}, "Botao", "b.Descricao = \"Grava\""},
-           Row{"c", {}, "Check", "c.Valor = 1"},
-           Row{"p", {}, "Opcao", "p.Valor = 1"},
-           Row{"s", {}, "BarraRolagem", "s.Valor = 3"},
-           Row{"s", {}, "BarraRolagem", "s.Maximo = 5"},
-           Row{"o", {}, "Combo", "o.Txt = \"dois\""},
-           Row{"d", {}, "Calendario", "d.Txt = \"01/02/2003\""},
-           Row{"g", [](PersonObject& o) { o.ClickRow(0); }},
-           Row{"t", [](PersonObject& o) { o.ReplaceText("x"); }},
-           Row{"m", [](PersonObject& o) { o.EnterValue(7); }},
-           Row{"k", [](PersonObject& o) { o.ReplaceText("9"); }},
-           Row{"b", [](PersonObject& o) { o.Click(); }},
-           Row{"c", [](PersonObject& o) { o.Click(); }},
-           Row{"s", [](PersonObject& o) { o.PressArrow(true); }},
-           Row{"o", [](PersonObject& o) { o.Choose(0); }},
-           Row{"d", [](PersonObject& o) { o.PickDate("05/06/2007"); }},
-       }) {
-    PageControl* shown = nullptr;
-    for (auto& [number, control] : page.forms.front()->controls) {
-      if (control.name == row.object) shown = &control;
-    }
-    ASSERT_NE(shown, nullptr) << row.object;
-    shown->contents = 0;
-    if (row.act) {
-      row.act(*program.janela.windows().FindObject(row.object));
-    } else {
-      program.commands.CommandCall(row.word, row.arguments);
-    }
-    EXPECT_GT(shown->contents, 0) << row.object << row.arguments;
   }
 }
 

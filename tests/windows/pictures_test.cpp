@@ -56,24 +56,48 @@ const std::string kJpeg =
     "\000\000\000\000\000\000\000\000\000\007\377\304\000\024\020\001\000\000\000\000\000\000\000\000"s
     "\000\000\000\000\000\000\000\000\377\332\000\010\001\001\000\000\077\000\140\177\377\331"s;
 
-}  // namespace
-
-TEST(PictureFile, ABitmapsPixelsStandFromTheTopDown) {
-  const PictureRef picture = DecodePicture(TestCodec(), kBmp);
-  ASSERT_NE(picture, nullptr);
-  EXPECT_EQ(picture->size(), (Size{2, 2}));
-  EXPECT_EQ(picture->raster.At(0, 0), 0xFFFF0000U);
-  EXPECT_EQ(picture->raster.At(1, 0), 0xFF00FF00U);
-  EXPECT_EQ(picture->raster.At(0, 1), 0xFF0000FFU);
-  EXPECT_EQ(picture->raster.At(1, 1), 0xFFFFFFFFU);
+// The pixels in rows from the top down, in hexadecimal; "none" for what is no picture.
+std::string PixelsOf(const std::string& bytes) {
+  const PictureRef picture = DecodePicture(TestCodec(), bytes);
+  if (picture == nullptr) return "none";
+  std::ostringstream pixels;
+  for (int y = 0; y < picture->size().height; ++y) {
+    if (y > 0) pixels << "| ";
+    for (int x = 0; x < picture->size().width; ++x) pixels << std::hex << picture->raster.At(x, y) << " ";
+  }
+  return pixels.str();
 }
 
-TEST(PictureFile, ATransparentColourLetsTheGroundThrough) {
-  const PictureRef picture = DecodePicture(TestCodec(), kGif);
-  ASSERT_NE(picture, nullptr);
-  EXPECT_EQ(picture->size(), (Size{1, 2}));
-  EXPECT_EQ(picture->raster.At(0, 0), 0xFF000000U);
-  EXPECT_EQ(picture->raster.At(0, 1), 0U);
+}  // namespace
+
+TEST(PictureFile, EachFormatHasItsPixelsAndItsTransparency) {
+  const std::string corners = "ffff0000 ff00ff00 | ff0000ff ";
+  // Two colours and a mask, as old icons have them: one row of white, black, nothing.
+  const std::string oldIcon =
+      "\0\0\x02\0\x01\0\x03\x01\x02\0\0\0\0\0\x38\0\0\0\x16\0\0\0"s
+      "\x28\0\0\0\x03\0\0\0\x02\0\0\0\x01\0\x01\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0"s
+      "\0\0\0\0\xFF\xFF\xFF\0"s
+      "\x80\0\0\0"s
+      "\x20\0\0\0"s;
+  // Room for an opacity that none of its pixels has: the mask says it, whatever stands behind a row of it.
+  const std::string maskAlone =
+      kIco.substr(0, 62) + "\1\2\3\0\4\5\6\0\7\10\11\0\12\13\14\0\0\0\0\xFF\x40\0\0\0"s;
+  std::string pngInside = kIco.substr(0, 22) + kPng;
+  pngInside[14] = static_cast<char>(kPng.size());
+  for (const auto& [bytes, pixels] : {std::pair{kBmp, corners + "ffffffff "},
+                                      {kGif, "ff000000 | 0 "},
+                                      {kPng, corners + "0 "},
+                                      {kIco, corners + "0 "},
+                                      {oldIcon, "ffffffff ff000000 0 "},
+                                      {maskAlone, "ff090807 0 | ff030201 ff060504 "},
+                                      {pngInside, corners + "0 "},
+                                      {pngInside.substr(0, pngInside.size() - 30), "none"}}) {
+    EXPECT_EQ(PixelsOf(bytes), pixels);
+  }
+  const PictureRef grey = DecodePicture(TestCodec(), kJpeg);
+  ASSERT_NE(grey, nullptr);
+  EXPECT_EQ(grey->size(), (Size{8, 8}));
+  EXPECT_EQ(grey->raster.At(3, 5), 0xFF8C8C8CU);
 }
 
 TEST(PictureFile, OtherContentsAreNoPictureWhateverTheyAreCalled) {
@@ -87,58 +111,6 @@ TEST(PictureFile, OtherContentsAreNoPictureWhateverTheyAreCalled) {
     EXPECT_EQ(LoadPicture(TestCodec(), files, folder / name), nullptr) << name;
   }
   EXPECT_NE(LoadPicture(TestCodec(), files, folder / "gif.txt"), nullptr);
-}
-
-TEST(PictureFile, EachFormatHasItsPixelsAndItsTransparency) {
-  for (const std::string& bytes : {kPng, kIco}) {
-    const PictureRef picture = DecodePicture(TestCodec(), bytes);
-    ASSERT_NE(picture, nullptr);
-    ASSERT_EQ(picture->size(), (Size{2, 2}));
-    EXPECT_EQ(picture->raster.At(0, 0), 0xFFFF0000U);
-    EXPECT_EQ(picture->raster.At(1, 0), 0xFF00FF00U);
-    EXPECT_EQ(picture->raster.At(0, 1), 0xFF0000FFU);
-    EXPECT_EQ(picture->raster.At(1, 1), 0U);
-  }
-  const PictureRef grey = DecodePicture(TestCodec(), kJpeg);
-  ASSERT_NE(grey, nullptr);
-  EXPECT_EQ(grey->size(), (Size{8, 8}));
-  EXPECT_EQ(grey->raster.At(3, 5), 0xFF8C8C8CU);
-}
-
-// Two colours and a mask, as old icons have them: one row of white, black, nothing.
-TEST(PictureFile, AnOldIconHasColoursAndAMask) {
-  const std::string header = "\0\0\x02\0\x01\0\x03\x01\x02\0\0\0\0\0\x38\0\0\0\x16\0\0\0"s;
-  const std::string image =
-      "\x28\0\0\0\x03\0\0\0\x02\0\0\0\x01\0\x01\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0"s
-      "\0\0\0\0\xFF\xFF\xFF\0"s
-      "\x80\0\0\0"s
-      "\x20\0\0\0"s;
-  const PictureRef picture = DecodePicture(TestCodec(), header + image);
-  ASSERT_NE(picture, nullptr);
-  ASSERT_EQ(picture->size(), (Size{3, 1}));
-  EXPECT_EQ(picture->raster.At(0, 0), 0xFFFFFFFFU);
-  EXPECT_EQ(picture->raster.At(1, 0), 0xFF000000U);
-  EXPECT_EQ(picture->raster.At(2, 0), 0U);
-}
-
-// Room for an opacity that none of its pixels has: the mask says it, whatever stands behind a row of it.
-TEST(PictureFile, AnIconOfManyColoursMayHaveAMaskAlone) {
-  const std::string pixels = "\1\2\3\0\4\5\6\0\7\10\11\0\12\13\14\0"s;
-  const PictureRef picture =
-      DecodePicture(TestCodec(), kIco.substr(0, 62) + pixels + "\0\0\0\xFF\x40\0\0\0"s);
-  ASSERT_NE(picture, nullptr);
-  EXPECT_EQ(picture->raster.At(0, 0), 0xFF090807U);
-  EXPECT_EQ(picture->raster.At(1, 0), 0U);
-  EXPECT_EQ(picture->raster.At(0, 1), 0xFF030201U);
-}
-
-TEST(PictureFile, AnIconMayHoldAPng) {
-  std::string icon = kIco.substr(0, 22) + kPng;
-  icon[14] = static_cast<char>(kPng.size());
-  const PictureRef picture = DecodePicture(TestCodec(), icon);
-  ASSERT_NE(picture, nullptr);
-  EXPECT_EQ(picture->raster.At(1, 0), 0xFF00FF00U);
-  EXPECT_EQ(DecodePicture(TestCodec(), icon.substr(0, icon.size() - 30)), nullptr);
 }
 
 // Two images of one width, a wider one, and what looks like the widest behind the last that is counted.
@@ -251,11 +223,10 @@ TEST(PictureCodec, ThatIsMissingIsToldOnceWithItsPackage) {
                         [&](Services& services) { services.findCodec = CodecOfPart({folder.path()}); });
   program.run.paths = PathMapping(program.run.host.files, folder.path(), folder / "dados");
   program.run.ProgramFolderText = folder.path().string() + "\\";
-  EditorTexts editors;
-  editors[0] = FromSource(
-      "Imagem P, \"\", 0, 0, 4, 4\nJanela Fundo = \"foto.bmp\"\nJanela Fundo = \"foto.bmp\"\n"
-      "Janela Fundo = \"ImgSobre\"\nImagem P.Img, \"FigOK\"\nEscreva \"segue\"");
-  EXPECT_EQ(program.Start(editors, ""), RunOutcome::Ended);
+  EXPECT_EQ(
+      program.Start("Imagem P, \"\", 0, 0, 4, 4\nJanela Fundo = \"foto.bmp\"\nJanela Fundo = \"foto.bmp\"\n"
+                    "Janela Fundo = \"ImgSobre\"\nImagem P.Img, \"FigOK\"\nEscreva \"segue\""),
+      RunOutcome::Ended);
   EXPECT_EQ(out.str(), "segue\n");
   EXPECT_EQ(err.str(),
             "[critico] Instale o pacote tessera-picture\n"

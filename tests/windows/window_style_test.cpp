@@ -76,11 +76,11 @@ TEST_F(WindowStyleTest, AWindowIsDraggedByItsClientAreaAndTheProgramFeelsNothing
   for (int line = 0; line < 4; ++line) program.commands.CommandCall("Aguarde", "0");
   EXPECT_EQ(Window().Place().Left, before.Left + 5 * 8 * kTwipsPerPixel);
   EXPECT_EQ(Window().Place().Top, before.Top + 2 * 14 * kTwipsPerPixel);
-  EXPECT_EQ(program.run.variables.VarRead("CliqueMouse").ToText(), "");
+  EXPECT_EQ(program.Read("CliqueMouse"), "");
   EXPECT_EQ(program.commands.CommandCall("TestaMouse", "").ToText(), "00");
-  EXPECT_EQ(program.run.variables.VarRead("LinhaMouse").ToText(), "3") << "where the drag began";
+  EXPECT_EQ(program.Read("LinhaMouse"), "3") << "where the drag began";
   for (int line = 0; line < 2; ++line) program.commands.CommandCall("Aguarde", "0");
-  EXPECT_EQ(program.run.variables.VarRead("LinhaMouse").ToText(), "4");
+  EXPECT_EQ(program.Read("LinhaMouse"), "4");
   EXPECT_EQ(program.commands.CommandCall("TestaMouse", "").ToText(), "01")
       << "the other button is the program's";
 }

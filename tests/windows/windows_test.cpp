@@ -4,18 +4,15 @@
 
 #include <sstream>
 
-#include "console/console_host.h"
-#include "support/core_program.h"
-#include "support/hosted_program.h"
+#include "support/console_window.h"
 #include "windows/event_state.h"
 
 namespace tessera::test {
 
 namespace {
 
-class WindowsTest : public testing::Test {
+class WindowsTest : public ConsoleWindowTest {
  protected:
-  WindowModel& Windows() { return program.janela.windows(); }
   // What the command `LePorta` does when the program comes to it.
   void AtLePorta(std::function<void()> look) {
     AtWord(program.run, "LePorta", [look = std::move(look)](std::string_view) {
@@ -23,12 +20,6 @@ class WindowsTest : public testing::Test {
       return Value();
     });
   }
-
-  std::istringstream in;
-  std::ostringstream out;
-  std::ostringstream err;
-  ConsoleHost host{{in, out, err}, {.programTitle = "TESTE"}};
-  HostedProgram program{host.host(), host};
 };
 
 }  // namespace
@@ -76,22 +67,18 @@ TEST(WindowPlaces, EachNumberThatIsWrittenMovesItsOwnSide) {
            {"Posicao = 3, 4;Posicao = , \"CENTRO\"", "660 9600 6900 9600", "660 10800 5100 7200"},
            {"Tamanho = 10, 40;Posicao = Centro, Centro", "6705 12000 2805 4800", "6705 12000 2805 4800"}}) {
     for (const std::string_view window : {"Janela ", "NovaJanela A."}) {
-      std::istringstream in;
-      std::ostringstream out;
-      std::ostringstream err;
-      ConsoleHost host({in, out, err}, {});
-      HostedProgram program(host.host(), host);
+      ConsoleProgram fresh;
       std::string source = "NovaJanela Define, A\n";
       std::istringstream sets{std::string(row.set)};
       for (std::string set; std::getline(sets, set, ';');) source.append(window).append(set).append("\n");
       std::ostringstream found;
-      AtWord(program.run, "LePorta", [&](std::string_view) {
+      AtWord(fresh.program.run, "LePorta", [&](std::string_view) {
         const bool isMain = window == "Janela ";
-        const Placement& place = program.janela.windows().FindWindow(isMain ? "Pai" : "A")->Place();
+        const Placement& place = fresh.program.janela.windows().FindWindow(isMain ? "Pai" : "A")->Place();
         found << place.Top << ' ' << place.Left << ' ' << place.Height << ' ' << place.Width;
         return Value();
       });
-      EXPECT_EQ(program.Run(source + "LePorta\n"), 0) << err.str();
+      EXPECT_EQ(fresh.program.Run(source + "LePorta\n"), 0) << fresh.err.str();
       EXPECT_EQ(found.str(), window == "Janela " ? row.main : row.further) << window << row.set;
     }
   }
@@ -129,14 +116,10 @@ TEST(JanelaCommand, ThePositionTakesALiteralNumberAlone) {
   for (const auto& [line, fails] : {std::pair{"Janela Posicao = 3, 4\n", false},
                                     {"Janela Posicao = n, 4\n", true},
                                     {"NovaJanela Pai.Posicao = n, 4\n", false}}) {
-    std::istringstream in;
-    std::ostringstream out;
-    std::ostringstream err;
-    ConsoleHost host({in, out, err}, {});
-    HostedProgram program(host.host(), host);
-    EXPECT_EQ(program.Run("Var n Inteiro\nn = 3\n" + std::string(line)), fails ? 1 : 0) << line;
+    ConsoleProgram fresh;
+    EXPECT_EQ(fresh.program.Run("Var n Inteiro\nn = 3\n" + std::string(line)), fails ? 1 : 0) << line;
     if (!fails) {
-      EXPECT_EQ(program.janela.windows().MainWindow().Place().Top, 3 * 220) << line;
+      EXPECT_EQ(fresh.program.janela.form().Place().Top, 3 * 220) << line;
     }
   }
 }
