@@ -1,0 +1,28 @@
+#include "support/counted_memory.h"
+
+#include <cstdlib>
+#include <new>
+
+namespace {
+
+long taken = 0;
+
+}  // namespace
+
+void* operator new(std::size_t size) {
+  ++taken;
+  if (void* memory = std::malloc(size)) return memory;
+  throw std::bad_alloc();
+}
+
+void operator delete(void* memory) noexcept {
+  std::free(memory);
+}
+
+void operator delete(void* memory, std::size_t) noexcept {
+  std::free(memory);
+}
+
+long tessera::test::TimesMemoryWasTaken() {
+  return taken;
+}
