@@ -1,5 +1,7 @@
 #include "values/condition_form.h"
 
+#include <array>
+
 #include "platform/failure.h"
 #include "text/one_based.h"
 
@@ -54,13 +56,14 @@ std::string_view ConditionForm::Outcome(Run& run, const Comparison& comparison) 
 
 bool ConditionForm::Holds(Run& run) const {
   if (single_ != nullptr) return Outcome(run, *single_) == kTrue;
-  std::vector<std::string_view> results;
+  std::array<std::string_view, kMostComparisons> results;
+  std::size_t count = 0;
   for (const Comparison& comparison : comparisons_) {
     const std::string_view outcome = Outcome(run, comparison);
-    if (results.size() == kMostComparisons) FailSubscript();
-    results.push_back(outcome);
+    if (count == results.size()) FailSubscript();
+    results[count++] = outcome;
   }
-  return CombineConditions(connectives_, results) == kTrue;
+  return CombineConditions(connectives_, std::span(results).first(count)) == kTrue;
 }
 
 }  // namespace tessera

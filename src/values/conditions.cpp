@@ -89,7 +89,7 @@ std::string_view CompareTerms(std::string_view comparison, const Value& left, co
 }
 
 std::string_view CombineConditions(const std::vector<std::string_view>& connectives,
-                                   const std::vector<std::string_view>& results) {
+                                   std::span<const std::string_view> results) {
   const auto result = [&](std::size_t i) { return i < results.size() ? results[i] : std::string_view{}; };
   std::string_view word = result(0);
   for (std::size_t k = 0; k < connectives.size(); ++k) {

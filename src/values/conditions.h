@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -33,7 +34,7 @@ std::string_view CompareTerms(std::string_view comparison, const Value& left, co
 
 // The final word of the results, joined by the connectives strictly from the left.
 std::string_view CombineConditions(const std::vector<std::string_view>& connectives,
-                                   const std::vector<std::string_view>& results);
+                                   std::span<const std::string_view> results);
 
 // Evaluates every comparison, with its side effects, and joins the results. Failure 9 for more than 21
 // comparisons.

@@ -1,7 +1,9 @@
 // What creating objects and their suffixes makes of the controls: places, looks and states, a row each.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <sstream>
+#include <vector>
 
 #include "objects/botao.h"
 #include "objects/combo.h"
@@ -15,8 +17,8 @@ namespace tessera::test {
 
 namespace {
 
-// "left,top widthxheight back/fore font size what-is-not-usual [tip] text", and the number in the order of
-// Tab.
+// "left,top widthxheight back/fore font size what-is-not-usual [tip] text", the number in the order of Tab,
+// and how many other objects are in front of it, if any.
 std::string Told(const Control& control) {
   std::ostringstream told;
   const ControlPlace& place = control.Place();
@@ -28,6 +30,11 @@ std::string Told(const Control& control) {
        << control.ToolTipText() << "] " << ToUtf8(control.PortraitText()) << " " << control.TabIndex();
   const auto* button = dynamic_cast<const BotaoControl*>(&control);
   if (button != nullptr && button->Picture()) told << " picture";
+  const std::vector<Control*> order = control.form().Controls().InZOrder();
+  const auto isInFront = [](const Control* other) { return !other->Name().empty(); };
+  const auto front =
+      std::count_if(std::find(order.begin(), order.end(), &control) + 1, order.end(), isInFront);
+  if (front > 0) told << " under " << front;
   return told.str();
 }
 

@@ -488,16 +488,19 @@ TEST_F(Cleaning, KeepsTheLiveRecordsAndRenumbersAFirstAutoInc) {
   program.emplace(folder.path());
   program->Run(
       "BD N, d\nId, AutoInc\nT, String, 3\nFimBD\nAbreBD N\nVar i Inteiro\n"
-      "Enquanto i < 5;N.T = i;AdicionaRegistro N;i++;Repita\n"
-      "ExcluiRegistro N, 1;ExcluiRegistro N, 2;FechaBD N;LimpaBD N;AbreBD N");
+      "Enquanto i < 12;N.T = i;AdicionaRegistro N;i++;Repita\n"
+      "i = 1;Enquanto i < 10;ExcluiRegistro N, i;i++;Repita\nFechaBD N;LimpaBD N;AbreBD N");
   EXPECT_TRUE(program->Boxes().empty());
   EXPECT_FALSE(std::filesystem::exists(folder.path() / "d" / "Temp.Tsa"));
-  EXPECT_EQ(ReadBytes(folder.path() / "d" / "N.Tsa").size(), 19999u + 3 * 17);
+  const std::string bytes = ReadBytes(folder.path() / "d" / "N.Tsa");
+  EXPECT_EQ(bytes.size(), 19999u + 3 * 17);
+  const std::string count = std::string(SlotOf(bytes, tsa::kCount)).substr(kEncodedOverhead + 1);
+  EXPECT_EQ(count, std::string(count.size(), ' ')) << "nothing of the longer count is left";
   program.emplace(folder.path());
   EXPECT_EQ(
       program->Run("BD N, d\nId, AutoInc\nT, String, 3\nFimBD\nLimpaBD N;AbreBD N\nVar i Inteiro\ni = 0\n"
                    "Enquanto i < 3;LeRegistro N, i;Escreva N.Id, N.T;i++;Repita"),
-      "00\n13\n24\n");
+      "00\n110\n211\n");
 }
 
 TEST_F(Cleaning, TheHeadersLastByteComesFromTheOldFile) {

@@ -164,10 +164,11 @@ TEST(Conditions, OnlyANumberOnTheLeftConverts) {
 }
 
 TEST(Conditions, JoinFromTheLeftWithoutPrecedence) {
-  EXPECT_EQ(CombineConditions({"OU", "E"}, {kTrue, kTrue, kFalse}), kFalse);
-  EXPECT_EQ(CombineConditions({"E", "OU"}, {kFalse, kFalse, kTrue}), kTrue);
-  EXPECT_EQ(CombineConditions({}, {kTrue}), kTrue);
-  EXPECT_EQ(CombineConditions({}, {}), "");
+  using Words = std::vector<std::string_view>;
+  EXPECT_EQ(CombineConditions({"OU", "E"}, Words{kTrue, kTrue, kFalse}), kFalse);
+  EXPECT_EQ(CombineConditions({"E", "OU"}, Words{kFalse, kFalse, kTrue}), kTrue);
+  EXPECT_EQ(CombineConditions({}, Words{kTrue}), kTrue);
+  EXPECT_EQ(CombineConditions({}, Words{}), "");
 }
 
 TEST(Conditions, ThePlacesAreCounted) {
