@@ -79,12 +79,12 @@ std::string_view CompareTerms(std::string_view comparison, const Value& left, co
   const Value b = convert && right.IsNumeric() ? Value(right.ToDouble()) : right;
   const std::partial_ordering order = Order(a, b);
   const auto word = [](bool holds) { return holds ? kTrue : kFalse; };
-  if (comparison == "=") return word(order == 0);
-  if (comparison == "<") return word(order < 0);
-  if (comparison == ">") return word(order > 0);
-  if (comparison == "<>") return word(order != 0);
-  if (comparison == ">=") return word(order >= 0);
-  if (comparison == "<=") return word(order <= 0);
+  if (comparison == "=") return word(std::is_eq(order));
+  if (comparison == "<") return word(std::is_lt(order));
+  if (comparison == ">") return word(std::is_gt(order));
+  if (comparison == "<>") return word(std::is_neq(order));
+  if (comparison == ">=") return word(std::is_gteq(order));
+  if (comparison == "<=") return word(std::is_lteq(order));
   return {};
 }
 
