@@ -125,12 +125,10 @@ void FrmXRel::LoadParts() {
   TxtPagFim_ = Load<TextoControl>("TxtPagFim", 0, {352, kTop + 1, 48, 24}, 0, false);
   for (const auto& [field, text] :
        {std::pair(TxtPagIni_, report_.TxtPagIni), std::pair(TxtPagFim_, report_.TxtPagFim)}) {
-    field->SetFont(kPaperFont);
     field->SetTag("NUMERICO");
     field->SetText(text);
   }
   CmbZoom_ = Load<ComboControl>("CmbZoom", 0, {416, kTop + 1, 88, 24}, 0);
-  CmbZoom_->SetFont(kPaperFont);
   CmbZoom_->AddItem(kFitWidth);
   CmbZoom_->AddItem(kFitPage);
   for (const double zoom : kZooms) CmbZoom_->AddItem(ZoomText(zoom));

@@ -19,6 +19,7 @@
 #include "reports/preview_controls.h"
 #include "support/core_program.h"
 #include "support/hosted_program.h"
+#include "support/table.h"
 #include "support/temporary_folder.h"
 #include "support/typewriter.h"
 #include "text/code_page.h"
@@ -95,7 +96,7 @@ class PreviewTest : public testing::Test {
       text << " " << bar.State().Value() << "/" << bar.State().Max() << (bar.Enabled() ? "" : " off");
     }
     text << " [" << PartOf<ComboControl>("CmbZoom").Shown().text << "] "
-         << PartOf<RotuloControl>("LblPagina").Caption();
+         << PartOf<RotuloControl>("LblPagina").Caption() << (page.Shown() == nullptr ? " blank" : "");
     return ToUtf8(text.str());
   }
 
@@ -196,6 +197,31 @@ TEST_F(PreviewTest, ThePartsFollowTheWindow) {
       {"redim 1 1", "5,30,1,1 5,31,1,17 6,30,17,1 510,2,34,26  548,2,34,26  586,2,34,26  "},
   };
   ExpectSteps(steps, Looks(ScriptOf(steps), [this] { return Places(); }));
+}
+
+// Each part as the table tells it: its font, what it says under the pointer, its picture, its entries and
+// steps.
+TEST_F(PreviewTest, ThePartsAreThoseOfTheTable) {
+  const Table table = TablesOf("reports/preview.txt").at(0);
+  std::vector<std::string> told;
+  Looks({"clique BtnSair"}, [&] {
+    told.clear();
+    for (const TableCase& part : table.cases) {
+      const auto& control = PartOf<Control>(part.given);
+      std::ostringstream text;
+      text << control.Font().name << " " << control.Font().size << " [" << control.ToolTipText() << "]";
+      if (const auto* button = dynamic_cast<const BotaoControl*>(&control))
+        text << (button->Picture() ? " picture" : "");
+      if (const auto* combo = dynamic_cast<const ComboControl*>(&control))
+        for (const std::string& entry : combo->State().Entries()) text << " " << entry;
+      if (const auto* bar = dynamic_cast<const BarraControl*>(&control))
+        text << " " << bar->State().SmallChange() << " " << bar->State().LargeChange();
+      told.push_back(ToUtf8(text.str()) + "\n");
+    }
+    return std::string();
+  });
+  for (std::size_t i = 0; i < table.cases.size(); ++i)
+    EXPECT_EQ(told.at(i), table.cases[i].result) << table.cases[i].given;
 }
 
 // The programs on paper, with letters of another library: what they say and ask is the same.
