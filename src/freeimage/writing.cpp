@@ -124,10 +124,15 @@ std::string EncodePng(const Raster& raster) {
     BYTE* bytes = FreeImage_GetScanLine(bitmap.get(), size.height - 1 - y);
     for (int x = 0; x < size.width; ++x, bytes += kDepth / 8) {
       const Pixel pixel = raster.At(x, y);
-      bytes[FI_RGBA_RED] = static_cast<BYTE>(pixel >> 16);
-      bytes[FI_RGBA_GREEN] = static_cast<BYTE>(pixel >> 8);
-      bytes[FI_RGBA_BLUE] = static_cast<BYTE>(pixel);
-      bytes[FI_RGBA_ALPHA] = static_cast<BYTE>(pixel >> 24);
+      const Pixel opacity = pixel >> 24;
+      // The file has the colours as they are before they are multiplied by the opacity.
+      const auto colourAt = [&](int shift) {
+        return static_cast<BYTE>(opacity == 0 ? 0 : ((pixel >> shift & 0xFF) * 255 + opacity / 2) / opacity);
+      };
+      bytes[FI_RGBA_RED] = colourAt(16);
+      bytes[FI_RGBA_GREEN] = colourAt(8);
+      bytes[FI_RGBA_BLUE] = colourAt(0);
+      bytes[FI_RGBA_ALPHA] = static_cast<BYTE>(opacity);
     }
   }
   return Encode(bitmap, FIF_PNG, PNG_DEFAULT);

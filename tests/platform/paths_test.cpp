@@ -50,7 +50,8 @@ TEST(PathMapping, DriveLettersAreFoldersMadeOnFirstUse) {
   EXPECT_EQ(paths.SystemPath("c:\\dados\\x.txt"), folder / "data/C/dados/x.txt");
   EXPECT_TRUE(folder.Has("data/C"));
   EXPECT_FALSE(folder.Has("data/C/dados"));
-  EXPECT_EQ(paths.SystemPath("D:x.txt"), folder / "data/D/x.txt");
+  for (const std::string letter : {"A", "D", "Z"})
+    EXPECT_EQ(paths.SystemPath(letter + ":x.txt"), folder / ("data/" + letter + "/x.txt"));
 }
 
 TEST(PathMapping, WhatIsNotThereAsSpelledIsLookedUpBlindToCase) {

@@ -126,6 +126,13 @@ TEST(PictureFile, TheLargestImageOfAnIconIsTheFirstOfThoseThatItCounts) {
   }
 }
 
+TEST(PictureFile, APngKeepsEachColourAndItsOpacity) {
+  Raster raster({3, 1});
+  raster.Set(0, 0, 0xFF102030);
+  raster.Set(1, 0, PixelOf(0x405060, 0x80));
+  EXPECT_EQ(PixelsOf(TestCodec().EncodePng(raster)), "ff102030 80202830 0 ");
+}
+
 TEST(PictureFile, APageHasAPaletteWhereItHoldsAllColours) {
   for (const int colours : {1, 256, 257}) {
     Raster page({colours, 3});
