@@ -1,9 +1,9 @@
 #include "image/seal.h"
 
-#include <array>
 #include <cstdint>
 #include <optional>
 
+#include "image/byte_sum.h"
 #include "image/elf_file.h"
 #include "text/little_endian.h"
 
@@ -16,41 +16,6 @@ constexpr std::size_t kSumWidth = 4;
 // A length that no file has: the package is a section, and the sum is that of the parts.
 constexpr std::uint64_t kLengthInSection = 1;
 static_assert(kLengthWidth + kSumWidth == kSealNumbers);
-
-// Eight bytes are taken at a time: row k of the table holds the sums of a byte with k zero bytes behind it.
-using SumTable = std::array<std::array<std::uint32_t, 256>, 8>;
-
-consteval SumTable MakeSumTable() {
-  constexpr std::uint32_t kPolynomial = 0xEDB88320;  // bits reversed
-  SumTable table{};
-  for (std::uint32_t byte = 0; byte < 256; ++byte) {
-    std::uint32_t sum = byte;
-    for (int bit = 0; bit < 8; ++bit) sum = (sum >> 1) ^ ((sum & 1) != 0 ? kPolynomial : 0);
-    table[0][byte] = sum;
-  }
-  for (std::size_t k = 1; k < table.size(); ++k) {
-    for (std::size_t byte = 0; byte < 256; ++byte) {
-      table[k][byte] = (table[k - 1][byte] >> 8) ^ table[0][table[k - 1][byte] & 0xFF];
-    }
-  }
-  return table;
-}
-
-constexpr SumTable kSums = MakeSumTable();
-
-// The running sum behind further bytes; it begins with all bits set and ends by their complement.
-std::uint32_t AddToSum(std::uint32_t sum, std::string_view bytes) {
-  while (bytes.size() >= kSums.size()) {
-    const std::uint64_t eight = FromLittleEndian(bytes, kSums.size()) ^ sum;
-    sum = 0;
-    for (std::size_t i = 0; i < kSums.size(); ++i) {
-      sum ^= kSums[kSums.size() - 1 - i][(eight >> (8 * i)) & 0xFF];
-    }
-    bytes.remove_prefix(kSums.size());
-  }
-  for (const char c : bytes) sum = (sum >> 8) ^ kSums[0][(sum ^ static_cast<unsigned char>(c)) & 0xFF];
-  return sum;
-}
 
 // The sum of a file of before, whose package stands behind its last byte: all but the numbers.
 std::uint32_t SumAround(std::string_view file, std::size_t numbers) {

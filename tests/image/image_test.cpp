@@ -4,6 +4,7 @@
 #include <cstring>
 #include <random>
 
+#include "image/byte_sum.h"
 #include "image/codec.h"
 #include "image/elf_file.h"
 #include "image/image_layout.h"
@@ -293,6 +294,18 @@ TEST(Seal, OfAPackageInASectionTellsWhatIsLoadedAndThePackage) {
   }
   for (std::size_t length = word + sizeof(SealPlace); length < whole.size(); ++length) {
     EXPECT_EQ(ProblemOf(whole.substr(0, length)), ImageProblem::CutFile) << length;
+  }
+}
+
+TEST(ByteSum, IsTheSameByTableAndByLanes) {
+  EXPECT_EQ(~AddToSum(~0U, "123456789"), 0xCBF43926U) << "the check value of CRC-32";
+  std::mt19937 random(29);
+  std::string bytes;
+  for (int i = 0; i < 1000; ++i) bytes.push_back(static_cast<char>(random()));
+  for (std::size_t length = 0; length < 400; ++length) {
+    const std::string_view part = std::string_view(bytes).substr(random() % 600, length);
+    const auto begin = static_cast<std::uint32_t>(random());
+    ASSERT_EQ(AddToSum(begin, part), AddToSumByTable(begin, part)) << length;
   }
 }
 
