@@ -36,15 +36,8 @@ constexpr std::array kButtons = {
 };
 
 bool Offers(BoxButtons buttons, BoxAnswer answer) {
-  switch (buttons) {
-    case BoxButtons::Ok:
-      return answer == BoxAnswer::Ok;
-    case BoxButtons::OkCancel:
-      return answer == BoxAnswer::Ok || answer == BoxAnswer::Cancel;
-    case BoxButtons::YesNo:
-      return answer == BoxAnswer::Yes || answer == BoxAnswer::No;
-  }
-  return false;
+  if (buttons == BoxButtons::YesNo) return answer == BoxAnswer::Yes || answer == BoxAnswer::No;
+  return answer == BoxAnswer::Ok || (answer == BoxAnswer::Cancel && buttons == BoxButtons::OkCancel);
 }
 
 // The input form: Enter in the field moves on as Tab does, so that a second one presses OK.

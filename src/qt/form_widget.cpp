@@ -4,7 +4,6 @@
 #include <QKeyEvent>
 #include <utility>
 
-#include "platform/failure.h"
 #include "qt/form_acts.h"
 #include "qt/key_codes.h"
 #include "qt/mouse_events.h"
@@ -43,8 +42,6 @@ void FormWidget::focusInEvent(QFocusEvent*) {
 
 // Only a size that the program did not give is news to the logic.
 void FormWidget::resizeEvent(QResizeEvent*) {
-  // A surface too large to draw on is the failure of the drawing, not of the window.
-  Guard([this] { pane_.Fit(); });
   if (size() == form_.SizeOfWidget()) return;
   Do([this] { form_.TakeSizeOfWidget(); }, [this] { return ResizeLine(width(), height()); });
 }

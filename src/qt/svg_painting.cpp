@@ -16,7 +16,6 @@ QImage PaintSvg(std::string_view svg, double pixelRatio) {
   image.setDevicePixelRatio(pixelRatio);
   image.fill(Qt::transparent);
   QPainter painter(&image);
-  painter.setRenderHint(QPainter::Antialiasing);
   renderer.render(&painter, QRectF(QPointF(), size));
   return image;
 }

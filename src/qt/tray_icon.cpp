@@ -30,8 +30,8 @@ std::unique_ptr<TrayIcon> TrayIcon::Show(const PictureRef& icon, std::string_vie
 
 TrayIcon::TrayIcon(const PictureRef& icon, std::string_view title, LogicEntry& entry, TrayEvents& events)
     : entry_(entry), events_(events) {
-  AddEntry("MenuAtivo", QStringLiteral("Mostrar a janela"), &TrayEvents::OnMenuAtivo);
-  AddEntry("MenuSair", QStringLiteral("Sair"), &TrayEvents::OnMenuSair);
+  AddEntry(QStringLiteral("Mostrar a janela"), &TrayEvents::OnMenuAtivo);
+  AddEntry(QStringLiteral("Sair"), &TrayEvents::OnMenuSair);
   menu_.setObjectName(QStringLiteral("MenuBarra"));
   icon_.setIcon(IconOf(icon));
   icon_.setToolTip(ToQString(title));
@@ -47,10 +47,8 @@ TrayIcon::TrayIcon(const PictureRef& icon, std::string_view title, LogicEntry& e
   watch_.start(kWatchInterval);
 }
 
-void TrayIcon::AddEntry(const char* name, const QString& text, void (TrayEvents::*act)()) {
-  QAction* entry = menu_.addAction(text);
-  entry->setObjectName(QString::fromLatin1(name));
-  QObject::connect(entry, &QAction::triggered, &menu_,
+void TrayIcon::AddEntry(const QString& text, void (TrayEvents::*act)()) {
+  QObject::connect(menu_.addAction(text), &QAction::triggered, &menu_,
                    [this, act] { entry_.Enter([&events = events_, act] { (events.*act)(); }); });
 }
 

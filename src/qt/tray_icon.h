@@ -24,7 +24,7 @@ class TrayIcon {
   TrayIcon& operator=(const TrayIcon&) = delete;
 
  private:
-  void AddEntry(const char* name, const QString& text, void (TrayEvents::*act)());
+  void AddEntry(const QString& text, void (TrayEvents::*act)());
   void LookAfterTray();
 
   LogicEntry& entry_;

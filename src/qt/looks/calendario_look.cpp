@@ -58,9 +58,10 @@ QSize MonthView::FullSize() {
 }
 
 QRectF MonthView::DayRect(std::size_t day) const {
-  const auto row = static_cast<double>(day / Calendario::kDaysOfWeek);
+  const std::size_t row = day / Calendario::kDaysOfWeek;
   const auto column = static_cast<double>(day % Calendario::kDaysOfWeek);
-  return {kEdgeWidth + column * kDayWidth, kTitleHeight + (row + 1) * kDayHeight, kDayWidth, kDayHeight};
+  return {kEdgeWidth + column * kDayWidth, kTitleHeight + static_cast<double>(row + 1) * kDayHeight,
+          kDayWidth, kDayHeight};
 }
 
 QRectF MonthView::PreviousRect() const {
@@ -83,12 +84,16 @@ void MonthView::paintEvent(QPaintEvent*) {
   painter.fillRect(rect(), Qt::white);
   painter.setPen(QColor(skin::kEdge));
   painter.drawRect(rect().adjusted(0, 0, -1, -1));
-  PaintTitle(painter);
   const auto days = calendar_.View();
   for (std::size_t place = 0; place < days.size(); ++place) PaintDay(painter, place, days[place]);
+  PaintTitle(painter);
 }
 
 void MonthView::PaintTitle(QPainter& painter) {
+  painter.setPen(QColor(skin::kTextDisabled));
+  for (std::size_t column = 0; column < Calendario::kDaysOfWeek; ++column) {
+    painter.drawText(DayRect(column).translated(0, -kDayHeight), Qt::AlignCenter, WeekdayNames()[column]);
+  }
   const std::chrono::year_month_day marked = calendar_.Marked();
   const QString month = MonthNames()[static_cast<unsigned>(marked.month()) - 1];
   painter.setPen(Qt::black);
@@ -99,11 +104,6 @@ void MonthView::PaintTitle(QPainter& painter) {
                    QStringLiteral("%1 de %2").arg(month).arg(static_cast<int>(marked.year())));
   skin::PaintArrow(painter, PreviousRect(), skin::Direction::Left, QColor(skin::kAccent));
   skin::PaintArrow(painter, NextRect(), skin::Direction::Right, QColor(skin::kAccent));
-  painter.setFont(font());
-  painter.setPen(QColor(skin::kTextDisabled));
-  for (std::size_t column = 0; column < Calendario::kDaysOfWeek; ++column) {
-    painter.drawText(DayRect(column).translated(0, -kDayHeight), Qt::AlignCenter, WeekdayNames()[column]);
-  }
 }
 
 void MonthView::PaintDay(QPainter& painter, std::size_t place, const Calendario::Day& day) {

@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "platform/failure.h"
 #include "qt/form.h"
 #include "qt/form_acts.h"
 #include "qt/mouse_events.h"
@@ -41,11 +40,6 @@ void ImagemLook::LoseControl() {
 
 void ImagemLook::paintEvent(QPaintEvent* event) {
   if (pane_) pane_->OnPaint(*event);
-}
-
-// A surface too large to draw on is the failure of the drawing.
-void ImagemLook::resizeEvent(QResizeEvent*) {
-  if (pane_) Guard([this] { pane_->Fit(); });
 }
 
 void ImagemLook::mousePressEvent(QMouseEvent* event) {

@@ -32,7 +32,6 @@ void SetaLook::paintEvent(QPaintEvent*) {
   const QPointF tip = middle + QPointF(toward * (hasBar ? 1 : 2.5), 0);
   painter.setPen(QPen(QColor(isPressed ? skin::kAccent : skin::kEdge).darker(isPressed ? 100 : 160), kStroke,
                       Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-  painter.setBrush(Qt::NoBrush);
   painter.drawPolyline(
       QPolygonF({tip + QPointF(-toward * kHalf, -kHalf), tip, tip + QPointF(-toward * kHalf, kHalf)}));
   if (!hasBar) return;

@@ -152,7 +152,6 @@ void TextoLook::paintEvent(QPaintEvent*) {
   }
   if (!isEnabled()) painter.setOpacity(0.5);
   document_.documentLayout()->draw(&painter, context);
-  painter.setOpacity(1);
   if (hasFocus() && CaretIsLit()) {
     painter.fillRect(CaretRect(text.Caret())
                          .translated(-0.5, 0)
