@@ -3,18 +3,23 @@
 
 #include <QAbstractButton>
 #include <QColorDialog>
+#include <QComboBox>
 #include <QElapsedTimer>
 #include <QFileDialog>
 #include <QFontDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPainter>
 #include <QTest>
 
 #include "qt/desktop_dialogs.h"
+#include "qt/pictures.h"
 #include "qt/print_surface.h"
+#include "qt/surface_pane.h"
 #include "support/qt_window.h"
 #include "support/temporary_folder.h"
 #include "windows/picture_commands.h"
+#include "windows/stock_pictures.h"
 
 namespace tessera::test {
 
@@ -135,12 +140,53 @@ TEST(PrintSurface, OnAFineScreenDrawingsKeepTheirPlacesAndTextBesideThemStaysFin
   }
 }
 
+// A surface's widget on a finer screen, where it may be moved to another one.
+struct FineWidget final : QWidget {
+  QImage Shown() {
+    QImage screen(size() * ratio, QImage::Format_RGB32);
+    screen.setDevicePixelRatio(ratio);
+    render(&screen);
+    return screen;
+  }
+  int metric(PaintDeviceMetric which) const override {
+    return which == PdmDevicePixelRatioScaled ? ratio << 16 : QWidget::metric(which);
+  }
+  void paintEvent(QPaintEvent* event) override { pane->OnPaint(*event); }
+  SurfacePane* pane = nullptr;
+  int ratio = 2;
+};
+
+TEST_F(QtDrawingTest, OnAFineScreenAPictureIsFineAndTakesItsPartAlone) {
+  Start("");
+  FineWidget widget;
+  widget.resize(80, 40);
+  DrawnPanes drawn;
+  Raster raster;
+  SurfacePane pane(widget, Main(), raster, drawn);
+  widget.pane = &pane;
+  const PictureRef figure = StockPicture(StockKind::Figure, 0);
+  for (const int left : {0, 20, 40}) {
+    widget.ratio = left < 40 ? 2 : 3;
+    pane.Paint({{figure, {left, 4}, {32, 16}}}, true);
+    QImage wanted = widget.Shown();
+    wanted.fill(qRgb(240, 240, 240));
+    QPainter painter(&wanted);
+    painter.setClipRect(left, 4, 32, 16);
+    painter.drawImage(left, 4, ToQImage(*figure, widget.ratio));
+    EXPECT_EQ(widget.Shown(), wanted) << left;
+  }
+  widget.resize(120, 40);
+  pane.Draw({{.y = 5, .left = 100, .right = 110}}, 0xFF0000FF);
+  EXPECT_EQ(widget.Shown().pixel(315, 16), qRgb(0, 0, 255)) << "where there was no room before";
+}
+
 TEST_F(QtDrawingTest, TheDialogsAnswerWhatThePersonChoseAndCancelIsNothing) {
   TemporaryFolder folder;
   folder.Write("um.txt", "x");
   {
     With<QFileDialog> choosing("DialogoArquivo", [&](QFileDialog& dialog) {
       EXPECT_EQ(dialog.windowTitle(), "Abra já");
+      EXPECT_EQ(dialog.fileMode(), QFileDialog::ExistingFile);
       EXPECT_EQ(dialog.nameFilters(), QStringList{"Textos (*.txt *.csv)"});
       dialog.selectFile(QString::fromStdString(folder / "um.txt"));
       QTest::keyClick(dialog.windowHandle(), Qt::Key_Return);
@@ -150,12 +196,16 @@ TEST_F(QtDrawingTest, TheDialogsAnswerWhatThePersonChoseAndCancelIsNothing) {
     EXPECT_EQ(path, folder / "um.txt");
   }
   {
-    With<QFileDialog> accepting("DialogoArquivo", [&](QFileDialog& dialog) {
+    With<QFileDialog> saving("DialogoArquivo", [&](QFileDialog& dialog) {
+      EXPECT_EQ(dialog.labelText(QFileDialog::Accept), "Salvar");
+      EXPECT_EQ(dialog.acceptMode(), QFileDialog::AcceptSave) << "it asks before a file goes";
       QTest::keyClick(dialog.windowHandle(), Qt::Key_Return);
     });
-    EXPECT_EQ(ShowFileDialog({.title = {}, .description = {}, .pattern = {}, .proposed = folder / "um.txt"},
-                             nullptr),
-              folder / "um.txt");
+    EXPECT_EQ(
+        ShowFileDialog(
+            {.save = true, .title = {}, .description = {}, .pattern = {}, .proposed = folder / "novo.txt"},
+            nullptr),
+        folder / "novo.txt");
   }
   {
     With<QColorDialog> choosing("DialogoCor", [](QColorDialog& dialog) {
@@ -175,6 +225,15 @@ TEST_F(QtDrawingTest, TheDialogsAnswerWhatThePersonChoseAndCancelIsNothing) {
     ASSERT_TRUE(font);
     EXPECT_EQ(font->size, 14);
     EXPECT_TRUE(font->bold);
+  }
+  {
+    With<QDialog> choosing("DialogoImpressora", [&](QDialog& dialog) {
+      auto& printers = *dialog.findChild<QComboBox*>("printers");
+      printers.setCurrentIndex(printers.count() - 1);
+      dialog.findChild<QLineEdit*>("filename")->setText(QString::fromStdString(folder / "a.pdf"));
+      QTest::keyClick(dialog.windowHandle(), Qt::Key_Return);
+    });
+    EXPECT_EQ(ShowPrinterDialog("", nullptr), folder / "a.pdf");
   }
   With<QDialog> cancelling("DialogoImpressora",
                            [](QDialog& dialog) { QTest::keyClick(dialog.windowHandle(), Qt::Key_Escape); });

@@ -172,13 +172,14 @@ TEST_F(LooksOnWindows, AssistiveToolsReadCaptionsAndNames) {
   Start(
       "Botao B, 1, 1, 2, 12, \"Grava\", \"\", \"Grava o registro\"\nTexto T, 4, 1, 20\nCheck C, 6, 1, "
       "\"Ativo\"\n"
-      "Rotulo R, \"Nome\", 8, 1\nMoldura M, \"Ficha\", 9, 1, 4, 20\n");
+      "Rotulo R, \"Nome\", 8, 1\nMoldura M, \"Ficha\", 9, 1, 4, 20\nLink L, 14, 1, \"Ajuda\", \"x\"\n");
   EXPECT_EQ(WidgetOf(Element("BtnNovo", 0)).accessibleName(), "Grava");
   EXPECT_EQ(WidgetOf(Element("BtnNovo", 0)).toolTip(), "Grava o registro");
   EXPECT_EQ(WidgetOf(Element("Texto", 0)).accessibleName(), "T");
   EXPECT_EQ(WidgetOf(Element("Chk", 0)).accessibleName(), "Ativo");
   EXPECT_EQ(WidgetOf(Element("LblRotulo", 0)).accessibleName(), "Nome");
   EXPECT_EQ(WidgetOf(Element("SpFrame", 0)).accessibleName(), "Ficha");
+  EXPECT_EQ(WidgetOf(Element("TxtLink", 0)).accessibleName(), "Ajuda");
 }
 
 TEST_F(LooksOnWindows, TextGoesOverTheClipboardFromOneEntryToAnother) {
@@ -377,6 +378,13 @@ TEST_F(LooksOnWindows, TheWheelTurnsListsTextsAndBars) {
   for (const QPoint angle : {QPoint(0, -120), QPoint(-120, 0), QPoint(0, 0), QPoint(0, 120), QPoint(0, -120)})
     turn(bar, angle);
   EXPECT_EQ(Variable("R.Valor"), "10");
+  const QPoint arrow = InWindow(bar, {bar.width() - 3, 8});
+  QTest::mousePress(Top(), Qt::LeftButton, {}, arrow);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return Variable("R.Valor") > "15"; })) << "held, it goes on";
+  QTest::mouseRelease(Top(), Qt::LeftButton, {}, arrow);
+  const std::string stopped = Variable("R.Valor");
+  QTest::qWait(200);
+  EXPECT_EQ(Variable("R.Valor"), stopped);
   QWidget& text = WidgetOf(Element("MultiLine", 0));
   const QImage begin = Shown(Element("MultiLine", 0));
   turn(text, {0, 120});

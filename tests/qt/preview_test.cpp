@@ -137,6 +137,7 @@ TEST_F(PreviewSteps, ZoomsByKeysWheelAndList) {
                 EXPECT_EQ(Part("TxtPagFim").accessibleName(), "TxtPagFim");
                 atFull = PageLeft();
                 EXPECT_GT(atFull, 20) << "the page stands in the middle of its frame";
+                EXPECT_NE(Look("PicXRel").pixel(atFull - 1, 300), Look("PicXRel").pixel(atFull - 9, 300));
                 KeepLook(Look(), "previa");
                 Wheel(120, Qt::ControlModifier);
               },
@@ -157,6 +158,12 @@ TEST_F(PreviewSteps, ZoomsByKeysWheelAndList) {
                 EXPECT_NE(Look("PicXRel"), before) << "the wheel moves the page";
                 Wheel(1200);
                 EXPECT_EQ(Look("PicXRel"), before) << "and no further than its end";
+                QWindow* top = Window()->windowHandle();
+                QTest::mousePress(top, Qt::LeftButton, {}, {300, 400});
+                QTest::mouseMove(top, {300, 350});
+                EXPECT_NE(Look("PicXRel"), before) << "the page follows the pointer that holds it";
+                QTest::mouseRelease(top, Qt::LeftButton, {}, {300, 400});
+                EXPECT_EQ(Look("PicXRel"), before);
                 Click("CmbZoom");
                 // Typed over what stands there: the whole page in sight.
                 Key(Qt::Key_Home);

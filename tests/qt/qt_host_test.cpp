@@ -160,7 +160,8 @@ TEST_F(QtHostTest, AYesNoMessageStandsOnNo) {
   }
 }
 
-TEST_F(QtHostTest, AnOkCancelMessageHasItsTwoButtons) {
+// Where the toolkit's own texts are in no language but its own.
+TEST(Boxes, AnOkCancelMessageHasItsTwoButtons) {
   struct Row {
     Qt::Key key;
     BoxAnswer answer;
@@ -255,11 +256,14 @@ TEST_F(QtHostTest, TheInputFormAnswersItsTextTheCancelWordOrThePrompt) {
       EXPECT_EQ(texto->accessibleName(), "Nome");
       EXPECT_EQ(form.findChild<QLabel*>("LblRotulo")->textFormat(), Qt::PlainText);
       EXPECT_TRUE(texto->hasFocus());
+      const auto* ok = form.findChild<QPushButton*>("BtnOK");
+      EXPECT_FALSE(ok->isDefault()) << "Enter does not press it from the field";
+      EXPECT_EQ(ok->y(), form.findChild<QPushButton*>("BtnCancelar")->y());
       const std::string way = row.way;
       if (way == "enter") {
         QTest::keyClicks(texto, "Bia");  // over the selected first content
         QTest::keyClick(texto, Qt::Key_Return);
-        EXPECT_TRUE(form.findChild<QPushButton*>("BtnOK")->hasFocus());
+        EXPECT_TRUE(ok->hasFocus());
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
       } else if (way == "cancelar") {
         QTest::mouseClick(form.findChild<QPushButton*>("BtnCancelar"), Qt::LeftButton);
@@ -403,10 +407,19 @@ TEST_F(QtHostTest, TheFrameFollowsTheStyle) {
     EXPECT_EQ(janela.windowType(), Qt::Tool);
     EXPECT_EQ(janela.minimumSize(), janela.maximumSize());
     form.SetStyle({.MinButton = false});
-    EXPECT_FALSE(janela.windowFlags().testFlag(Qt::WindowMinimizeButtonHint));
-    EXPECT_TRUE(janela.windowFlags().testFlag(Qt::WindowCloseButtonHint));
+    constexpr Qt::WindowFlags kFrame =
+        Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint;
+    EXPECT_EQ(janela.windowFlags(), kFrame | Qt::WindowCloseButtonHint | Qt::WindowMaximizeButtonHint);
     EXPECT_GT(janela.maximumWidth(), 5000);
     EXPECT_TRUE(janela.isVisible());
+    // A help button stands in a title without size buttons.
+    const auto hasHelp = [&] { return janela.windowFlags().testFlag(Qt::WindowContextHelpButtonHint); };
+    form.SetStyle({.WhatsThisButton = true});
+    EXPECT_FALSE(hasHelp());
+    form.SetStyle({.MinButton = false, .MaxButton = false, .WhatsThisButton = true});
+    EXPECT_TRUE(hasHelp());
+    form.SetStyle({.MinButton = false, .MaxButton = false});
+    EXPECT_FALSE(hasHelp());
     janela.close();
   });
   Run("Enquanto 1 = 1\nAguarde 10\nRepita\n");
@@ -499,21 +512,6 @@ TEST_F(QtHostTest, AStyleChangesWithoutTheWindowsGoing) {
   Run("Enquanto 1 = 1\nAguarde 10\nRepita\n");
 }
 
-TEST_F(QtHostTest, AHelpButtonStandsInATitleWithoutSizeButtons) {
-  When<> shown("Janela", [&](QWidget& janela) {
-    Form& form = program.janela.windows().MainWindow();
-    const auto hasHelp = [&] { return janela.windowFlags().testFlag(Qt::WindowContextHelpButtonHint); };
-    form.SetStyle({.WhatsThisButton = true});
-    EXPECT_FALSE(hasHelp());
-    form.SetStyle({.MinButton = false, .MaxButton = false, .WhatsThisButton = true});
-    EXPECT_TRUE(hasHelp());
-    form.SetStyle({.MinButton = false, .MaxButton = false});
-    EXPECT_FALSE(hasHelp());
-    janela.close();
-  });
-  Run("Enquanto 1 = 1\nAguarde 10\nRepita\n");
-}
-
 TEST_F(QtHostTest, TheSystemMenuActsOnItsWindow) {
   const auto choose = [&](const char* label) {
     auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
@@ -540,6 +538,8 @@ TEST_F(QtHostTest, TheSystemMenuActsOnItsWindow) {
     form.ShowSysMenu();
     choose("&Restaurar");
     EXPECT_FALSE(janela.isMaximized());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(janela.findChild<QMenu*>(), nullptr) << "a menu that was left is gone";
     form.SetStyle({.ControlBox = false});
     form.ShowSysMenu();
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << "there is none";
@@ -571,6 +571,8 @@ TEST_F(QtHostTest, AWindowIsDraggedByItsClientArea) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return form.State() == WindowState::Maximised; }));
     janela.showNormal();
     EXPECT_TRUE(QTest::qWaitFor([&] { return form.State() == WindowState::Normal; }));
+    janela.move(33, 44);
+    EXPECT_EQ(form.Place().Left, TwipsOfPixels(33));
     janela.close();
   });
   Run("Enquanto 1 = 1\nAguarde 10\nRepita\n");
@@ -601,14 +603,19 @@ TEST_F(QtHostTest, AWindowIsShapedByTheColourThatIsCutOut) {
 TEST_F(QtHostTest, TheNoticeOfABareRuntimeTellsWhatItIs) {
   When<> shown("MsgExec", [](QWidget& notice) {
     EXPECT_EQ(notice.windowTitle(), "Tessera");
-    EXPECT_EQ(notice.findChild<QLabel*>("LblAviso")->text(), QStringLiteral("Não há programa."));
+    const auto* aviso = notice.findChild<QLabel*>("LblAviso");
+    EXPECT_EQ(aviso->text(), QStringLiteral("Não há programa. ").repeated(9));
+    EXPECT_EQ(aviso->geometry().topLeft(), QPoint(28, 24));
+    EXPECT_EQ(QPoint(aviso->width(), notice.width()), QPoint(380, 380 + 2 * 28));
+    EXPECT_EQ(notice.findChild<QLabel*>("LblDescricao")->y(),
+              notice.findChild<QLabel*>("LblNome")->geometry().bottom() + 1 + 10);
     EXPECT_EQ(notice.findChild<QLabel*>("LblNome")->text(), "Compilador do Tessera");
     EXPECT_EQ(notice.findChild<QLabel*>("LblDescricao")->text(),
               QStringLiteral("Utilitário para compilar programas do Tessera"));
     EXPECT_EQ(notice.findChild<QLabel*>("LblVersao")->text(), QStringLiteral("VERSÃO 1.0.71"));
     QTest::mouseClick(notice.findChild<QPushButton*>("BtnOK"), Qt::LeftButton);
   });
-  ShowMsgExec("Não há programa.");
+  ShowMsgExec(QStringLiteral("Não há programa. ").repeated(9).toStdString());
 }
 
 }  // namespace tessera::test

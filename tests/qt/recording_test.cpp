@@ -60,8 +60,8 @@ class AnswersFrom final : public Dialogs {
 // A person whose next act, by real keys and pointer, comes when the program waits for one.
 class ActingAuthor final : public ScriptAuthor {
  public:
-  ActingAuthor(QtHost& host, const std::string& script)
-      : author_(host, true), lines_(FromUtf8Lossy(script)), answers_(lines_) {}
+  ActingAuthor(QtHost& host, const std::string& script, bool tellsMoves)
+      : author_(host, tellsMoves), lines_(FromUtf8Lossy(script)), answers_(lines_) {}
 
   QtPerson person;
 
@@ -135,7 +135,7 @@ Told Use(const std::string& program, const std::string& acts, std::string& scrip
   const TemporaryFolder folder;
   QtHost qt;
   QtStage stage(qt, QtStage::Led::ByPerson);
-  ActingAuthor author(qt, acts);
+  ActingAuthor author(qt, acts, program.find("Mouse") != std::string::npos);
   const std::string file = folder / "roteiro";
   Recording recording(author, Descriptor(open(file.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600)));
   std::istringstream none;
@@ -188,7 +188,7 @@ INSTANTIATE_TEST_SUITE_P(Programs, ProgramsUsedByHand,
 
 TEST(RecordingTest, AFormIsWrittenAsAPersonWouldTellIt) {
   const std::string script = RecordedScript(
-      "Var nome String\n"
+      "Var nome String, n Inteiro\n"
       "nome = EntraTexto(\"Nome?\", \"\")\n"
       "Texto Cidade, 4, 2, 20\n"
       "Combo Cor, 6, 2, 15\n"
@@ -196,18 +196,25 @@ TEST(RecordingTest, AFormIsWrittenAsAPersonWouldTellIt) {
       "Combo Cor.Adiciona \"Verde\"\n"
       "Check Pago, 8, 2, \"Pago\", 0\n"
       "Botao Grava, 10, 2, \"Grava\"\n"
+      "BarraRolagem Nota, 100, 12, 2, 1, 20\n"
+      "Box Lista, 14, 2, 5\nBox Lista.Titulo, \"Nome\", 20\nBox Lista.Ativa\n"
+      "Enquanto n < 9\nBox Lista.Add n\nBox Lista.New\nn++\nRepita\nBox Lista.Fim\n"
       "Aguarde CliqueBotao\n"
       "Escreva nome, \" \", Cidade.Txt, \" \", Cor.Txt, \" \", Pago.Valor\n"
       "Se Mensagem(\"Mais?\", OpcaoSimNao) = \"SIM\"\n"
       "  Escreva \"mais\"\n"
       "FimSe\n",
-      "Ana Maria\nclique Cidade\ndigita Natal RN\nescolhe Cor 1\nclique Pago\nclique Grava\ns\n");
+      "Ana Maria\nclique Cidade\ndigita Natal RN\nescolhe Cor 1\nclique Pago\n"
+      "mouse 13 40\nseta Nota +\nseta Nota -\nvalor Nota 40\nlinha Lista 7\nduploclique Lista\nclique "
+      "Grava\ns\n");
   EXPECT_EQ(script,
             "Ana Maria\n"
             "clique Cidade\n"
             "digita Natal RN\n"
             "escolhe Cor 1\n"
             "clique Pago\n"
+            "seta Nota +\nseta Nota -\nvalor Nota 40\nseta Nota +\n"
+            "rola Lista 4\nlinha Lista 7\nlinha Lista 7\nduploclique Lista\n"
             "clique Grava\n"
             "s\n"
             "fecha\n");

@@ -66,8 +66,9 @@ TEST_F(OnStage, AWindowShowsWhatTheScriptBroughtAbout) {
   bool hasInk = false;
   Intruder looking(out_, [&](QWidget& window) {
     hasInk = QTest::qWaitFor([&] { return HasInk(window, QRect(0, 0, 200, 30)); }, 500);
+    EXPECT_EQ(window.size(), QSize(160, 147));
   });
-  EXPECT_EQ(Run("Posicione 0, 1\nEscreva \"MMMM\"\nAguarde 40\n", "mouse 1 1\nredim 10 20\n"), 0);
+  EXPECT_EQ(Run("Aguarde 0\nPosicione 0, 1\nEscreva \"MMMM\"\nAguarde 40\n", "redim 10 20\nmouse 1 1\n"), 0);
   EXPECT_TRUE(looking.hasActed);
   EXPECT_TRUE(hasInk);
   EXPECT_EQ(out_.str(), "MMMM\n");

@@ -45,6 +45,7 @@ pixel() { convert "$picture" -format "%[hex:p{$1,$2}]" info: | cut -c1-6; }
 [ "$(pixel 5 5)" = FFFFFF ] && [ "$(pixel 60 48)" = 00FF00 ] || fail "paper and cell"
 for at in "40 40" "40 56" "60 40" "120 48"; do [ "$(pixel $at)" = FF0000 ] || fail "rule at $at: $(pixel $at)"; done
 [ "$(pixel 120 40)" = 000000 ] || fail "the later rule lies above: $(pixel 120 40)"
+[ "$(convert "$picture" -crop 30x12+122+43 -format '%[fx:minima<0.5]' info:)" = 1 ] || fail "the second cell's letter"
 [ "$(pixel 200 48)" = FFFFFF ] && [ "$(pixel 200 40)" = 000000 ] || fail "no vertical rule: $(pixel 200 48)"
 
 kill -9 "$one"; wait "$one" 2>/dev/null || true
