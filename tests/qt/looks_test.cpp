@@ -40,7 +40,8 @@ class LooksOnWindows : public QtWindowTest {
 TEST_F(LooksOnWindows, OnlyAWholeClickOfTheLeftButtonIsOne) {
   Start(
       "Botao B, 1, 1, 2, 12, \"B\"\nCheck C, 4, 1, \"Check\"\nOpcao O, 6, 1, \"Opcao\"\nTexto T, 8, 1, 12\n"
-      "Texto L, 10, 1, 12, 3\nGifAnimado S, GifSapo1, 0, 16, 1\nRotulo R, \"Nome\", 27, 1, 9, 2\n");
+      "Texto L, 10, 1, 12, 3\nGifAnimado S, GifSapo1, 0, 16, 1\nRotulo R, \"Nome\", 27, 1, 9, 2\nCombo K, "
+      "14, 1, 9\n");
   const auto told = [&](const std::function<void()>& gesture) {
     program.run.variables.VarWrite("IndiceRef", Value(std::int32_t{99}), true);
     program.janela.windows().events.EventoClique.clear();
@@ -72,7 +73,7 @@ TEST_F(LooksOnWindows, OnlyAWholeClickOfTheLeftButtonIsOne) {
                     Qt::LeftButton, {});
   QMouseEvent release(QEvent::MouseButtonRelease, {9, 9}, label.mapToGlobal(QPointF(9, 9)), Qt::LeftButton,
                       {}, {});
-  QApplication::sendEvent(&label, &again);
+  EXPECT_EQ(told([&] { QApplication::sendEvent(&label, &again); }), "click");
   EXPECT_EQ(told([&] { QApplication::sendEvent(&label, &release); }), "-");
   EXPECT_EQ(told([&] { QApplication::sendEvent(&label, &release); }), "click");
   EXPECT_EQ(Variable("CliqueMouse"), "");

@@ -160,8 +160,7 @@ TEST_F(QtHostTest, AYesNoMessageStandsOnNo) {
   }
 }
 
-// Where the toolkit's own texts are in no language but its own.
-TEST(Boxes, AnOkCancelMessageHasItsTwoButtons) {
+TEST(Boxes, AnOkCancelMessageHasItsTwoButtonsWithoutTheToolkitsOwnTexts) {
   struct Row {
     Qt::Key key;
     BoxAnswer answer;

@@ -39,7 +39,7 @@ CalendarioControl& ControlOf(Control& control) {
 
 // The month view
 
-MonthView::MonthView(CalendarioLook& field, const Calendario& calendar, LookEntry entry)
+MonthView::MonthView(CalendarioLook& field, const Calendario& calendar, const LookEntry& entry)
     : DroppedView(field,
                   [entry] {
                     entry.Tell(

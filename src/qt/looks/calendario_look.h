@@ -14,7 +14,7 @@ class CalendarioLook;
 // The open month view: two buttons around the month's name, the days of the week, six weeks of days.
 class MonthView final : public DroppedView {
  public:
-  MonthView(CalendarioLook& field, const Calendario& calendar, LookEntry entry);
+  MonthView(CalendarioLook& field, const Calendario& calendar, const LookEntry& entry);
 
   static QSize FullSize();
   // Where a day of the view stands, from 0.
