@@ -41,6 +41,7 @@ LookView::LookView(std::unique_ptr<LookBody> body, Control& control, QWidget& wi
   widget.setAttribute(Qt::WA_InputMethodEnabled, control.TakesFocus());
   widget.setAttribute(Qt::WA_NoMousePropagation);
   widget.installEventFilter(this);
+  FollowAll();
 }
 
 // The widget may be in the middle of an event that it told the logic of.
