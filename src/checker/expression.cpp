@@ -205,7 +205,7 @@ class ExpressionReader {
       }
     }
     Sought group = sought_;
-    if (group.kind != Kind::Number) group.kind = Kind::Value;
+    group.kind = Kind::Value;
     const Type type = CheckExpression(context_, inner, group);
     at_ = close;
     return type;

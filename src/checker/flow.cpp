@@ -180,7 +180,7 @@ class LoopCheck {
 
   bool TellElement(Tokens element, std::int64_t highest, Tokens head) {
     const Variable* array = context_.names.FindVariable(element[0].upper);
-    if (array == nullptr || !array->isArray || array->origin != Origin::Declared || array->count < 0 ||
+    if (array == nullptr || !array->isArray || array->origin != Origin::Declared || array->count <= 0 ||
         highest < array->count)
       return false;
     const std::string count = std::to_string(array->count);

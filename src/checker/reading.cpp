@@ -244,7 +244,7 @@ Type ReadElement(Context& context, const Token& name, Tokens index) {
     return type;
   }
   const std::int64_t number = IntegerOf(index[0]);
-  if (variable != nullptr && variable->origin == Origin::Declared && variable->count >= 0 &&
+  if (variable != nullptr && variable->origin == Origin::Declared && variable->count > 0 &&
       number >= variable->count) {
     std::vector<Note> notes;
     notes.push_back({context.names.PlaceOf(variable->editor, *variable->token), "declarada aqui"});

@@ -122,10 +122,7 @@ class Reckoner {
     std::vector<std::string> forms;
     const std::vector<Tokens> arguments = SplitAtCommas(inner);
     for (std::size_t i = 0; i < arguments.size(); ++i) {
-      if (arguments[i].empty()) {
-        failed_ = true;
-        return {};
-      }
+      if (arguments[i].empty()) return Fail();
       const bool isRaw =
           word != nullptr && word->arguments.size() > i && word->arguments[i].kind == Kind::AsWritten;
       const auto value =

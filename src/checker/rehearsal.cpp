@@ -80,13 +80,11 @@ class Rehearsal::Stage {
   explicit Stage(const Names& names)
       : names_(names), run_({dialogs_, events_, clock_, chance_, files_}), engine_(run_) {
     run_.functionTable.Fill(WordNames());
-    std::vector<std::string> functions;
     for (const RoutineRef& function : names.functions()) {
-      functions.emplace_back(function.routine->name);
       run_.program.routines.FunctionNames.emplace_back(function.routine->name);
       run_.program.routines.FunctionTypes.emplace_back(function.routine->resultType);
     }
-    run_.programFunctions.Fill(functions);
+    run_.programFunctions.Fill(run_.program.routines.FunctionNames);
     for (const Variable& variable : names.variables())
       Declare(variable.name, variable.type, variable.isArray || variable.count < 0);
     run_.variables.VarCreateScalar(kNumberTarget, kTypeDecimal);
