@@ -134,15 +134,14 @@ bool EntraNum::CampoNumerico(char character) {
 }
 
 // OPEN: a shown number that is edited and not begun anew loses its group marks first, so that what is typed
-// into it can't be taken for them. The caret keeps its distance to the text's end.
+// into it can't be taken for them. The caret stays between its two digits.
 void EntraNum::Ungroup() {
-  const std::string& text = txtAux_.Text();
-  const std::size_t behindCaret = text.size() - txtAux_.Caret();
-  std::string plain;
-  std::copy_if(text.begin(), text.end(), std::back_inserter(plain), [](char c) { return c != '.'; });
+  std::string plain = txtAux_.Text();
+  std::string inFront = plain.substr(0, txtAux_.Caret());
+  std::erase(plain, '.');
+  std::erase(inFront, '.');
   txtAux_.SetText(plain);
-  const std::size_t caret = plain.size() - std::min(behindCaret, plain.size());
-  txtAux_.Select(caret, caret);
+  txtAux_.Select(inFront.size(), inFront.size());
 }
 
 void EntraNum::ReadValue() {

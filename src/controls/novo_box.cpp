@@ -159,13 +159,12 @@ void NovoBox::SetAlteraCelula(bool on) {
   SetEditable(on);
 }
 
-bool NovoBox::BeginEdit(Place place) {
-  if (!Editable() || !Enabled() || !InMatrix(place.row, place.column)) return false;
+void NovoBox::BeginEdit(Place place) {
+  if (!Editable() || !Enabled() || !InMatrix(place.row, place.column)) return;
   EndEdit();
   editing_ = place;
   colBoxRef_ = place.column;
   editor_.SetText(LeVetor(place.row, place.column));
-  return true;
 }
 
 bool NovoBox::KeyPress(char character) {
@@ -208,7 +207,7 @@ std::string NovoBox::FitText(std::string_view text, int width, const CellAttribu
 
 void NovoBox::PaintRow(int visibleRow) {
   const std::int32_t row = LinIniVet() + visibleRow;
-  for (int column = 0; column < TotalColunas() && InPool(visibleRow, column); ++column) {
+  for (int column = 0; InPool(visibleRow, column); ++column) {
     const bool filled = InMatrix(row, column);
     CellAttributes attributes = filled ? AttributesOf(row, column) : Defaults();
     if (IsCursor(visibleRow)) {

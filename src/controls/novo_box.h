@@ -125,7 +125,7 @@ class NovoBox : public BoxRows {
   const std::optional<Place>& EditingPlace() const { return editing_; }
   const TextField& Editor() const { return editor_; }
   // False where editing is off or there is no such cell.
-  bool BeginEdit(Place place);
+  void BeginEdit(Place place);
   void PlaceEditorCaret(std::size_t anchor, std::size_t caret) { editor_.Select(anchor, caret); }
   // A typed character. Whether it went into a cell.
   bool KeyPress(char character);

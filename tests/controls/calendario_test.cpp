@@ -64,7 +64,9 @@ TEST_F(CalendarioTest, TheButtonTogglesTheViewAndAPickClosesIt) {
   calendar.ButtonClick();
   calendar.PerdeuFoco();
   EXPECT_FALSE(calendar.ViewIsOpen());
+  calendar.ButtonClick();
   calendar.SetEnabled(false);
+  EXPECT_FALSE(calendar.ViewIsOpen());
   calendar.ButtonClick();
   EXPECT_FALSE(calendar.ViewIsOpen());
   EXPECT_FALSE(calendar.Pick(*ReadDate("01/02/2004")));

@@ -68,6 +68,9 @@ TEST(EntraNum, TheFirstKeyStartsANewEntry) {
   entry.GanhouFoco();
   EXPECT_EQ(Typed(entry, "-3"), "-3");
   EXPECT_EQ(entry.Value(), -3);
+  entry.GanhouFoco();
+  entry.KeyDown(35, false);
+  EXPECT_EQ(Typed(entry, "7"), "7");
 }
 
 TEST(EntraNum, APointStartsTheFraction) {
@@ -144,6 +147,14 @@ TEST(EntraNum, KeysMoveTheCaretAndSelect) {
 
 TEST(EntraNum, TheSelectionGivesWayToWhatIsTyped) {
   EntraNum entry;
+  entry.SetCasas(0);
+  entry.SetValue(1234567);
+  entry.PlaceCaret(3, 3);
+  entry.KeyDown(8, false);
+  EXPECT_EQ(entry.TxtAux().Text(), "134567")
+      << "the digit in front of the caret goes, with all marks of groups";
+  EXPECT_EQ(Typed(entry, "9"), "1934567");
+  entry.SelectAll();
   Typed(entry, "1234");
   entry.PlaceCaret(1, 3);
   EXPECT_EQ(Typed(entry, "9"), "194");

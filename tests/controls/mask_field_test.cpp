@@ -76,6 +76,8 @@ TEST(MaskField, RemovingOpensPlacesAndLeavesLiterals) {
   EXPECT_FALSE(field.KeyDown(key::kDelete, false)) << "a literal";
   field.PlaceCaret(0);
   EXPECT_FALSE(field.KeyDown(key::kBackspace, false));
+  EXPECT_TRUE(field.KeyDown(key::kDelete, false));
+  EXPECT_EQ(field.Field().Caret(), 0U);
   field.SelectAll();
   EXPECT_TRUE(field.KeyDown(key::kDelete, false));
   EXPECT_EQ(field.Text(), "__/__");

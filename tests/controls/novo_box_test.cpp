@@ -257,6 +257,7 @@ TEST_F(NovoBoxTest, SortsTextsAsTheyCompare) {
 TEST_F(NovoBoxTest, ARemovedRowLeavesMatrixAndVector) {
   FillNumbers(6);
   box.Selected(5);
+  EXPECT_EQ(box.Arg(0), "r5");
   EXPECT_EQ(box.BarraVertical().Value(), 2);
   box.GravaVetor(1, 1, "9", {});
   box.RemoveLinha(1);
@@ -387,8 +388,13 @@ TEST_F(NovoBoxTest, AScrolledPageTakesTheCursorToAnotherRow) {
     EXPECT_EQ(box.ListIndex(), -1);
   }
   box.Selected(2);
+  box.ClickTitle(1);
+  box.TitleHover(0);
   box.Ativa(false);
   EXPECT_FALSE(box.HasCursor()) << "nor of a page that begins anew";
+  EXPECT_EQ(box.LinBoxRef(), 0);
+  EXPECT_EQ(box.TitleStateOf(0), NovoBox::TitleState::kAzul);
+  EXPECT_EQ(box.SortArrowLeft(), 0);
 }
 
 TEST_F(NovoBoxTest, ARowWithoutAValueKeepsTheCursor) {
@@ -409,8 +415,10 @@ TEST_F(NovoBoxTest, AsksForTheFocusAndGivesItUp) {
   box.PedeFoco = [&](bool wanted) { asked += wanted ? '+' : '-'; };
   box.SetaFoco();
   EXPECT_TRUE(box.HasFocus());
+  box.TitleHover(0);
   box.Desativa();
   EXPECT_FALSE(box.HasFocus());
+  EXPECT_EQ(box.TitleStateOf(0), NovoBox::TitleState::kAzul) << "the pointer is elsewhere";
   box.SetFocus(true);
   EXPECT_TRUE(box.HasFocus());
   EXPECT_EQ(asked, "+-");
@@ -434,6 +442,7 @@ TEST_F(NovoBoxTest, ManyEditsOfOneCellHoldNoMoreMemory) {
 TEST_F(NovoBoxTest, PointsFindCellsAndTitles) {
   EXPECT_EQ(box.TitleAt(1250, 10), 1);
   EXPECT_EQ(box.TitleAt(2500, 10), std::nullopt);
+  EXPECT_EQ(box.CelulaAt(0, 300), 0);
   EXPECT_EQ(box.CelulaAt(1250, 301), 1);
   EXPECT_EQ(box.CelulaAt(10, 1099), 6);
   EXPECT_EQ(box.CelulaAt(10, 1100), std::nullopt);

@@ -75,6 +75,7 @@ TEST(Rtf, ReadsWhatWordProcessorsWrite) {
        "[:\xE9"
        "ab]"},
       {"{\\rtf1\\*\\stylesheet a}", "[:a]"},
+      {"{\\rtf1\\horzdoc\\f0 a{\\fonttbl\\f0 Arial;}b}", "[:a][Arial :b]"},
       {"{\\rtf1{\\colortbl\\red9\\green1\\blue2;\\red3;;}\\cf1 a\\cf2 b}", "[c3:a][:b]"},
       {"{\\rtf1\\b1 a\\b00 b}", "[b:a][:b]"},
   };
