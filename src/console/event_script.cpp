@@ -70,10 +70,7 @@ class Words {
   int Index() { return Integer(0, std::numeric_limits<int>::max()); }
 
   // All that stands behind the one blank after the last word, blanks included.
-  std::string_view Rest() {
-    rest_ = {};
-    return skipped_;
-  }
+  std::string_view Rest() const { return skipped_; }
 
   void End() const {
     if (!AtEnd()) throw LineFault{std::string("sobra texto: "_w).append(rest_)};

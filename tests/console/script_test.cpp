@@ -124,7 +124,7 @@ TEST(EventScript, EachLineIsOneAct) {
     EXPECT_EQ(person.log, row.log) << row.line;
     const std::string line = row.line;
     for (const char* bare : {"valor", "seta", "escolhe", "linha", "rola", "cursor", "abre", "tecla", "aperta",
-                             "mouse", "pressiona", "redim", "espera"}) {
+                             "mouse", "pressiona", "redim", "espera", "data", "foco", "fecha"}) {
       if (!line.starts_with(bare)) continue;
       EXPECT_NE(DoEventLine(line + " 1 1", person), "") << line << " takes no more";
     }

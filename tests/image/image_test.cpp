@@ -233,8 +233,8 @@ std::string BytesOf(const Record& record) {
   return std::string(reinterpret_cast<const char*>(&record), sizeof record);
 }
 
-// The smallest executable that has all that matters: one loaded segment, with the blank seal in it, and a
-// table of sections that holds their names alone.
+// The smallest executable that has all that matters: two loaded segments, with the blank seal in the first,
+// and a table of sections that holds their names alone.
 std::string SmallRuntime() {
   const SealPlace blank = BlankSeal();
   const std::string loaded = "first" + std::string(blank.data(), blank.size()) + "last.";
@@ -243,20 +243,24 @@ std::string SmallRuntime() {
   std::memcpy(header.e_ident, ELFMAG "\x02\x01\x01", 7);
   header.e_phoff = sizeof header;
   header.e_phentsize = sizeof(Elf64_Phdr);
-  header.e_phnum = 1;
+  header.e_phnum = 2;
   Elf64_Phdr segment{};
   segment.p_type = PT_LOAD;
-  segment.p_filesz = sizeof header + sizeof segment + loaded.size();
+  segment.p_filesz = sizeof header + 2 * sizeof segment + loaded.size() - 5;
+  Elf64_Phdr last = segment;
+  last.p_offset = segment.p_filesz;
+  last.p_filesz = 5;
   Elf64_Shdr table{};
   table.sh_name = 1;
   table.sh_type = SHT_STRTAB;
-  table.sh_offset = segment.p_filesz;
+  table.sh_offset = last.p_offset + last.p_filesz;
   table.sh_size = names.size();
-  header.e_shoff = segment.p_filesz + names.size();
+  header.e_shoff = table.sh_offset + names.size();
   header.e_shentsize = sizeof table;
   header.e_shnum = 2;
   header.e_shstrndx = 1;
-  return BytesOf(header) + BytesOf(segment) + loaded + names + BytesOf(Elf64_Shdr{}) + BytesOf(table);
+  return BytesOf(header) + BytesOf(segment) + BytesOf(last) + loaded + names + BytesOf(Elf64_Shdr{}) +
+         BytesOf(table);
 }
 
 TEST(Seal, OfAPackageInASectionTellsWhatIsLoadedAndThePackage) {

@@ -113,6 +113,7 @@ TEST(Linking, TheReportFindsThePlacesOfWhatIsWrong) {
   for (const auto& c : kCases) {
     EditorTexts editors;
     editors[0] = test::FromSource(c.source);
+    editors[1] = test::FromSource("Sub T()\nSe a=1\nFimSe\nEnquanto a=1\nRepita\nFimSub");
     const auto prepared = PrepareProgram(editors, [](std::string_view) {});
     std::string lines;
     for (const PlacedProblem& problem : ReportBlocks(prepared.ProgramText->text())) {
