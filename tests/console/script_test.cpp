@@ -201,6 +201,8 @@ TEST(ScriptTime, TicksFallDueInOrderAndATimerMayEndInItsOwnTick) {
   // Of two that are due at once the one that was started first comes first.
   EXPECT_EQ(log, "fofsf");
   EXPECT_EQ(*time.UntilNextTick(), milliseconds(5));
+  EXPECT_EQ(*time.UntilNextTick(milliseconds(10)), milliseconds(5)) << "one of just that interval counts";
+  EXPECT_FALSE(time.UntilNextTick(milliseconds(1000)));
   time.Pass(milliseconds(5));
   EXPECT_EQ(log, "fofsff");
 }

@@ -80,6 +80,8 @@ TEST_F(NovoBoxTest, ACellTooManyLeavesItsRowIntact) {
 TEST_F(NovoBoxTest, TheRowUnderConstructionIsNotReadYet) {
   box.Add("a");
   EXPECT_EQ(box.LeVetor(0, 0), "");
+  box.Selected(0);
+  EXPECT_FALSE(box.HasCursor());
   box.BoxNew();
   EXPECT_EQ(box.LeVetor(0, 0), "a");
 }

@@ -1,5 +1,6 @@
 #include <elf.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <cstring>
 #include <random>
@@ -332,8 +333,12 @@ TEST(ProjectStyle, FirstWordFoundEndsTheScan) {
 }
 
 TEST(MappedFile, ReadsTheRunningExecutableAndRefusesWhatIsNoFile) {
+  const int unused = dup(STDERR_FILENO);
+  close(unused);
   const auto own = MappedFile::Open(kOwnExecutable);
   ASSERT_TRUE(own);
+  EXPECT_EQ(dup(STDERR_FILENO), unused) << "the descriptor is not kept";
+  close(unused);
   EXPECT_EQ(own->bytes().substr(1, 3), "ELF");
   EXPECT_FALSE(MappedFile::Open("/nonexistent/file"));
   EXPECT_FALSE(MappedFile::Open("/"));

@@ -74,6 +74,10 @@ TEST(Words, TellEnoughForAManual) {
     }
   }
   for (const Family& family : Families()) EXPECT_NE(FindWord(family.word), nullptr) << family.word;
+  for (const std::string_view array : {"AniGif", "LblRotulo"})
+    EXPECT_EQ(CarriedBy(array), Carried::MainAlone);
+  for (const std::string_view array : {"GifAni", "MultiLine"})
+    EXPECT_EQ(CarriedBy(array), Carried::Everywhere);
 }
 
 TEST(Words, StandBeforeTheWordsThatTheyContain) {
