@@ -117,14 +117,16 @@ TEST(ConsoleBoxes, AnswersComeFromTheScriptInOrder) {
   }
 }
 
-TEST(ConsoleBoxes, LineBreaksInsideATextAreIndented) {
+TEST(ConsoleBoxes, LineBreaksInsideATextAreIndentedAndItsPlaceFollows) {
   std::istringstream in;
   std::ostringstream out;
   std::ostringstream err;
-  ConsoleHost host({in, out, err}, {.programTitle = "TESTE"});
+  ConsoleOptions options{.programTitle = "TESTE"};
+  options.placeOf = [](std::string_view text) { return std::string(text == "x" ? "a.tsc:1" : ""); };
+  ConsoleHost host({in, out, err}, options);
   host.ShowBox({.text = "a\r\nb\rc\nd", .title = "Aviso", .icon = BoxIcon::Warning});
   host.ShowBox({.text = "x", .title = "TESTE"});
-  EXPECT_EQ(err.str(), "[aviso: Aviso] a\n  b\n  c\n  d\n[caixa] x\n");
+  EXPECT_EQ(err.str(), "[aviso: Aviso] a\n  b\n  c\n  d\n[caixa] x\n  em a.tsc:1\n");
 }
 
 TEST(ConsoleBoxes, OkAndCancelAreAnsweredWithoutALine) {
