@@ -124,7 +124,7 @@ class NovoBox : public BoxRows {
   // show it.
   const std::optional<Place>& EditingPlace() const { return editing_; }
   const TextField& Editor() const { return editor_; }
-  // False where editing is off or there is no such cell.
+  // Nothing where editing is off or there is no such cell.
   void BeginEdit(Place place);
   void PlaceEditorCaret(std::size_t anchor, std::size_t caret) { editor_.Select(anchor, caret); }
   // A typed character. Whether it went into a cell.
