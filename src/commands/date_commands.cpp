@@ -192,7 +192,7 @@ Value InverteData(const WordCall& call) {
 
 // Day and month: "D/" takes as many digits as the number has, "DD" two.
 // KEPT: one letter counts in front of "/" alone, and stays as it is before any other separator
-// (DateCommands.ConverteDataKnowsASingleLetterInFrontOfASlashAlone).
+// (Answers.ConverteDataKnowsASingleLetterInFrontOfASlashAlone).
 void PutDayOrMonth(std::string& format, char letter, std::int32_t number) {
   const std::size_t at = format.find(letter);
   if (at == std::string::npos) return;
@@ -205,7 +205,7 @@ void PutDayOrMonth(std::string& format, char letter, std::int32_t number) {
 }
 
 // KEPT: a year below 1000 gets a "2" and three digits
-// (DateCommands.ConverteDataWritesShortYearsAsTwoThousand).
+// (Answers.ConverteDataWritesShortYearsAsTwoThousand).
 void PutYear(std::string& format, std::int32_t year) {
   const std::size_t at = format.find('A');
   if (at == std::string::npos) return;

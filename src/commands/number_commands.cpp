@@ -105,7 +105,7 @@ Value Hexadecimal(const WordCall& call) {
 }
 
 // KEPT: a value above 255 has all eight digits set, since each weight is taken once
-// (NumberCommands.BinaryDigitsOfLargeNumbersAreAllOnes).
+// (Answers.BinaryDigitsOfLargeNumbersAreAllOnes).
 Value DecBin(const WordCall& call) {
   std::int16_t rest = OnlyArgument(call).ToShort();
   std::string digits;

@@ -47,7 +47,7 @@ int CheckDigit(int sum) {
 }
 
 // KEPT: there is no test of the length, and no list of refused numbers: an empty text passes
-// (ValidationCommands.TaxNumbersHaveNoLengthTest).
+// (Answers.TaxNumbersHaveNoLengthTest).
 bool IsCpf(const TaxDigits& digits) {
   constexpr int kFirstWeights[] = {10, 9, 8, 7, 6, 5, 4, 3, 2};
   constexpr int kSecondWeights[] = {11, 10, 9, 8, 7, 6, 5, 4, 3};
@@ -119,7 +119,7 @@ constexpr PlainRow kRows[] = {
 
 }  // namespace
 
-// KEPT: 1900 has its 29th of February (ValidationCommands.TestaDataCountsEveryFourthYearAsLeap).
+// KEPT: 1900 has its 29th of February (Answers.TestaDataCountsEveryFourthYearAsLeap).
 std::int32_t MonthLength(std::int32_t month, std::int32_t year) {
   switch (month) {
     case 1:

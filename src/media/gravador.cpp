@@ -32,7 +32,7 @@ Value Gravador::GravaSom(const WordCall& call) {
 }
 
 // KEPT: the device is set up twice, the first time with a format that is not computed to its end
-// (Recorder.WithoutADeviceEachStepIsToldTwice).
+// (MediaOnTheTerminal.WithoutADeviceEachStepOfTheRecorderIsToldTwice).
 void Gravador::Iniciar(const ArgumentView&) {
   OpenDevice();
   format_ = {.samplesPerSecond = kSamplesPerSecond, .channels = kChannels, .bitsPerSample = kBitsPerSample};
@@ -85,8 +85,9 @@ void Gravador::StopRecording() {
   if (device_) device_->Stop();
 }
 
-// KEPT: a name with a blank is none, and nothing is said of it (Recorder.ANameWithABlankSavesNothing).
-// OPEN: what a disk refuses is told, for the recording is lost with it.
+// KEPT: a name with a blank is none, and nothing is said of it
+// (MediaOnTheTerminal.ANameWithABlankSavesNothingAndClosesTheDevice). OPEN: what a disk refuses is told, for
+// the recording is lost with it.
 void Gravador::SaveRecording(const std::string& name) {
   StopRecording();
   if (!recording_ || name.empty() || Contains(name, " ")) return;

@@ -13,7 +13,7 @@ namespace {
 constexpr std::size_t kComparedLength = 131;
 
 // KEPT: letters that the table does not name keep their accents, "Â" among them
-// (Procure.FoldsTheNamedAccentsAlone).
+// (RecordPrograms.ProcureFoldsTheNamedAccentsAlone).
 std::array<unsigned char, 256> MakeFolding() {
   constexpr std::string_view kFrom = "ÁÀÃÉÊÍÓÕÔÚÇ"_w;
   constexpr std::string_view kTo = "AAAEEIOOOUC";

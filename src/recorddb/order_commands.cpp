@@ -41,7 +41,7 @@ std::optional<std::vector<DatabaseField>> ResolveIndexFields(RecordContext& cont
 
 // KEPT: the cut is made in whatever text is handed over. Behind `OrdemBD` that is the plain text with its
 // opening quote, so that every key begins one character to the left of its field; behind the other record
-// commands it is the stored record (RecordOrder.KeysBeginOneCharacterToTheLeft).
+// commands it is the stored record (RecordPrograms.KeysBeginOneCharacterToTheLeft).
 std::string EntryOf(const std::vector<DatabaseField>& fields, std::string_view record,
                     std::int32_t physical) {
   std::size_t length = kPositionDigits;

@@ -163,7 +163,7 @@ Value AtualizaRegistro(RecordContext& context, const WordCall& call) {
   const std::int32_t position = arguments.Number("posição").ToInteger();
   const std::string record = EncodeRecord(context, number, "AtualizaRegistro", [&] { return position; });
   // KEPT: the count, and not the position, is taken for the list's place
-  // (RecordOrder.UpdatingTakesTheCountForItsPlaceInTheList).
+  // (RecordPrograms.UpdatingTakesTheCountForItsPlaceInTheList).
   Overwrite(context, number, position, record, ReplacedPlace::Count,
             "Não pode atualizar registro: posição inválida !"_w);
   return {};

@@ -22,7 +22,7 @@ Colour ColourAt(const ArgumentView& arguments, ArgumentName name) {
 }
 
 // KEPT: the fill of a circle stays behind for the boxes that follow, until `Pinte` takes it back
-// (DrawingTest.ABoxBehindACircleIsFilledInTheCirclesColourUntilPinte).
+// (DrawingTest.EachFigureStandsOnItsPixels).
 Value Circulo(WindowModel& windows, const WordCall& call) {
   const Arguments arguments(call);
   Surface& surface = windows.DrawingTarget();

@@ -36,14 +36,6 @@ Transcript Play(std::string_view source, const std::string& script = "", std::st
 
 }  // namespace
 
-TEST(ConsoleOutput, EachEscrevaIsALineInUtf8AndATitleIsNone) {
-  const Transcript t =
-      Play("Escreva \"Olá \", 1+1, \" é\"\nEscreva \"novo\", TituloJanela\nEscreva\nEscreva \"§€\"\n");
-  EXPECT_EQ(t.out, "Olá 2 é\n\n§€\n");
-  EXPECT_EQ(t.err, "");
-  EXPECT_EQ(t.status, 0);
-}
-
 TEST(ConsoleOutput, ARefusedProgramShowsItsBoxRunsNoLineAndEndsWithOne) {
   const Transcript t = Play("Escreva \"nunca\"\nSe 1 = 1\nEscreva \"x\"\n", "espera 10\n");
   EXPECT_EQ(t.out, "");
@@ -96,27 +88,6 @@ TEST(ConsoleDispatch, APostWakesAPersonsTerminal) {
   close(terminal[1]);
 }
 
-TEST(ConsoleBoxes, AnswersComeFromTheScriptInOrder) {
-  const char* program =
-      "Mensagem \"a\", 1, \"b\"\n"
-      "Var r String\n"
-      "r = Mensagem(\"OpcaoSimNao\", \"Salvar?\")\n"
-      "Escreva r\n"
-      "r = EntraTexto(\"Nome\", \"Ana\")\n"
-      "Escreva r\n";
-  struct Row {
-    const char* script;
-    const char* out;
-  };
-  for (const Row& row :
-       {Row{"s\nJosé\n", "SIM\nJosé\n"}, Row{" SIM \n\n", "SIM\n\n"}, Row{"n\nx y\n", "NAO\nx y\n"},
-        Row{"\n'a'\n", "NAO\n'a'\n"}, Row{"", "NAO\nCANCELADO\n"}}) {
-    const Transcript t = Play(program, row.script);
-    EXPECT_EQ(t.out, row.out) << row.script;
-    EXPECT_EQ(t.err, "[info] a1b\n[pergunta] Salvar?\n[entrada] Nome\n") << row.script;
-  }
-}
-
 TEST(ConsoleBoxes, LineBreaksInsideATextAreIndentedAndItsPlaceFollows) {
   std::istringstream in;
   std::ostringstream out;
@@ -142,21 +113,6 @@ TEST(ConsoleBoxes, OkAndCancelAreAnsweredWithoutALine) {
   ConsoleHost host({in, out, err}, {});
   EXPECT_EQ(host.ShowBox({.text = "?", .title = "T", .buttons = BoxButtons::YesNo}), BoxAnswer::Yes)
       << "the line is still there";
-}
-
-TEST(ConsoleScript, EachAguardeTakesOneEventLineAndBlankLinesAndRemarksAreNone) {
-  const Transcript t = Play(
-      "Aguarde 0\nEscreva LinhaMouse, \" \", ColunaMouse\nAguarde Eventos\nEscreva LinhaMouse, \" \", "
-      "ColunaMouse\n",
-      "\n' um comentário\nmouse 3 10\n   \nMOUSE 4,5 2\n");
-  EXPECT_EQ(t.out, "3 10\n5 2\n");
-  EXPECT_EQ(t.status, 0);
-}
-
-TEST(ConsoleScript, AnswersAndEventsShareTheScript) {
-  const Transcript t = Play("Aguarde 0\nEscreva EntraTexto(\"p\")\nAguarde 0\nEscreva CliqueMouse\n",
-                            "mouse 1 1\nresposta\nclique\n");
-  EXPECT_EQ(t.out, "resposta\nCLIQUE\n");
 }
 
 TEST(ConsoleScript, AFaultyLineEndsTheRunWithThree) {
@@ -229,35 +185,8 @@ TEST(ConsoleClosing, ClosingEndsTheProgramWhereItWaits) {
   EXPECT_EQ(Play(program, "tecla 65", routines).out, "7\nnunca\n");
 }
 
-TEST(ConsoleClosing, FimJanelaEndsTheProcessAndLeavesTheScriptUnread) {
-  const Transcript t = Play("Escreva 1\nFimJanela\nEscreva 2\n", "pula\n");
-  EXPECT_EQ(t.out, "1\n");
-  EXPECT_EQ(t.status, 0);
-}
-
 TEST(ConsoleClosing, AClosingNeverHidesThatTheRunWasAbandoned) {
   EXPECT_EQ(Play("Var a(2) Inteiro\na(9) = 1\n", "fecha\n").status, 1);
-}
-
-TEST(ConsoleTimers, TheScriptsTimeAloneLetsThemTickAlsoBehindTheProgramsEnd) {
-  const char* routines = "Sub Temporizador_a(3)\nn = n + 1\nEscreva \"tique \", n\nFimSub\n";
-  const Transcript t = Play("Var n Inteiro\nAguarde 50\nAguarde 0\nEscreva \"meio\"\n",
-                            "mouse 1 1\nespera 65\nespera 25\n", routines);
-  EXPECT_EQ(t.out, "tique 1\ntique 2\nmeio\ntique 3\n");
-}
-
-TEST(ConsoleTimers, ATickThatWaitsLetsTheNextOneIn) {
-  const char* routines = "Sub Temporizador_a(1)\nn = n + 1\nSe n < 4\nAguarde 0\nFimSe\nEscreva n\nFimSub\n";
-  const Transcript t = Play("Var n Inteiro\n", "espera 10\nespera 10\nespera 10\nespera 10\n", routines);
-  // Each of the first three ticks waits below the next one, and all see the last value.
-  EXPECT_EQ(t.out, "4\n4\n4\n4\n");
-}
-
-TEST(ConsoleTimers, ATimersSubThatClosesTheWindowEndsTheProcess) {
-  const Transcript t = Play("Escreva 1\nAguarde 0\nEscreva 2\n", "espera 30\n",
-                            "Sub Temporizador_a(2)\nEscreva \"fim\"\nFimJanela\nEscreva \"nunca\"\nFimSub\n");
-  EXPECT_EQ(t.out, "1\nfim\n");
-  EXPECT_EQ(t.status, 0);
 }
 
 }  // namespace tessera::test

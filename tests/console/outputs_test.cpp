@@ -3,6 +3,7 @@
 // "+" is one of a further editor, and behind "!" stands what is told on the error stream.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <sstream>
 
@@ -23,8 +24,8 @@ TEST_P(ConsoleOutputs, AreThoseOfTheTable) {
     std::array<std::string, 3> parts;
     std::istringstream lines(given);
     for (std::string line; std::getline(lines, line);) {
-      const std::size_t part = line.starts_with("< ") ? 1 : line.starts_with("+ ") ? 2 : 0;
-      parts[part].append(line, part > 0 ? 2 : 0).append("\n");
+      const std::size_t part = line.starts_with('<') ? 1 : line.starts_with('+') ? 2 : 0;
+      parts[part].append(line, part > 0 ? std::min<std::size_t>(2, line.size()) : 0).append("\n");
     }
     const TemporaryFolder folder;
     ConsoleProgram fresh;

@@ -112,6 +112,7 @@ class PreviewTest : public testing::Test {
       tell(PartOf<Control>(name));
       text << PartOf<BotaoControl>(name).Caption() << " ";
     }
+    text << ".";
     return text.str();
   }
 
@@ -127,76 +128,24 @@ class PreviewTest : public testing::Test {
   HostedProgram* program_ = nullptr;
 };
 
-using Lines = std::vector<std::string>;
-
-void ExpectSteps(const std::vector<std::pair<std::string, std::string>>& steps, const Lines& looks) {
-  ASSERT_EQ(looks.size(), steps.size());
-  for (std::size_t i = 0; i < steps.size(); ++i)
-    EXPECT_EQ(looks[i], steps[i].second) << "behind " << steps[i].first;
-}
-
-Lines ScriptOf(const std::vector<std::pair<std::string, std::string>>& steps) {
-  Lines script;
-  for (std::size_t i = 1; i < steps.size(); ++i) script.push_back(steps[i].first);
-  script.push_back("clique BtnSair");
-  return script;
-}
-
 }  // namespace
 
-// The page is 794 by 1123 pixels at 100 %.
-TEST_F(PreviewTest, EachActMovesThePageAsFarAsItGoes) {
-  const std::vector<std::pair<std::string, std::string>> steps = {
-      {"the start", "100% 60,8 0/0 off 0/70 [100%] 1 of 3"},
-      {"tecla 40", "100% 60,-19 0/0 off 4/70 [100%] 1 of 3"},
-      {"tecla 38", "100% 60,8 0/0 off 0/70 [100%] 1 of 3"},
-      {"tecla 38", "100% 60,8 0/0 off 0/70 [100%] 1 of 3"},
-      {"valor Barra 10", "100% 60,-59 0/0 off 10/70 [100%] 1 of 3"},
-      {"clique ImgSeta 2", "100% 60,8 0/0 off 0/70 [100%] 2 de 3"},
-      {"tecla 35", "100% 60,8 0/0 off 0/70 [100%] 3 de 3"},
-      {"tecla 34", "100% 60,8 0/0 off 0/70 [100%] 3 de 3"},
-      {"tecla 36", "100% 60,8 0/0 off 0/70 [100%] 1 de 3"},
-      {"tecla 33", "100% 60,8 0/0 off 0/70 [100%] 1 de 3"},
-      {"tecla 107 ctrl", "125% 8,8 0/15 0/113 [125%] 1 de 3"},
-      {"tecla 187 ctrl", "150% 8,8 0/45 0/155 [150%] 1 de 3"},
-      {"tecla 107", "150% 8,8 0/45 0/155 [150%] 1 de 3"},
-      {"valor BarraHor 5", "150% -25,8 5/45 0/155 [150%] 1 de 3"},
-      {"texto CmbZoom 400", "400% -25,8 5/342 0/576 [400] 1 de 3"},
-      {"tecla 107 ctrl", "400% -25,8 5/342 0/576 [400] 1 de 3"},
-      {"texto CmbZoom 401", "400% -25,8 5/342 0/576 [401] 1 de 3"},
-      {"texto CmbZoom 9", "400% -25,8 5/342 0/576 [9] 1 de 3"},
-      {"texto CmbZoom 10", "10% 417,280 0/0 off 0/0 off [10] 1 de 3"},
-      {"tecla 109 ctrl", "10% 417,280 0/0 off 0/0 off [10] 1 de 3"},
-      {"tecla 107 ctrl", "50% 258,56 0/0 off 0/0 off [50%] 1 de 3"},
-      {"tecla 189 ctrl", "50% 258,56 0/0 off 0/0 off [50%] 1 de 3"},
-      {"texto CmbZoom Largura", "113% 8,8 0/0 off 0/92 [Largura] 1 de 3"},
-      {"texto CmbZoom Página", "59% 224,8 0/0 off 0/0 off [Página] 1 de 3"},
-      {"redim 20 60", "20% 145,8 0/0 off 0/0 off [Página] 1 de 3"},
-      {"texto CmbZoom 60", "60% 8,8 0/6 0/67 [60] 1 de 3"},
-      {"tecla 109 ctrl", "50% 28,8 0/0 off 0/50 [50%] 1 de 3"},
-      {"tecla 109 ctrl", "50% 28,8 0/0 off 0/50 [50%] 1 de 3"},
-      {"foco TxtPagIni", "50% 28,8 0/0 off 0/50 [50%] 1 de 3"},
-      {"tecla 35", "50% 28,8 0/0 off 0/50 [50%] 1 de 3"},
-      {"tecla 40", "50% 28,8 0/0 off 0/50 [50%] 1 de 3"},
-      {"tecla 34", "50% 28,8 0/0 off 0/50 [50%] 2 de 3"},
-      {"foco Barra", "50% 28,8 0/0 off 0/50 [50%] 2 de 3"},
-      {"tecla 40", "50% 28,-19 0/0 off 4/50 [50%] 2 de 3"},
-      {"tecla 36", "50% 28,8 0/0 off 0/50 [50%] 1 de 3"},
-  };
-  ExpectSteps(steps, Looks(ScriptOf(steps), [this] { return Page(); }));
-}
-
-TEST_F(PreviewTest, ThePartsFollowTheWindow) {
-  const std::vector<std::pair<std::string, std::string>> steps = {
-      {"the start",
-       "5,30,913,673 5,703,913,17 918,30,17,673 651,2,92,26 Imprimir 747,2,92,26 PDF 843,2,92,26 Sair "},
-      {"redim 40 97", "5,30,749,540 5,570,749,17 754,30,17,540 661,2,34,26  699,2,34,26  737,2,34,26  "},
-      {"redim 40 101",
-       "5,30,781,540 5,570,781,17 786,30,17,540 519,2,92,26 Imprimir 615,2,92,26 PDF 711,2,92,26 Sair "},
-      {"redim 10 20", "5,30,133,100 5,130,133,17 138,30,17,100 510,2,34,26  548,2,34,26  586,2,34,26  "},
-      {"redim 1 1", "5,30,1,1 5,31,1,17 6,30,17,1 510,2,34,26  548,2,34,26  586,2,34,26  "},
-  };
-  ExpectSteps(steps, Looks(ScriptOf(steps), [this] { return Places(); }));
+// Acts one behind the other, and what they make of the page and its parts. The page is 794 by 1123 pixels at
+// 100 %.
+TEST_F(PreviewTest, EachActMovesWhatTheTableTells) {
+  const std::vector<Table> tables = TablesOf("reports/preview.txt");
+  for (const auto& [table, look] :
+       {std::pair{tables.at(1), std::function<std::string()>([this] { return Page(); })},
+        {tables.at(2), [this] { return Places(); }}}) {
+    std::vector<std::string> script;
+    for (const TableCase& step : table.cases) script.push_back(step.given);
+    script.erase(script.begin());
+    script.push_back("clique BtnSair");
+    const std::vector<std::string> looks = Looks(script, look);
+    ASSERT_EQ(looks.size(), table.cases.size());
+    for (std::size_t i = 0; i < looks.size(); ++i)
+      EXPECT_EQ(looks[i] + "\n", table.cases[i].result) << "behind " << table.cases[i].given;
+  }
 }
 
 // Each part as the table tells it: its font, what it says under the pointer, its picture, its entries and
