@@ -12,10 +12,11 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cctype>
 #include <fstream>
+#include <ostream>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tessera::test {
