@@ -1,7 +1,7 @@
 # The tests of the host with windows, and of the runtime that links it.
 find_package(Qt6 6.4 REQUIRED COMPONENTS Widgets Test)
 add_executable(qt_test qt/qt_test_main.cpp qt/block_font.cpp qt/box_test.cpp qt/drawing_test.cpp qt/looks_test.cpp
-  qt/golden_looks_test.cpp qt/pictures_test.cpp qt/preview_test.cpp qt/qt_host_test.cpp qt/recording_test.cpp qt/script_test.cpp qt/stage_test.cpp qt/wallpaper_test.cpp support/qt_objects.cpp
+  qt/golden_looks_test.cpp qt/pictures_test.cpp qt/preview_test.cpp qt/qt_host_test.cpp qt/recording_test.cpp qt/script_test.cpp qt/stage_test.cpp qt/wallpaper_test.cpp qt/window_parts_test.cpp support/qt_objects.cpp
   support/qt_person.cpp)
 target_compile_definitions(qt_test PRIVATE
   TESSERA_SOURCE_DIR="${CMAKE_SOURCE_DIR}" TESSERA_PARTS="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")

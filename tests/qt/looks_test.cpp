@@ -353,6 +353,30 @@ TEST_F(LooksOnWindows, TheMonthIsTurnedAndADayPickedByThePointer) {
   EXPECT_EQ(open(), month) << "it was closed, for the logic too";
 }
 
+// An entry with a mask writes its variable then. A key that is held comes again and again, and is not let go.
+TEST_F(LooksOnWindows, AKeyIsToldWhenItIsLetGo) {
+  Start("Mascara M, \"###\", 4, 1, 20\nMascara M.MoveFoco\n");
+  program.run.variables.VarWrite("M.Txt", Value(std::string("?")), false);
+  QKeyEvent held(QEvent::KeyRelease, Qt::Key_1, {}, "1", true);
+  QApplication::sendEvent(&WidgetOf(*Main().Focus()), &held);
+  EXPECT_EQ(Variable("M.Txt"), "?");
+  QTest::keyRelease(Top(), Qt::Key_1);
+  EXPECT_EQ(Variable("M.Txt"), "___");
+}
+
+TEST_F(LooksOnWindows, PicturesLieOverOneAnotherAsTheProgramOrders) {
+  Start("Imagem A, \"\", 1, 1, 6, 20\nImagem B, \"\", 3, 3, 6, 20\n");
+  const auto above = [&] {
+    return static_cast<QtForm&>(Main()).widget()->childAt(40, 60)->objectName().toStdString();
+  };
+  std::string order = above();
+  for (const std::string_view word : {"A.Ordem = \"frente\"", "A.Ordem = \"atras\"", "B.Ordem = \"atras\""}) {
+    program.commands.CommandCall("Imagem", word);
+    order += " " + above();
+  }
+  EXPECT_EQ(order, "B A B A");
+}
+
 // A notch of the wheel, over what takes it.
 TEST_F(LooksOnWindows, TheWheelTurnsListsTextsAndBars) {
   Start(

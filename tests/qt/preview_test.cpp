@@ -97,6 +97,16 @@ class PreviewSteps : public PreviewOnWindows {
     return -1;
   }
 
+  // Whether the first lines of a picture that are no paper stand in it as they stood in the other, but
+  // higher.
+  static bool IsRaised(const QImage& now, const QImage& before) {
+    for (int up = 1; up < now.height() / 2; ++up) {
+      const QRect rest(0, 0, now.width(), now.height() - up);
+      if (now.copy(rest) == before.copy(rest.translated(0, up))) return true;
+    }
+    return false;
+  }
+
   // Runs a report of `pages` pages; the steps follow while its preview is open.
   void Preview(int pages, std::vector<std::function<void()>> steps) {
     QtHost qt;
@@ -155,7 +165,7 @@ TEST_F(PreviewSteps, ZoomsByKeysWheelAndList) {
                 EXPECT_EQ(PageLeft(), atFull);
                 const QImage before = Look("PicXRel");
                 Wheel(-120);
-                EXPECT_NE(Look("PicXRel"), before) << "the wheel moves the page";
+                EXPECT_TRUE(IsRaised(Look("PicXRel"), before)) << "the wheel moves the page";
                 Wheel(1200);
                 EXPECT_EQ(Look("PicXRel"), before) << "and no further than its end";
                 QWindow* top = Window()->windowHandle();

@@ -17,8 +17,10 @@ cat > dois.tsc <<'PROGRAM'
 Rel.Config "SAIDA:VIDEO MARGEMESQ:600 MARGEMSUP:600"
 Rel.Col 0, "TAM:10 CORTAB:255"
 Rel.Col 1, "TAM:10 TABVER:FALSE"
+Rel.Col 2, "TAM:200 TABVER:FALSE"
 Rel.Add "", 0, 65280
 Rel.Add "x"
+Rel.Add "", 0, 255
 Rel.NovaPagina
 Rel.Fim
 PROGRAM
@@ -38,7 +40,7 @@ start two; two=$process two_input=$input
 echo x > XRel/12TMP0001.txt
 
 # The colours of a page: its paper, a cell, and the cell's red rules, which meet at the corners; the second
-# cell has no rule of its own on its right.
+# cell has no rule of its own on its right, and the third goes beyond the paper.
 picture=$(ls XRel/*0001.png | head -1)
 [ "$(identify -format '%wx%h' "$picture")" = 794x1123 ] || fail "the size of a page picture"
 pixel() { convert "$picture" -format "%[hex:p{$1,$2}]" info: | cut -c1-6; }
@@ -46,7 +48,8 @@ pixel() { convert "$picture" -format "%[hex:p{$1,$2}]" info: | cut -c1-6; }
 for at in "40 40" "40 56" "60 40" "120 48"; do [ "$(pixel $at)" = FF0000 ] || fail "rule at $at: $(pixel $at)"; done
 [ "$(pixel 120 40)" = 000000 ] || fail "the later rule lies above: $(pixel 120 40)"
 [ "$(convert "$picture" -crop 30x12+122+43 -format '%[fx:minima<0.5]' info:)" = 1 ] || fail "the second cell's letter"
-[ "$(pixel 200 48)" = FFFFFF ] && [ "$(pixel 200 40)" = 000000 ] || fail "no vertical rule: $(pixel 200 48)"
+[ "$(pixel 200 48)" = FF0000 ] && [ "$(pixel 200 40)" = 000000 ] || fail "no vertical rule: $(pixel 200 48)"
+[ "$(pixel 793 48)" = FF0000 ] && [ "$(pixel 0 49)" = FFFFFF ] || fail "a cell ends with the paper"
 
 kill -9 "$one"; wait "$one" 2>/dev/null || true
 exec {one_input}>&-

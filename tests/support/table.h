@@ -40,6 +40,7 @@ inline std::vector<Table> TablesOf(const std::string& name) {
   bool isAnswered = false;
   for (std::string line; std::getline(file, line);) {
     if (line.starts_with("# ")) {
+      EXPECT_EQ(given, "") << name << ": nothing comes of it";
       tables.push_back({line.substr(2), {}});
     } else if (!line.empty() && !tables.empty()) {
       std::vector<TableCase>& cases = tables.back().cases;
@@ -55,6 +56,7 @@ inline std::vector<Table> TablesOf(const std::string& name) {
       isAnswered = true;
     }
   }
+  EXPECT_EQ(given, "") << name << ": nothing comes of it";
   EXPECT_FALSE(tables.empty()) << name;
   return tables;
 }
