@@ -16,6 +16,22 @@ namespace {
 // anything.
 constexpr std::uint32_t kBreath = 512;
 
+// Counts in a register, and leaves the count behind it.
+class Counter {
+ public:
+  explicit Counter(std::uint32_t& counted) : counted_(counted), now_(counted) {}
+  ~Counter() { counted_ = now_; }
+  Counter(const Counter&) = delete;
+  Counter& operator=(const Counter&) = delete;
+
+  bool IsBelow(std::uint32_t limit) const { return now_ < limit; }
+  void operator++() { ++now_; }
+
+ private:
+  std::uint32_t& counted_;
+  std::uint32_t now_;
+};
+
 }  // namespace
 
 void StatementLoop::RunFrom(std::int32_t startStatement) {
@@ -43,7 +59,8 @@ const Line* StatementLoop::RunWholeNumbers(const Line& start) {
   VariableStore& store = run_.variables;
   if (!store.SymbolsTellAll()) return &start;
   const Line* line = &start;
-  for (const Line* next = nullptr; sinceBreath_ < kBreath; ++sinceBreath_, line = next) {
+  Counter statements(sinceBreath_);
+  for (const Line* next = nullptr; statements.IsBelow(kBreath); ++statements, line = next) {
     const LineForm& form = line->form;
     switch (form.kind) {
       case LineForm::Kind::Step: {

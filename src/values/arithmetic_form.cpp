@@ -8,7 +8,6 @@ namespace tessera {
 
 namespace {
 
-constexpr double kMostExact = 1e15;
 constexpr double kLeastWithoutExponent = 1e-4;
 
 // Whether a remainder takes the number. The rule takes it behind its sign, without which the least one is too
@@ -20,8 +19,8 @@ bool IsInteger(std::int64_t number) {
 
 }  // namespace
 
-ArithmeticForm::Outcome ArithmeticForm::ReadWhole(VariableStore& store, const Row& row,
-                                                  const Answers& answers, std::int64_t& value) {
+inline ArithmeticForm::Outcome ArithmeticForm::ReadWhole(Integers& integers, const Row& row,
+                                                         const Answers& answers, std::int64_t& value) {
   if (row.source == Source::Constant) {
     value = static_cast<std::int64_t>(row.number);
     return Outcome::Done;
@@ -31,37 +30,37 @@ ArithmeticForm::Outcome ArithmeticForm::ReadWhole(VariableStore& store, const Ro
     value = static_cast<std::int64_t>(answer);
     if (answer != static_cast<double>(value)) return Outcome::GivenUp;
   } else {
-    const std::int32_t* integer = row.name.Integer(store);
+    const std::int32_t* integer = row.name.Integer(integers);
     if (integer == nullptr) return Outcome::GivenUp;
     value = *integer;
   }
-  if ((value < 0) != row.isNegative) return Outcome::OtherSigns;
-  if (row.isNegative) value = -value;
-  return Outcome::Done;
+  const std::int64_t sign = row.isNegative ? -1 : 0;
+  value = (value ^ sign) - sign;  // turned round where all bits of the sign are set
+  return value < -sign ? Outcome::OtherSigns : Outcome::Done;
 }
 
 ArithmeticForm::Outcome ArithmeticForm::ComputeWhole(VariableStore& store, std::int64_t& result,
                                                      const Answers& answers) const {
   constexpr auto kMost = static_cast<std::int64_t>(kMostExact);
+  Integers& integers = store.Integers();
   std::array<std::int64_t, kMostLevels> stack;
   std::size_t height = 0;
   std::int64_t accumulator = 0;
   for (const Row& row : reading_.rows) {
-    if (row.operation == Operation::Push) {
-      stack[height++] = accumulator;
-      continue;
-    }
     std::int64_t left = accumulator;
     std::int64_t right = accumulator;
     if (row.source == Source::Stack) {
       left = stack[--height];
-    } else if (const Outcome read = ReadWhole(store, row, answers, right); read != Outcome::Done) {
+    } else if (const Outcome read = ReadWhole(integers, row, answers, right); read != Outcome::Done) {
       return read;
     }
     switch (row.operation) {
+      case Operation::PushAndLoad:
+        stack[height++] = accumulator;
+        [[fallthrough]];
       case Operation::Load:
         accumulator = right;
-        break;
+        continue;
       case Operation::Add:
         accumulator = left + right;
         break;
@@ -74,7 +73,7 @@ ArithmeticForm::Outcome ArithmeticForm::ComputeWhole(VariableStore& store, std::
       default:
         if (right == 0 || !IsInteger(left) || !IsInteger(right)) return Outcome::GivenUp;
         accumulator = left % right;
-        break;
+        continue;
     }
     if (accumulator > kMost || accumulator < -kMost) return Outcome::GivenUp;
   }
@@ -112,10 +111,6 @@ ArithmeticForm::Outcome ArithmeticForm::ComputeFloat(VariableStore& store, Round
   std::size_t height = 0;
   double accumulator = 0;
   for (const Row& row : reading_.rows) {
-    if (row.operation == Operation::Push) {
-      stack[height++] = accumulator;
-      continue;
-    }
     double left = accumulator;
     double right = accumulator;
     if (row.source == Source::Stack) {
@@ -124,6 +119,9 @@ ArithmeticForm::Outcome ArithmeticForm::ComputeFloat(VariableStore& store, Round
       return read;
     }
     switch (row.operation) {
+      case Operation::PushAndLoad:
+        stack[height++] = accumulator;
+        [[fallthrough]];
       case Operation::Load:
         accumulator = right;
         break;

@@ -45,11 +45,12 @@ class ArithmeticForm {
  private:
   friend class ArithmeticReader;
 
-  enum class Operation : std::uint8_t { Load, Push, Add, Subtract, Multiply, Divide, Modulo, Power };
+  enum class Operation : std::uint8_t { Load, PushAndLoad, Add, Subtract, Multiply, Divide, Modulo, Power };
   enum class Source : std::uint8_t { Constant, Name, Answer, Stack };
   enum class Outcome : std::uint8_t { Done, GivenUp, OtherSigns };
 
-  // acc = acc op source; with the stack as source it is acc = popped op acc.
+  // acc = acc op source; with the stack as source it is acc = popped op acc. PushAndLoad keeps acc on the
+  // stack.
   struct Row {
     Operation operation = Operation::Load;
     Source source = Source::Constant;
@@ -74,8 +75,10 @@ class ArithmeticForm {
   };
 
   static constexpr std::size_t kMostLevels = 8;
+  static constexpr double kMostExact = 1e15;
 
-  static Outcome ReadWhole(VariableStore& store, const Row& row, const Answers& answers, std::int64_t& value);
+  using Integers = std::vector<std::int32_t>;
+  static Outcome ReadWhole(Integers& integers, const Row& row, const Answers& answers, std::int64_t& value);
   static Outcome ReadFloat(VariableStore& store, RoundingMemo& memo, const Row& row, const Answers& answers,
                            double& value);
   static bool IsNegative(VariableStore& store, const Row& name, const Answers& answers);

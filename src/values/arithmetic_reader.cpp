@@ -1,6 +1,7 @@
 // How an arithmetic text becomes rows: the parser's own way through the text, over pieces instead of
 // characters, with its operations written down instead of done.
 #include <algorithm>
+#include <cmath>
 #include <string>
 
 #include "text/number.h"
@@ -210,8 +211,10 @@ void ArithmeticReader::Emit(Node node, std::size_t level) {
     rows_.back().operation = step.operation;
     return;
   }
-  rows_.push_back({Operation::Push});
+  const std::size_t first = rows_.size();
   Emit(step.right, level + 1);
+  if (failed_) return;
+  rows_[first].operation = Operation::PushAndLoad;
   rows_.push_back({step.operation, Source::Stack});
 }
 
@@ -223,7 +226,7 @@ std::optional<ArithmeticForm> ArithmeticForm::Of(VariableStore& store, std::stri
   if (form.reading_.rows.empty()) return std::nullopt;
   form.isWhole_ = std::ranges::all_of(form.reading_.rows, [](const Row& row) {
     return row.operation != Operation::Divide && row.operation != Operation::Power &&
-           row.number == static_cast<double>(static_cast<std::int64_t>(row.number));
+           row.number <= kMostExact && row.number == std::trunc(row.number);
   });
   return form;
 }

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <optional>
 #include <string_view>
+#include <vector>
 
 #include "values/variable_store.h"
 
@@ -30,38 +31,39 @@ struct NameForm {
 
   VariableType type() const { return symbol->type; }
 
-  // The slot of the name's value in a table of `count` slots. False where the way by the name has to tell
+  // The value, of a variable of that type; null for any other.
+  std::int32_t* Integer(VariableStore& store) const { return Integer(store.Integers()); }
+  std::int32_t* Integer(std::vector<std::int32_t>& integers) const {
+    return ValueIn(integers, integers, VariableType::Inteiro);
+  }
+  double* Decimal(VariableStore& store) const {
+    return ValueIn(store.Integers(), store.Decimals(), VariableType::Decimal);
+  }
+  std::string* Text(VariableStore& store) const {
+    return ValueIn(store.Integers(), store.Texts(), VariableType::String);
+  }
+
+ private:
+  // The slot of the element's value in a table of `count` slots. False where the way by the name has to tell
   // what is wrong. The name has a type.
-  bool FindSlot(VariableStore& store, std::size_t count, std::size_t& slot) const {
+  bool FindSlot(const std::vector<std::int32_t>& integers, std::size_t count, std::size_t& slot) const {
     std::int64_t place = std::int64_t{symbol->first} + offset;
     if (index != nullptr) {
-      const auto& integers = store.Integers();
       // Whatever the type of the index, the table of integers is read.
       const auto at = static_cast<std::size_t>(index->first);
       if (index->type == VariableType::None || at >= integers.size()) return false;
       place += integers[at];
     }
     slot = static_cast<std::size_t>(place);
-    return place >= 0 && slot < count;
+    return slot < count;
   }
 
-  // The value, of a variable of that type; null for any other.
-  std::int32_t* Integer(VariableStore& store) const {
-    return ValueIn(store, store.Integers(), VariableType::Inteiro);
-  }
-  double* Decimal(VariableStore& store) const {
-    return ValueIn(store, store.Decimals(), VariableType::Decimal);
-  }
-  std::string* Text(VariableStore& store) const {
-    return ValueIn(store, store.Texts(), VariableType::String);
-  }
-
- private:
   template <typename Slots>
-  typename Slots::value_type* ValueIn(VariableStore& store, Slots& slots, VariableType wanted) const {
+  typename Slots::value_type* ValueIn(const std::vector<std::int32_t>& integers, Slots& slots,
+                                      VariableType wanted) const {
     if (symbol->type != wanted) return nullptr;
     auto slot = static_cast<std::size_t>(symbol->first);
-    if (isElement && !FindSlot(store, slots.size(), slot)) return nullptr;
+    if (isElement && !FindSlot(integers, slots.size(), slot)) return nullptr;
     return &slots[slot];
   }
 };
