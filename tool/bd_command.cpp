@@ -2,7 +2,6 @@
 #include <unistd.h>
 
 #include <iostream>
-#include <random>
 
 #include "platform/failure.h"
 #include "platform/file_system.h"
@@ -171,7 +170,7 @@ int BdRepairSubcommand(const std::string& path) {
   const auto opened = OpenBdFile(path);
   if (const auto* message = std::get_if<std::string>(&opened)) return Refuse(*message);
   const TsaHeader& header = std::get<BdFile>(opened).header;
-  SeededRandom random(std::random_device{}());
+  SeededRandom random;
   std::string copy;
   SystemFiles files;
   TsaFindings findings;

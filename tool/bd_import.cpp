@@ -8,7 +8,6 @@
 #include <iostream>
 #include <limits>
 #include <optional>
-#include <random>
 
 #include "image/codec.h"
 #include "platform/descriptor_io.h"
@@ -169,7 +168,7 @@ std::variant<TsaHeader, std::string> Plan(RowSource& source, Progress& progress)
 
 // The error number of the system, 0 where all is written.
 int WriteRecords(RowSource& source, const TsaHeader& header, int descriptor, Progress& progress) {
-  SeededRandom chance(std::random_device{}());
+  SeededRandom chance;
   // The first record begins on the header's last byte.
   std::string bytes = EncodeTsaHeader(header, chance);
   if (header.count > 0) bytes.pop_back();

@@ -79,7 +79,6 @@ ConsoleHost::ConsoleHost(const ConsoleStreams& streams, ConsoleOptions options)
       input_(streams.in, streams.descriptor, streams.isTerminal),
       options_(std::move(options)),
       texts_(options_.paper, [this](std::string_view problem) { TellMissingPart(problem); }),
-      random_(std::random_device{}()),
       memory_(options_.stage == nullptr ? std::make_unique<MemoryStage>(texts_) : nullptr),
       stage_(memory_ ? memory_.get() : options_.stage) {
   if (!memory_) input_.DoMeanwhile([this] { stage_->ShowChanges(); });

@@ -6,6 +6,7 @@
 #include "text/little_endian.h"
 
 #ifdef __x86_64__
+#include <cpuid.h>
 #include <immintrin.h>
 #endif
 
@@ -83,6 +84,13 @@ __attribute__((target("pclmul"))) std::uint32_t AddLanesToSum(std::uint32_t sum,
   return AddToSumByTable(0, {last.data(), last.size()});
 }
 
+// The compiler's own question would be asked at each start of the program, and a virtual machine takes long
+// to answer it.
+bool Multiplies() {
+  unsigned int a = 0, b = 0, features = 0, d = 0;
+  return __get_cpuid(1, &a, &b, &features, &d) != 0 && (features & bit_PCLMUL) != 0;
+}
+
 #endif
 
 }  // namespace
@@ -102,7 +110,7 @@ std::uint32_t AddToSumByTable(std::uint32_t sum, std::string_view bytes) {
 
 std::uint32_t AddToSum(std::uint32_t sum, std::string_view bytes) {
 #ifdef __x86_64__
-  static const bool multiplies = __builtin_cpu_supports("pclmul");
+  static const bool multiplies = Multiplies();
   if (multiplies && bytes.size() >= kLanes * kLane) {
     const std::size_t whole = bytes.size() / kLane * kLane;
     sum = AddLanesToSum(sum, bytes.substr(0, whole));

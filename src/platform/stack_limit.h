@@ -10,8 +10,6 @@ class StackLimit {
  public:
   // Measures the stack of the calling thread. `reserve` bytes stay free for what a guard still has to do.
   explicit StackLimit(std::size_t reserve = kReserve);
-  // Down to an address, where the system doesn't tell.
-  static StackLimit DownTo(std::uintptr_t lowest) { return StackLimit(lowest, 0); }
 
   // Failure 28 when the stack is used up to the reserve.
   void Check() const;
@@ -23,8 +21,6 @@ class StackLimit {
   static constexpr std::size_t kRunStack = std::size_t{64} << 20;  // of a process that runs programs
 
  private:
-  StackLimit(std::uintptr_t bottom, std::size_t reserve) : lowest_(bottom + reserve) {}
-
   std::uintptr_t lowest_;
 };
 

@@ -1,6 +1,7 @@
 // The machine's own clock and a generator seeded once: both hosts use them as they are.
 #pragma once
 
+#include <cstdint>
 #include <random>
 
 #include "platform/host.h"
@@ -14,10 +15,13 @@ class SystemClock final : public Clock {
 
 class SeededRandom final : public Random {
  public:
-  explicit SeededRandom(std::uint64_t seed) : engine_(seed) {}
+  // By chance, where no seed is given.
+  explicit SeededRandom(std::uint64_t seed = ChanceSeed()) : engine_(seed) {}
   double Next() override { return std::generate_canonical<double, 53>(engine_); }
 
  private:
+  static std::uint64_t ChanceSeed();
+
   std::mt19937_64 engine_;
 };
 

@@ -88,8 +88,7 @@ struct ApplicationArguments {
   int count = 1;
 };
 
-QtHost::QtHost(std::function<void()> refused, bool showsPages)
-    : entry_([this] { LeaveLoops(); }), random_(std::random_device{}()) {
+QtHost::QtHost(std::function<void()> refused, bool showsPages) : entry_([this] { LeaveLoops(); }) {
   InstallMessages();
   SubstituteFontNames();
   if (qApp == nullptr) {

@@ -10,13 +10,16 @@ std::filesystem::path OwnFolder() {
   return std::filesystem::read_symlink(kOwnExecutable, error).parent_path();
 }
 
-std::vector<std::filesystem::path> PartFolders() {
-  const std::filesystem::path own = OwnFolder();
-  std::vector<std::filesystem::path> folders = {own, own.parent_path() / "lib" / "tessera" / "parts",
-                                                TESSERA_PARTS_INSTALLED, "/usr/lib/tessera/parts"};
+const std::vector<std::filesystem::path>& PartFolders() {
+  static const std::vector<std::filesystem::path> folders = [] {
+    const std::filesystem::path own = OwnFolder();
+    return std::vector<std::filesystem::path>{own, own.parent_path() / "lib" / "tessera" / "parts",
+                                              TESSERA_PARTS_INSTALLED, "/usr/lib/tessera/parts",
 #ifdef TESSERA_PARTS_BUILT
-  folders.emplace_back(TESSERA_PARTS_BUILT);
+                                              TESSERA_PARTS_BUILT
 #endif
+    };
+  }();
   return folders;
 }
 

@@ -11,7 +11,7 @@ std::filesystem::path OwnFolder();
 
 // Where the system's parts may lie: beside the executable, where they are installed, and where they were
 // built, in that order. A finished program lies anywhere.
-std::vector<std::filesystem::path> PartFolders();
+const std::vector<std::filesystem::path>& PartFolders();
 
 // The runtime that is installed beside the running tool.
 std::filesystem::path SiblingRuntime();
