@@ -258,6 +258,20 @@ TEST_F(LooksOnWindows, ALongLineFoldsAndTheCaretFollows) {
 }
 
 // The press of a button by key lets events through, and one of them may take the button away.
+TEST_F(LooksOnWindows, AHeldButtonIsPressedWhileThePointerIsOverIt) {
+  Start("Botao A, 1, 1\nBotao B, 4, 1\nBotao A.MoveFoco\n");
+  const QPoint over = InWindow(WidgetOf(Element("BtnNovo", 1)), {5, 5});
+  const QImage rest = Shown(Element("BtnNovo", 1));
+  QTest::mousePress(Top(), Qt::LeftButton, {}, over);
+  const QImage held = Shown(Element("BtnNovo", 1));
+  EXPECT_NE(held, rest);
+  QTest::mouseMove(Top(), over + QPoint(200, 0));
+  EXPECT_NE(Shown(Element("BtnNovo", 1)), held);
+  QTest::mouseMove(Top(), over);
+  EXPECT_EQ(Shown(Element("BtnNovo", 1)), held);
+  QTest::mouseRelease(Top(), Qt::LeftButton, {}, over);
+}
+
 TEST_F(LooksOnWindows, AButtonMayGoInTheMiddleOfItsOwnPress) {
   Start("Botao A, 1, 1\nBotao B, 3, 1\nBotao B.MoveFoco\n");
   const QPointer<QWidget> widget = &WidgetOf(Element("BtnNovo", 1));
@@ -288,6 +302,13 @@ TEST_F(LooksOnWindows, WhatIsDroppedDownClosesWhereThePersonTurnsElsewhere) {
   combo.setAttribute(Qt::WA_UnderMouse, true);
   QTest::mouseClick(list, Qt::LeftButton, {}, {20, 30});
   EXPECT_FALSE(combo.underMouse());
+  // The first row begins behind the frame, and its last pixel is its own.
+  QTest::mouseClick(Top(), Qt::LeftButton, {}, InWindow(combo, {combo.width() - 8, 10}));
+  const int row = static_cast<int>(dynamic_cast<ComboControl&>(Element("Cmb", 0)).RowHeight());
+  QTest::mouseClick(list, Qt::LeftButton, {}, {20, row});
+  EXPECT_EQ(Variable("C.Txt"), "um");
+  QTest::mouseClick(Top(), Qt::LeftButton, {}, InWindow(combo, {combo.width() - 8, 10}));
+  QTest::mouseClick(list, Qt::LeftButton, {}, {20, row + 2});
   QTest::mouseClick(Top(), Qt::LeftButton, {}, InWindow(combo, {combo.width() - 8, 10}));
   QTest::mousePress(list, Qt::LeftButton, {}, {-50, -50});
   EXPECT_FALSE(list->isVisible());

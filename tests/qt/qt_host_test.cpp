@@ -254,6 +254,7 @@ TEST_F(QtHostTest, TheInputFormAnswersItsTextTheCancelWordOrThePrompt) {
       EXPECT_EQ(texto->text(), "Ana");
       EXPECT_EQ(texto->accessibleName(), "Nome");
       EXPECT_EQ(form.findChild<QLabel*>("LblRotulo")->textFormat(), Qt::PlainText);
+      EXPECT_GT(texto->y(), form.findChild<QLabel*>("LblRotulo")->geometry().bottom());
       EXPECT_TRUE(texto->hasFocus());
       const auto* ok = form.findChild<QPushButton*>("BtnOK");
       EXPECT_FALSE(ok->isDefault()) << "Enter does not press it from the field";
@@ -617,7 +618,10 @@ TEST_F(QtHostTest, TheNoticeOfABareRuntimeTellsWhatItIs) {
     EXPECT_EQ(notice.findChild<QLabel*>("LblDescricao")->text(),
               QStringLiteral("Utilitário para compilar programas do Tessera"));
     EXPECT_EQ(notice.findChild<QLabel*>("LblVersao")->text(), QStringLiteral("VERSÃO 1.0.71"));
-    QTest::mouseClick(notice.findChild<QPushButton*>("BtnOK"), Qt::LeftButton);
+    auto* ok = notice.findChild<QPushButton*>("BtnOK");
+    EXPECT_GT(ok->y(), notice.findChild<QLabel*>("LblVersao")->geometry().bottom());
+    EXPECT_EQ(ok->geometry().right(), aviso->geometry().right());
+    QTest::mouseClick(ok, Qt::LeftButton);
   });
   ShowMsgExec(QStringLiteral("Não há programa. ").repeated(9).toStdString());
 }

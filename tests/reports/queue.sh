@@ -20,6 +20,7 @@ cat > bin/backend/tofile <<'BACKEND'
 #!/bin/sh
 [ $# -eq 0 ] && { echo "direct tofile:/ x x"; exit 0; }
 umask 022
+echo "$5" > "${DEVICE_URI#tofile:}/job-$1.options"
 cat ${6:+"$6"} > "${DEVICE_URI#tofile:}/job-$1.pdf"
 BACKEND
 chmod 755 bin/backend/tofile
@@ -60,6 +61,7 @@ echo Lab | "$tessera" run --console nota.tsc 2> err
 [dialogo] IMPRESSORA
 [impressora] Lab: 2" ] || fail "$(cat err)"
 arrived 1; arrived 2
+grep -q 'print-scaling=none' out/job-1.options || fail "nothing is made to fit: $(cat out/job-1.options)"
 pdftotext out/job-1.pdf - | grep -q 'número um' || fail "text of the first"
 pdftotext out/job-2.pdf - | grep -q 'número dois' || fail "text of the second"
 pdfinfo out/job-2.pdf | grep -q '^Pages: *2$' || fail "pages of the second"

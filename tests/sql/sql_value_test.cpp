@@ -25,6 +25,7 @@ TEST(SqlValues, AreReadAsTheLanguageShowsThem) {
       {SqlValue::Of(Kind::Decimal, "12.50"), "12,5", false},
       {SqlValue::Of(Kind::Decimal, "-0.000000000000001"), "-1E-15", false},
       {SqlValue::Of(Kind::Decimal, "123456789012345678.25"), "123456789012345678,25", true},
+      {SqlValue::Of(Kind::Decimal, "1000000000000000"), "1000000000000000", true},
       {SqlValue::Of(Kind::Truth, 1), "VERDADEIRO", true},
       {SqlValue::Of(Kind::Truth, 0), "FALSO", true},
       {SqlValue::Of(Kind::Date, "2024-02-01"), "01/02/2024", true},

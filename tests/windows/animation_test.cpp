@@ -83,7 +83,7 @@ TEST(Animation, ADamagedFileShowsTheFramesBeforeTheDamage) {
 
 TEST(Animation, AFileThatClaimsMoreThanAScreenCouldShowIsDamaged) {
   std::string large = kFour;
-  large.replace(6, 4, "\xFF\xFF\xFF\xFF");
+  large.replace(6, 4, std::string("\0\xFF\0\xFF", 4));
   EXPECT_EQ(DecodeAnimation(TestCodec(), large), nullptr) << "the screen";
   std::string frame = kFirst;
   frame.replace(13, 4, "\xFF\xFF\xFF\xFF");
