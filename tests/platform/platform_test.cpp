@@ -1,0 +1,88 @@
+// What programs ask of the system: how much stack is left, chance, a whole file.
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <fstream>
+#include <string>
+#include <thread>
+#include <variant>
+
+#include "platform/failure.h"
+#include "platform/stack_limit.h"
+#include "platform/system_clock.h"
+#include "platform/whole_file.h"
+#include "support/temporary_folder.h"
+
+namespace tessera::test {
+
+namespace {
+
+// Goes down until the limit fails; gives how far that is from `top`, in bytes.
+std::size_t Descend(const StackLimit& limit, const char* top) {
+  volatile char block[4096];
+  block[0] = 0;
+  if (const auto failure = Guard([&] { limit.Check(); })) {
+    EXPECT_EQ(failure->number(), 28);
+    return static_cast<std::size_t>(top - const_cast<const char*>(block));
+  }
+  const std::size_t used = Descend(limit, top);
+  return used + (block[0] != 0 ? 1 : 0);  // not a last call, which would need no stack
+}
+
+// Kilobytes.
+double StackBeforeFailure() {
+  const char top = 0;
+  return static_cast<double>(Descend(StackLimit(), &top)) / 1024;
+}
+
+double WithoutReserve(std::size_t bytes) {
+  return static_cast<double>(bytes - StackLimit::kReserve) / 1024;
+}
+
+}  // namespace
+
+// All but the reserve can be used, in the main thread as far as the system lets its stack grow.
+TEST(StackLimit, ComesShortlyBeforeTheEndOfEachThreadsStack) {
+  constexpr double kNear = 512;
+  rlimit limit{};
+  ASSERT_EQ(getrlimit(RLIMIT_STACK, &limit), 0);
+  if (limit.rlim_cur != RLIM_INFINITY) {
+    EXPECT_NEAR(StackBeforeFailure(), WithoutReserve(limit.rlim_cur), kNear);
+    limit.rlim_cur /= 2;
+    ASSERT_EQ(setrlimit(RLIMIT_STACK, &limit), 0);
+    EXPECT_NEAR(StackBeforeFailure(), WithoutReserve(limit.rlim_cur), kNear);
+    limit.rlim_cur *= 2;
+    ASSERT_EQ(setrlimit(RLIMIT_STACK, &limit), 0);
+  }
+  double inThread = 0;
+  pthread_attr_t attributes;
+  std::size_t size = 0;
+  pthread_attr_init(&attributes);
+  pthread_attr_getstacksize(&attributes, &size);
+  pthread_attr_destroy(&attributes);
+  std::thread([&] { inThread = StackBeforeFailure(); }).join();
+  EXPECT_NEAR(inThread, WithoutReserve(size), kNear);
+}
+
+TEST(SeededRandom, IsAnotherEachTimeWhereNoSeedIsGiven) {
+  EXPECT_NE(SeededRandom().Next(), SeededRandom().Next());
+  EXPECT_EQ(SeededRandom(7).Next(), SeededRandom(7).Next());
+}
+
+// A file may be longer than the portions that it is read in, and one of the system's own tells no size.
+TEST(WholeFile, IsReadToItsEndWhateverItTellsOfItsSize) {
+  const TemporaryFolder folder;
+  const std::string path = (folder.path() / "a").string();
+  for (const std::size_t size : {0U, 1U, 65535U, 65536U, 65537U, 200000U}) {
+    std::string bytes(size, 'x');
+    if (size > 0) bytes.back() = 'y';
+    std::ofstream(path, std::ios::binary) << bytes;
+    const auto read = ReadWholeFile(path);
+    ASSERT_TRUE(std::holds_alternative<std::string>(read));
+    EXPECT_EQ(std::get<std::string>(read), bytes) << size;
+  }
+  EXPECT_NE(std::get<std::string>(ReadWholeFile("/proc/self/status")), "");
+  EXPECT_EQ(std::get<SystemError>(ReadWholeFile(folder.path().string())).number, EISDIR);
+}
+
+}  // namespace tessera::test
