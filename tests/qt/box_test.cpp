@@ -152,6 +152,29 @@ TEST_F(BoxOnWindows, ACellIsEditedByKeysAndClipboard) {
   EXPECT_EQ(Grid().EditingPlace()->row, 2);
 }
 
+// In each row, and while it is edited.
+TEST_F(BoxOnWindows, ACellHasAFontOfItsOwn) {
+  Start(
+      "Box G, 1, 1, 12\nBox G.Titulo, \"a\", 20\nBox G.Ativa\nBox G.Add \"MM\"\nBox G.New\n"
+      "Box G.Add \"MM\", 0, 16777215, \"Arial\", 12, NEGRITO\nBox G.New\nBox G.Add \"MM\"\nBox G.New\nBox "
+      "G.Fim\n"
+      "Box G.AlteraCelula = \"SIM\"\n");
+  const auto ink = [&](int row) {
+    const QImage shown = Shown().copy(2, RowTop(row) + 2, Right(0) - 8, RowTop(1) - RowTop(0) - 4);
+    int dark = 0;
+    for (int y = 0; y < shown.height(); ++y) {
+      for (int x = 0; x < shown.width(); ++x) dark += 255 - qGray(shown.pixel(x, y));
+    }
+    return dark;
+  };
+  const int plain = ink(0);
+  const int large = ink(1);
+  EXPECT_GT(large, plain * 3 / 2);
+  EXPECT_EQ(ink(2), plain);
+  Click(InCell(1, 0));
+  EXPECT_GT(ink(1), plain * 3 / 2) << "with the caret in it";
+}
+
 TEST_F(BoxOnWindows, ADisabledGridFeelsNothingAndLooksGrey) {
   Start(std::string(kList) + "Box G.Ativo = \"NAO\"\n");
   Click(InTitle(2));
