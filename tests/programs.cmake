@@ -4,7 +4,7 @@
 
 # tessera_programs(PREFIX directory of the programs, directory of their expectations)
 # Those in TESSERA_NEED_PARTS run where the parts that stand on Qt are built.
-set(TESSERA_NEED_PARTS Biblioteca Bloco Nota Precos)
+set(TESSERA_NEED_PARTS Biblioteca Bloco Nota Precos letters_of_an_image_are_its_own)
 
 function(tessera_programs prefix programs expectations)
   file(GLOB found CONFIGURE_DEPENDS ${programs}/*)

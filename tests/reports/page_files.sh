@@ -21,6 +21,7 @@ Rel.Col 2, "TAM:200 TABVER:FALSE"
 Rel.Add "", 0, 65280
 Rel.Add "x"
 Rel.Add "", 0, 255
+Rel.Linha 2000, 4000, 16711680, 2000
 Rel.NovaPagina
 Rel.Fim
 PROGRAM
@@ -40,7 +41,7 @@ start two; two=$process two_input=$input
 echo x > XRel/12TMP0001.txt
 
 # The colours of a page: its paper, a cell, and the cell's red rules, which meet at the corners; the second
-# cell has no rule of its own on its right, and the third goes beyond the paper.
+# cell has no rule of its own on its right, and the third goes beyond the paper. A slanted line stands below them.
 picture=$(ls XRel/*0001.png | head -1)
 [ "$(identify -format '%wx%h' "$picture")" = 794x1123 ] || fail "the size of a page picture"
 pixel() { convert "$picture" -format "%[hex:p{$1,$2}]" info: | cut -c1-6; }
@@ -50,6 +51,7 @@ for at in "40 40" "40 56" "60 40" "120 48"; do [ "$(pixel $at)" = FF0000 ] || fa
 [ "$(convert "$picture" -crop 30x12+122+43 -format '%[fx:minima<0.5]' info:)" = 1 ] || fail "the second cell's letter"
 [ "$(pixel 200 48)" = FF0000 ] && [ "$(pixel 200 40)" = 000000 ] || fail "no vertical rule: $(pixel 200 48)"
 [ "$(pixel 793 48)" = FF0000 ] && [ "$(pixel 0 49)" = FFFFFF ] || fail "a cell ends with the paper"
+[ "$(pixel 241 107) $(pixel 239 106) $(pixel 245 107)" = "2C2CFF D3D3FF FFFFFF" ] || fail "a slanted line is smooth"
 
 kill -9 "$one"; wait "$one" 2>/dev/null || true
 exec {one_input}>&-
