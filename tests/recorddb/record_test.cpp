@@ -145,8 +145,12 @@ TEST_F(RecordFile, AutoIncIsTheCountBeforeAndThePositionGiven) {
 TEST_F(RecordFile, AnotherRecordLengthIsRefused) {
   WithPeople("");
   program.emplace(folder.path());
-  program->Run("BD Gente, dados\nNome, String, 11\nFimBD");
-  ASSERT_EQ(program->Boxes().size(), 1u);
+  program->Run(
+      "BD Gente, dados\nNome, String, 11\nFimBD\nBD Outra, dados\nNome, String, 11\nFimBD\nAbreBD Gente, "
+      "segredo");
+  ASSERT_EQ(program->Boxes().size(), 2u);
+  EXPECT_EQ(program->Boxes()[1], "Erro: Descritor do banco de dados 'Gente' não encontrado!")
+      << "not counted";
   EXPECT_TRUE(program->Boxes()[0].starts_with(
       "Erro (Gente): O tamanho dos campos do arquivo foram alterados.|Volte"));
 }
@@ -159,6 +163,15 @@ TEST_F(RecordFile, ASecondRunOfTheDescriptorChangesTheDateAlone) {
   EXPECT_EQ(Header(tsa::kLastRun), "02/01/1970 01:00:00");
   EXPECT_EQ(Header(tsa::kCreated), "01/01/1970 00:00:00");
   EXPECT_EQ(ReadBytes(File()).replace(79, 30, before.substr(79, 30)), before);
+}
+
+// What a cut header has lost is blank, and the database as good as any.
+TEST_F(RecordFile, ADescriptorMendsACutHeader) {
+  WithPeople("");
+  const std::string whole = ReadBytes(File());
+  WriteBytes(File(), whole.substr(0, 200));
+  EXPECT_EQ(WithPeople(std::string(kThree) + "LeRegistro Gente, 2;Escreva Gente.Nome"), "Ana\n");
+  EXPECT_EQ(ReadBytes(File()).substr(200, 19000), std::string(19000, ' '));
 }
 
 TEST_F(RecordFile, The300thFieldIsTheLast) {
@@ -424,6 +437,7 @@ TEST_F(Cleaning, AStaleTemporaryFileForbidsIt) {
 
 TEST_F(Cleaning, AFileThatIsStillOpenIsNotReplaced) {
   EXPECT_EQ(WithPeople(std::string(kThree).append("LimpaBD Gente;Escreva 1")), "falha 70\n");
+  EXPECT_FALSE(std::filesystem::exists(File("Temp")));
   EXPECT_EQ(WithPeople("LeRegistro Gente, 2;Escreva Gente.Nome"), "Ana\n");
 }
 

@@ -136,8 +136,10 @@ TEST_F(ToolBd, CheckNamesWhatDoesNotDecode) {
 
 TEST_F(ToolBd, UnlockFreesABusyFile) {
   Overwrite(0, "1");
+  Overwrite(134, "T");
   EXPECT_EQ(Call({"bd", "unlock", file_}).out, "O arquivo foi liberado.\n");
   EXPECT_EQ(ReadBytes(file_)[0], '0');
+  EXPECT_EQ(ReadBytes(file_)[134], ' ');
   EXPECT_EQ(Call({"bd", "unlock", file_}).out, "O arquivo não estava ocupado.\n");
 }
 
