@@ -8,6 +8,7 @@
 #include <variant>
 
 #include "platform/failure.h"
+#include "platform/file_system.h"
 #include "platform/stack_limit.h"
 #include "platform/system_clock.h"
 #include "platform/whole_file.h"
@@ -67,6 +68,13 @@ TEST(StackLimit, ComesShortlyBeforeTheEndOfEachThreadsStack) {
 TEST(SeededRandom, IsAnotherEachTimeWhereNoSeedIsGiven) {
   EXPECT_NE(SeededRandom().Next(), SeededRandom().Next());
   EXPECT_EQ(SeededRandom(7).Next(), SeededRandom(7).Next());
+}
+
+TEST(FitsPattern, APieceBehindAStarStandsBehindThePieceBefore) {
+  EXPECT_TRUE(FitsPattern("abbx", "*ab*bx"));
+  EXPECT_FALSE(FitsPattern("abx", "*ab*bx"));
+  EXPECT_TRUE(FitsPattern("aab.TXT", "*ab.t?t*"));
+  EXPECT_FALSE(FitsPattern("aab.tt", "*ab.t?t*"));
 }
 
 // A file may be longer than the portions that it is read in, and one of the system's own tells no size.

@@ -146,6 +146,7 @@ TEST_F(PreviewSteps, ZoomsByKeysWheelAndList) {
               [&] {
                 EXPECT_EQ(Part("TxtPagFim").accessibleName(), "TxtPagFim");
                 EXPECT_EQ(Window()->windowTitle(), QStringLiteral("Relatório"));
+                EXPECT_EQ(Part("TxtPagFim").y(), Part("TxtPagIni").y());
                 atFull = PageLeft();
                 EXPECT_GT(atFull, 20) << "the page stands in the middle of its frame";
                 EXPECT_NE(Look("PicXRel").pixel(atFull - 1, 300), Look("PicXRel").pixel(atFull - 9, 300));
