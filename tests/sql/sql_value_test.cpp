@@ -88,6 +88,7 @@ TEST(ConnectionText, LeadsToItsServer) {
   EXPECT_EQ(engine("PROVIDER=PostgreSQL OLE;Server=x"), Engine::PostgreSql);
   EXPECT_EQ(engine("Driver={MySQL ODBC 8};Server=x"), Engine::MariaDb);
   EXPECT_EQ(ReadConnectionText("Database = 'a;b.db' ; x").path, "a;b.db");
+  EXPECT_EQ(ReadConnectionText("Driver={PostgreSQL};Server=h").server, "h");
   const ConnectionTarget target =
       ReadConnectionText("driver=PostgreSQL;server=h;PORT=5;database=d;user id={u;x};Password=\"p=q\";");
   EXPECT_EQ(
