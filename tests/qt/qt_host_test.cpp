@@ -251,7 +251,7 @@ TEST_F(QtHostTest, TheInputFormAnswersItsTextTheCancelWordOrThePrompt) {
       auto* texto = form.findChild<QLineEdit*>("TxtTexto");
       EXPECT_EQ(form.windowTitle(), "TESTE");
       EXPECT_EQ(form.findChild<QLabel*>("LblRotulo")->text(), "Nome");
-      EXPECT_EQ(texto->text(), "Ana");
+      EXPECT_EQ(texto->selectedText(), "Ana");
       EXPECT_EQ(texto->accessibleName(), "Nome");
       EXPECT_EQ(form.findChild<QLabel*>("LblRotulo")->textFormat(), Qt::PlainText);
       EXPECT_GT(texto->y(), form.findChild<QLabel*>("LblRotulo")->geometry().bottom());
