@@ -14,8 +14,8 @@ namespace tessera {
 namespace {
 
 // The lowest byte of the main thread's stack, within a page or two; 0 where that can't be told. At its top
-// the system has put the name of the program's file. The library would read the map of all memory for it,
-// which is a twentieth of what a short program takes.
+// the system has put the name of the program's file. The library would read the map of all memory for it, at
+// each start.
 std::uintptr_t LowestOfMainThread() {
   const std::uintptr_t top = getauxval(AT_EXECFN);
   rlimit limit{};

@@ -74,14 +74,14 @@ std::variant<std::string, SystemError> ReadWholeFile(const std::string& path) {
   if (!file.IsOpen()) return SystemError{errno};
   struct stat told {};
   const bool tellsSize = fstat(file.number(), &told) == 0 && told.st_size > 0;
-  // One byte more than it tells, which finds its end. Some files tell of no size.
-  const std::size_t portion =
-      tellsSize ? std::min(kPortion, static_cast<std::size_t>(told.st_size) + 1) : kPortion;
+  // One byte more than it tells, which finds its end. Some files tell of no size, and some grow meanwhile.
+  std::size_t portion = tellsSize ? std::min(kPortion, static_cast<std::size_t>(told.st_size) + 1) : kPortion;
   std::string bytes;
   for (;;) {
     const std::size_t before = bytes.size();
     if (const int error = ReadSome(file.number(), portion, bytes)) return SystemError{error};
     if (bytes.size() == before) return bytes;
+    portion = std::min(kPortion, bytes.size() + 1);
   }
 }
 
