@@ -140,16 +140,23 @@ TEST_F(MediaOnTheTerminal, ARecordingThatTheDiskRefusesIsTold) {
 TEST_F(MediaOnTheTerminal, WhatIsNoDeviceIsAWrongCall) {
   WriteBytes(folder / "texto.wav", "nada de som");
   fs::create_directory(folder / "vazia");
-  const std::vector<std::vector<std::string>> calls = {{"--microphone", folder / "falta.wav"},
-                                                       {"--microphone", folder / "texto.wav"},
-                                                       {"--camera", folder / "falta"},
-                                                       {"--camera", folder / "vazia"},
-                                                       {"--camera", folder / "texto.wav"}};
-  for (const auto& call : calls) {
-    const ProcessResult result = Run("Escreva \"nunca\"\n", "", call);
-    EXPECT_EQ(result.status, 2) << call[1];
+  fs::create_symlink("laco", folder / "laco");
+  struct Case {
+    const char* option;
+    const char* file;
+    const char* why;
+  };
+  const Case cases[] = {{"--microphone", "falta.wav", ": o caminho não existe"},
+                        {"--microphone", "texto.wav", ": não é um arquivo de som"},
+                        {"--camera", "falta", ": o caminho não existe"},
+                        {"--camera", "vazia", ": não há ali uma figura"},
+                        {"--camera", "laco", ": os atalhos não levam a nenhum arquivo"},
+                        {"--camera", "texto.wav", ": não há ali uma figura"}};
+  for (const Case& c : cases) {
+    const ProcessResult result = Run("Escreva \"nunca\"\n", "", {c.option, folder / c.file});
+    EXPECT_EQ(result.status, 2) << c.file;
     EXPECT_EQ(result.out, "");
-    EXPECT_NE(result.err.find(call[1]), std::string::npos) << result.err;
+    EXPECT_NE(result.err.find((folder / c.file) + c.why), std::string::npos) << result.err;
   }
 }
 

@@ -466,7 +466,7 @@ TEST(SortedList, KeepsTheOrderOfFoldedCharacters) {
 TEST(SortedList, AddingAndFillingGiveTheSameList) {
   std::mt19937 random(23);
   std::vector<std::string> texts;
-  for (int i = 0; i < 6000; ++i) {
+  for (int i = 0; i < 9000; ++i) {
     std::string text;
     for (auto n = random() % 12; n > 0; --n)
       text.push_back(static_cast<char>(random() % 3 == 0 ? random() : 'a'));

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <regex>
 
 #include "support/process.h"
 #include "tool/terminal.h"
@@ -48,6 +49,8 @@ TEST_F(ToolBd, InfoTellsTheHeader) {
         "Tamanho do registro: 47\n", "Campos: 3\n  Nome, String, 20\n  Idade, Inteiro\n  Peso, Decimal\n"}) {
     EXPECT_NE(info.out.find(line), std::string::npos) << info.out;
   }
+  EXPECT_TRUE(std::regex_search(info.out, std::regex("Criado em: (../../.... ..:..:..)\nÚltimo uso: \\1\n")))
+      << info.out;
 }
 
 TEST_F(ToolBd, ExportWritesTheLiveRecords) {
@@ -100,6 +103,8 @@ TEST_F(ToolBd, RepairMendsWhatASuddenEndLeft) {
        "2 registros bons, 1 excluído, 0 com defeito\n"},
       {"untold record", whole + whole.substr(at(0), 47), "1 registro além da contagem",
        "3 registros bons, 1 excluído, 0 com defeito\n"},
+      {"untold record behind a blank", whole + std::string(47, ' ') + whole.substr(at(0), 47),
+       "2 registros além da contagem", "3 registros bons, 2 excluídos, 0 com defeito\n"},
       {"rest", whole + "lixo", "4 bytes de um registro partido",
        "2 registros bons, 1 excluído, 0 com defeito\n"},
   };
