@@ -50,6 +50,8 @@ TEST_F(JanelaTest, TheTextCursorMovesALineAtATimeAndPosicioneSetsIt) {
   EXPECT_EQ(Window().CurrentY, 4 * 14);
   EXPECT_EQ(Window().Caption(), "t");
   EXPECT_EQ(Window().Font.size, 30);
+  program.Run("Imagem I, \"\", 1, 1, 9, 9\nImagem I.Escreva \"de \", \"dentro\", TituloJanela\n");
+  EXPECT_EQ(Window().Caption(), "de dentro");
 }
 
 TEST_F(JanelaTest, ThousandsOfLinesAreNoFailure) {
