@@ -130,6 +130,17 @@ TEST_F(ToolBd, RepairMendsWhatASuddenEndLeft) {
   EXPECT_FALSE(std::filesystem::exists(file_ + ".copia2"));
 }
 
+TEST_F(ToolBd, RepairTellsACountOfFewerDigits) {
+  const std::string program = folder_.Write(
+      "n.tsc",
+      "BD N, dados\nV, Inteiro\nFimBD\nAbreBD N\nEnquanto N.V < 10\nN.V++\nAdicionaRegistro N\nRepita\n");
+  ASSERT_EQ(Call({"run", "--console", program}).status, 0);
+  const std::string file = folder_ / "dados/N.Tsa";
+  std::filesystem::resize_file(file, 19999 + 9 * 9);
+  EXPECT_EQ(Call({"bd", "repair", file}).status, kDone);
+  EXPECT_EQ(Call({"bd", "check", file}).out, "9 registros bons, 0 excluídos, 0 com defeito\n");
+}
+
 TEST_F(ToolBd, CheckNamesWhatDoesNotDecode) {
   EXPECT_EQ(Call({"bd", "check", file_}).status, kDone);
   Overwrite(19999 + 47 + 25, std::string(9, ' '));
