@@ -27,6 +27,10 @@ int inteiro64(std::int64_t number) {
   return number == -9007199254740993 ? 1 : number == INT64_MAX ? 2 : 0;
 }
 
+int dobro(std::int64_t number) {
+  return static_cast<int>(2 * number);
+}
+
 // The result's upper half is not the program's.
 std::int64_t metadeAlta() {
   return (std::int64_t{7} << 32) | 0xFFFFFFFF;

@@ -46,6 +46,14 @@ TEST_F(Api, IntegersGoInAllTheirBitsAndResultsComeInTheirLowerHalf) {
             "1\n2\n0\n-1\n");
 }
 
+TEST_F(Api, ANumberWithAFractionIsRoundedAndOneOfMoreThan64BitsIsAFailure) {
+  EXPECT_EQ(Run("API NomeFuncao, \"dobro\"\nAPI Execute, \"2,5\"\nEscreva Retorno\n"
+                "API Execute, \"3,5\"\nEscreva Retorno\nAPI Execute, \"-1,6\"\nEscreva Retorno\n"
+                "API Execute, \"18446744073709551615\"\nEscreva Retorno"),
+            "4\n8\n-4\n-2\n");
+  EXPECT_EQ(program.Start("API Execute, \"18446744073709551616\""), RunOutcome::Abandoned);
+}
+
 TEST_F(Api, ABufferTakesWhatItMustAndIsReadBack) {
   EXPECT_EQ(Run("API NomeFuncao, \"enche\"\nAPI Execute, t\nEscreva Retorno\nAPI Argumento, 0\n"
                 "Escreva Comprimento(Retorno)"),

@@ -150,6 +150,10 @@ TEST_F(MudaIcone, AnImageThatCoversTheWayToItselfIsRefused) {
   program.folder.Write("novo.ico", MakeIco({std::string(room, 'n')}));
   program.folder.Write("alvo.exe", pe.bytes);
   EXPECT_EQ(Change(), kDone);
+  // A damaged entry tells that the image stands where the next image's entry does.
+  const std::size_t address = FromLittleEndian(pe.bytes.substr(pe.dataEntries[0], 4), 4);
+  const std::size_t moved = address - pe.images[0] + pe.dataEntries[1];
+  ExpectRefused(With(pe.bytes, pe.dataEntries[0], ToLittleEndian(moved, 4)), kNoDirectories);
 }
 
 TEST_F(MudaIcone, EachFaultOfAnExecutableHasItsMessage) {

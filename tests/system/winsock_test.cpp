@@ -234,6 +234,28 @@ TEST(Winsock, WhatAStalledReaderDoesNotTakeWaitsAndArrivesInOrder) {
   EXPECT_TRUE(read == sent) << read.size() << " of " << sent.size();
 }
 
+TEST(Winsock, AHostWaitsForALineOnlyWhileItHasSomethingToSend) {
+  const std::string sent(8 << 20, 'x');
+  Line line;
+  Peer slow;
+  const auto waits = [&] {
+    pollfd wait{.fd = line.winsock.SendDescriptor(), .events = POLLIN, .revents = 0};
+    return poll(&wait, 1, 0) > 0;
+  };
+  line.winsock.Connect("127.0.0.1", slow.Listen());
+  ASSERT_EQ(line.Next(), Delivered::Event);
+  slow.Accept();
+  line.winsock.SendData(sent);
+  EXPECT_FALSE(waits()) << "the other side takes nothing";
+  for (std::size_t read = 0; read < sent.size();) {
+    const std::size_t bytes = slow.Read(1 << 16).size();
+    ASSERT_GT(bytes, 0U) << read;
+    read += bytes;
+    if (waits()) line.winsock.SendWaiting();
+  }
+  EXPECT_FALSE(waits()) << "all is sent";
+}
+
 TEST(Winsock, ASideThatIsGoneEndsNothing) {
   for (const bool reset : {false, true}) {
     Line line;
