@@ -137,6 +137,8 @@ TEST(Winsock, CallsAndIsCalledOverBothKindsOfAddresses) {
     heard.Accept();
     calling.winsock.SendData("um");
     EXPECT_EQ(heard.Read(9), "um");
+    calling.winsock.Close();
+    EXPECT_EQ(heard.Read(1), "") << "the end of the line";
 
     Line called;
     Peer caller;
