@@ -31,6 +31,12 @@ void SetOption(int socket, int level, int option, int value) {
   setsockopt(socket, level, option, &value, sizeof value);
 }
 
+// What is sent leaves at once, and a side that has vanished is noticed.
+void PrepareLine(int socket) {
+  SetOption(socket, SOL_SOCKET, SO_KEEPALIVE, 1);
+  SetOption(socket, IPPROTO_TCP, TCP_NODELAY, 1);
+}
+
 void Watch(int watch, int descriptor, std::uint32_t what) {
   epoll_event event{.events = what, .data = {.fd = descriptor}};
   if (epoll_ctl(watch, EPOLL_CTL_MOD, descriptor, &event) != 0) {
@@ -122,8 +128,7 @@ void Winsock::Listen(std::uint16_t port) {
 }
 
 void Winsock::Accept(int request) {
-  SetOption(request, SOL_SOCKET, SO_KEEPALIVE, 1);
-  SetOption(request, IPPROTO_TCP, TCP_NODELAY, 1);
+  PrepareLine(request);
   Take(Descriptor(request), State::Connected, EPOLLIN);
 }
 
@@ -199,8 +204,7 @@ void Winsock::CallNext() {
     untried_.pop_back();
     Descriptor called(socket(address.bytes.ss_family, kSocketFlags, 0));
     if (!called.IsOpen()) continue;
-    SetOption(called.number(), SOL_SOCKET, SO_KEEPALIVE, 1);
-    SetOption(called.number(), IPPROTO_TCP, TCP_NODELAY, 1);
+    PrepareLine(called.number());
     const auto* bytes = reinterpret_cast<const sockaddr*>(&address.bytes);
     if (connect(called.number(), bytes, address.length) != 0 && errno != EINPROGRESS) continue;
     return Take(std::move(called), State::Calling, EPOLLOUT);

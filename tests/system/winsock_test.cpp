@@ -5,6 +5,7 @@
 #include <arpa/inet.h>
 #include <gtest/gtest.h>
 #include <netinet/in.h>
+#include <netinet/tcp.h>
 #include <poll.h>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -121,6 +122,25 @@ long FailureOf(const std::function<void()>& act) {
   return failure ? failure->number() : 0;
 }
 
+bool IsReady(int descriptor) {
+  pollfd wait{.fd = descriptor, .events = POLLIN, .revents = 0};
+  return poll(&wait, 1, 0) > 0;
+}
+
+// How many of this process's lines send at once and notice a side that has vanished.
+int PreparedLines() {
+  int prepared = 0;
+  for (int descriptor = 0; descriptor < 256; ++descriptor) {
+    const auto isSet = [&](int level, int option) {
+      int value = 0;
+      socklen_t length = sizeof value;
+      return getsockopt(descriptor, level, option, &value, &length) == 0 && value != 0;
+    };
+    prepared += isSet(SOL_SOCKET, SO_KEEPALIVE) && isSet(IPPROTO_TCP, TCP_NODELAY) ? 1 : 0;
+  }
+  return prepared;
+}
+
 // A port that nobody has.
 std::uint16_t FreePort() {
   return Peer().Listen();
@@ -134,6 +154,8 @@ TEST(Winsock, CallsAndIsCalledOverBothKindsOfAddresses) {
     Line calling;
     calling.winsock.Connect(host, heard.Listen(host));
     EXPECT_EQ(calling.Next(), Delivered::Event) << host;
+    EXPECT_FALSE(IsReady(calling.winsock.EventDescriptor())) << "nothing has arrived";
+    EXPECT_EQ(PreparedLines(), 1);
     heard.Accept();
     calling.winsock.SendData("um");
     EXPECT_EQ(heard.Read(9), "um");
@@ -147,6 +169,7 @@ TEST(Winsock, CallsAndIsCalledOverBothKindsOfAddresses) {
     ASSERT_TRUE(caller.Call(host, port)) << host;
     EXPECT_EQ(called.Next(), Delivered::Event);
     EXPECT_EQ(called.caller, host);
+    EXPECT_EQ(PreparedLines(), 1);
     caller.Send(std::string("a\0b", 3));
     EXPECT_EQ(called.Next(), Delivered::Arrival);
     EXPECT_EQ(called.arrived, std::string("a\0b", 3));
@@ -240,10 +263,7 @@ TEST(Winsock, AHostWaitsForALineOnlyWhileItHasSomethingToSend) {
   const std::string sent(8 << 20, 'x');
   Line line;
   Peer slow;
-  const auto waits = [&] {
-    pollfd wait{.fd = line.winsock.SendDescriptor(), .events = POLLIN, .revents = 0};
-    return poll(&wait, 1, 0) > 0;
-  };
+  const auto waits = [&] { return IsReady(line.winsock.SendDescriptor()); };
   line.winsock.Connect("127.0.0.1", slow.Listen());
   ASSERT_EQ(line.Next(), Delivered::Event);
   slow.Accept();
@@ -253,7 +273,7 @@ TEST(Winsock, AHostWaitsForALineOnlyWhileItHasSomethingToSend) {
     const std::size_t bytes = slow.Read(1 << 16).size();
     ASSERT_GT(bytes, 0U) << read;
     read += bytes;
-    if (waits()) line.winsock.SendWaiting();
+    if (waits()) line.winsock.DeliverNext();
   }
   EXPECT_FALSE(waits()) << "all is sent";
 }
