@@ -1,8 +1,12 @@
 // What programs ask of the system: how much stack is left, chance, a whole file.
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <unistd.h>
 
+#include <csignal>
+#include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <string>
 #include <thread>
 #include <variant>
@@ -65,6 +69,27 @@ TEST(StackLimit, ComesShortlyBeforeTheEndOfEachThreadsStack) {
   EXPECT_NEAR(inThread, WithoutReserve(size), kNear);
 }
 
+// In a process of its own, since a hard limit is not raised again.
+TEST(StackLimit, IsRaisedAsFarAsTheSystemLetsAndNeverLowered) {
+  constexpr rlim_t kMegabyte = 1 << 20;
+  const auto raised = [](rlim_t soft, rlim_t hard, std::size_t bytes) {
+    rlimit limit{.rlim_cur = soft, .rlim_max = hard};
+    setrlimit(RLIMIT_STACK, &limit);
+    StackLimit::Raise(bytes);
+    getrlimit(RLIMIT_STACK, &limit);
+    return limit.rlim_cur;
+  };
+  const auto inChild = [&] {
+    rlimit own{};
+    getrlimit(RLIMIT_STACK, &own);
+    const bool isRaised = raised(kMegabyte, own.rlim_max, 4 * kMegabyte) == 4 * kMegabyte;
+    const bool isKept = raised(5 * kMegabyte, own.rlim_max, 4 * kMegabyte) == 5 * kMegabyte;
+    const bool isBound = raised(kMegabyte, 3 * kMegabyte, 4 * kMegabyte) == 3 * kMegabyte;
+    _exit(isRaised && isKept && isBound ? 0 : 1);
+  };
+  EXPECT_EXIT(inChild(), testing::ExitedWithCode(0), "");
+}
+
 TEST(SeededRandom, IsAnotherEachTimeWhereNoSeedIsGiven) {
   EXPECT_NE(SeededRandom().Next(), SeededRandom().Next());
   EXPECT_EQ(SeededRandom(7).Next(), SeededRandom(7).Next());
@@ -91,6 +116,24 @@ TEST(WholeFile, IsReadToItsEndWhateverItTellsOfItsSize) {
   }
   EXPECT_NE(std::get<std::string>(ReadWholeFile("/proc/self/status")), "");
   EXPECT_EQ(std::get<SystemError>(ReadWholeFile(folder.path().string())).number, EISDIR);
+}
+
+TEST(WholeFile, AReplacementThatFailsLeavesTheOldFileAlone) {
+  const TemporaryFolder folder;
+  const std::string path = (folder.path() / "a").string();
+  std::ofstream(path) << "velho";
+  rlimit before{};
+  getrlimit(RLIMIT_FSIZE, &before);
+  const rlimit small{.rlim_cur = 1000, .rlim_max = before.rlim_max};
+  const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+  setrlimit(RLIMIT_FSIZE, &small);
+  const int error = ReplaceFile(path, std::string(2000, 'n'), 0644);
+  setrlimit(RLIMIT_FSIZE, &before);
+  std::signal(SIGXFSZ, handler);
+  EXPECT_EQ(error, EFBIG);
+  EXPECT_EQ(std::get<std::string>(ReadWholeFile(path)), "velho");
+  const std::filesystem::directory_iterator files(folder.path());
+  EXPECT_EQ(std::distance(begin(files), end(files)), 1);
 }
 
 }  // namespace tessera::test
