@@ -118,12 +118,17 @@ TEST_F(BoxTest, ThePointerPlacesTheCaretAndSelects) {
   Box().EditCell(2, 0, "abcdef");
   const double left = Box().EditorTextLeft();
   const double y = Box().EditorPlace()->Top + 5;
-  Box().PointerDown(left + Box().EditorWidth(2) + 1, y);
+  const double third = Box().EditorWidth(3) - Box().EditorWidth(2);
+  Box().PointerDown(left + Box().EditorWidth(2) + 0.6 * third, y);
+  EXPECT_EQ(Grid().Editor().Caret(), 3U) << "behind the letter whose second half is met";
+  Box().PointerDown(left + Box().EditorWidth(2) + 0.4 * third, y);
   EXPECT_EQ(Grid().Editor().Caret(), 2U);
   Box().PointerMove(left + Box().EditorWidth(5) + 1, y);
   EXPECT_EQ(Grid().Editor().SelStart(), 2U);
   EXPECT_EQ(Grid().Editor().SelLength(), 3U);
   Box().PointerUp(left, y);
+  Box().PointerMove(left, y);
+  EXPECT_EQ(Grid().Editor().SelLength(), 3U) << "nothing is held any more";
   Box().OnKeyPress('X');
   EXPECT_EQ(Grid().LeVetor(2, 0), "abXf");
 }
