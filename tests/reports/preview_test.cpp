@@ -16,6 +16,7 @@
 #include "objects/botao.h"
 #include "objects/combo.h"
 #include "objects/rotulo.h"
+#include "objects/texto.h"
 #include "reports/preview_controls.h"
 #include "support/core_program.h"
 #include "support/hosted_program.h"
@@ -153,7 +154,8 @@ TEST_F(PreviewTest, EachActMovesWhatTheTableTells) {
 TEST_F(PreviewTest, ThePartsAreThoseOfTheTable) {
   const Table table = TablesOf("reports/preview.txt").at(0);
   std::vector<std::string> told;
-  Looks({"clique BtnSair"}, [&] {
+  // Letters are no page number.
+  Looks({"foco TxtPagIni", "digita x7", "foco TxtPagFim", "digita y8", "clique BtnSair"}, [&] {
     told.clear();
     for (const TableCase& part : table.cases) {
       const auto& control = PartOf<Control>(part.given);
@@ -161,6 +163,7 @@ TEST_F(PreviewTest, ThePartsAreThoseOfTheTable) {
       text << control.Font().name << " " << control.Font().size << " [" << control.ToolTipText() << "]";
       if (const auto* button = dynamic_cast<const BotaoControl*>(&control))
         text << (button->Picture() ? " picture" : "");
+      if (const auto* entry = dynamic_cast<const TextoControl*>(&control)) text << " " << entry->Text();
       if (const auto* combo = dynamic_cast<const ComboControl*>(&control))
         for (const std::string& entry : combo->State().Entries()) text << " " << entry;
       if (const auto* bar = dynamic_cast<const BarraControl*>(&control))

@@ -72,7 +72,9 @@ TEST_F(XRelatorioTest, ACellIsDrawnGroundTextRules) {
 }
 
 TEST_F(XRelatorioTest, KeysAreFoundAnywhereAndTheFirstOneCounts) {
+  printer.Font.italic = true;
   Begin("XSAIDA:,MARGEMESQ:-20,5MARGEMESQ:900 MARGEMSUP: 7");
+  EXPECT_FALSE(printer.Font.italic) << "what was printed before has its own font";
   report.Size("TAMLIN:300TAMPAG:x");
   report.Col(0, "BOLD:TRUEX NTAM:1,TAM:9;ALIGN:ESQUERDA;TABVER:true TABHOR:");
   report.Add("ab", 0, 0xFFFFFF);
