@@ -229,7 +229,8 @@ void FrmXRel::PlaceButtons(double right) {
   }
 }
 
-// A page that is smaller than the view stands in its middle; whole pixels keep it sharp.
+// Comes of each change of a bar. A page that is smaller than the view stands in its middle; whole pixels keep
+// it sharp.
 void FrmXRel::PlacePage() {
   const auto corner = [](double view, double page, const BarraControl& bar) {
     const double room = view - page;
@@ -253,7 +254,6 @@ void FrmXRel::ShowPage() {
 void FrmXRel::ImgSeta(int arrow) {
   report_.ImgSeta(arrow);
   Barra_->SetValue(0);
-  PlacePage();
   ShowPage();
   host_.TellPage(report_.LblPagina());
 }
@@ -296,7 +296,6 @@ void FrmXRel::Turn(double pixels, bool zooms) {
   if (zooms) return StepZoom(pixels > 0 ? -1 : 1);
   const auto steps = static_cast<std::int32_t>(std::round(TwipsOfPixels(pixels) / kBarStep));
   Barra_->SetValue(std::clamp(Barra_->State().Value() + steps, 0, Barra_->State().Max()));
-  PlacePage();
 }
 
 // What the person does
