@@ -1,6 +1,7 @@
 // What programs ask of the system: how much stack is left, chance, a whole file.
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <csignal>
@@ -15,6 +16,7 @@
 #include "platform/file_system.h"
 #include "platform/stack_limit.h"
 #include "platform/system_clock.h"
+#include "platform/system_files.h"
 #include "platform/whole_file.h"
 #include "support/temporary_folder.h"
 
@@ -116,6 +118,22 @@ TEST(WholeFile, IsReadToItsEndWhateverItTellsOfItsSize) {
   }
   EXPECT_NE(std::get<std::string>(ReadWholeFile("/proc/self/status")), "");
   EXPECT_EQ(std::get<SystemError>(ReadWholeFile(folder.path().string())).number, EISDIR);
+}
+
+// Not even the machine's owner writes this one.
+TEST(SystemFiles, WhatCannotBeWrittenIsOpenedToBeRead) {
+  const auto [file, error] = SystemFiles().Open("/proc/sys/kernel/ostype", OpenAs::Update);
+  ASSERT_EQ(error, 0);
+  std::string bytes;
+  EXPECT_EQ(file->ReadAt(0, 100, bytes), 0);
+  EXPECT_EQ(bytes, "Linux\n");
+}
+
+TEST(WholeFile, GetsThePermissionsThatThePersonLeavesToNewFiles) {
+  const mode_t before = umask(027);
+  EXPECT_EQ(NewFilePermissions(0666), 0640U);
+  EXPECT_EQ(NewFilePermissions(0777), 0750U);
+  umask(before);
 }
 
 TEST(WholeFile, AReplacementThatFailsLeavesTheOldFileAlone) {

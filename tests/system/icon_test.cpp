@@ -204,10 +204,12 @@ TEST_F(MudaIcone, FilesThatCannotBeOpenedAreNamed) {
   flock(other, LOCK_EX);
   ExpectRefused(pe.bytes, cannotOpen(Folder() + "alvo.exe"));
   flock(other, LOCK_UN);
-  struct flock whole {};
-  whole.l_type = F_WRLCK;
-  fcntl(other, F_OFD_SETLK, &whole);
-  ExpectRefused(pe.bytes, cannotOpen(Folder() + "alvo.exe"));
+  for (const short kind : {short{F_WRLCK}, short{F_RDLCK}}) {
+    struct flock whole {};
+    whole.l_type = kind;
+    fcntl(other, F_OFD_SETLK, &whole);
+    ExpectRefused(pe.bytes, cannotOpen(Folder() + "alvo.exe"));
+  }
   close(other);
   EXPECT_EQ(Change(), kDone);
 }

@@ -49,7 +49,8 @@ class FailingCalls : public testing::TestWithParam<Command> {
       "SalvaString \"a\", \"b\"\nAbreArquivo \"S\", \"novo.txt\", \"TextoGravacao\"\nGravaArquivo \"S\", "
       "\"linha\"\n"
       "FechaArquivo \"S\"\nCopia \"novo.txt\", \"velho.txt\"\nInsereArquivo \"n\", \"novo.txt\", \"p.pac\"\n"
-      "ExtraiArquivo \"n\", \"fora.txt\", \"p.pac\"\nEscreva Diretorio(\"*.txt\")\nCriaPasta \"pasta\"\n";
+      "ExtraiArquivo \"n\", \"fora.txt\", \"p.pac\"\nEscreva Diretorio(\"*.txt\")\nCriaPasta \"pasta\"\n"
+      "BD Novo, \".\"\nValor, Inteiro\nFimBD\n";
 
   TemporaryFolder folder_;
 };
@@ -78,6 +79,9 @@ TEST_P(FailingCalls, AreToldAndNothingIsLost) {
     const std::string old = ReadBytes(folder_ / "p/velho.txt");
     EXPECT_TRUE(old == "velho\r\n" || old == "linha\r\n") << call << old;
     EXPECT_GE(std::filesystem::file_size(folder_ / "p/Gente.Tsa"), 20000u) << call;
+    // A new file is whole, or not there.
+    const std::string fresh = folder_ / "p/Novo.Tsa";
+    EXPECT_TRUE(!std::filesystem::exists(fresh) || std::filesystem::file_size(fresh) == 20000u) << call;
   }
 }
 
