@@ -1,4 +1,5 @@
 // What programs ask of the system: how much stack is left, chance, a whole file.
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -12,6 +13,7 @@
 #include <thread>
 #include <variant>
 
+#include "platform/descriptor.h"
 #include "platform/failure.h"
 #include "platform/file_system.h"
 #include "platform/stack_limit.h"
@@ -127,6 +129,18 @@ TEST(SystemFiles, WhatCannotBeWrittenIsOpenedToBeRead) {
   std::string bytes;
   EXPECT_EQ(file->ReadAt(0, 100, bytes), 0);
   EXPECT_EQ(bytes, "Linux\n");
+}
+
+TEST(SystemFiles, ALockLeavesTheDataToOtherPrograms) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Write("a", std::string(100, 'x'));
+  const Descriptor other(open(path.c_str(), O_RDWR));
+  struct flock data {};
+  data.l_type = F_WRLCK;
+  data.l_len = 100;
+  ASSERT_EQ(fcntl(other.number(), F_OFD_SETLK, &data), 0);
+  const auto [file, error] = SystemFiles().Open(path, OpenAs::Update);
+  EXPECT_EQ(file->TryLock(), 0);
 }
 
 TEST(WholeFile, GetsThePermissionsThatThePersonLeavesToNewFiles) {
