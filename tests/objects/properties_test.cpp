@@ -30,6 +30,7 @@ std::string Told(const Control& control) {
        << control.ToolTipText() << "] " << ToUtf8(control.PortraitText()) << " " << control.TabIndex();
   const auto* button = dynamic_cast<const BotaoControl*>(&control);
   if (button != nullptr && button->Picture()) told << " picture";
+  if (button != nullptr && button->GetStyle() == BotaoControl::Style::Skinned) told << " skinned";
   const std::vector<Control*> order = control.form().Controls().InZOrder();
   const auto isInFront = [](const Control* other) { return !other->Name().empty(); };
   const auto front =
