@@ -5,7 +5,9 @@
 #include <sstream>
 #include <vector>
 
+#include "objects/barra_rolagem.h"
 #include "objects/botao.h"
+#include "objects/check.h"
 #include "objects/combo.h"
 #include "objects/entry_control.h"
 #include "objects/texto.h"
@@ -18,7 +20,7 @@ namespace tessera::test {
 namespace {
 
 // "left,top widthxheight back/fore font size what-is-not-usual [tip] text", the number in the order of Tab,
-// and how many other objects are in front of it, if any.
+// how a button, a check and a bar stand, and how many other objects are in front of it, if any.
 std::string Told(const Control& control) {
   std::ostringstream told;
   const ControlPlace& place = control.Place();
@@ -31,6 +33,10 @@ std::string Told(const Control& control) {
   const auto* button = dynamic_cast<const BotaoControl*>(&control);
   if (button != nullptr && button->Picture()) told << " picture";
   if (button != nullptr && button->GetStyle() == BotaoControl::Style::Skinned) told << " skinned";
+  const auto* check = dynamic_cast<const CheckControl*>(&control);
+  if (check != nullptr && check->Value()) told << " ticked";
+  const auto* bar = dynamic_cast<const BarraControl*>(&control);
+  if (bar != nullptr) told << " at " << bar->State().Value() << " of " << bar->State().Max();
   const std::vector<Control*> order = control.form().Controls().InZOrder();
   const auto isInFront = [](const Control* other) { return !other->Name().empty(); };
   const auto front =
