@@ -126,7 +126,6 @@ void GifControl::Reset() {
 
 void GifControl::SetAnimation(AnimationRef animation) {
   Stop();
-  begun_ = 0;
   film_.reset();
   if (animation) film_.emplace(std::move(animation));
   if (film_ && !stretch_) {
