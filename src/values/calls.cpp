@@ -72,7 +72,7 @@ std::string WithAnswer(std::string_view text, const Call& call, std::string_view
 void ApplyFunction(Run& run, std::string& text, const Call& call, bool numericTarget) {
   const std::string answer = run.doors.CommandCall(call.name, call.arguments).ToText();
   // KEPT: behind a call whose argument is empty or a variable the rest of the text is lost
-  // (programs/calls_in_expressions.tsc).
+  // (ConsoleOutputs.CallsInExpressions).
   const bool restIsLost =
       !numericTarget && (call.arguments.empty() || run.variables.VarFind(call.arguments) != -1);
   text = WithAnswer(text, call, answer, numericTarget, restIsLost);
@@ -92,7 +92,7 @@ std::string WithUserAnswer(std::string_view text, const Call& call, std::string_
   std::string built(Left(text, Find(text, call.name) - 1));
   built += answer;
   // KEPT: an empty argument text counts as found at position 1, so that a call with empty parentheses can
-  // only stand alone (programs/calls_in_expressions.tsc).
+  // only stand alone (ConsoleOutputs.CallsInExpressions).
   const std::string argument = StripParens(call.arguments);
   built += Mid(text, argument.empty() ? 3 : ClosingParen(text, call, argument) + 2);
   FinishUserResult(built, call.resultType);
