@@ -9,6 +9,7 @@
 
 #include "console/console_host.h"
 #include "support/qt_window.h"
+#include "support/temporary_folder.h"
 
 namespace tessera::test {
 
@@ -20,7 +21,9 @@ class OnStage : public testing::Test {
  protected:
   int Run(const std::string& program, const std::string& script) {
     std::istringstream in(script);
-    ConsoleHost host({.in = in, .out = out_, .err = err_}, {.programTitle = "TESTE", .stage = &stage_});
+    const auto codec = [] { return FoundCodec{&TestCodec(), {}}; };
+    ConsoleHost host({.in = in, .out = out_, .err = err_},
+                     {.programTitle = "TESTE", .stage = &stage_, .findCodec = codec});
     HostedProgram hosted(host.host(), host);
     return hosted.Run(program);
   }
@@ -72,6 +75,15 @@ TEST_F(OnStage, AWindowShowsWhatTheScriptBroughtAbout) {
   EXPECT_TRUE(looking.hasActed);
   EXPECT_TRUE(hasInk);
   EXPECT_EQ(out_.str(), "MMMM\n");
+}
+
+TEST_F(OnStage, APortraitHasWhatWasDrawnLast) {
+  const TemporaryFolder folder;
+  EXPECT_EQ(
+      Run("Aguarde 0\nCirculo 2, 4, 3, 255\nAguarde 0\n", "mouse 1 1\nretrato " + (folder / "r.png") + "\n"),
+      0);
+  const QImage portrait(QString::fromStdString(folder / "r.png"));
+  EXPECT_EQ(portrait.pixel(32, 28), qRgb(255, 0, 0));
 }
 
 TEST_F(OnStage, APersonDoesNotReachTheProgram) {

@@ -1,12 +1,14 @@
-// Parts of the host with windows that need no program: the icon in a tray, the probe of the display, what an
-// entry drops down.
+// Parts of the host with windows that need no program: the way in, dialogs, what is watched, the icon in a
+// tray, the probe of the display, what an entry drops down.
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <QAction>
 #include <QMenu>
 #include <QSystemTrayIcon>
 #include <QTest>
 
+#include "platform/process_end.h"
 #include "qt/display_probe.h"
 #include "qt/looks/dropped_view.h"
 #include "qt/tray_icon.h"
@@ -24,7 +26,90 @@ class RecordedTray final : public TrayEvents {
   std::string told;
 };
 
+// Two pipes in the place of a network.
+class Pipes final : public EventSource {
+ public:
+  Pipes() {
+    EXPECT_EQ(pipe(event_), 0);
+    EXPECT_EQ(pipe(send_), 0);
+  }
+  ~Pipes() override {
+    for (const int end : {event_[0], event_[1], send_[0], send_[1]}) close(end);
+  }
+  Delivered DeliverNext() override {
+    Take(event_[0], 'e');
+    return Delivered::Event;
+  }
+  int EventDescriptor() const override { return event_[0]; }
+  bool IsOpen() const override { return true; }
+  void SendWaiting() override { Take(send_[0], 's'); }
+  int SendDescriptor() const override { return send_[0]; }
+
+  void Happen() {
+    EXPECT_EQ(write(event_[1], "x", 1), 1);
+    EXPECT_EQ(write(send_[1], "x", 1), 1);
+  }
+  std::string told;
+
+ private:
+  void Take(int end, char mark) {
+    char byte = 0;
+    EXPECT_EQ(read(end, &byte, 1), 1);
+    told += mark;
+  }
+
+  int event_[2] = {};
+  int send_[2] = {};
+};
+
 }  // namespace
+
+TEST(LogicEntry, KnowsWhetherSomethingOfItRuns) {
+  LogicEntry entry([] {});
+  bool isInside = false;
+  entry.Enter([&] {
+    entry.Enter([] {});
+    isInside = entry.IsInside();
+  });
+  EXPECT_TRUE(isInside);
+  EXPECT_FALSE(entry.IsInside());
+}
+
+// The program may end while it waits for a person: what ends it comes out of the dialog.
+TEST(QtHost, EachDialogAndWaitEndsWithTheProgram) {
+  QtHost qt;
+  const std::function<void()> waits[] = {
+      [&] { qt.ShowBox({.text = "a", .title = "b"}); },
+      [&] { qt.AskText({}); },
+      [&] { qt.AskFile({}); },
+      [&] { qt.AskColour("cor"); },
+      [&] { qt.AskFont("letra"); },
+      [&] { qt.AskPrinter("impressora"); },
+      [&] { qt.ServeEvents(); },
+      [&] { QTest::qWait(80), qt.ProcessEvents(); },
+      [&] {
+        for (;;) qt.AwaitNextEvents();
+      },
+  };
+  for (std::size_t i = 0; i < std::size(waits); ++i) {
+    QTimer::singleShot(40, qApp, [&] { qt.Post([] { throw ProcessEnd{}; }); });
+    EXPECT_THROW(waits[i](), ProcessEnd) << i;
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr) << i;
+  }
+}
+
+TEST(QtHost, AWatchedSourceIsServedUntilItIsWatchedNoMore) {
+  QtHost qt;
+  Pipes network;
+  qt.Watch(&network);
+  network.Happen();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return network.told.size() == 2; }));
+  EXPECT_EQ(network.told.find_first_not_of("es"), std::string::npos);
+  qt.Watch(nullptr);
+  network.Happen();
+  QTest::qWait(20);
+  EXPECT_EQ(network.told.size(), 2U);
+}
 
 // The offscreen platform has no tray: the icon is told so, once.
 TEST(TrayIcon, ItsMenuActsAndATrayThatGoesIsTold) {
