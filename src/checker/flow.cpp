@@ -140,6 +140,7 @@ class LoopCheck {
   LoopCheck(Context& context, const Block& block, Summaries& summaries)
       : context_(context),
         block_(block),
+        summaries_(summaries),
         body_(summaries.Of(context.source.editor(), block.open + 1, block.close)) {}
 
   void Run() {
@@ -213,20 +214,19 @@ class LoopCheck {
         "mude " + Shown(first->text) + " dentro do laço, por exemplo com " + ToUtf8(first->text) + "++");
   }
 
-  bool IsWrittenByTimers(std::string_view upper) const {
+  bool IsWrittenByTimers(std::string_view upper) {
     if (!body_.yields) return false;
     for (const RoutineRef& sub : context_.names.subs()) {
       if (!sub.routine->name.starts_with("Temporizador_") && !sub.routine->name.ends_with("_Codigo"))
         continue;
-      Summaries summaries(context_.names);
-      if (summaries.Of(sub.editor, sub.routine->begin + 1, sub.routine->end).writes.contains(upper))
-        return true;
+      if (summaries_.Of(sub.editor, sub.routine->begin, sub.routine->end).writes.contains(upper)) return true;
     }
     return false;
   }
 
   Context& context_;
   const Block& block_;
+  Summaries& summaries_;
   Summary body_;
 };
 
@@ -272,9 +272,8 @@ void CheckReach(Context& context, const BlockMap& blocks) {
     const bool ends = form == Form::FimPrograma || form == Form::FimJanela ||
                       (form == Form::VaPara && HasItsLabel(context, blocks, i));
     if (ends && isMain && blocks.around[i] == kNone) hasEnded = true;
+    // What follows is in the same block and routine: each word that opens or closes one is reached otherwise.
     if (ends && (!isMain || blocks.around[i] != kNone) && i + 1 < forms.size() &&
-        blocks.around[i + 1] == blocks.around[i] &&
-        context.outline.routineOf[i + 1] == context.outline.routineOf[i] &&
         !IsReachedOtherwise(forms[i + 1].form)) {
       context.Tell(rule::kUnreachable, TokensAt(context, i + 1), "a execução nunca chega a esta linha",
                    "a linha de cima sempre sai daqui: troque as duas, ou tire uma");
@@ -283,9 +282,7 @@ void CheckReach(Context& context, const BlockMap& blocks) {
   for (const Block& block : blocks.blocks) {
     if (block.close == kNone || !IsEndless(context, block) || block.close + 1 >= forms.size()) continue;
     const std::size_t next = block.close + 1;
-    if (context.outline.routineOf[next] != context.outline.routineOf[block.open] ||
-        IsReachedOtherwise(forms[next].form) || forms[next].form == Form::FimJanela)
-      continue;
+    if (IsReachedOtherwise(forms[next].form) || forms[next].form == Form::FimJanela) continue;
     bool leaves = false;
     for (std::size_t i = block.open; i < block.close; ++i) leaves = leaves || forms[i].form == Form::VaPara;
     if (leaves) continue;

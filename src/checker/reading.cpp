@@ -123,12 +123,12 @@ void CheckLocalName(Context& context, const Token& name) {
     return;
   }
   const std::string_view text = context.source.text();
-  const char before = name.offset == 0 ? ' ' : text[name.offset - 1];
+  const char before = text[name.offset - 1];  // the routine's head is further above
   const char behind = name.End() >= text.size() ? '\r' : text[name.End()];
   const bool isFirst = &name == context.tokens.data();
   // A relational sign gets its blanks from preparation: on both sides, or, with a blank before it, on none.
   const bool signBefore = before == '=' || before == '<' || before == '>';
-  const char beforeSign = name.offset < 2 ? ' ' : text[name.offset - 2];
+  const char beforeSign = text[name.offset - 2];
   const bool beforeIsWell = isFirst || name.blankBefore || before == '(' ||
                             (signBefore && (beforeSign != ' ' || before != '=')) ||
                             (signBefore && (beforeSign == '<' || beforeSign == '>'));

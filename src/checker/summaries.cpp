@@ -29,51 +29,56 @@ bool WritesVariables(std::string_view word) {
 }
 
 Summary Summaries::Of(std::size_t editor, std::size_t begin, std::size_t end) {
-  Summary summary;
-  for (std::size_t i = begin; i < end; ++i) Take(summary, editor, i);
+  auto [summary, calls] = Read(editor, begin, end);
+  // A jump inside of a routine stays there.
+  const auto& forms = names_.editors()[editor].outline->forms;
+  for (std::size_t i = begin; i < end; ++i) summary.leaves = summary.leaves || forms[i].form == Form::VaPara;
+  std::set<const RoutineRef*> met(calls.begin(), calls.end());
+  while (!calls.empty()) {
+    const Part& called = PartOf(*calls.back());
+    calls.pop_back();
+    summary.writes.insert(called.own.writes.begin(), called.own.writes.end());
+    summary.yields |= called.own.yields;
+    summary.writesAnything |= called.own.writesAnything;
+    summary.leaves |= called.own.leaves;
+    for (const RoutineRef* further : called.calls) {
+      if (met.insert(further).second) calls.push_back(further);
+    }
+  }
   return summary;
 }
 
-void Summaries::Take(Summary& summary, std::size_t editor, std::size_t statement) {
-  const Editor& place = names_.editors()[editor];
-  const Tokens tokens = place.source->TokensOf(place.source->statements()[statement]);
-  const Form form = place.outline->forms[statement].form;
-  if (form == Form::VaPara || form == Form::FimPrograma || form == Form::FimJanela) summary.leaves = true;
-  if (form == Form::Other && IsAssignment(tokens)) summary.writes.emplace(tokens[0].upper);
-  TakeCalls(summary, tokens);
+const Summaries::Part& Summaries::PartOf(const RoutineRef& routine) {
+  const auto [row, isNew] = known_.try_emplace(routine.routine);
+  if (isNew) row->second = Read(routine.editor, routine.routine->begin, routine.routine->end);
+  return row->second;
 }
 
-void Summaries::TakeCalls(Summary& summary, Tokens tokens) {
+Summaries::Part Summaries::Read(std::size_t editor, std::size_t begin, std::size_t end) const {
+  const Editor& place = names_.editors()[editor];
+  Part part;
+  for (std::size_t i = begin; i < end; ++i) {
+    const Tokens tokens = place.source->TokensOf(place.source->statements()[i]);
+    const Form form = place.outline->forms[i].form;
+    if (form == Form::FimPrograma || form == Form::FimJanela) part.own.leaves = true;
+    if (form == Form::Other && IsAssignment(tokens)) part.own.writes.emplace(tokens[0].upper);
+    TakeCalls(part, tokens);
+  }
+  return part;
+}
+
+void Summaries::TakeCalls(Part& part, Tokens tokens) const {
   for (std::size_t i = 0; i < tokens.size(); ++i) {
     const Token& token = tokens[i];
     if (!token.IsName()) continue;
     const std::string_view word = token.upper.substr(0, token.upper.find('.'));
-    if (Holds(kYielding, word) || word == "REL" || word == "IMP") summary.yields = true;
-    if (WritesVariables(word)) summary.writesAnything = true;
+    if (Holds(kYielding, word) || word == "REL" || word == "IMP") part.own.yields = true;
+    if (WritesVariables(word)) part.own.writesAnything = true;
     if (i + 1 >= tokens.size() || !tokens[i + 1].Is('(')) continue;
     const RoutineRef* routine = names_.FindSub(token.text);
     if (routine == nullptr) routine = names_.FindFunction(token.text);
-    if (routine == nullptr) continue;
-    const Summary& called = OfRoutine(*routine);
-    summary.writes.insert(called.writes.begin(), called.writes.end());
-    summary.yields |= called.yields;
-    summary.writesAnything |= called.writesAnything;
-    summary.leaves |= called.leaves;
+    if (routine != nullptr) part.calls.push_back(routine);
   }
-}
-
-const Summary& Summaries::OfRoutine(const RoutineRef& routine) {
-  const auto [row, isNew] = known_.try_emplace(routine.routine);
-  if (!isNew) return row->second;  // known, or being read: it calls itself
-  Summary summary = Of(routine.editor, routine.routine->begin + 1, routine.routine->end);
-  // A jump inside of the routine stays there.
-  summary.leaves = false;
-  const Editor& place = names_.editors()[routine.editor];
-  for (std::size_t i = routine.routine->begin; i < routine.routine->end; ++i) {
-    const Form form = place.outline->forms[i].form;
-    if (form == Form::FimPrograma || form == Form::FimJanela) summary.leaves = true;
-  }
-  return known_[routine.routine] = std::move(summary);
 }
 
 }  // namespace tessera::check

@@ -6,6 +6,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "checker/names.h"
 
@@ -25,16 +26,22 @@ class Summaries {
  public:
   explicit Summaries(const Names& names) : names_(names) {}
 
-  // Of the statements from `begin` to one before `end` of an editor.
+  // Of the statements from `begin` to one before `end` of an editor, and of all that they call.
   Summary Of(std::size_t editor, std::size_t begin, std::size_t end);
 
  private:
-  void Take(Summary& summary, std::size_t editor, std::size_t statement);
-  void TakeCalls(Summary& summary, Tokens tokens);
-  const Summary& OfRoutine(const RoutineRef& routine);
+  // What statements do by themselves, and whom they call.
+  struct Part {
+    Summary own;
+    std::vector<const RoutineRef*> calls;
+  };
+
+  const Part& PartOf(const RoutineRef& routine);
+  Part Read(std::size_t editor, std::size_t begin, std::size_t end) const;
+  void TakeCalls(Part& part, Tokens tokens) const;
 
   const Names& names_;
-  std::map<const Routine*, Summary> known_;
+  std::map<const Routine*, Part> known_;
 };
 
 }  // namespace tessera::check
