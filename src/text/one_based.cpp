@@ -7,8 +7,7 @@
 namespace tessera {
 
 Position Find(std::string_view text, std::string_view sought, Position start) {
-  if (start == 0 || start > text.size() + 1) return 0;
-  const std::size_t at = text.find(sought, start - 1);
+  const std::size_t at = text.find(sought, start - 1);  // nothing from 0, or from behind the text
   return at == std::string_view::npos ? 0 : at + 1;
 }
 

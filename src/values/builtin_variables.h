@@ -16,7 +16,7 @@ struct BuiltinValues {
   std::string commandLine = {};
 };
 
-// Declares and fills them. The run's `ProgramFolderText` is trimmed on the way.
+// Declares and fills them.
 void DeclareBuiltinVariables(Run& run, const BuiltinValues& values);
 
 }  // namespace tessera
