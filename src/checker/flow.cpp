@@ -130,7 +130,7 @@ bool ReadsEvents(const Context& context, Tokens tokens) {
 bool HasItsLabel(const Context& context, const BlockMap& blocks, std::size_t statement) {
   const Tokens tokens = TokensAt(context, statement);
   return std::any_of(context.outline.labels.begin(), context.outline.labels.end(), [&](const Label& label) {
-    return tokens.size() > 1 && label.name == tokens.back().text &&
+    return label.name == tokens.back().text &&
            IsWithin(blocks, blocks.around[statement], blocks.around[label.statement]);
   });
 }
@@ -141,7 +141,7 @@ class LoopCheck {
       : context_(context),
         block_(block),
         summaries_(summaries),
-        body_(summaries.Of(context.source.editor(), block.open + 1, block.close)) {}
+        body_(summaries.Of(context.source.editor(), block.open, block.close)) {}
 
   void Run() {
     const Tokens head = TokensAt(context_, block_.open);

@@ -237,7 +237,7 @@ std::string_view WordOf(Form form) {
   for (const FormRow& row : kRows) {
     if (row.form == form) return row.word;
   }
-  return form == Form::BdHeader ? "BD" : "";
+  return {};
 }
 
 }  // namespace tessera::check
