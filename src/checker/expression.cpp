@@ -232,7 +232,7 @@ class ExpressionReader {
     const bool isVariable = context_.FindLocalAnyCase(name.upper) != nullptr ||
                             context_.names.FindVariable(name.upper) != nullptr;
     if (isVariable && !isCallOfWord && context_.names.FindFunction(name.text) == nullptr)
-      return ReadElement(context_, name, inner);
+      return TellEnding(context_, name, sought_) ? Type::Unknown : ReadElement(context_, name, inner);
     isCall_ = true;
     return CheckCall(context_, name, inner, sought_, isAlone_);
   }

@@ -15,13 +15,16 @@ bool HasAccent(std::string_view name) {
   return std::any_of(name.begin(), name.end(), [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
 }
 
-// The word of the language, in its exact case, with which a longer name ends; null for none. Only words that
-// expressions are searched for.
-const Word* EndingWord(std::string_view name) {
+// The function, in its exact case, with which a name ends; empty for none. Only words that expressions are
+// searched for.
+std::string_view EndingFunction(const Context& context, std::string_view name) {
   for (const Word& word : Words()) {
-    if (name.size() > word.name.size() && name.ends_with(word.name)) return &word;
+    if (name.ends_with(word.name)) return word.name;
   }
-  return nullptr;
+  for (std::size_t begin = 0; begin < name.size(); ++begin) {
+    if (context.names.FindFunction(name.substr(begin)) != nullptr) return name.substr(begin);
+  }
+  return {};
 }
 
 // What a bare word may be where a text or a file is wanted: the system's own names, and names of things.
@@ -147,22 +150,28 @@ void CheckLocalName(Context& context, const Token& name) {
                {declared});
 }
 
+bool TellEnding(Context& context, const Token& name, const Sought& sought) {
+  if (sought.place == Place::Joined) return false;
+  const std::string_view function = EndingFunction(context, name.text);
+  if (function.empty()) return false;
+  const std::string ending =
+      function == name.text ? " é o de uma função" : " termina com a função " + Shown(function);
+  context.Tell(
+      rule::kNameEndsInWord, name,
+      "o nome " + Shown(name.text) + ending + ", que é chamada aqui no lugar da variável",
+      "mude o nome da variável: com um branco ou um parêntese atrás, o fim do nome vale como a função");
+  return true;
+}
+
 Type ReadName(Context& context, const Token& name, const Sought& sought, bool isAlone, bool inSum) {
+  const bool isFollowed = !isAlone && name.blankBehind;
   if (context.FindLocalAnyCase(name.upper) != nullptr) {
+    if (isFollowed && TellEnding(context, name, sought)) return Type::Unknown;
     CheckLocalName(context, name);
     return TypeOfName(context, name);
   }
   if (const Variable* variable = context.names.FindVariable(name.upper)) {
-    if (!isAlone && name.blankBehind && sought.place != Place::Joined) {
-      if (const Word* word = EndingWord(name.text)) {
-        context.Tell(
-            rule::kNameEndsInWord, name,
-            "o nome " + Shown(name.text) + " termina com a função " + Shown(word->name) +
-                ", que é chamada aqui no lugar da variável",
-            "mude o nome da variável: com um branco ou um parêntese atrás, o fim do nome vale como a função");
-        return Type::Unknown;
-      }
-    }
+    if (isFollowed && TellEnding(context, name, sought)) return Type::Unknown;
     if (inSum && HasAccent(name.text)) {
       context.Tell(rule::kAccentInSum, name,
                    "uma conta só conhece nomes sem acentos: de " + Shown(name.text) + " ela lê uma parte",

@@ -10,6 +10,10 @@ namespace tessera::check {
 // in the same expression.
 Type ReadName(Context& context, const Token& name, const Sought& sought, bool isAlone, bool inSum);
 
+// Whether a variable with a blank or a parenthesis behind it is taken for a function, which is told. Joined
+// terms are variables first.
+bool TellEnding(Context& context, const Token& name, const Sought& sought);
+
 // The index of an array's element, between its parentheses.
 Type ReadElement(Context& context, const Token& name, Tokens index);
 
