@@ -180,7 +180,7 @@ void AssignmentForm::AssignAround(Engine& engine, Run& run, const NameForm& targ
   }
   engine.TextExpressionFlag = false;
   ReplacedCalls rest;
-  if (const auto result = inside_->Evaluate(run, isNumber, rest)) {
+  if (const auto result = inside_->Evaluate(run, isNumber, engine.TextExpressionFlag, rest)) {
     WriteBy(run.variables, target, name, *ExactDecimal::FromDouble(*result));
     engine.TextExpressionFlag = false;
   } else if (inside_->areOwn()) {

@@ -65,7 +65,8 @@ bool CallsInArithmetic::SettleNumber(Run& run, const CallForm& call, const Value
   return !call.isOwn() || chain_.size() == 1 || number == std::trunc(number);
 }
 
-std::optional<double> CallsInArithmetic::Evaluate(Run& run, bool numericTarget, ReplacedCalls& rest) const {
+std::optional<double> CallsInArithmetic::Evaluate(Run& run, bool numericTarget, const bool& isText,
+                                                  ReplacedCalls& rest) const {
   CallChain::Answers answers;
   ArithmeticForm::Answers numbers{};
   bool areNumbers = true;
@@ -75,7 +76,7 @@ std::optional<double> CallsInArithmetic::Evaluate(Run& run, bool numericTarget, 
                  (chain_.isArgument(i) || (run.variables.SymbolsTellAll() &&
                                            SettleNumber(run, chain_.call(i), answers.values[i], numbers[i])));
   }
-  if (areNumbers) {
+  if (areNumbers && !isText) {
     std::int64_t whole = 0;
     if (arithmetic_.IsWhole() && arithmetic_.EvaluateWhole(run.variables, whole, numbers))
       return static_cast<double>(whole);

@@ -25,8 +25,9 @@ class CallsInArithmetic {
   // has to be.
   bool Serves(bool numericTarget) const;
 
-  // Runs the calls. Then the result of the arithmetic; or nothing, and in `rest` what is left to the text.
-  std::optional<double> Evaluate(Run& run, bool numericTarget, ReplacedCalls& rest) const;
+  // Runs the calls. Then the result of the arithmetic; or nothing, and in `rest` what is left to the text:
+  // all of it where the calls leave `isText` set.
+  std::optional<double> Evaluate(Run& run, bool numericTarget, const bool& isText, ReplacedCalls& rest) const;
 
  private:
   CallsInArithmetic(CallChain chain, ArithmeticForm arithmetic)

@@ -132,7 +132,8 @@ Value TermForm::EvaluateNested(Run& run) const {
 
 Value TermForm::EvaluateAround(Run& run) const {
   ReplacedCalls rest;
-  if (const auto result = inside_->Evaluate(run, false, rest)) return *ExactDecimal::FromDouble(*result);
+  if (const auto result = inside_->Evaluate(run, false, false, rest))
+    return *ExactDecimal::FromDouble(*result);
   return EvaluateRest(run, std::move(rest));
 }
 

@@ -117,6 +117,10 @@ TEST(TickTimer, CallsTheSubsWhoseIntervalDividesTheTick) {
   for (int i = 0; i < 12; ++i) program.engine.OnTickTimer();
   EXPECT_EQ(program.run.variables.VarRead("a").ToText(), "6");
   EXPECT_EQ(program.run.variables.VarRead("b").ToText(), "4");
+  CoreProgram mention;
+  mention.Run("Escreva \"Temporizador_A(1)\"");
+  mention.engine.OnTickTimer();
+  EXPECT_EQ(mention.Boxes(), Texts{"Sub-rotina não encontrada: Temporizador_A(1)"});
 }
 
 }  // namespace
