@@ -63,11 +63,11 @@ std::string ToUtf8(std::string_view text) {
 std::variant<std::string, Utf8Problem> FromUtf8(std::string_view utf8) {
   std::string out;
   out.reserve(utf8.size());
-  for (std::size_t i = 0; i < utf8.size();) {
+  for (std::size_t i = 0;;) {
     const std::size_t begin = i;
     while (i < utf8.size() && static_cast<unsigned char>(utf8[i]) < 0x80) ++i;
     out.append(utf8.substr(begin, i - begin));
-    if (i == utf8.size()) break;
+    if (i == utf8.size()) return out;
     const Decoded decoded = DecodeOne(utf8.substr(i));
     if (decoded.length == 0) return Utf8Problem{i, true};
     const int byte = ByteOfCodePoint(decoded.codePoint);
@@ -75,7 +75,6 @@ std::variant<std::string, Utf8Problem> FromUtf8(std::string_view utf8) {
     out.push_back(static_cast<char>(byte));
     i += decoded.length;
   }
-  return out;
 }
 
 bool IsUtf8BeyondAscii(std::string_view bytes, bool isCut) {

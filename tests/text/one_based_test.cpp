@@ -53,6 +53,7 @@ TEST(CodePage, NamesTheFirstCharacterThatItLacks) {
     EXPECT_TRUE(std::get<Utf8Problem>(FromUtf8(malformed)).malformed) << malformed;
   }
   EXPECT_EQ(FromUtf8Lossy("\xCE\xB1\xC3\xA7"), "?ç"_w);
+  EXPECT_EQ(FromUtf8Lossy({"a\0", 2}), std::string("a\0", 2));
 }
 
 }  // namespace
