@@ -4,10 +4,12 @@
 
 #include <array>
 #include <cmath>
+#include <cstdlib>
 #include <random>
 #include <sstream>
 
 #include "engine/function_call.h"
+#include "platform/user_folders.h"
 #include "support/core_program.h"
 #include "support/table.h"
 #include "text/literal.h"
@@ -107,6 +109,12 @@ TEST(RenameInBody, OnlyWholeWordsBetweenBlanksAndParenthesesAreRenamed) {
   std::string body = "(a) a, b a + 1 a+1 \"o a b\" ab\ra\r";
   RenameInBody(body, "a", "F0a");
   EXPECT_EQ(body, "(F0a) F0a, b F0a + 1 a+1 \"o F0a b\" ab\rF0a\r");
+}
+
+TEST(Builtins, TellTheUsersFolders) {
+  const UserFolders folders = FindUserFolders(std::getenv);
+  EXPECT_EQ(Output("Escreva PastaWindows;Escreva AreaTrabalho;Escreva MenuProgramas"),
+            folders.configuration + "\n" + folders.desktop + "\n" + folders.applications + "\n");
 }
 
 TEST(TickTimer, CallsTheSubsWhoseIntervalDividesTheTick) {
