@@ -100,7 +100,7 @@ TEST(Linking, TheCheckCountsNamesAndLiterals) {
 TEST(Linking, TheReportFindsThePlacesOfWhatIsWrong) {
   struct {
     std::string_view source;
-    std::string_view lines;  // of editor 0, each with its message's last word
+    std::string_view lines;  // of its editor, each with its message's last word
   } constexpr kCases[] = {
       {"Se a=1\nEnquanto b=1\nRepita\nFimSe", ""},
       {"Se a=1\nSe b=1\nFimSe", "1 fechado."},
@@ -115,7 +115,7 @@ TEST(Linking, TheReportFindsThePlacesOfWhatIsWrong) {
   for (std::size_t i = 0; i < 2 * std::size(kCases); ++i) {
     const auto& c = kCases[i / 2];
     EditorTexts editors;
-    editors[0] = test::FromSource(c.source);
+    editors[i % 2] = test::FromSource(c.source);
     if (i % 2 == 0) editors[1] = test::FromSource(kFurther);
     const auto prepared = PrepareProgram(editors, [](std::string_view) {});
     std::string lines;
