@@ -21,7 +21,7 @@ const Line* Through(const RunnableText& text, const Line* line) {
   return start.found ? start.next : line;
 }
 
-// The depth of a block as the loop keeps it; false where asking for it fails.
+// The depth of a block as the table of outcomes has it; false where asking for it fails.
 bool ReadDepth(std::string_view written, std::uint8_t& depth) {
   const auto number = WholeNumber(written);
   if (!number) return false;

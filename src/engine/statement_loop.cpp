@@ -86,7 +86,7 @@ const Line* StatementLoop::RunWholeNumbers(const Line& start) {
         break;
       case LineForm::Kind::EndIf:
         if (form.target.type() != VariableType::None) return line;
-        seFailed_[form.depth] = false;
+        seResult_[form.depth] = Outcome::None;
         next = form.next;
         break;
       case LineForm::Kind::Repeat:
@@ -163,12 +163,15 @@ bool StatementLoop::IsIdle(const LineForm& form) {
 }
 
 const Line* StatementLoop::Branch(const LineForm& form, bool holds) {
-  seFailed_[form.depth] = !holds && !form.jumpEndsBlock;
+  seResult_[form.depth] = holds ? Outcome::True : form.jumpEndsBlock ? Outcome::None : Outcome::False;
   return holds ? form.next : form.jump;
 }
 
 const Line* StatementLoop::PassElse(const LineForm& form) {
-  return seFailed_[form.depth] ? form.next : form.jump;
+  Outcome& outcome = seResult_[form.depth];
+  if (outcome == Outcome::False) return form.next;
+  outcome = Outcome::None;
+  return form.jump;
 }
 
 // A line that has come round for the second time gets its form, and goes by it the next time.
@@ -329,10 +332,10 @@ bool StatementLoop::Holds(const Bracket& bracket) {
   return EvaluateCondition(run_, *bracket.condition) == kTrue;
 }
 
-bool& StatementLoop::SeFailed(std::string_view depth) {
+StatementLoop::Outcome& StatementLoop::SeResult(std::string_view depth) {
   const std::int32_t index = Value(depth).ToInteger();
   if (index < 0 || index >= static_cast<std::int32_t>(kDepths)) FailSubscript();
-  return seFailed_[static_cast<std::size_t>(index)];
+  return seResult_[static_cast<std::size_t>(index)];
 }
 
 // The bracket words, each asked for in its turn: a word whose search finds nothing lets the line go on to the
@@ -348,21 +351,25 @@ const Line* StatementLoop::BracketWords(const Line& line) {
   }
   if (blocks.se) {
     const bool holds = Holds(*blocks.se);
-    bool& failed = SeFailed(blocks.se->depth);
-    failed = !holds;
+    Outcome& result = SeResult(blocks.se->depth);
+    result = holds ? Outcome::True : Outcome::False;
     // Testing a click consumes it.
     if (blocks.testsClick) run_.variables.VarWrite("CliqueMouse", "NAO"_w, true);
     if (holds) return text_.Next(line);
     if (const Jump alternative = text_.Alternative(line); alternative.found) return alternative.next;
     if (const Jump end = text_.BlockEnd(line, *blocks.se); end.found) {
-      failed = false;
+      result = Outcome::None;
       return end.next;
     }
   }
-  if (blocks.fimSe) SeFailed(blocks.fimSe->depth) = false;
+  if (blocks.fimSe) SeResult(blocks.fimSe->depth) = Outcome::None;
   if (blocks.casoContrario) {
-    if (SeFailed(blocks.casoContrario->depth)) return text_.Next(line);
-    if (const Jump end = text_.BlockEnd(line, *blocks.casoContrario); end.found) return end.next;
+    Outcome& result = SeResult(blocks.casoContrario->depth);
+    if (result == Outcome::False) return text_.Next(line);
+    if (const Jump end = text_.BlockEnd(line, *blocks.casoContrario); end.found) {
+      result = Outcome::None;
+      return end.next;
+    }
   }
   return Execute(line);
 }

@@ -1,4 +1,4 @@
-// One instance of the statement loop: walks a text, knows which of its open blocks failed.
+// One instance of the statement loop: walks a text, keeps the outcomes of its open blocks.
 #pragma once
 
 #include <array>
@@ -23,6 +23,9 @@ class StatementLoop {
   static constexpr std::size_t kDepths = 21;
 
  private:
+  // What the last Se of a depth came to.
+  enum class Outcome : std::uint8_t { None, True, False };
+
   const Line* RunWholeNumbers(const Line& start);
   const Line* Step(const Line& line);
   static bool IsIdle(const LineForm& form);
@@ -45,13 +48,13 @@ class StatementLoop {
   const Line* BracketWords(const Line& line);
   const Line* Execute(const Line& line);
   bool Holds(const Bracket& bracket);
-  bool& SeFailed(std::string_view depth);
+  Outcome& SeResult(std::string_view depth);
 
   Engine& engine_;
   Run& run_;
   const RunnableText& text_;
-  std::array<bool, kDepths> seFailed_{};  // of each depth, that a block's condition did not hold
-  std::uint32_t sinceBreath_ = 0;         // statements
+  std::array<Outcome, kDepths> seResult_{};
+  std::uint32_t sinceBreath_ = 0;  // statements
 };
 
 }  // namespace tessera

@@ -46,6 +46,7 @@ void DeclareBuiltinVariables(Run& run, const BuiltinValues& values) {
     write(colour.name, NumberText(colour.red + 256 * colour.green + 65536 * colour.blue));
   }
   write("CorFundoPadrao", kButtonFace);
+  run.ProgramFolderText = Trim(run.ProgramFolderText);
   write("PastaPrograma", WithoutFinalSeparator(run.ProgramFolderText));
   write("PastaTS", WithoutFinalSeparator(run.RuntimeFolderText));
   write("LinhaComando", values.commandLine);

@@ -16,7 +16,7 @@ struct BuiltinValues {
   std::string commandLine = {};
 };
 
-// Declares and fills them.
+// Declares and fills them. The run's `ProgramFolderText` is trimmed on the way.
 void DeclareBuiltinVariables(Run& run, const BuiltinValues& values);
 
 }  // namespace tessera
