@@ -8,7 +8,9 @@
 #include <sstream>
 
 #include "console/console_host.h"
+#include "support/console_case.h"
 #include "support/qt_window.h"
+#include "support/table.h"
 #include "support/temporary_folder.h"
 
 namespace tessera::test {
@@ -64,6 +66,20 @@ class Intruder {
 };
 
 }  // namespace
+
+class OutputsOnStage : public testing::TestWithParam<Table> {};
+
+// What the console host writes without windows.
+TEST_P(OutputsOnStage, AreThoseOfTheTable) {
+  for (const auto& [given, result] : GetParam().cases) {
+    QtHost qt;
+    QtStage stage(qt);
+    EXPECT_EQ(OutputOf(given, &stage), result) << given;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Console, OutputsOnStage, testing::ValuesIn(TablesOf("console/outputs.txt")),
+                         NameOfTable);
 
 TEST_F(OnStage, AWindowShowsWhatTheScriptBroughtAbout) {
   bool hasInk = false;

@@ -13,11 +13,15 @@
 
 namespace tessera::test {
 
+// Its windows stand on the stage, where there is one.
 struct ConsoleProgram {
+  explicit ConsoleProgram(Stage* shownOn = nullptr) : stage(shownOn) {}
+
+  Stage* stage;
   std::istringstream in;
   std::ostringstream out;
   std::ostringstream err;
-  ConsoleHost host{{in, out, err}, {.programTitle = "TESTE"}};
+  ConsoleHost host{{in, out, err}, {.programTitle = "TESTE", .stage = stage}};
   HostedProgram program{host.host(), host};
 };
 
