@@ -92,7 +92,7 @@ Opening ReadOpening(const Run& run, std::string_view text) {
 Road ReadRoad(Line& line, std::string_view upper) {
   constexpr std::string_view kGoTo = "VaPara";
   // KEPT: the end words count wherever they stand in the line, names and literals included
-  // (programs/end_word_in_a_literal.tsc).
+  // (ConsoleOutputs.EndWordInALiteral).
   if (Contains(upper, "FIMPROGRAMA")) return Road::EndProgram;
   if (Contains(upper, "FIMFUNCAO")) return Road::EndFunction;
   if (Contains(upper, "FIMJANELA")) return Road::EndWindow;
