@@ -172,7 +172,6 @@ void BoxRows::BeginPage(int totalLinhas) {
   ForgetValues();
   totalLinhas_ = totalLinhas;
   ClearBox();
-  barraVertical_.SetSmallChange(1);
   barraVertical_.SetLargeChange(totalLinhas_);
 }
 

@@ -117,7 +117,7 @@ class Form : public Surface {
   // A key goes down, types its character, and goes up, where the focus is. The Tab key moves the focus. True
   // where the window or Tab has used the key up; what the object itself did with it is the object's own.
   bool PressKey(int keyCode, KeyShift shift);
-  bool TypeCharacter(char character);
+  void TypeCharacter(char character);
   void ReleaseKey(int keyCode, KeyShift shift);
 
   // A button goes down, and up again, beside the objects of the window; the first of them may be the second

@@ -79,10 +79,9 @@ bool Form::PreviewCharacter(char character) {
   return (KeyPreview || Focus() == nullptr) && events_.OnKeyPress(character);
 }
 
-bool Form::TypeCharacter(char character) {
-  if (PreviewCharacter(character)) return true;
+void Form::TypeCharacter(char character) {
+  if (PreviewCharacter(character)) return;
   if (const auto control = focus_.lock()) control->OnKeyPress(character);
-  return false;
 }
 
 void Form::ReleaseKey(int keyCode, KeyShift shift) {

@@ -59,9 +59,8 @@ Header HeaderOf(std::string_view image) {
   const std::int64_t height = static_cast<std::int32_t>(NumberAt<4>(image, 8)) / 2;  // mask included
   const std::uint32_t bits = NumberAt<2>(image, 14);
   const std::uint32_t used = NumberAt<4>(image, 32);
-  const bool isSound = image.size() >= kHeader && NumberAt<4>(image, 0) == kHeader &&
-                       NumberAt<4>(image, 16) == 0 && width > 0 && width <= kLongestSide && height > 0 &&
-                       height <= kLongestSide &&
+  const bool isSound = NumberAt<4>(image, 0) == kHeader && NumberAt<4>(image, 16) == 0 && width > 0 &&
+                       width <= kLongestSide && height > 0 && height <= kLongestSide &&
                        std::find(kDepths.begin(), kDepths.end(), bits) != kDepths.end();
   if (!isSound) return {.size = {}, .bits = 0, .colours = 0, .isSound = false};
   const std::size_t most = bits <= 8 ? std::size_t{1} << bits : 0;

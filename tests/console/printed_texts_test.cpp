@@ -6,7 +6,9 @@
 #include <memory>
 #include <vector>
 
+#include "support/console_window.h"
 #include "windows/picture_file.h"
+#include "windows/portrait.h"
 #include "windows/text_painter.h"
 
 namespace tessera::test {
@@ -88,6 +90,22 @@ TEST(PrintedTexts, TheLastTwoThousandStay) {
   EXPECT_EQ(Seen(texts), "......|bbbb..");
   texts.Add(Letter('c', 0));
   EXPECT_EQ(Seen(texts), "cccc..|cccc..");
+}
+
+TEST(Portrait, TextsOfObjectsStandInTheirFrames) {
+  ConsoleProgram fresh;
+  ASSERT_EQ(fresh.program.Start("Botao B, 1, 1\nBotao B.CorLetra = Azul\nTexto T, 4, 1, 9\n"),
+            RunOutcome::Ended);
+  Raster window(Size{200, 100});
+  Blocks painter;
+  PaintObjects(fresh.program.janela.form(), &painter, window);
+  std::size_t blue = 0;
+  for (int y = 0; y < 100; ++y) {
+    for (int x = 0; x < 200; ++x) blue += window.At(x, y) == 0xFF0000FFU;
+  }
+  EXPECT_EQ(blue, 8U);
+  EXPECT_EQ(window.At(12, 17), 0xFF0000FFU);
+  EXPECT_EQ(window.At(15, 18), 0xFF0000FFU);
 }
 
 }  // namespace

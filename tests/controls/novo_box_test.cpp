@@ -105,6 +105,8 @@ TEST_F(NovoBoxTest, ThePoolEndsBeforeAHalfRowAndAt200Cells) {
     tall.Titulo("b", 5, NovoBox::Align::kLeft, false);
     tall.Ativa(c.fixedHeight);
     EXPECT_EQ(tall.TotalLinhas(), c.rows) << c.height;
+    tall.Titulo("c", 5, NovoBox::Align::kLeft, false);
+    EXPECT_EQ(tall.TotalLinhas(), std::min(c.rows, 66)) << c.height;
   }
   box.Resize({3000, 1500}, {300, 100, 250});
   EXPECT_EQ(box.TotalLinhas(), 4);

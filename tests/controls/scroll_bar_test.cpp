@@ -76,6 +76,14 @@ TEST_F(BarTest, ADragTellsItsOwnerAtEveryThirdTick) {
   EXPECT_EQ(changes, 2);
 }
 
+TEST_F(BarTest, AThumbWithoutRoomToMoveStays) {
+  bar.IniciaBarra(40, 16, 20);
+  bar.PointerDown(20);
+  ASSERT_EQ(bar.Held(), ScrollBar::Part::kThumb);
+  bar.PointerMove(39);
+  EXPECT_EQ(bar.Value(), 0);
+}
+
 TEST_F(BarTest, TheThumbJumpsToAClickOnTheTrough) {
   bar.PointerDown(66);
   EXPECT_EQ(bar.Value(), 50);

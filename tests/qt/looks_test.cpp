@@ -21,6 +21,7 @@
 #include "objects/imagem.h"
 #include "objects/texto.h"
 #include "support/qt_window.h"
+#include "support/temporary_folder.h"
 #include "windows/stock_pictures.h"
 
 namespace tessera::test {
@@ -41,7 +42,7 @@ TEST_F(LooksOnWindows, OnlyAWholeClickOfTheLeftButtonIsOne) {
   Start(
       "Botao B, 1, 1, 2, 12, \"B\"\nCheck C, 4, 1, \"Check\"\nOpcao O, 6, 1, \"Opcao\"\nTexto T, 8, 1, 12\n"
       "Texto L, 10, 1, 12, 3\nGifAnimado S, GifSapo1, 0, 16, 1\nRotulo R, \"Nome\", 27, 1, 9, 2\nCombo K, "
-      "14, 1, 9\n");
+      "14, 1, 9\nMoldura M, \"\", 1, 40, 3, 9\nImagem I, \"\", 5, 40, 4, 9\n");
   const auto told = [&](const std::function<void()>& gesture) {
     program.run.variables.VarWrite("IndiceRef", Value(std::int32_t{99}), true);
     program.janela.windows().events.EventoClique.clear();
@@ -49,7 +50,7 @@ TEST_F(LooksOnWindows, OnlyAWholeClickOfTheLeftButtonIsOne) {
     return (Variable("IndiceRef") == "99" ? "-" : "click") + program.janela.windows().events.EventoClique;
   };
   for (Control* control : Main().Controls().InZOrder()) {
-    if (!control->Visible()) continue;
+    if (!control->Visible() || control->Name() == "M") continue;
     const QPoint in = InWindow(WidgetOf(*control), {9, 9});
     const QPoint out(400, 400);
     const std::string gif = control->Name() == "S" ? "CLIQUE" : "";
@@ -76,6 +77,14 @@ TEST_F(LooksOnWindows, OnlyAWholeClickOfTheLeftButtonIsOne) {
   EXPECT_EQ(told([&] { QApplication::sendEvent(&label, &again); }), "click");
   EXPECT_EQ(told([&] { QApplication::sendEvent(&label, &release); }), "-");
   EXPECT_EQ(told([&] { QApplication::sendEvent(&label, &release); }), "click");
+  auto& image = dynamic_cast<ImagemControl&>(Element("Img", 0));
+  EXPECT_EQ(told([&] { QApplication::sendEvent(&WidgetOf(image), &again); }), "click");
+  EXPECT_EQ(image.MouseBotao(), 1) << "held as by any press";
+  for (Control* control : Main().Controls().InZOrder()) {
+    if (!control->Visible()) continue;
+    control->SetEnabled(control->Name() == "M");
+    QTest::mouseClick(Top(), Qt::LeftButton, {}, InWindow(WidgetOf(*control), {9, 9}));
+  }
   EXPECT_EQ(Variable("CliqueMouse"), "");
 }
 
@@ -276,7 +285,14 @@ TEST_F(LooksOnWindows, AButtonMayGoInTheMiddleOfItsOwnPress) {
   Start("Botao A, 1, 1\nBotao B, 3, 1\nBotao B.MoveFoco\n");
   const QPointer<QWidget> widget = &WidgetOf(Element("BtnNovo", 1));
   QMetaObject::invokeMethod(
-      qApp, [this] { program.commands.CommandCall("Botao", "B.Remove"); }, Qt::QueuedConnection);
+      qApp,
+      [&] {
+        program.commands.CommandCall("Botao", "B.Remove");
+        qt.ProcessEvents();
+        ASSERT_NE(widget, nullptr) << "its press is not over";
+        EXPECT_FALSE(widget->isVisible());
+      },
+      Qt::QueuedConnection);
   QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r");
   QCoreApplication::sendEvent(widget, &press);
   EXPECT_EQ(Main().Controls().Element("BtnNovo", 1), nullptr);
@@ -396,6 +412,39 @@ TEST_F(LooksOnWindows, PicturesLieOverOneAnotherAsTheProgramOrders) {
     order += " " + above();
   }
   EXPECT_EQ(order, "B A B A");
+}
+
+// Red above green, in its own size and stretched; a floating one lets the pointer through.
+TEST_F(LooksOnWindows, TheFramesOfAFileAreShownInTheSizeOfTheirObject) {
+  using namespace std::string_literals;
+  const TemporaryFolder folder;
+  folder.Write("a.gif",
+               "GIF89a\x02\0\x02\0\x80\0\0\xFF\0\0\0\xFF\0,\0\0\0\0\x02\0\x02\0\0\x02\x03\x04\x98\x14\0;"s);
+  const std::string file = "\"" + (folder / "a.gif") + "\"";
+  Start("Botao B, 1, 1\nGifAnimado G, " + file + ", 0, 4, 1\nGifAnimado F, " + file + ", 1, 4, 9\n");
+  Control& placed = Element("GifAni", 0);
+  const QImage own = Shown(placed);
+  ASSERT_EQ(own.size(), QSize(2, 2));
+  EXPECT_EQ(own.pixelColor(1, 0), QColor(Qt::red));
+  EXPECT_EQ(own.pixelColor(1, 1), QColor(Qt::green));
+  program.commands.CommandCall("GifAnimado", "G.Altura = 2");
+  const QImage tall = Shown(placed);
+  ASSERT_EQ(tall.size(), QSize(2, 28));
+  EXPECT_EQ(tall.pixelColor(1, 0), QColor(Qt::red));
+  EXPECT_EQ(tall.pixelColor(1, 27), QColor(Qt::green));
+  EXPECT_GT(tall.pixelColor(1, 14).red() * tall.pixelColor(1, 14).green(), 0)
+      << "one goes over into the other";
+  const QWidget& window = *static_cast<QtForm&>(Main()).widget();
+  EXPECT_EQ(window.childAt(9, 57), &WidgetOf(placed));
+  EXPECT_EQ(window.childAt(73, 57), nullptr);
+}
+
+TEST_F(LooksOnWindows, TheBarOfMenusIsAsWideAsItsWindowWhoeverChangesThat) {
+  Start("MenuSistema \"GUIA\", 0, \"\", \"Arq\"\n");
+  QWidget& window = *static_cast<QtForm&>(Main()).widget();
+  window.resize(500, 300);
+  EXPECT_EQ(window.childAt(499, 5), window.childAt(5, 5));
+  EXPECT_EQ(window.childAt(5, 5)->width(), 500);
 }
 
 // A notch of the wheel, over what takes it.

@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "qt/looks/skin.h"
 #include "support/qt_person.h"
 #include "support/qt_window.h"
 #include "support/temporary_folder.h"
@@ -211,6 +212,44 @@ TEST_F(PreviewSteps, ZoomsByKeysWheelAndList) {
                 Key(Qt::Key_Space);
               }});
   EXPECT_EQ(reports.said, "[relatorio] 1 of 3\n1 printed\n");
+}
+
+// Those that turn back are the mirror of those that go on; the outer ones have a bar more.
+TEST_F(PreviewSteps, EachArrowPointsItsWayAndFollowsThePointer) {
+  const auto onScreen = [this] {
+    const QWidget& arrow = Part("ImgSeta2");
+    const QImage screen = Window()->screen()->grabWindow(Window()->winId()).toImage();
+    return screen.copy(QRect(arrow.mapTo(Window(), QPoint()), arrow.size()));
+  };
+  const auto ink = [](const QImage& image) {
+    int dark = 0;
+    for (int y = 0; y < image.height(); ++y) {
+      for (int x = 0; x < image.width(); ++x) dark += qGray(image.pixel(x, y)) < 150;
+    }
+    return dark;
+  };
+  QImage rest;
+  Preview(3, {[&] {
+                const QImage first = Look("ImgSeta"), back = Look("ImgSeta1");
+                EXPECT_EQ(Look("ImgSeta2"), back.mirrored(true, false));
+                EXPECT_EQ(Look("ImgSeta3"), first.mirrored(true, false));
+                EXPECT_NE(Look("ImgSeta2"), back);
+                EXPECT_GT(ink(first), ink(back) + 5);
+                rest = onScreen();
+                QTest::mouseMove(Window()->windowHandle(), {300, 300});
+                const QWidget& arrow = Part("ImgSeta2");
+                QTest::mouseMove(Window()->windowHandle(), arrow.mapTo(Window(), arrow.rect().center()));
+              },
+              [&] {
+                const QImage hovered = onScreen();
+                EXPECT_EQ(hovered.pixelColor(rest.width() / 2, 0), QColor(skin::kEdgeDisabled));
+                EXPECT_EQ(hovered.pixelColor(rest.width() / 2, 2), QColor(skin::kAccentLight));
+                QTest::mouseMove(Window()->windowHandle(), {300, 300});
+              },
+              [&] {
+                EXPECT_EQ(onScreen(), rest);
+                Key(Qt::Key_Escape);
+              }});
 }
 
 TEST_F(PreviewSteps, ArrowsShowThatTheyArePressedAndKeysTurnPages) {

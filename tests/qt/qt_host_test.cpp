@@ -111,6 +111,19 @@ TEST_F(QtHostTest, AnAbandonedRunIsSilentAndLeavesTheWindowOpen) {
   EXPECT_EQ(Run("Var a(2) Inteiro\na(9) = 1\n"), 1);
 }
 
+// Nothing enters while the window is shown for the first time, and this program lets nothing in later.
+TEST_F(QtHostTest, AWindowThatIsClosedWhileItIsFirstShownEndsTheProcess) {
+  bool isClosed = false;
+  QTimer closing;
+  closing.callOnTimeout([&] {
+    QWidget* janela = WidgetNamed("Janela");
+    if (janela != nullptr && !std::exchange(isClosed, true)) janela->close();
+  });
+  closing.start(0);
+  EXPECT_EQ(Run("Var n Inteiro\nn = 1\n"), 0);
+  EXPECT_TRUE(isClosed);
+}
+
 TEST_F(QtHostTest, TicksNestInOneAnother) {
   When<> closing("Janela", [](QWidget& janela) { QTimer::singleShot(300, &janela, &QWidget::close); });
   // Each tick waits, and lets the next one in on top of it.
@@ -253,6 +266,7 @@ TEST_F(QtHostTest, TheInputFormAnswersItsTextTheCancelWordOrThePrompt) {
       EXPECT_EQ(form.findChild<QLabel*>("LblRotulo")->text(), "Nome");
       EXPECT_EQ(texto->selectedText(), "Ana");
       EXPECT_EQ(texto->accessibleName(), "Nome");
+      EXPECT_GE(texto->width(), 320) << "room for a line, however short the prompt is";
       EXPECT_EQ(form.findChild<QLabel*>("LblRotulo")->textFormat(), Qt::PlainText);
       EXPECT_GT(texto->y(), form.findChild<QLabel*>("LblRotulo")->geometry().bottom());
       EXPECT_TRUE(texto->hasFocus());
@@ -411,6 +425,7 @@ TEST_F(QtHostTest, TheFrameFollowsTheStyle) {
         Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint;
     EXPECT_EQ(janela.windowFlags(), kFrame | Qt::WindowCloseButtonHint | Qt::WindowMaximizeButtonHint);
     EXPECT_GT(janela.maximumWidth(), 5000);
+    EXPECT_EQ(janela.minimumSize(), QSize(0, 0));
     EXPECT_TRUE(janela.isVisible());
     // A help button stands in a title without size buttons.
     const auto hasHelp = [&] { return janela.windowFlags().testFlag(Qt::WindowContextHelpButtonHint); };
@@ -487,6 +502,23 @@ TEST_F(QtHostTest, ThePointerIsToldInPixelsOfTheScreen) {
   pointAt(160, 28);
   QTest::qWait(120);
   EXPECT_EQ(place(), "2 20") << "the timer has no effect any more";
+}
+
+// The window system gives the front when it likes.
+TEST_F(QtHostTest, LateNewsOfTheFrontIsPassedOverAndAClickIsNot) {
+  ASSERT_EQ(program.Start("NovaJanela Define, F\nNovaJanela F.Use\n"), RunOutcome::Ended);
+  QWidget& main = *WidgetNamed("Janela");
+  const auto current = [&] { return program.janela.windows().CurrentWindowName(); };
+  WidgetNamed("F")->windowHandle()->setFlag(Qt::WindowDoesNotAcceptFocus);
+  main.activateWindow();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return current() == "Pai"; })) << current();
+  program.run.doors.NovaJanela("F.Use");
+  ASSERT_TRUE(main.isActiveWindow());
+  QEvent news(QEvent::ActivationChange);
+  QCoreApplication::sendEvent(&main, &news);
+  EXPECT_EQ(current(), "F");
+  QTest::mouseClick(main.windowHandle(), Qt::LeftButton, {}, QPoint(300, 300));
+  EXPECT_EQ(current(), "Pai");
 }
 
 // A window that went and came again would lose its place, its order, and at times its manager.
@@ -576,6 +608,10 @@ TEST_F(QtHostTest, AWindowIsDraggedByItsClientArea) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return form.State() == WindowState::Maximised; }));
     janela.showNormal();
     EXPECT_TRUE(QTest::qWaitFor([&] { return form.State() == WindowState::Normal; }));
+    program.commands.CommandCall("Janela", "Fixa = Sim");
+    janela.showMaximized();
+    QTest::qWait(50);
+    EXPECT_FALSE(janela.isMaximized()) << "a fixed window does not stay so";
     janela.move(33, 44);
     EXPECT_EQ(form.Place().Left, TwipsOfPixels(33));
     janela.close();

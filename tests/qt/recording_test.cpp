@@ -205,8 +205,8 @@ TEST(RecordingTest, AFormIsWrittenAsAPersonWouldTellIt) {
       "  Escreva \"mais\"\n"
       "FimSe\n",
       "Ana Maria\nclique Cidade\ndigita Natal RN\nescolhe Cor 1\nclique Pago\n"
-      "mouse 13 40\nseta Nota +\nseta Nota -\nvalor Nota 40\nlinha Lista 7\nduploclique Lista\nclique "
-      "Grava\ns\n");
+      "mouse 13 40\nseta Nota +\nseta Nota -\nvalor Nota 40\nrola Lista 3\nlinha Lista 7\nduploclique "
+      "Lista\nlinha Lista 0\nclique Grava\ns\n");
   EXPECT_EQ(script,
             "Ana Maria\n"
             "clique Cidade\n"
@@ -214,7 +214,7 @@ TEST(RecordingTest, AFormIsWrittenAsAPersonWouldTellIt) {
             "escolhe Cor 1\n"
             "clique Pago\n"
             "seta Nota +\nseta Nota -\nvalor Nota 40\nseta Nota +\n"
-            "rola Lista 4\nlinha Lista 7\nlinha Lista 7\nduploclique Lista\n"
+            "rola Lista 3\nlinha Lista 7\nlinha Lista 7\nduploclique Lista\nrola Lista 0\nlinha Lista 0\n"
             "clique Grava\n"
             "s\n"
             "fecha\n");

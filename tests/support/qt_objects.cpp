@@ -5,11 +5,13 @@
 #include <QInputMethodEvent>
 #include <QMenu>
 #include <QTest>
+#include <QWheelEvent>
 #include <QWidget>
 #include <QWindow>
 #include <algorithm>
 #include <cmath>
 #include <string>
+#include <utility>
 
 #include "objects/barra_rolagem.h"
 #include "objects/box_control.h"
@@ -79,6 +81,15 @@ class QtGrid final : public QtObject {
     if (row >= Grid().LinVet()) return;
     ShowRow(row);
     ClickAt(CellAt(row, 0));
+  }
+
+  // A notch of the wheel after the other; a recorded one takes effect at once.
+  void ScrollTo(int row) override {
+    const QPointF at = CellAt(Grid().LinIniVet(), 0);
+    for (int top = -1; std::exchange(top, Grid().LinIniVet()) != top && top < row;) {
+      QWheelEvent wheel(at, Widget().mapToGlobal(at), {}, {0, -120}, {}, {}, Qt::NoScrollPhase, false);
+      QApplication::sendEvent(&Widget(), &wheel);
+    }
   }
 
   void EditCell(int row, int column, std::string_view text) override {

@@ -75,6 +75,7 @@ TEST(Animation, ADamagedFileShowsTheFramesBeforeTheDamage) {
   const AnimationRef cut = DecodeAnimation(TestCodec(), whole + kThird.substr(0, 14));
   ASSERT_NE(cut, nullptr);
   EXPECT_EQ(cut->frames.size(), 2U);
+  EXPECT_EQ(DecodeAnimation(TestCodec(), whole)->frames.size(), 2U) << "the end alone is missing";
   EXPECT_EQ(DecodeAnimation(TestCodec(), kScreen), nullptr) << "no frame";
   EXPECT_EQ(DecodeAnimation(TestCodec(), kScreen.substr(0, 9)), nullptr);
   for (std::size_t length = 0; length < kFour.size(); ++length)

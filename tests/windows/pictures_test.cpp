@@ -113,6 +113,20 @@ TEST(PictureFile, OtherContentsAreNoPictureWhateverTheyAreCalled) {
   EXPECT_NE(LoadPicture(TestCodec(), files, folder / "gif.txt"), nullptr);
 }
 
+TEST(PictureFile, AnIconHasSidesOfAtMost4096Pixels) {
+  for (const auto& [width, height, isPicture] :
+       {std::tuple{4096, 1, true}, {1, 4096, true}, {4097, 1, false}, {1, 4097, false}}) {
+    const auto number = [](int value) {
+      return std::string{char(value), char(value >> 8), char(value >> 16), 0};
+    };
+    const std::string pixels(std::size_t(2 * height * ((width + 31) / 32 * 4)), '\0');
+    const std::string icon = "\0\0\1\0\1\0\0\0\2\0\0\0\0\0"s + number(48 + int(pixels.size())) +
+                             "\x16\0\0\0\x28\0\0\0"s + number(width) + number(2 * height) + "\1\0\1"s +
+                             std::string(25, '\0') + "\0\0\0\0\xFF\xFF\xFF\0"s + pixels;
+    EXPECT_EQ(DecodePicture(TestCodec(), icon) != nullptr, isPicture) << width << " x " << height;
+  }
+}
+
 // Two images of one width, a wider one, and what looks like the widest behind the last that is counted.
 TEST(PictureFile, TheLargestImageOfAnIconIsTheFirstOfThoseThatItCounts) {
   std::string icon = "\0\0\1\0"s;

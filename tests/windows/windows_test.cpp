@@ -34,6 +34,8 @@ TEST(KeyStates, AWindowLetsAKeyGoInItsOwnForm) {
   EXPECT_EQ(keys.OfCode(65), "65-");
   keys.KeyDown(32);
   EXPECT_EQ(*keys.Named("#"), "#+");
+  keys.KeyUp(32);
+  EXPECT_EQ(*keys.Named("#"), "#-");
 }
 
 TEST(EventState, ShiftAndCtrlAreToldWhenTheyAreHeldAlone) {
