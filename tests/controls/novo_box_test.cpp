@@ -105,6 +105,7 @@ TEST_F(NovoBoxTest, ThePoolEndsBeforeAHalfRowAndAt200Cells) {
     tall.Titulo("b", 5, NovoBox::Align::kLeft, false);
     tall.Ativa(c.fixedHeight);
     EXPECT_EQ(tall.TotalLinhas(), c.rows) << c.height;
+    EXPECT_EQ(tall.LinVet(), 0);
     tall.Titulo("c", 5, NovoBox::Align::kLeft, false);
     EXPECT_EQ(tall.TotalLinhas(), std::min(c.rows, 66)) << c.height;
   }
@@ -117,7 +118,8 @@ TEST_F(NovoBoxTest, ThePoolEndsBeforeAHalfRowAndAt200Cells) {
   narrow.Ativa(false);
   EXPECT_TRUE(narrow.ShowsHorizontalBar());
   EXPECT_EQ(narrow.TotalLinhas(), 2);
-  narrow.BarraHorizontal().SetValue(100);
+  narrow.BarraHorizontal().Step(1);
+  EXPECT_EQ(narrow.BarraHorizontal().Value(), 400);
   narrow.Ativa(false);
   EXPECT_EQ(narrow.BarraHorizontal().Value(), 0);
   narrow.Resize({9000, 1100}, {300, 200, 250});
@@ -191,6 +193,27 @@ TEST_F(NovoBoxTest, TheCursorRowAloneHasTheSelectedColours) {
   }
   box.Ativa(false);
   EXPECT_EQ(box.ColBoxRef(), 0);
+  EXPECT_EQ(box.ListCount(), 0);
+}
+
+// The row that is still being written shows none.
+TEST_F(NovoBoxTest, TheCursorShowsOnTheRowThatWasChosen) {
+  FillNumbers(8);
+  box.Add("aberta");
+  const auto chosen = [&](std::int32_t index) {
+    EXPECT_TRUE(box.Selected(index));
+    std::string rows;
+    for (std::size_t row = 0; row < 4; ++row) rows += box.Pool()[row * 2].attributes.back == 4 ? '#' : '.';
+    return rows;
+  };
+  EXPECT_EQ(chosen(0), "#...");
+  EXPECT_FALSE(box.SelBox(4));
+  EXPECT_EQ(box.LinIniVet(), 0);
+  EXPECT_EQ(chosen(7), "...#");
+  EXPECT_EQ(chosen(4), "#...");
+  box.Refresh();
+  box.BarraVertical().SetValue(5);
+  EXPECT_EQ(chosen(8), "....");
 }
 
 TEST_F(NovoBoxTest, TheBarMovesThePage) {

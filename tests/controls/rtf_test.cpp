@@ -78,6 +78,8 @@ TEST(Rtf, ReadsWhatWordProcessorsWrite) {
       {"{\\rtf1\\horzdoc\\f0 a{\\fonttbl\\f0 Arial;}b}", "[:a][Arial :b]"},
       {"{\\rtf1{\\colortbl\\red9\\green1\\blue2;\\red3;;}\\cf1 a\\cf2 b}", "[c3:a][:b]"},
       {"{\\rtf1\\b1 a\\b00 b}", "[b:a][:b]"},
+      {"{\\rtf1\\A a\\Z b\\a c\\z d}", "[:abcd]"},
+      {"{\\rtf1\\cf1 a{\\colortbl;\\red9\\green1\\blue2;}b}", "[:a][c131337:b]"},
   };
   for (const auto& c : kCases) EXPECT_EQ(Read(c.rtf), c.shown) << c.rtf;
 }

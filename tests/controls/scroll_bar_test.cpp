@@ -44,6 +44,9 @@ TEST_F(BarTest, AHeldArrowRepeatsAfterMoreThanTenTicks) {
   Ticks(20);
   EXPECT_EQ(bar.Value(), 4);
   EXPECT_EQ(changes, 4);
+  bar.PointerDown(150);
+  Ticks(10);
+  EXPECT_EQ(bar.Value(), 5);
 }
 
 TEST_F(BarTest, ADisabledBarIsHeldNoLonger) {

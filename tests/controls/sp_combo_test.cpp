@@ -39,6 +39,13 @@ TEST_F(SpComboTest, CompletesForPlainLettersAndDigitsAlone) {
   EXPECT_EQ(Typed("É"_w), "É[]"_w);
   EXPECT_EQ(Typed("b"), "Éb[ano]"_w);
   EXPECT_EQ(Typed("\t\r"), "Éb[ano]"_w);
+  for (const std::string_view whole :
+       {"aa", "zz", "AA", "ZZ", "00", "99", "@@", "[[", "``", "{{", "//", "::"}) {
+    SpCombo fresh;
+    fresh.AddItem(std::string(whole));
+    fresh.KeyPress(whole[0]);
+    EXPECT_EQ(fresh.Text() == whole, std::isalnum(whole[0]) != 0) << whole;
+  }
 }
 
 TEST_F(SpComboTest, AWholeEntryIsNotCompletedFurther) {

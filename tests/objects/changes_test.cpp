@@ -101,7 +101,6 @@ TEST_F(Changes, WhatAPersonDoesReachesTheView) {
            Row{"mask", "Mascara M, \"#\", 1, 1", [](Control& c) { As<EntryControl>(c).PlaceCaret(0, 1); }},
            Row{"number", "Moeda V, 1, 1", [](Control& c) { As<EntryControl>(c).PlaceCaret(0, 1); }},
            Row{"number key", "Moeda V, 1, 1", [](Control& c) { c.OnKeyDown(36, {}); }},
-           Row{"decimal mark", "Moeda V, 1, 1", [](Control& c) { c.OnKeyPress(','); }},
            Row{"mask key", "Mascara M, \"#\", 1, 1", [](Control& c) { c.OnKeyDown(36, {}); }},
            Row{"combo key", combo, [](Control& c) { c.OnKeyDown(36, {}); }},
            Row{"text", "Texto T, 1, 1", [](Control& c) { As<TextoControl>(c).PlaceCaret(0, 0); }},

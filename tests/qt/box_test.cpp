@@ -139,6 +139,7 @@ TEST_F(BoxOnWindows, ACellIsEditedByKeysAndClipboard) {
   EXPECT_EQ(program.janela.windows().events.EventoBoxAlterado, "SofreuAlteracao");
   QTest::keyClick(Top(), Qt::Key_Home);
   QTest::keyClick(Top(), Qt::Key_Backspace);
+  EXPECT_EQ(Grid().LeVetor(1, 0), "Novo");
   QTest::keyClick(Top(), Qt::Key_Delete);
   EXPECT_EQ(Grid().LeVetor(1, 0), "ovo");
   QTest::keyClick(Top(), Qt::Key_End);

@@ -504,6 +504,14 @@ TEST_F(QtHostTest, ThePointerIsToldInPixelsOfTheScreen) {
   EXPECT_EQ(place(), "2 20") << "the timer has no effect any more";
 }
 
+TEST_F(QtHostTest, TheWindowBelowTakesTheFrontOfOneThatIsHidden) {
+  ASSERT_EQ(program.Start("NovaJanela Define, F\nNovaJanela F.Use\n"), RunOutcome::Ended);
+  const QWidget& further = *WidgetNamed("F");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return further.isActiveWindow(); }));
+  program.run.doors.NovaJanela("F.Visivel = \"NAO\"");
+  EXPECT_TRUE(QTest::qWaitFor([] { return WidgetNamed("Janela")->isActiveWindow(); }));
+}
+
 // The window system gives the front when it likes.
 TEST_F(QtHostTest, LateNewsOfTheFrontIsPassedOverAndAClickIsNot) {
   ASSERT_EQ(program.Start("NovaJanela Define, F\nNovaJanela F.Use\n"), RunOutcome::Ended);

@@ -220,6 +220,12 @@ TEST(RecordingTest, AFormIsWrittenAsAPersonWouldTellIt) {
             "fecha\n");
 }
 
+TEST(RecordingTest, ADoubleClickIsOneLine) {
+  const std::string script = RecordedScript("Imagem P, \"\", 2, 10, 10, 20\nAguarde 0\nEscreva CliqueMouse\n",
+                                            "mouse 3 12\nduploclique\nmouse 20 40\nduploclique\n");
+  EXPECT_TRUE(script.ends_with("\nmouse 3 12\nduploclique\nmouse 20 40\nduploclique\nfecha\n")) << script;
+}
+
 // A form that is left is told by the answer that it gives.
 TEST(RecordingTest, AnInputFormThatWasLeftAnswersTheSameAgain) {
   EXPECT_EQ(RecordedScript("Var t String\nt = EntraTexto(\"Nome?\", \"\")\nEscreva t\n"
