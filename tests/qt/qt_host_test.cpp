@@ -512,6 +512,23 @@ TEST_F(QtHostTest, TheWindowBelowTakesTheFrontOfOneThatIsHidden) {
   EXPECT_TRUE(QTest::qWaitFor([] { return WidgetNamed("Janela")->isActiveWindow(); }));
 }
 
+// So that the window system gives the front back to it, but keeps it from a person.
+TEST_F(QtHostTest, AStaticWindowIsTheChildOfItsOpenerUntilItIsClosed) {
+  QWindow* further = nullptr;
+  const When<> shown("F", [&](QWidget& window) {
+    further = window.windowHandle();
+    EXPECT_EQ(further->transientParent(), WidgetNamed("Janela")->windowHandle());
+    EXPECT_EQ(further->modality(), Qt::ApplicationModal);
+    window.close();
+  });
+  ASSERT_EQ(
+      program.Start("NovaJanela Define, F\nNovaJanela F.Ativa, \"ESTATICA\"\n", "Sub F_Codigo()\nFimSub\n"),
+      RunOutcome::Ended);
+  ASSERT_NE(further, nullptr);
+  EXPECT_EQ(further->transientParent(), nullptr);
+  EXPECT_EQ(further->modality(), Qt::NonModal);
+}
+
 // The window system gives the front when it likes.
 TEST_F(QtHostTest, LateNewsOfTheFrontIsPassedOverAndAClickIsNot) {
   ASSERT_EQ(program.Start("NovaJanela Define, F\nNovaJanela F.Use\n"), RunOutcome::Ended);

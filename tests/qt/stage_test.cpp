@@ -107,6 +107,7 @@ TEST_F(OnStage, APersonDoesNotReachTheProgram) {
     QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, QPoint(30, 30));
     QTest::keyClick(window.windowHandle(), Qt::Key_F6);
     window.windowHandle()->close();
+    EXPECT_TRUE(window.isVisible());
     window.resize(700, 500);
     window.move(5, 6);
   });

@@ -35,7 +35,6 @@ LookView::LookView(std::unique_ptr<LookBody> body, Control& control, QWidget& wi
     : ControlView(control), body_(body.release()), window_(window), logic_(control, entry), entry_(entry) {
   QWidget& widget = Widget();
   widget.hide();
-  widget.setParent(&window);
   // No Tab focus: the logic itself knows the order.
   widget.setFocusPolicy(control.TakesFocus() ? Qt::ClickFocus : Qt::NoFocus);
   widget.setAttribute(Qt::WA_InputMethodEnabled, control.TakesFocus());
