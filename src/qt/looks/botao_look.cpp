@@ -94,7 +94,6 @@ void BotaoLook::PaintContent(QPainter& painter, const QColor& colour) {
   }
   painter.setOpacity(1);
   painter.setPen(colour);
-  painter.setFont(font());
   content.setLeft(content.left() + size.width() + gap);
   painter.drawText(content.adjusted(0, 0, 1, 0), Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
                    caption);

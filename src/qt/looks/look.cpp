@@ -34,7 +34,6 @@ QRect RectOf(const ControlPlace& place) {
 LookView::LookView(std::unique_ptr<LookBody> body, Control& control, QWidget& window, LogicEntry& entry)
     : ControlView(control), body_(body.release()), window_(window), logic_(control, entry), entry_(entry) {
   QWidget& widget = Widget();
-  widget.hide();
   // No Tab focus: the logic itself knows the order.
   widget.setFocusPolicy(control.TakesFocus() ? Qt::ClickFocus : Qt::NoFocus);
   widget.setAttribute(Qt::WA_InputMethodEnabled, control.TakesFocus());
