@@ -172,6 +172,8 @@ void BoxRows::BeginPage(int totalLinhas) {
   ForgetValues();
   totalLinhas_ = totalLinhas;
   ClearBox();
+  barraVertical_.SetSmallChange(1);
+  barraVertical_.SetLargeChange(totalLinhas_);
 }
 
 // The cursor stays where it is on the page, and so moves to another row.

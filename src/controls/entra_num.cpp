@@ -155,8 +155,11 @@ void EntraNum::ReadValue() {
 
 std::string EntraNum::Formata(std::string_view text, int casas) {
   text = Trim(text);
-  const bool isSigned = !text.empty() && IsSign(text.front());
-  std::string sign(text.substr(0, isSigned ? 1 : 0));
+  std::string sign;
+  if (!text.empty() && IsSign(text.front())) {
+    sign = text.front();
+    text = Trim(text.substr(1));
+  }
   const std::size_t mark = DecimalMark(text);
   const std::string integer = DigitsOf(text.substr(0, mark));
   std::string decimals = mark == std::string_view::npos ? std::string() : DigitsOf(text.substr(mark));

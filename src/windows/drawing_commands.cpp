@@ -83,6 +83,7 @@ Value Pinte(WindowModel& windows, const WordCall& call) {
   Surface& surface = windows.DrawingTarget();
   const PixelPoint at = PointAt(windows, arguments, "linha", "coluna");
   surface.FillColor = ColourAt(arguments, "cor");
+  surface.FillStyle = Filling::Solid;
   surface.FloodFill(at);
   surface.FillStyle = Filling::Transparent;
   return {};

@@ -98,6 +98,7 @@ RunOutcome Janela::Start(const EditorTexts& editors, std::string_view projectSty
 }
 
 RunOutcome Janela::FirstActivation(const EditorTexts& editors, std::string_view projectStyleWord) {
+  form_->SetVisible(false);
   windows_.Reset(*this);
   form_->SetCaption(kMainWindowName);
   SetLooks();
@@ -129,6 +130,7 @@ void Janela::SetLooks() {
   form_->SetBackColor(kButtonFaceColour);
   form_->ForeColor = kButtonTextColour;
   form_->Font = {};
+  form_->Cls();
 }
 
 // False when the block check refuses the program.
@@ -152,6 +154,7 @@ void Janela::Unload() {
   run_.RunningFlag = false;
   ClearWindowObjects();
   // Unload: what else the run holds open is let go while its owners are left behind.
+  closing_ = true;
   windows_.events.WindowDragFlag = false;
   form_->SetVisible(false);
   throw ProcessEnd{};

@@ -60,10 +60,12 @@ void OverlaidWindow::Unload() {
   if (codeRuns_ > 0) run_.WindowCodeStopFlag = true;
   if (windows_.objects != nullptr) windows_.objects->ClearWindow(*form_);
   // Unload
+  closing_ = true;
   Hide();
   form_->UnloadControls();
   LoadStanding();
   form_->Cls();
+  closing_ = false;
 }
 
 bool OverlaidWindow::Carries(std::string_view array) const {

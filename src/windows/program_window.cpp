@@ -80,7 +80,7 @@ void ProgramWindow::OnSinkKeyUp(int keyCode, KeyShift) {
 
 // Enter presses a button that has the focus; elsewhere it moves the focus on.
 bool ProgramWindow::OnKeyPress(char character) {
-  if (character != kKeyEnter || !form_->KeyPreview) return false;
+  if (character != kKeyEnter || !form_->KeyPreview || closing_) return false;
   const Control* focus = form_->Focus();
   if (focus != nullptr && focus->TakesEnter()) return false;
   form_->FocusNext();

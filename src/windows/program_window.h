@@ -73,6 +73,7 @@ class ProgramWindow : public FormEvents {
   Run& run_;
   WindowModel& windows_;
   std::unique_ptr<Form> form_;
+  bool closing_ = false;
   int codeRuns_ = 0;
 
  private:
