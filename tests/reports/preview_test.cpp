@@ -176,6 +176,21 @@ TEST_F(PreviewTest, ThePartsAreThoseOfTheTable) {
     EXPECT_EQ(told.at(i), table.cases[i].result) << table.cases[i].given;
 }
 
+TEST_F(PreviewTest, EachUseOfAFontBeginsPlain) {
+  source =
+      "Imp.Fonte \"NEGRITO\", \"SIM\", \"ITALICO\", \"SIM\"\nImp.Escreva \"a\"\nImp.Fonte \"TAMANHO\", 12\n"
+      "Imp.Escreva \"b\"\nImp.Fim\nFimJanela\n";
+  Looks({}, [] { return std::string(); });
+  std::string told;
+  const reports::Page& sheet = painter.sheets.at(0);
+  for (const auto& operation : sheet.Operations()) {
+    const FontFace& face = sheet.FaceOf(operation);
+    told += std::string(sheet.TextOf(operation)) + (face.bold ? " bold" : "") +
+            (face.italic ? " italic" : "") + ";";
+  }
+  EXPECT_EQ(told, "a bold italic;b;");
+}
+
 // The programs on paper, with letters of another library: what they say and ask is the same.
 TEST_F(PreviewTest, ProgramsSayTheSameOnAnyPaper) {
   painter.queues.clear();

@@ -84,6 +84,23 @@ TEST_F(XRelatorioTest, KeysAreFoundAnywhereAndTheFirstOneCounts) {
   EXPECT_EQ(Printed(), (Lines{"text 30,70 a", "line -20,0 -20,300 0", "line 100,0 100,300 0"}));
 }
 
+// Whatever the one before left behind: its line, its columns, and a page that was not finished.
+TEST_F(XRelatorioTest, ASecondReportIsLikeTheFirst) {
+  for (const bool isVideo : {true, false}) {
+    Begin(isVideo ? "SAIDA:VIDEO" : "");
+    report.Col(0, "TAM:5 BOLD:TRUE");
+    report.Imprime("um", 0);
+    report.NovaLinha();
+    Begin(isVideo ? "SAIDA:VIDEO" : "");
+    report.Imprime("dois", 0);
+    report.Finaliza();
+    const Page& page = isVideo ? report.Pages().at(0) : painter.sheets.back();
+    EXPECT_EQ(page.Operations().size(), isVideo ? 1U : 2U) << "what is on paper stays there";
+    EXPECT_FALSE(page.FaceOf(page.Operations().back()).bold);
+    EXPECT_EQ(page.Operations().back().y1, 25);
+  }
+}
+
 TEST_F(XRelatorioTest, ACutTextKeepsTheCharacterThatPassesTheWidth) {
   Begin("");
   report.Col(0, "TAM:5 TABVER:FALSE TABHOR:FALSE");
