@@ -205,44 +205,41 @@ void QtHost::ServeEvents() {
   entry_.Rethrow();
 }
 
-BoxAnswer QtHost::ShowBox(const Box& box) {
+// What ended the program comes before a dialog, and behind one that it ended.
+template <typename Dialog>
+auto QtHost::Ask(Dialog dialog) {
   entry_.Rethrow();
-  if (const std::string place = boxPlacesAreTold_ ? placeOf_(box.text) : std::string(); !place.empty())
-    std::cerr << "em " << place << std::endl;
-  const BoxAnswer answer = ShowMessageBox(box, BoxParent());
+  auto answer = dialog(BoxParent());
   entry_.Rethrow();
   return answer;
+}
+
+BoxAnswer QtHost::ShowBox(const Box& box) {
+  return Ask([&](QWidget* parent) {
+    if (const std::string place = boxPlacesAreTold_ ? placeOf_(box.text) : std::string(); !place.empty())
+      std::cerr << "em " << place << std::endl;
+    return ShowMessageBox(box, parent);
+  });
 }
 
 TextInputAnswer QtHost::AskText(const TextInput& input) {
-  entry_.Rethrow();
-  TextInputAnswer answer = ShowEntraTxt(input, BoxParent());
-  entry_.Rethrow();
-  return answer;
+  return Ask([&](QWidget* parent) { return ShowEntraTxt(input, parent); });
 }
 
 std::optional<std::string> QtHost::AskFile(const FileRequest& request) {
-  auto path = ShowFileDialog(request, BoxParent());
-  entry_.Rethrow();
-  return path;
+  return Ask([&](QWidget* parent) { return ShowFileDialog(request, parent); });
 }
 
 std::optional<std::int32_t> QtHost::AskColour(std::string_view title) {
-  const auto colour = ShowColourDialog(title, BoxParent());
-  entry_.Rethrow();
-  return colour;
+  return Ask([&](QWidget* parent) { return ShowColourDialog(title, parent); });
 }
 
 std::optional<ChosenFont> QtHost::AskFont(std::string_view title) {
-  auto font = ShowFontDialog(title, BoxParent());
-  entry_.Rethrow();
-  return font;
+  return Ask([&](QWidget* parent) { return ShowFontDialog(title, parent); });
 }
 
 std::optional<std::string> QtHost::AskPrinter(std::string_view title) {
-  auto printer = ShowPrinterDialog(title, BoxParent());
-  entry_.Rethrow();
-  return printer;
+  return Ask([&](QWidget* parent) { return ShowPrinterDialog(title, parent); });
 }
 
 QWidget* QtHost::BoxParent() const {

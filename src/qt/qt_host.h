@@ -89,6 +89,8 @@ class QtHost final : public Display, public Dialogs, public EventDispatch, publi
   void LeaveLoops();
   void ServeTermination();
   QWidget* BoxParent() const;
+  template <typename Dialog>
+  auto Ask(Dialog dialog);
 
   // The window system keeps references into its arguments.
   std::unique_ptr<ApplicationArguments> arguments_;

@@ -95,6 +95,10 @@ TEST(QtHost, EachDialogAndWaitEndsWithTheProgram) {
     QTimer::singleShot(40, qApp, [&] { qt.Post([] { throw ProcessEnd{}; }); });
     EXPECT_THROW(waits[i](), ProcessEnd) << i;
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr) << i;
+    // It may have ended in a pause before.
+    qt.Post([] { throw ProcessEnd{}; });
+    qt.Pause(std::chrono::milliseconds(100));
+    EXPECT_THROW(waits[i](), ProcessEnd) << i;
   }
 }
 
