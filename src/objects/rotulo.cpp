@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "objects/object_frame.h"
+#include "text/lines.h"
 #include "windows/form.h"
 
 namespace tessera {
@@ -11,6 +12,17 @@ namespace {
 
 constexpr ControlPlace kLabelSize = {.Width = 80, .Height = 20};
 constexpr std::string_view kTxt = ".Txt";
+
+// As wide as the widest line. A line has the height of a label, and each further one what it needs.
+TextSize SizeOf(const Form& form, std::string_view text, const FontFace& font) {
+  TextSize size;
+  EachLine(text, [&](std::string_view line) {
+    const TextSize needed = form.MeasureText(line, font);
+    size.width = std::max(size.width, needed.width);
+    size.height += size.height == 0 ? std::max(kLabelSize.Height, needed.height) : needed.height;
+  });
+  return size;
+}
 
 Value Txt(const SuffixCall& call) {
   static_cast<Rotulo&>(call.family).SetText(call.As<RotuloControl>(), call.Word());
@@ -57,9 +69,9 @@ void Rotulo::Create(Control& control, ObjectRow&, const Arguments& arguments) {
   SetText(label, text);
   Place(label, arguments);
   ControlPlace place = label.Place();
-  const TextSize needed = label.form().MeasureText(text, label.Font());
+  const TextSize needed = SizeOf(label.form(), text, label.Font());
   place.Width = needed.width;
-  place.Height = std::max(kLabelSize.Height, needed.height);
+  place.Height = needed.height;
   label.Move(place);
   SetWidth(label, arguments);
   SetHeight(label, arguments);

@@ -3,20 +3,11 @@
 #include <algorithm>
 #include <functional>
 
+#include "text/lines.h"
+
 namespace tessera::reports {
 
 namespace {
-
-// Calls `act` with each line; CR LF, CR and LF end one.
-template <typename Act>
-void EachLine(std::string_view text, Act act) {
-  for (;;) {
-    const std::size_t end = text.find_first_of("\r\n");
-    act(text.substr(0, end));
-    if (end == std::string_view::npos) return;
-    text.remove_prefix(end + (text.substr(end).starts_with("\r\n") ? 2 : 1));
-  }
-}
 
 double WidthOf(const FaceMeasures& face, std::string_view line) {
   double width = 0;

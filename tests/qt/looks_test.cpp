@@ -213,6 +213,25 @@ TEST_F(LooksOnWindows, TextGoesOverTheClipboardFromOneEntryToAnother) {
 }
 
 // A number goes as it is shown, and a list's entry without the completion of its first letters.
+// One that has no size of its own shows what one with room to spare does.
+TEST_F(LooksOnWindows, ALabelIsAsLargeAsItsLines) {
+  for (const char* lines : {"\"Segunda, bem mais longa\"", "\"A fila: 9 a\" & Car(10) & \"Uma linha larga\"",
+                            "\"Uma\" & Car(13) & Car(10) & \"duas, e mais larga\" & Car(13) & \"fim\""}) {
+    Start("Var t String\nt = " + std::string(lines) + "\nRotulo R, t, 1, 1\nRotulo S, t, 10, 1, 50\n");
+    std::vector<QImage> pictures;
+    for (Control* control : Main().Controls().InZOrder()) {
+      if (control->Name() == "R" || control->Name() == "S") pictures.push_back(Shown(*control));
+    }
+    ASSERT_EQ(pictures.size(), 2U);
+    const QSize own = pictures[0].size();
+    EXPECT_LT(own.width(), 300) << lines;
+    EXPECT_EQ(pictures[0], pictures[1].copy(QRect(QPoint(), own))) << lines;
+    EXPECT_EQ(own.height(), pictures[1].height()) << lines;
+    program.run.doors.CommandCall("Rotulo", "R.Remove");
+    program.run.doors.CommandCall("Rotulo", "S.Remove");
+  }
+}
+
 TEST_F(LooksOnWindows, ShownNumbersAndChosenTextsArePasted) {
   Start(
       "Botao B, 1, 1\nMoeda A, 4, 1, 20\nMoeda D, 6, 1, 20\nTexto N, 8, 1, 20\nTexto N.Numerico = \"SIM\"\n"

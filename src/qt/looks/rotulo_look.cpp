@@ -1,5 +1,6 @@
 #include "qt/looks/rotulo_look.h"
 
+#include <QFontMetricsF>
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
@@ -28,11 +29,20 @@ void RotuloLook::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.fillRect(rect(), ToQColor(control().BackColor()));
   painter.setPen(skin::TextColour(*this, ToQColor(control().ForeColor())));
-  const int flags = static_cast<int>(ToQAlignment(control().Alignment()) | Qt::AlignTop) | Qt::TextWordWrap;
   const QString caption = ToQLines(control().Caption());
+  const int flags = static_cast<int>(ToQAlignment(control().Alignment()) | Qt::AlignTop) |
+                    (Fits(caption) ? 0 : Qt::TextWordWrap);
   const QRectF needed = painter.boundingRect(QRectF(rect()), flags, caption);
   const double top = std::clamp((height() - needed.height()) / 2, 0.0, kTopOfLine);
   painter.drawText(QRectF(rect()).adjusted(0, qRound(top), 0, 0), flags, caption);
+}
+
+// The toolkit's own breaking of lines wants more room for some letters than they take.
+bool RotuloLook::Fits(const QString& caption) const {
+  const QFontMetricsF metrics(font(), this);
+  const QStringList lines = caption.split(u'\n');
+  return std::ranges::all_of(lines,
+                             [&](const QString& line) { return metrics.horizontalAdvance(line) <= width(); });
 }
 
 void RotuloLook::mouseReleaseEvent(QMouseEvent* event) {

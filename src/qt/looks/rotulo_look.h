@@ -18,6 +18,9 @@ class RotuloLook final : public PaintedLook<RotuloControl> {
   void mouseDoubleClickEvent(QMouseEvent* event) override;
 
  private:
+  // Whether each line has room as it was written.
+  bool Fits(const QString& caption) const;
+
   bool afterDoubleClick_ = false;
 };
 
