@@ -95,7 +95,7 @@ class Form : public Surface {
   // The objects on the window.
   const ControlArrays& Controls() const { return controls_; }
   // Loads an element and lets the host show it; failure 360 for one that is loaded.
-  void LoadControl(std::string_view array, std::shared_ptr<Control> control);
+  void LoadControl(std::string_view array, const std::shared_ptr<Control>& control);
   void UnloadControl(std::string_view array, int index);
   void UnloadControls();
   // The number by which a host knows a new control of the window; none is given twice.

@@ -12,7 +12,7 @@ constexpr int kKeyTab = 9;
 
 }  // namespace
 
-void Form::LoadControl(std::string_view array, std::shared_ptr<Control> control) {
+void Form::LoadControl(std::string_view array, const std::shared_ptr<Control>& control) {
   controls_.Load(array, control);
   control->TakeView(NewView(*control));
 }
