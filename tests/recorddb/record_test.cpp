@@ -474,6 +474,7 @@ TEST(SortedList, AddingAndFillingGiveTheSameList) {
   }
   SortedList added, filled;
   for (const std::string& text : texts) added.Add(text);
+  filled.Fill({"z000001", "a000000"});
   filled.Fill(texts);
   while (added.size() > 0) {
     ASSERT_EQ(added.size(), filled.size());
