@@ -141,6 +141,14 @@ TEST_F(ToolBd, RepairTellsACountOfFewerDigits) {
   EXPECT_EQ(Call({"bd", "check", file}).out, "9 registros bons, 0 excluídos, 0 com defeito\n");
 }
 
+TEST_F(ToolBd, AFileWithoutRecordsIsWell) {
+  const std::string program = folder_.Write("v.tsc", "BD Vazio, dados\nV, Inteiro\nFimBD\n");
+  ASSERT_EQ(Call({"run", "--console", program}).status, 0);
+  const ProcessResult check = Call({"bd", "check", folder_ / "dados/Vazio.Tsa"});
+  EXPECT_EQ(check.status, kDone) << check.err;
+  EXPECT_EQ(check.out, "0 registros bons, 0 excluídos, 0 com defeito\n");
+}
+
 TEST_F(ToolBd, CheckNamesWhatDoesNotDecode) {
   EXPECT_EQ(Call({"bd", "check", file_}).status, kDone);
   Overwrite(19999 + 47 + 25, std::string(9, ' '));
