@@ -39,7 +39,7 @@ class StraightRun {
       const bool opens = tokens[i].IsName() && tokens[i].upper == "ABREARQUIVO";
       const bool closes = tokens[i].IsName() && tokens[i].upper == "FECHAARQUIVO";
       if (!opens && !closes) continue;
-      const Token& alias = tokens[i + 1];
+      const Token& alias = tokens[tokens[i + 1].Is('(') && i + 2 < tokens.size() ? i + 2 : i + 1];
       const bool isPlain = alias.IsLiteral() || context_.names.FindVariable(alias.upper) == nullptr;
       if (!isPlain) {
         opened_.clear();
